@@ -1,0 +1,31 @@
+#include "process/end_saver.h"
+
+#include "process/process.h"
+#include "system/host_system.h"
+#include "system/window_system.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kCursorCountLimit = 5;
+
+}  // namespace
+
+void EndSaver(Process& process) {
+  ForceCursorOn(process);
+  process.app.PumpEvents();
+  process.system.windows.EnableWindow(process.ConfigDialogHwnd, true);
+  process.system.host.EndProcess();
+}
+
+void ForceCursorOn(Process& process) {
+  while (process.system.windows.ShowCursor(true) <= kCursorCountLimit) {
+  }
+}
+
+void ForceCursorOff(Process& process) {
+  while (process.system.windows.ShowCursor(false) >= -kCursorCountLimit) {
+  }
+}
+
+}  // namespace quorvale

@@ -1,0 +1,16 @@
+#include "process/process.h"
+
+namespace quorvale {
+
+Process::Process(Platform& platform, System system_services)
+    : app(platform), system(system_services), Settings(system.registry) {}
+
+std::string Process::Option(const std::string& key, const std::string& fallback) const {
+  return Settings.GetSetting("Options", key, fallback, kHkeyCurrentUser);
+}
+
+void Process::SetOption(const std::string& key, const std::string& value) const {
+  Settings.SaveSetting("Options", key, value, kHkeyCurrentUser);
+}
+
+}  // namespace quorvale

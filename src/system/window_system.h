@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvale {
+
+// A window of this or another program; 0 is none.
+using WindowHandle = std::uintptr_t;
+
+// `SetWindowPos`: stay above all windows, and leave position and size alone.
+inline constexpr std::intptr_t kHwndTopmost = -1;
+inline constexpr std::uint32_t kSwpNoSizeNoMove = 3;
+
+// What the program asks about windows that are not its forms, and of the mouse cursor. A handle that
+// names no window makes a call do nothing.
+class WindowSystem {
+ public:
+  virtual ~WindowSystem() = default;
+
+  // The top-level window with that title, of any program on the same display, or 0.
+  virtual WindowHandle FindWindow(const std::string& title) = 0;
+
+  virtual WindowHandle GetForegroundWindow() = 0;
+  virtual void EnableWindow(WindowHandle window, bool enabled) = 0;
+  virtual bool IsWindow(WindowHandle window) = 0;
+
+  virtual void SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
+                            std::uint32_t flags) = 0;
+
+  // Raises or lowers the cursor's display count by one and returns the new count. The cursor shows
+  // while the count is 0 or more.
+  virtual int ShowCursor(bool show) = 0;
+
+  // Brings the window with that title forward and gives it the focus. Fails with kNotFound.
+  virtual void ActivateWindow(const std::string& title) = 0;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "toolkit/message_box.h"
+#include "toolkit/platform.h"
+#include "toolkit/units.h"
+
+namespace quorvale {
+
+class Form;
+
+// The size of the primary monitor in twips.
+struct ScreenSize {
+  float Width = 0;
+  float Height = 0;
+  float TwipsPerPixelX = kTwipsPerPixel;
+  float TwipsPerPixelY = kTwipsPerPixel;
+};
+
+// The loaded forms, in the order in which they were loaded.
+class FormList {
+ public:
+  int Count() const { return static_cast<int>(forms_.size()); }
+  // `index` from 0; fails with kNoSuchEntry.
+  Form& operator[](int index) const;
+
+ private:
+  friend class Form;
+  std::vector<std::shared_ptr<Form>> forms_;
+};
+
+// One running program of the toolkit: its forms and its way to the platform, which outlives it.
+class Application {
+ public:
+  explicit Application(Platform& platform) : platform_(platform) {}
+  ~Application();
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+
+  Platform& GetPlatform() { return platform_; }
+
+  FormList Forms;
+  ScreenSize Screen() const;
+  void PumpEvents() { platform_.PumpEvents(); }
+  MessageBoxAnswer ShowMessageBox(const MessageBox& box) { return platform_.ShowMessageBox(box); }
+
+  // The one place from which event handlers run. A failure that `handler` lets out ends it here, and a
+  // box shows its description. What handlers destroy lives until the outermost one has returned.
+  void Dispatch(const std::function<void()>& handler);
+
+  // Keeps `object` until no handler is running.
+  void KeepUntilIdle(std::shared_ptr<void> object);
+
+  // Called each time the last form is gone. Platforms end their event loop with it.
+  std::function<void()> LastFormGone;
+
+ private:
+  Platform& platform_;
+  int running_handlers_ = 0;
+  std::vector<std::shared_ptr<void>> kept_;
+};
+
+}  // namespace quorvale

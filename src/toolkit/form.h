@@ -1,0 +1,96 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/window_system.h"
+#include "toolkit/application.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+class Control;
+
+// A top-level window with controls and event handlers. Made with `std::make_shared`, loaded, perhaps
+// shown, unloaded once. While it is loaded `Application::Forms` holds it; an unloaded form answers
+// nothing any more: asking it or its controls fails with kNotLoaded.
+//
+// Left, Top, Width and Height are in twips, from the corner of the primary monitor.
+class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
+ public:
+  Form(Application& application, std::string name, WindowKind kind, std::string caption);
+  ~Form() override;
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  Application& App() const { return application_; }
+  const std::string& Name() const { return name_; }
+
+  // Makes the window and the controls' windows and runs the load handler. A failure of the handler
+  // leaves no trace of the form and goes to the caller. Does nothing on a loaded form.
+  void Load();
+  // Loads the form where that has not happened, and brings it on the screen without blocking.
+  void Show();
+  // Asks the QueryUnload handler and, unless that cancels, runs the Unload handler and takes the form
+  // off the screen. Does nothing while the form is being unloaded already, or is not loaded.
+  void Unload();
+
+  bool IsLoaded() const { return state_ != State::kUnloaded; }
+  bool Visible() const;
+  WindowHandle Hwnd() const;
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+
+  float Left() const { return bounds_.left; }
+  float Top() const { return bounds_.top; }
+  float Width() const { return bounds_.width; }
+  float Height() const { return bounds_.height; }
+  void Move(float left, float top, float width, float height);
+
+  // The control of that name, and of that kind. Fails with kNoSuchEntry.
+  template <typename ControlType>
+  ControlType& Find(std::string_view control_name) const;
+
+  // Fails with kNotLoaded unless the form is loaded. For controls.
+  void RequireLoaded() const;
+  WindowPeer& Window() const;
+
+ protected:
+  virtual void Form_Load() {}
+  virtual void Form_QueryUnload(bool& /*cancel*/) {}
+  virtual void Form_Unload() {}
+  virtual void Form_KeyDown(int /*key*/) {}
+  virtual void Form_MouseDown() {}
+  virtual void Form_MouseMove() {}
+
+ private:
+  friend class Control;
+  enum class State { kUnloaded, kLoading, kLoaded, kUnloading };
+
+  void OnKeyDown(int key) override;
+  void OnMouseDown() override;
+  void OnMouseMove() override;
+  void OnCloseRequested() override;
+
+  Control& FindControl(std::string_view control_name) const;
+  void Destroy();
+
+  Application& application_;
+  std::string name_;
+  WindowKind kind_;
+  std::string caption_;
+  TwipRect bounds_;
+  State state_ = State::kUnloaded;
+  bool visible_ = false;
+  std::unique_ptr<WindowPeer> window_;
+  std::vector<Control*> controls_;
+};
+
+template <typename ControlType>
+ControlType& Form::Find(std::string_view control_name) const {
+  return dynamic_cast<ControlType&>(FindControl(control_name));
+}
+
+}  // namespace quorvale

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "toolkit/control.h"
+#include "toolkit/picture.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/units.h"
+
+namespace quorvale {
+
+// Shows a picture. It has no window: it stands on a picture box, which paints it, or directly on the
+// form, where it only measures. Positions and sizes are in twips, on the container.
+class ImageControl : public Control {
+ public:
+  // `Stretch` on: the picture is scaled to the control. `Stretch` off: the control takes its size.
+  ImageControl(PictureBox& container, std::string name, bool stretch);
+  ImageControl(Form& container, std::string name, bool stretch);
+
+  std::function<void()> MouseMove;
+  std::function<void()> MouseDown;
+
+  // Fails with kInvalidArgument on an image that does not stand on a picture box.
+  PictureBox& Container() const;
+
+  // These fail with kNotLoaded when the form is not loaded.
+  float Left() const;
+  float Top() const;
+  float Width() const;
+  float Height() const;
+  void SetLeft(float left);
+  void SetTop(float top);
+  void SetWidth(float width);
+  void SetHeight(float height);
+  TwipRect Bounds() const { return bounds_; }
+
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+
+  // Null when it shows nothing.
+  const std::shared_ptr<Picture>& GetPicture() const { return picture_; }
+  void SetPicture(std::shared_ptr<Picture> picture);
+
+ private:
+  void SetBounds(const TwipRect& bounds);
+
+  PictureBox* container_;
+  bool stretch_;
+  bool visible_ = true;
+  TwipRect bounds_;
+  std::shared_ptr<Picture> picture_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "toolkit/control.h"
+#include "toolkit/picture.h"
+#include "toolkit/platform.h"
+#include "toolkit/surface.h"
+#include "toolkit/text_painter.h"
+#include "toolkit/units.h"
+
+namespace quorvale {
+
+class ImageControl;
+
+// One drawing operation as it was asked for, in twips and pen pixels.
+struct DrawOperation {
+  enum class Kind { kCls, kLine, kBox, kCircle, kPSet, kPrint };
+  Kind kind = Kind::kCls;
+  float x1 = 0;
+  float y1 = 0;
+  float x2 = 0;
+  float y2 = 0;
+  float radius = 0;
+  int draw_width = 1;
+  Colour colour = kBlack;
+  std::string text;
+
+  bool operator==(const DrawOperation&) const = default;
+};
+
+// A surface with a window of its own that holds image controls and can be drawn on. Drawing is
+// immediate, goes over the images too, and is not remembered: when an image shows, hides, moves or
+// changes, its area is painted again from the background colour and the visible images.
+//
+// All positions and sizes are in twips, from the box's top left corner; pen widths are in the
+// toolkit's pixels. Drawing fails with kNotLoaded when the form is not loaded.
+class PictureBox : public Control, private SurfaceEvents {
+ public:
+  PictureBox(Form& parent, std::string name, Font font);
+
+  std::function<void(int key)> KeyDown;
+  std::function<void()> MouseDown;
+  std::function<void()> MouseMove;
+  // Sees every drawing operation just before it is carried out.
+  std::function<void(const DrawOperation&)> Drawing;
+
+  float Left() const { return bounds_.left; }
+  float Top() const { return bounds_.top; }
+  // These two fail with kNotLoaded.
+  float Width() const;
+  float Height() const;
+  // A box that changes size is painted again as a whole.
+  void Move(float left, float top, float width, float height);
+
+  WindowHandle Hwnd() const;
+
+  Colour BackColor() const { return back_colour_; }
+  // A new colour paints the box again as a whole.
+  void SetBackColor(Colour colour);
+  Colour FillColor() const { return fill_colour_; }
+  void SetFillColor(Colour colour) { fill_colour_ = colour; }
+  Colour ForeColor() const { return fore_colour_; }
+  void SetForeColor(Colour colour);
+  // In pixels, 1 to 32,767; fails with kInvalidValue outside that range.
+  int DrawWidth() const { return draw_width_; }
+  void SetDrawWidth(int pixels);
+  float CurrentX() const { return current_x_; }
+  float CurrentY() const { return current_y_; }
+  void SetCurrentX(float x) { current_x_ = x; }
+  void SetCurrentY(float y) { current_y_ = y; }
+
+  // Clears the box to the background colour and the visible images; the drawing position is 0, 0 then.
+  void Cls();
+  // A straight line in that colour, `DrawWidth` wide and centred on the line.
+  void Line(float x1, float y1, float x2, float y2, Colour colour);
+  // A rectangle filled with that colour. The corners belong to it whatever their order.
+  void LineBox(float x1, float y1, float x2, float y2, Colour colour);
+  // A disc in `FillColor` with an outline in `ForeColor`, `DrawWidth` wide.
+  void Circle(float x, float y, float radius);
+  // A filled dot, `DrawWidth` across.
+  void PSet(float x, float y, Colour colour);
+  // Draws the text in `ForeColor` with its top left corner at the drawing position.
+  void Print(const std::string& text);
+  float TextWidth(const std::string& text) const;
+  float TextHeight(const std::string& text) const;
+
+  // Loads a picture that will be shown in this box: `box` gives its place, in twips, from its natural
+  // size. What was drawn before is on the screen while the file is read. Fails as `PictureLoader`.
+  std::shared_ptr<Picture> LoadPicture(const std::string& path,
+                                       const std::function<TwipRect(const TwipSize& natural)>& box);
+
+  // The pauses of one transition on this box.
+  std::unique_ptr<PacedRun> OpenPacedRun();
+
+  void TakeFocus();
+
+  // For image controls: paints what lies in `area` again.
+  void Repaint(const TwipRect& area);
+  void Attach(ImageControl& image) { images_.push_back(&image); }
+
+  Surface& Pixels() { return surface_; }
+
+ protected:
+  void CreatePeer() override;
+  void ReleasePeer() override;
+
+ private:
+  void OnKeyDown(int key) override;
+  void OnMouseDown(int x, int y) override;
+  void OnMouseMove(int x, int y) override;
+  void OnScaleChanged() override;
+
+  void Resize();
+  void RepaintPixels(const PixelRect& area);
+  void Draw(const DrawOperation& operation);
+  ImageControl* ImageAt(int x, int y) const;
+
+  TwipRect bounds_;
+  Font font_;
+  Colour back_colour_ = kBlack;
+  Colour fill_colour_ = kBlack;
+  Colour fore_colour_ = kBlack;
+  int draw_width_ = 1;
+  float current_x_ = 0;
+  float current_y_ = 0;
+  float scale_ = 1;
+  Surface surface_;
+  std::vector<ImageControl*> images_;
+  std::unique_ptr<SurfacePeer> peer_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <vector>
+
+#include "toolkit/dirty_region.h"
+#include "toolkit/pixel_view.h"
+#include "toolkit/units.h"
+
+namespace quorvale {
+
+// The pixels that stand for what a picture box shows at this moment, and the one rasteriser that draws
+// on them, the same on every platform. Coordinates are in device pixels; a pixel is inside a shape when
+// its centre is. Only pixels that really change become dirty.
+class Surface {
+ public:
+  // Takes a new size and the colour `fill`; everything is dirty.
+  void Resize(int width, int height, Pixel fill);
+
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  PixelRect Bounds() const { return {0, 0, width_, height_}; }
+
+  void FillRect(const PixelRect& rect, Pixel colour);
+
+  // A straight line, `pen` pixels wide and centred on the line, with flat ends that reach half a pen
+  // beyond it.
+  void DrawLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
+
+  // A disc of that radius: `fill` inside, and a ring of `outline`, `pen` pixels wide, centred on its edge.
+  void DrawCircle(double x, double y, double radius, double pen, Pixel outline, Pixel fill);
+
+  // A filled dot `diameter` pixels across; below one pixel it is the pixel that holds its centre.
+  void DrawDot(double x, double y, double diameter, Pixel colour);
+
+  // The pixels, for painting pictures and text; whoever writes to them says so with `Changed`.
+  PixelView Pixels() { return {pixels_.data(), width_, height_, width_}; }
+  Pixel At(int x, int y) const { return pixels_[static_cast<std::size_t>(y) * width_ + x]; }
+
+  // Makes what lies in `rect` dirty, all of it.
+  void Changed(const PixelRect& rect);
+
+  DirtyRegion& Dirty() { return dirty_; }
+
+ private:
+  // What is known of a row without looking: these pixels have this colour. Shapes grow over what they
+  // drew a step before, so this saves nearly all of the comparing and filling.
+  struct KnownRun {
+    int left = 0;
+    int right = 0;
+    Pixel colour = 0;
+  };
+
+  void FillSpan(int y, int left, int right, Pixel colour);
+
+  std::vector<Pixel> pixels_;
+  std::vector<KnownRun> known_;
+  DirtyRegion dirty_;
+  int width_ = 0;
+  int height_ = 0;
+};
+
+}  // namespace quorvale
