@@ -5,11 +5,11 @@ namespace quorvale {
 Process::Process(Platform& platform, System system_services)
     : app(platform), system(system_services), Settings(system.registry) {}
 
-std::string Process::Option(const std::string& key, const std::string& fallback) const {
+std::string Process::Option(const std::string& key, const std::string& fallback) {
   return Settings.GetSetting("Options", key, fallback, kHkeyCurrentUser);
 }
 
-void Process::SetOption(const std::string& key, const std::string& value) const {
+void Process::SetOption(const std::string& key, const std::string& value) {
   Settings.SaveSetting("Options", key, value, kHkeyCurrentUser);
 }
 

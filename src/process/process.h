@@ -19,15 +19,15 @@ struct Process {
   Process(Platform& platform, System system_services);
 
   // An option of the show, read from the store at each call.
-  std::string Option(const std::string& key, const std::string& fallback) const;
-  void SetOption(const std::string& key, const std::string& value) const;
+  std::string Option(const std::string& key, const std::string& fallback);
+  void SetOption(const std::string& key, const std::string& value);
 
   // Whether the run's mode is that switch.
   bool IsMode(std::string_view mode) const { return RunMode.starts_with(mode); }
 
   Application app;
   System system;
-  mutable CRegSettings Settings;
+  CRegSettings Settings;
   Random random;
 
   // The upper-cased first two characters of the command line, "/C" when they are empty.
@@ -55,7 +55,7 @@ struct Process {
   // 1 to 20 when it comes from the dialog.
   std::int32_t TransitionSpeed = 0;
   // Mouse moves in the present count window of the full-screen show.
-  std::int16_t MouseMoveCount = 0;
+  std::int32_t MouseMoveCount = 0;
 };
 
 }  // namespace quorvale

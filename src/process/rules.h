@@ -3,7 +3,6 @@
 #include <exception>
 #include <utility>
 
-
 namespace quorvale {
 
 // The rule of the slide tick: a step that fails is dropped without a word, and the next one runs.

@@ -1,0 +1,57 @@
+#include "run/main_procedure.h"
+
+#include <memory>
+#include <vector>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "playlist/token.h"
+#include "process/process.h"
+#include "run/reported_steps.h"
+#include "run/set_up.h"
+#include "saver/main_form.h"
+#include "system/host_system.h"
+#include "system/window_system.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::uint32_t kSystemDirectoryBuffer = 144;
+
+std::vector<ReportedStep> StartUpSteps(Process& process, const std::string& text) {
+  return {
+      [&process] { process.ScreenTwipsX = RoundToInt16(process.app.Screen().TwipsPerPixelX); },
+      [&process] { process.ScreenTwipsY = RoundToInt16(process.app.Screen().TwipsPerPixelY); },
+      [&process] {
+        std::string directory = process.system.host.GetSystemDirectory(kSystemDirectoryBuffer);
+        process.SystemDirectory = CutToken(directory, '\0');
+      },
+      [&process, text] {
+        process.RunMode = Left(UpperCase(text), 2);
+        if (process.RunMode.empty()) process.RunMode = "/C";
+      },
+  };
+}
+
+void ShowMainForm(Process& process) {
+  if (WindowAbsent(process, kMainFormCaption)) std::make_shared<MainForm>(process)->Show();
+}
+
+std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
+  const std::string& mode = process.RunMode;
+  if (mode == "/S") return {[&process] { ShowMainForm(process); }};
+  const bool other_mode = mode == "/C" || mode == "/P" || mode == "/A";
+  if (!other_mode && text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
+  return {};
+}
+
+}  // namespace
+
+void Main(Process& process, const std::string& text) {
+  if (!RunReportedSteps(process.app, StartUpSteps(process, text))) return;
+  RunReportedSteps(process.app, ModeSteps(process, text));
+}
+
+bool WindowAbsent(Process& process, const std::string& title) { return process.system.windows.FindWindow(title) == 0; }
+
+}  // namespace quorvale

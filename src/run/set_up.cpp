@@ -1,0 +1,68 @@
+#include "run/set_up.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/text.h"
+#include "playlist/list_entry.h"
+#include "playlist/media_collections.h"
+#include "process/process.h"
+#include "run/long_path.h"
+#include "system/file_system.h"
+#include "system/host_system.h"
+#include "system/programs.h"
+
+namespace quorvale {
+namespace {
+
+struct Sample {
+  const char* section;
+  const char* key;
+  const char* name;
+};
+
+constexpr std::array<Sample, 5> kSamples = {{
+    {kPictureSection, "File0", "Sample1.jpg"},
+    {kPictureSection, "File1", "Sample2.jpg"},
+    {kPictureSection, "File2", "Sample3.jpg"},
+    {kSoundSection, "File0", "Camera.wav"},
+    {kSoundSection, "File1", "SlideProjector.wav"},
+}};
+
+// The keys that lead to this program's name in the list of savers: the first letters of its name.
+constexpr char kProductKeys[] = "Qu";
+
+// What stands behind the switch and one more character, without the blanks at its ends.
+std::string PathText(const std::string& text) {
+  const std::size_t behind = text.find(kSetUpSwitch) + std::string_view(kSetUpSwitch).size() + 1;
+  return Trim(std::string_view(text).substr(std::min(behind, text.size())));
+}
+
+// Built, not asked of the running process: the saver file has to stand in the system directory.
+std::string SaverFilePath(Process& process) {
+  return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
+}
+
+}  // namespace
+
+std::vector<ReportedStep> SetUpSteps(Process& process, const std::string& text) {
+  const std::string path = PathText(text);
+  std::vector<ReportedStep> steps;
+  steps.emplace_back([&process, path] { process.SetOption("InstallPath", path); });
+  for (const Sample& sample : kSamples) {
+    steps.emplace_back([&process, path, sample] {
+      const std::string directory = GetLongPath(process.system.files, path);
+      process.Settings.SaveSetting(sample.section, sample.key, MakeListEntry(sample.name, directory), kHkeyCurrentUser);
+    });
+  }
+  steps.emplace_back([&process] {
+    const std::string saver = GetShortPath(process.system.files, SaverFilePath(process));
+    process.system.files.WritePrivateProfileString("boot", "SCRNSAVE.EXE", saver, "SYSTEM.INI");
+  });
+  steps.emplace_back([&process] { process.system.programs.OpenDisplaySettings(); });
+  steps.emplace_back([&process] { process.system.programs.SendKeys(kProductKeys); });
+  return steps;
+}
+
+}  // namespace quorvale

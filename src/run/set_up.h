@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "run/reported_steps.h"
+
+namespace quorvale {
+
+struct Process;
+
+inline constexpr char kSetUpSwitch[] = "/INSTALL";
+
+// The steps of the set-up: record the directory that stands behind the switch in `text`, seed both play
+// lists with the samples that lie there, make this program the system's saver and open the display
+// settings. The steps hold `process` by reference. The directory should end in a separator: nothing adds one.
+std::vector<ReportedStep> SetUpSteps(Process& process, const std::string& text);
+
+}  // namespace quorvale

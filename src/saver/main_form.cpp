@@ -1,0 +1,70 @@
+#include "saver/main_form.h"
+
+#include "base/numbers.h"
+#include "playlist/media_collections.h"
+#include "process/end_saver.h"
+#include "process/process.h"
+#include "show/slide_tick.h"
+#include "system/host_system.h"
+#include "system/window_system.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kMovesThatEnd = 10;
+constexpr double kCountSeconds = 10.0;
+constexpr float kFontPoints = 12;
+
+}  // namespace
+
+MainForm::MainForm(Process& process)
+    : ShowForm(process, "MainForm", WindowKind::kSaver, kMainFormCaption, {"MS Serif", kFontPoints}) {
+  PicBase.KeyDown = [this](int /*key*/) { Unload(); };
+  PicBase.MouseMove = [this] { CountMouseMove(); };
+  PicPreview.MouseMove = [this] { CountMouseMove(); };
+}
+
+void MainForm::Form_Load() {
+  process_.system.windows.SetWindowPos(Hwnd(), kHwndTopmost, 0, 0, 0, 0, kSwpNoSizeNoMove);
+  const ScreenSize screen = App().Screen();
+  Move(0, 0, screen.Width, screen.Height);
+  PicBase.Move(0, 0, screen.Width, screen.Height);
+  InitShow(process_, 1, *this);
+  ForceCursorOff(process_);
+}
+
+// Runs for every way of unloading. The flag comes first: what pumps events above this handler finds it.
+void MainForm::Form_QueryUnload(bool& /*cancel*/) { process_.StopRequested = true; }
+
+void MainForm::Form_Unload() {
+  ForceCursorOn(process_);
+  tmrSwitch.SetEnabled(false);
+}
+
+void MainForm::Form_KeyDown(int /*key*/) { Unload(); }
+
+void MainForm::Form_MouseDown() { Unload(); }
+
+void MainForm::Form_MouseMove() { CountMouseMove(); }
+
+void MainForm::tmrSwitch_Timer() {
+  if (!process_.StopRequested) SlideTick(process_, PicPreview, imgFullSize);
+}
+
+// No distance is measured: the events are counted. A count lasts until the first event that comes more
+// than ten seconds after it began, and that event does not begin the next one.
+void MainForm::CountMouseMove() {
+  ++process_.MouseMoveCount;
+  if (process_.MouseMoveCount == kMovesThatEnd) Unload();
+  const double now = process_.system.host.SecondsSinceMidnight();
+  if (FirstMoveTime_ == 0) {
+    FirstMoveTime_ = RoundToInt32(now);
+    return;
+  }
+  if (now - FirstMoveTime_ > kCountSeconds) {
+    FirstMoveTime_ = 0;
+    process_.MouseMoveCount = 0;
+  }
+}
+
+}  // namespace quorvale

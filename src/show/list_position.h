@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvale {
+
+struct Process;
+
+// The position, from 1, at which a tick goes on in a list of `count` entries: behind the one stored in
+// the option `last`, wrapping at the end, or at the list's start when the option `reset` is on and this
+// is the process's first tick. A stored position that is no number gives 0.
+std::int32_t NextPosition(Process& process, const std::string& reset, const std::string& last, int count);
+
+}  // namespace quorvale

@@ -1,0 +1,23 @@
+#include "show/sound_track.h"
+
+#include "process/process.h"
+#include "process/rules.h"
+#include "show/list_position.h"
+#include "system/sound_player.h"
+
+namespace quorvale {
+
+void PlayNextSound(Process& process) {
+  const std::int32_t SoundIndex = NextPosition(process, "ResetSoundList", "LastSound", process.SoundList.Count());
+  Step([&] { process.app.PumpEvents(); });
+  // The list is asked only now: an event may have put another in its place.
+  Step([&] { PlaySoundFile(process, process.SoundList.Item(SoundIndex), kSndFilename); });
+  Step([&] { process.SetOption("LastSound", std::to_string(SoundIndex)); });
+  Step([&] { process.app.PumpEvents(); });
+}
+
+bool PlaySoundFile(Process& process, const std::string& path, std::uint32_t flags) {
+  return process.system.sound.PlaySound(path, flags | kSndAsync | kSndNoDefault);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,71 @@
+#include "transitions/run_transition.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/numbers.h"
+#include "process/process.h"
+#include "system/host_system.h"
+#include "toolkit/image_control.h"
+#include "toolkit/picture_box.h"
+#include "transitions/effect_run.h"
+#include "transitions/effects.h"
+
+namespace quorvale {
+namespace {
+
+struct Effect {
+  std::string_view name;
+  void (*run)(const EffectRun&);
+};
+
+// In the order of their numbers in the random draw, from 1.
+constexpr std::array<Effect, 9> kEffects = {{
+    {"Sweep Right", SweepRight},
+    {"Sweep Left", SweepLeft},
+    {"Sweep Down", SweepDown},
+    {"Sweep Up", SweepUp},
+    {"Spotlight", Spotlight},
+    {"Bubbles", Bubbles},
+    {"Horizontal Sandwich", HorizontalSandwich},
+    {"Vertical Sandwich", VerticalSandwich},
+    {"Shrinking Square", ShrinkingSquare},
+}};
+
+constexpr int kWidePen = 30;  // pixels
+
+// The two end values get half a unit of the range each, so the first and the last effect come up half
+// as often as the others.
+std::string DrawEffect(Process& process) {
+  process.random.Seed(process.system.host.ClockSeed());
+  const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (kEffects.size() - 1) + 1);
+  return std::string(kEffects.at(static_cast<std::size_t>(number) - 1).name);
+}
+
+// Fails with kOverflow for a speed that no dialog gives.
+std::int32_t ComputeDelayCount(const Process& process) {
+  const double speed = process.TransitionSpeed;
+  const bool preview = process.IsMode("/P") || process.IsMode("/C");
+  return RoundToInt32(preview ? (21 - speed) * 200 : 401 - speed * 20);
+}
+
+}  // namespace
+
+void RunTransition(Process& process, ImageControl& PicPreview) {
+  PictureBox& PicBase = PicPreview.Container();
+  std::string name = process.Option("SwapAffect", "Random");
+  const auto WipeColour = static_cast<Colour>(RoundToInt32(StrictNumber(process.Option("Backcolor", "0"))));
+  if (name == "None") return;
+  if (name == "Random") name = DrawEffect(process);
+  PicBase.SetDrawWidth(kWidePen);
+  const std::int32_t DelayCount = ComputeDelayCount(process);
+  const auto* const effect =
+      std::find_if(kEffects.begin(), kEffects.end(), [&](const Effect& candidate) { return candidate.name == name; });
+  if (effect == kEffects.end()) return;
+  const std::unique_ptr<PacedRun> pace = PicBase.OpenPacedRun();
+  effect->run({process, PicBase, PicPreview, *pace, WipeColour, DelayCount});
+}
+
+}  // namespace quorvale
