@@ -49,10 +49,11 @@ class Application {
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) { return platform_.ShowMessageBox(box); }
 
   // The one place from which event handlers run. A failure that `handler` lets out ends it here, and a
-  // box shows its description. What handlers destroy lives until the outermost one has returned.
+  // box shows its description. What handlers destroy lives until the outermost one has returned, and on
+  // to the next event: the platform may still be on its way out of the last one.
   void Dispatch(const std::function<void()>& handler);
 
-  // Keeps `object` until no handler is running.
+  // Keeps `object` until no event is being delivered; lets go of it at once where none is.
   void KeepUntilIdle(std::shared_ptr<void> object);
 
   // Called each time the last form is gone. Platforms end their event loop with it.

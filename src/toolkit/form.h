@@ -66,6 +66,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   virtual void Form_MouseMove() {}
 
  private:
+  friend class Application;
   friend class Control;
   enum class State { kUnloaded, kLoading, kLoaded, kUnloading };
 
@@ -74,7 +75,9 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   void OnMouseMove() override;
   void OnCloseRequested() override;
 
-  Control& FindControl(std::string_view control_name) const;
+  // Null when there is none. Names compare without regard to case.
+  Control* FindControl(std::string_view control_name) const;
+  [[noreturn]] void ThrowNoSuchControl(std::string_view control_name) const;
   void Destroy();
 
   Application& application_;
@@ -90,7 +93,9 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
 
 template <typename ControlType>
 ControlType& Form::Find(std::string_view control_name) const {
-  return dynamic_cast<ControlType&>(FindControl(control_name));
+  auto* const control = dynamic_cast<ControlType*>(FindControl(control_name));
+  if (control == nullptr) ThrowNoSuchControl(control_name);
+  return *control;
 }
 
 }  // namespace quorvale

@@ -45,6 +45,7 @@ class ImageControl : public Control {
 
  private:
   void SetBounds(const TwipRect& bounds);
+  void RepaintOnContainer(const TwipRect& area);
 
   PictureBox* container_;
   bool stretch_;

@@ -13,7 +13,7 @@ enum class MessageBoxAnswer { kNone = 0, kOk = 1, kCancel = 2, kAbort = 3, kRetr
 // A modal box. An empty title stands for the application's.
 struct MessageBox {
   std::string text;
-  std::string title;
+  std::string title = {};
   MessageBoxButtons buttons = MessageBoxButtons::kOk;
   MessageBoxIcon icon = MessageBoxIcon::kNone;
 };

@@ -16,7 +16,8 @@ namespace quorvale {
 
 class ImageControl;
 
-// One drawing operation as it was asked for, in twips and pen pixels.
+// One drawing operation as it was asked for, in twips and pen pixels. What an operation is not given
+// stays as it is here: a centre, a dot and a text's corner are `x1`, `y1`, and `kCls` has only its kind.
 struct DrawOperation {
   enum class Kind { kCls, kLine, kBox, kCircle, kPSet, kPrint };
   Kind kind = Kind::kCls;
@@ -27,7 +28,7 @@ struct DrawOperation {
   float radius = 0;
   int draw_width = 1;
   Colour colour = kBlack;
-  std::string text;
+  std::string text = {};
 
   bool operator==(const DrawOperation&) const = default;
 };
@@ -37,7 +38,8 @@ struct DrawOperation {
 // changes, its area is painted again from the background colour and the visible images.
 //
 // All positions and sizes are in twips, from the box's top left corner; pen widths are in the
-// toolkit's pixels. Drawing fails with kNotLoaded when the form is not loaded.
+// toolkit's pixels. Drawing fails with kNotLoaded when the form is not loaded, and with
+// kInvalidArgument at a coordinate that is no finite number.
 class PictureBox : public Control, private SurfaceEvents {
  public:
   PictureBox(Form& parent, std::string name, Font font);
@@ -116,7 +118,14 @@ class PictureBox : public Control, private SurfaceEvents {
 
   void Resize();
   void RepaintPixels(const PixelRect& area);
-  void Draw(const DrawOperation& operation);
+  // Shows `operation` to `Drawing`, which may be the end of the form.
+  void Announce(const DrawOperation& operation);
+  void InvalidateIfDirty();
+  // Runs an event's handler if the form is loaded, and keeps the form for that time.
+  void Dispatch(const std::function<void()>& handler);
+  // The pen's width in device pixels.
+  double Pen() const;
+  float ToTwips(int device_pixels) const;
   ImageControl* ImageAt(int x, int y) const;
 
   TwipRect bounds_;

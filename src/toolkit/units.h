@@ -26,6 +26,8 @@ struct TwipRect {
   float top = 0;
   float width = 0;
   float height = 0;
+
+  bool operator==(const TwipRect&) const = default;
 };
 
 // In pixels; empty when a side is 0 or less.

@@ -1,0 +1,137 @@
+#include "toolkit/form.h"
+
+#include <utility>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "toolkit/control.h"
+
+namespace quorvale {
+
+Form::Form(Application& application, std::string name, WindowKind kind, std::string caption)
+    : application_(application), name_(std::move(name)), kind_(kind), caption_(std::move(caption)) {}
+
+Form::~Form() = default;
+
+void Form::Load() {
+  if (IsLoaded()) return;
+  const auto self = shared_from_this();
+  state_ = State::kLoading;
+  try {
+    window_ = application_.GetPlatform().CreateWindowPeer(kind_, *this);
+    window_->SetCaption(caption_);
+    window_->SetBounds(ToPixels(bounds_, 1));
+    for (Control* const control : controls_) control->CreatePeer();
+    application_.Forms.forms_.push_back(self);
+    Form_Load();
+  } catch (...) {
+    Destroy();
+    throw;
+  }
+  // The handler may have unloaded the form.
+  if (state_ == State::kLoading) state_ = State::kLoaded;
+}
+
+void Form::Show() {
+  Load();
+  if (!IsLoaded()) return;
+  visible_ = true;
+  window_->SetVisible(true);
+}
+
+void Form::Unload() {
+  if (state_ == State::kUnloaded || state_ == State::kUnloading) return;
+  const auto self = shared_from_this();
+  const State before = std::exchange(state_, State::kUnloading);
+  bool cancel = false;
+  try {
+    Form_QueryUnload(cancel);
+  } catch (...) {
+    state_ = before;
+    throw;
+  }
+  if (cancel) {
+    state_ = before;
+    return;
+  }
+  // What the handler leaves undone can't be done later, so the form goes all the same.
+  try {
+    Form_Unload();
+  } catch (...) {
+    Destroy();
+    throw;
+  }
+  Destroy();
+}
+
+bool Form::Visible() const {
+  RequireLoaded();
+  return visible_;
+}
+
+WindowHandle Form::Hwnd() const { return Window().Handle(); }
+
+void Form::SetCaption(std::string caption) {
+  caption_ = std::move(caption);
+  if (window_) window_->SetCaption(caption_);
+}
+
+void Form::Move(float left, float top, float width, float height) {
+  bounds_ = {left, top, width, height};
+  if (window_) window_->SetBounds(ToPixels(bounds_, 1));
+}
+
+void Form::RequireLoaded() const {
+  if (!IsLoaded()) throw Failure(FailureNumber::kNotLoaded, "The form is not loaded", name_);
+}
+
+WindowPeer& Form::Window() const {
+  RequireLoaded();
+  return *window_;
+}
+
+void Form::OnKeyDown(int key) {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this(), key] { self->Form_KeyDown(key); });
+}
+
+void Form::OnMouseDown() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Form_MouseDown(); });
+}
+
+void Form::OnMouseMove() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Form_MouseMove(); });
+}
+
+void Form::OnCloseRequested() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Unload(); });
+}
+
+Control* Form::FindControl(std::string_view control_name) const {
+  for (Control* const control : controls_) {
+    if (EqualsIgnoringCase(control->Name(), control_name)) return control;
+  }
+  return nullptr;
+}
+
+void Form::ThrowNoSuchControl(std::string_view control_name) const {
+  throw Failure(FailureNumber::kNoSuchEntry, "No control " + std::string(control_name), name_);
+}
+
+void Form::Destroy() {
+  if (!IsLoaded()) return;
+  const auto self = shared_from_this();
+  state_ = State::kUnloaded;
+  visible_ = false;
+  if (window_) window_->SetVisible(false);
+  for (auto control = controls_.rbegin(); control != controls_.rend(); ++control) (*control)->ReleasePeer();
+  application_.KeepUntilIdle(std::move(window_));
+  application_.KeepUntilIdle(self);
+  std::erase(application_.Forms.forms_, self);
+  if (application_.Forms.Count() == 0 && application_.LastFormGone) application_.LastFormGone();
+}
+
+}  // namespace quorvale

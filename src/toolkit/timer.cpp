@@ -1,0 +1,67 @@
+#include "toolkit/timer.h"
+
+#include <cmath>
+#include <utility>
+
+#include "base/failure.h"
+#include "toolkit/form.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kLongestInterval = 65'535;
+
+// Marks a handler as running, whichever way it ends.
+class Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Running() { flag_ = false; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Timer::Timer(Form& parent, std::string name, int interval) : Control(parent, std::move(name)), interval_(interval) {}
+
+void Timer::SetEnabled(bool enabled) {
+  RequireLoaded();
+  enabled_ = enabled;
+  Restart();
+}
+
+void Timer::SetInterval(double milliseconds) {
+  RequireLoaded();
+  const double rounded = std::nearbyint(milliseconds);
+  if (!(rounded >= 0 && rounded <= kLongestInterval)) {
+    throw Failure(FailureNumber::kInvalidValue, "Invalid timer interval", Name());
+  }
+  interval_ = static_cast<int>(rounded);
+  Restart();
+}
+
+void Timer::CreatePeer() {
+  peer_ = App().GetPlatform().CreateTimerPeer([this] { Fire(); });
+  Restart();
+}
+
+void Timer::ReleasePeer() {
+  if (!peer_) return;
+  peer_->Set(0);
+  App().KeepUntilIdle(std::move(peer_));
+}
+
+void Timer::Fire() {
+  if (!Parent().IsLoaded() || !enabled_ || running_ || !Elapsed) return;
+  App().Dispatch([this, form = Parent().shared_from_this()] {
+    const Running running(running_);
+    Elapsed();
+  });
+}
+
+void Timer::Restart() { peer_->Set(enabled_ ? interval_ : 0); }
+
+}  // namespace quorvale
