@@ -1,0 +1,116 @@
+#!/usr/bin/env bash
+# Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libxcb1-dev"
+run_packages="qt6-wayland fontconfig fonts-dejavu-core"
+screen_packages="xvfb openbox xdotool x11-utils imagemagick"
+test_packages="libgtest-dev libgmock-dev sox valgrind"
+lint_packages="clang-format clang-tidy"
+bench_packages="feh python3"
+
+say() { printf '== %s\n' "$*"; }
+
+# Installs those of the given packages that are missing.
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg -s "$package" 2>/dev/null | grep -q '^Status: .* installed$' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "Installing ${missing[*]}"
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures and builds one of the presets.
+build() {
+  need $build_packages $run_packages $test_packages
+  say "Building ($1)"
+  cmake --preset "$1" -Wno-dev >build-log.txt 2>&1 || { cat build-log.txt; return 1; }
+  rm -f build-log.txt
+  cmake --build --preset "$1"
+}
+
+# A play list entry: the name from column 1, the directory from column 256, 512 columns in all.
+entry() { printf '%-255s%-257s' "$2" "$1/"; }
+
+# A settings store of the show's own, with the samples in both lists.
+prepare_show() {
+  export XDG_CONFIG_HOME=$PWD/build/show
+  rm -rf "$XDG_CONFIG_HOME"
+  local samples=$PWD/build/samples i
+  for i in 1 2 3; do
+    build/quorvale-settings set PictureFiles "File$((i - 1))" "$(entry "$samples" "Sample$i.jpg")"
+  done
+  build/quorvale-settings set SoundFiles File0 "$(entry "$samples" Camera.wav)"
+  build/quorvale-settings set SoundFiles File1 "$(entry "$samples" SlideProjector.wav)"
+}
+
+show() {
+  build release
+  prepare_show
+  if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    say "The show runs until you press a key or move the mouse"
+    build/quorvale /S
+  else
+    need $screen_packages
+    scripts/show-without-display.sh
+  fi
+}
+
+run_tests() {
+  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" | tee "$1/tests.txt"
+}
+
+# The last line is the runner's own count.
+count_of() { grep 'tests passed' "$1/tests.txt"; }
+
+run_all_tests() {
+  need $screen_packages
+  build sanitize
+  build release
+  say "Testing core and headless platform under the sanitizers"
+  run_tests build/sanitize
+  say "Testing everything"
+  run_tests build
+  say "Under the sanitizers: $(count_of build/sanitize)"
+  count_of build
+}
+
+lint() {
+  need $lint_packages
+  build release
+  say "Checking the format"
+  git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+  say "Checking the code"
+  git ls-files 'src/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'assets/*.cpp' |
+    xargs -P "$(nproc)" -n 4 clang-tidy -p build --quiet 2>/dev/null
+}
+
+case "${1:-}" in
+  show) show ;;
+  test) run_all_tests ;;
+  build) build release ;;
+  configure) build release && build/quorvale /C ;;
+  bench) need $screen_packages $bench_packages && build release && scripts/bench.sh "${@:2}" ;;
+  package) build release && cpack --config build/CPackConfig.cmake -B build/packages ;;
+  lint) lint ;;
+  *)
+    cat <<'TEXT'
+Usage: ./quorvale.sh COMMAND. Each command installs what is missing and builds first.
+  show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
+  test       run every test
+  configure  open the configuration window
+  build      only build; the program is build/quorvale
+  bench      measure speed and memory; prints a table, and JSON beside it
+  package    make a Debian package in build/packages
+  lint       check format and code
+TEXT
+    [ -z "${1:-}" ] || exit 2
+    ;;
+esac

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Runs the show on a virtual display for some 20 seconds and leaves screenshots behind. Called by
+# quorvale.sh, which has made the settings store that XDG_CONFIG_HOME names.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+source scripts/virtual-display.sh
+
+shots=build/screenshots
+interval=3 # seconds between two pictures, the effect apart
+
+option() { build/quorvale-settings set Options "$1" "$2"; }
+
+# Waits until the show has stored that picture's position.
+wait_for_picture() {
+  local tries
+  for tries in $(seq 300); do
+    [ "$(build/quorvale-settings get Options LastPicture 2>/dev/null)" != "$1" ] || return 0
+    sleep 0.1
+  done
+  echo "The show did not come to picture $1" >&2
+  return 1
+}
+
+shoot() {
+  sleep "$1"
+  import -window root "$shots/$2.png"
+}
+
+rm -rf "$shots" && mkdir -p "$shots"
+start_virtual_display 1920x1080
+
+# The third picture is a smaller copy, so that its frame can be seen.
+mkdir -p "$XDG_CONFIG_HOME/small"
+convert build/samples/Sample3.jpg -resize 1280x720 -quality 92 "$XDG_CONFIG_HOME/small/Sample3.jpg"
+build/quorvale-settings set PictureFiles File2 \
+  "$(printf '%-255s%-257s' Sample3.jpg "$XDG_CONFIG_HOME/small/")"
+option Interval "$interval"
+option Stretch 1
+option SwapAffect "Sweep Right"
+option TransSpeed 15
+
+echo "== Running the show on the virtual display $DISPLAY"
+build/quorvale /S &
+show=$!
+wait_for_picture 1
+shoot 1 1-a-picture
+shoot "$interval" 2-the-middle-of-an-effect
+wait_for_picture 2
+shoot 1 3-the-next-picture
+option Stretch 0
+option ShowFileName 1
+option ShowFrame 1
+option FrameColor 12632256
+option SwapAffect Spotlight
+wait_for_picture 3
+shoot 1 4-file-name-and-frame
+xdotool key space
+wait "$show"
+echo "== The show ended on a key. Screenshots are in $PWD/$shots"
