@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "toolkit/units.h"
@@ -19,11 +21,13 @@ class DirtyRegion {
   bool IsEmpty() const { return first_row_ > last_row_; }
 
   // The region as rectangles that do not overlap, from top to bottom and, in a band, from left to
-  // right, all rectangles of a band having its top and height; the region is then empty. Rows that are
-  // nearly alike may be joined to a band: at most a quarter of the pixels given have not changed.
-  std::vector<PixelRect> Take();
+  // right; the region is then empty. All rectangles of a band have its top and height, bands do not
+  // overlap, and rectangles of a band do not touch. Every changed pixel is in one. Gaps and rows that are nearly alike
+  // are joined as long as at most a quarter of the pixels of each band have not changed.
+  // The result is good until the next `Take`.
+  const std::vector<PixelRect>& Take();
 
-  // The pixels that have changed, exactly. For tests.
+  // The pixels that have changed, exactly, as one rectangle a span; spans of a row do not touch. For tests.
   std::vector<PixelRect> Spans() const;
 
  private:
@@ -32,10 +36,26 @@ class DirtyRegion {
     int right = 0;
   };
 
+  // Rows that will be given as one row of rectangles, and how many pixels of theirs have changed.
+  struct Band {
+    std::vector<Span> spans;
+    int top = 0;
+    int height = 0;
+    std::int64_t changed = 0;
+  };
+
+  void JoinGaps(int y);
+  bool JoinRow();
+  void GiveBand();
+
   std::vector<std::vector<Span>> rows_;
-  int width_ = 0;
-  int first_row_ = 0;
+  int first_row_ = std::numeric_limits<int>::max();
   int last_row_ = -1;
+
+  // Kept for their capacity: a step of an effect allocates nothing.
+  Band band_;
+  Band row_;
+  std::vector<PixelRect> taken_;
 };
 
 }  // namespace quorvale

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "toolkit/dirty_region.h"
@@ -10,7 +11,9 @@ namespace quorvale {
 
 // The pixels that stand for what a picture box shows at this moment, and the one rasteriser that draws
 // on them, the same on every platform. Coordinates are in device pixels; a pixel is inside a shape when
-// its centre is. Only pixels that really change become dirty.
+// its centre is, and a centre on the very edge is inside on the right and at the bottom only, so that a
+// bar of n pixels covers n. Only pixels that really change become dirty. Shapes are clipped; one with a
+// coordinate that is not a number is not drawn.
 class Surface {
  public:
   // Takes a new size and the colour `fill`; everything is dirty.
@@ -26,10 +29,11 @@ class Surface {
   // beyond it.
   void DrawLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
 
-  // A disc of that radius: `fill` inside, and a ring of `outline`, `pen` pixels wide, centred on its edge.
+  // A disc of that radius, 0 or more: `fill` inside, and a ring of `outline`, `pen` pixels wide, centred
+  // on its edge.
   void DrawCircle(double x, double y, double radius, double pen, Pixel outline, Pixel fill);
 
-  // A filled dot `diameter` pixels across; below one pixel it is the pixel that holds its centre.
+  // A filled dot `diameter` pixels across. It has at least the pixel that holds its centre.
   void DrawDot(double x, double y, double diameter, Pixel colour);
 
   // The pixels, for painting pictures and text; whoever writes to them says so with `Changed`.
@@ -48,9 +52,13 @@ class Surface {
     int left = 0;
     int right = 0;
     Pixel colour = 0;
+
+    void Cut(int from, int to);
   };
 
+  void DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
   void FillSpan(int y, int left, int right, Pixel colour);
+  void FillUnknown(int y, int left, int right, Pixel colour);
 
   std::vector<Pixel> pixels_;
   std::vector<KnownRun> known_;

@@ -1,0 +1,181 @@
+#include "toolkit/surface.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace quorvale {
+namespace {
+
+// Beyond every surface, and small enough to be squared and subtracted without harm.
+constexpr double kFarthest = 1e9;
+
+// A line that leaves its direction by less than this many pixels is straight.
+constexpr double kStraight = 1e-6;
+
+template <typename... Numbers>
+bool AnyNan(Numbers... numbers) {
+  return (std::isnan(numbers) || ...);
+}
+
+double Near(double coordinate) { return std::clamp(coordinate, -kFarthest, kFarthest); }
+
+// The first of the pixels 0 to `limit` whose centre lies beyond `edge`.
+int FirstBeyond(double edge, int limit) {
+  return static_cast<int>(std::clamp(edge + 0.5, 0.0, static_cast<double>(limit)));
+}
+
+// Half the length of what a disc covers of a line that passes its centre at `distance`.
+double HalfChord(double radius, double distance) {
+  return radius > std::abs(distance) ? std::sqrt(radius * radius - distance * distance) : 0.0;
+}
+
+struct Interval {
+  double low;
+  double high;
+};
+
+// The x for which `slope` * x lies from -`reach` to `reach` when shifted by `offset`.
+Interval Within(double slope, double offset, double reach) {
+  const double one = (-reach - offset) / slope;
+  const double other = (reach - offset) / slope;
+  return {std::min(one, other), std::max(one, other)};
+}
+
+}  // namespace
+
+void Surface::Resize(int width, int height, Pixel fill) {
+  width_ = std::max(width, 0);
+  height_ = std::max(height, 0);
+  pixels_.assign(static_cast<std::size_t>(width_) * height_, fill);
+  known_.assign(static_cast<std::size_t>(height_), {0, width_, fill});
+  dirty_.Reset(width_, height_);
+  dirty_.Add(Bounds());
+}
+
+void Surface::FillRect(const PixelRect& rect, Pixel colour) {
+  const PixelRect inside = Intersect(rect, Bounds());
+  for (int y = inside.top; y < inside.Bottom(); ++y) FillSpan(y, inside.left, inside.Right(), colour);
+}
+
+void Surface::DrawLine(double x1, double y1, double x2, double y2, double pen, Pixel colour) {
+  if (AnyNan(x1, y1, x2, y2, pen)) return;
+  x1 = Near(x1);
+  y1 = Near(y1);
+  x2 = Near(x2);
+  y2 = Near(y2);
+  pen = std::clamp(pen, 0.0, kFarthest);
+  if (std::abs(x2 - x1) > kStraight && std::abs(y2 - y1) > kStraight) {
+    DrawSlantedLine(x1, y1, x2, y2, pen, colour);
+    return;
+  }
+  const double half = pen / 2;
+  const int left = FirstBeyond(std::min(x1, x2) - half, width_);
+  const int right = FirstBeyond(std::max(x1, x2) + half, width_);
+  const int bottom = FirstBeyond(std::max(y1, y2) + half, height_);
+  for (int y = FirstBeyond(std::min(y1, y2) - half, height_); y < bottom; ++y) FillSpan(y, left, right, colour);
+}
+
+// A rectangle around the line's middle, turned to its direction: each row of it is where the strip
+// along the line and the strip across it meet.
+void Surface::DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour) {
+  const double length = std::hypot(x2 - x1, y2 - y1);
+  const double along_x = (x2 - x1) / length;
+  const double along_y = (y2 - y1) / length;
+  const double half = pen / 2;
+  const double reach = length / 2 + half;
+  const double middle_x = (x1 + x2) / 2;
+  const double middle_y = (y1 + y2) / 2;
+  const double tall = reach * std::abs(along_y) + half * std::abs(along_x);
+  const int bottom = FirstBeyond(middle_y + tall, height_);
+  for (int y = FirstBeyond(middle_y - tall, height_); y < bottom; ++y) {
+    const double down = y + 0.5 - middle_y;
+    const Interval along = Within(along_x, down * along_y, reach);
+    const Interval across = Within(along_y, -down * along_x, half);
+    FillSpan(y, FirstBeyond(middle_x + std::max(along.low, across.low), width_),
+             FirstBeyond(middle_x + std::min(along.high, across.high), width_), colour);
+  }
+}
+
+void Surface::DrawCircle(double x, double y, double radius, double pen, Pixel outline, Pixel fill) {
+  if (AnyNan(x, y, radius, pen) || radius < 0) return;
+  x = Near(x);
+  y = Near(y);
+  radius = Near(radius);
+  const double half = std::clamp(pen, 0.0, kFarthest) / 2;
+  const double outer = radius + half;
+  const double inner = outline == fill ? 0.0 : radius - half;
+  const int bottom = FirstBeyond(y + outer, height_);
+  for (int row = FirstBeyond(y - outer, height_); row < bottom; ++row) {
+    const double down = row + 0.5 - y;
+    const double out = HalfChord(outer, down);
+    const int left = FirstBeyond(x - out, width_);
+    const int right = FirstBeyond(x + out, width_);
+    const double in = HalfChord(inner, down);
+    const int fill_left = FirstBeyond(x - in, width_);
+    const int fill_right = FirstBeyond(x + in, width_);
+    if (fill_left < fill_right) {
+      FillSpan(row, left, fill_left, outline);
+      FillSpan(row, fill_left, fill_right, fill);
+      FillSpan(row, fill_right, right, outline);
+    } else {
+      FillSpan(row, left, right, outline);
+    }
+  }
+}
+
+void Surface::DrawDot(double x, double y, double diameter, Pixel colour) {
+  if (AnyNan(x, y, diameter)) return;
+  if (x >= 0 && x < width_ && y >= 0 && y < height_) {
+    FillSpan(static_cast<int>(y), static_cast<int>(x), static_cast<int>(x) + 1, colour);
+  }
+  DrawCircle(x, y, std::max(diameter, 0.0) / 2, 0, colour, colour);
+}
+
+void Surface::Changed(const PixelRect& rect) {
+  const PixelRect inside = Intersect(rect, Bounds());
+  for (int y = inside.top; y < inside.Bottom(); ++y)
+    known_[static_cast<std::size_t>(y)].Cut(inside.left, inside.Right());
+  dirty_.Add(inside);
+}
+
+// Keeps the longer of what is left on the two sides.
+void Surface::KnownRun::Cut(int from, int to) {
+  const int before = std::min(right, from) - left;
+  const int after = right - std::max(left, to);
+  if (before >= after) {
+    right = std::max(left, std::min(right, from));
+  } else {
+    left = std::max(left, to);
+  }
+}
+
+void Surface::FillSpan(int y, int left, int right, Pixel colour) {
+  if (left >= right) return;
+  KnownRun& known = known_[static_cast<std::size_t>(y)];
+  if (known.colour == colour && left <= known.right && known.left <= right) {
+    FillUnknown(y, left, known.left, colour);
+    FillUnknown(y, known.right, right, colour);
+    known.left = std::min(known.left, left);
+    known.right = std::max(known.right, right);
+    return;
+  }
+  FillUnknown(y, left, right, colour);
+  known.Cut(left, right);
+  if (right - left >= known.right - known.left) known = {left, right, colour};
+}
+
+void Surface::FillUnknown(int y, int left, int right, Pixel colour) {
+  Pixel* row = Pixels().Row(y);
+  for (int x = left; x < right;) {
+    if (row[x] == colour) {
+      ++x;
+      continue;
+    }
+    const int first = x;
+    while (x < right && row[x] != colour) row[x++] = colour;
+    dirty_.Add(y, first, x);
+  }
+}
+
+}  // namespace quorvale
