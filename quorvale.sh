@@ -6,9 +6,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libxcb1-dev"
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
-test_packages="libgtest-dev libgmock-dev sox valgrind"
+test_packages="libgtest-dev libgmock-dev python3 sox"
 lint_packages="clang-format clang-tidy"
-bench_packages="feh python3"
+bench_packages="feh"
 
 say() { printf '== %s\n' "$*"; }
 

@@ -1,0 +1,147 @@
+"""A virtual display with a window manager, and the built program on it."""
+
+import os
+import shutil
+import struct
+import subprocess
+import tempfile
+import time
+
+BUILD = os.environ["QUORVALE_BUILD"]
+PROGRAM = os.path.join(BUILD, "quorvale")
+SETTINGS = os.path.join(BUILD, "quorvale-settings")
+PATIENCE = 20  # seconds; the machine may be busy
+
+
+def wait_until(condition, what):
+    """Polls until `condition` gives something true, and returns that."""
+    deadline = time.monotonic() + PATIENCE
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {PATIENCE} seconds for {what}")
+        time.sleep(0.02)
+
+
+def write_bmp(path, width, height, colour):
+    """A 24-bit bitmap of one colour, given as (red, green, blue)."""
+    row = bytes(reversed(colour)) * width
+    row += b"\0" * (-len(row) % 4)
+    header = struct.pack("<2sIHHIIiiHHIIiiII", b"BM", 54 + len(row) * height, 0, 0, 54, 40, width, height, 1, 24,
+                         0, len(row) * height, 2835, 2835, 0, 0)
+    with open(path, "wb") as file:
+        file.write(header + row * height)
+
+
+def entry(path):
+    directory, name = os.path.split(path)
+    return name.ljust(255) + (directory + "/").ljust(257)
+
+
+class Screenshot:
+    def __init__(self, data, width):
+        self._data = data
+        self._width = width
+
+    def pixel(self, x, y):
+        at = (y * self._width + x) * 3
+        return tuple(self._data[at:at + 3])
+
+
+class Display:
+    """An X server of its own, with or without a window manager."""
+
+    def __init__(self, width=800, height=600, window_manager=True):
+        self.width = width
+        read_end, write_end = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
+            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        self.environment = dict(os.environ, DISPLAY=self.name, SDL_AUDIODRIVER="dummy", QT_QPA_PLATFORM="xcb")
+        self.environment.pop("WAYLAND_DISPLAY", None)
+        self._manager = None
+        if window_manager:
+            self._manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
+                                             stderr=subprocess.DEVNULL)
+            wait_until(lambda: b"window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                       "the window manager")
+
+    def close(self):
+        for process in (self._manager, self._server):
+            if process:
+                process.kill()
+                process.wait()
+
+    def _output(self, *command):
+        return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                              check=False).stdout
+
+    def xdotool(self, *arguments):
+        subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True,
+                       stdout=subprocess.DEVNULL)
+
+    def window(self):
+        """The id of the show's window, or None."""
+        found = self._output("xdotool", "search", "--onlyvisible", "--name", "^Screen Saver Main Form$").split()
+        return found[0].decode() if found else None
+
+    def screenshot(self):
+        return Screenshot(self._output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
+
+
+class Session:
+    """A user's settings and pictures in a folder of their own, and the programs that were started."""
+
+    def __init__(self, display):
+        self.display = display
+        self.folder = tempfile.mkdtemp(prefix="quorvale-e2e-")
+        self.environment = dict(display.environment, XDG_CONFIG_HOME=os.path.join(self.folder, "config"),
+                                XDG_RUNTIME_DIR=os.path.join(self.folder, "runtime"))
+        os.mkdir(self.environment["XDG_RUNTIME_DIR"], 0o700)
+        self._programs = []
+        self.option("SwapAffect", "None")
+        self.option("Interval", "2")
+
+    def close(self):
+        for program in self._programs:
+            if program.poll() is None:
+                program.kill()
+            program.wait()
+        shutil.rmtree(self.folder)
+
+    def settings(self, *arguments):
+        return subprocess.run([SETTINGS, *arguments], env=self.environment, stdout=subprocess.PIPE, text=True,
+                              check=False).stdout.rstrip("\n")
+
+    def option(self, key, value):
+        self.settings("set", "Options", key, str(value))
+
+    def position(self):
+        return int(self.settings("get", "Options", "LastPicture") or 0)
+
+    def wait_for_picture(self, number):
+        wait_until(lambda: self.position() == number, f"picture {number}")
+
+    def picture(self, name, width, height, colour):
+        path = os.path.join(self.folder, name)
+        write_bmp(path, width, height, colour)
+        return path
+
+    def play(self, *paths, section="PictureFiles"):
+        for number, path in enumerate(paths):
+            self.settings("set", section, f"File{number}", entry(path))
+
+    def start(self, *arguments, **environment):
+        program = subprocess.Popen([PROGRAM, *arguments], env=dict(self.environment, **environment))
+        self._programs.append(program)
+        return program
+
+    def start_show(self):
+        program = self.start("/S")
+        wait_until(self.display.window, "the show's window")
+        return program

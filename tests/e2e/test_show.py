@@ -1,0 +1,239 @@
+"""The built program on a real X server, as its user meets it."""
+
+import os
+import signal
+import time
+import unittest
+import wave
+
+from desktop_session import Display, Session, wait_until
+
+RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
+
+
+class ShowTest(unittest.TestCase):
+    window_manager = True
+
+    def setUp(self):
+        self.display = Display(window_manager=self.window_manager)
+        self.addCleanup(self.display.close)
+        self.session = Session(self.display)
+        self.addCleanup(self.session.close)
+        self.red = self.session.picture("red.bmp", 800, 600, RED)
+        self.blue = self.session.picture("blue.bmp", 800, 600, BLUE)
+        self.session.play(self.red, self.blue)
+
+    def pixels(self, *points):
+        shot = self.display.screenshot()
+        return [shot.pixel(x, y) for x, y in points]
+
+    def wait_for_colour(self, colour, point=(400, 300)):
+        wait_until(lambda: self.pixels(point) == [colour], f"{colour} at {point}")
+
+    def assert_ends(self, program):
+        self.assertEqual(program.wait(timeout=10), 0)
+        self.assertIsNone(self.display.window())
+
+    def assert_runs(self, program, seconds=0.5):
+        time.sleep(seconds)
+        self.assertIsNone(program.poll())
+
+
+class Pictures(ShowTest):
+    def test_fill_the_screen_one_after_another(self):
+        self.session.start_show()
+        for colour in (RED, BLUE, RED):
+            self.wait_for_colour(colour)
+            self.assertEqual(self.pixels((0, 0), (799, 0), (0, 599), (799, 599)), [colour] * 4)
+
+    def test_a_half_done_sweep_leaves_the_rest(self):
+        self.session.option("SwapAffect", "Sweep Right")
+        self.session.option("TransSpeed", "1")  # 401 steps of some 10 milliseconds
+        self.session.option("BackColor", str(0x00FF00))
+        self.session.start_show()
+        self.wait_for_colour(RED)
+        self.wait_for_colour(GREEN, (300, 300))
+        self.assertEqual(self.pixels((0, 0), (0, 599), (799, 0), (799, 599)), [GREEN, GREEN, RED, RED])
+
+    def test_a_frame_goes_around_a_small_picture(self):
+        self.session.play(self.session.picture("small.bmp", 400, 300, RED))
+        self.session.option("ShowFrame", "1")
+        self.session.option("FrameThickness", "20")  # 400 twips, 26 2/3 pixels
+        self.session.option("FrameColor", str(0x00FF00))
+        self.session.start_show()
+        self.wait_for_colour(RED)
+        self.assertEqual(self.pixels((200, 150), (599, 449), (199, 300), (175, 300), (172, 300), (400, 474), (400, 478)),
+                         [RED, RED, GREEN, GREEN, BLACK, GREEN, BLACK])
+
+    def test_a_file_name_stands_under_a_stretched_picture(self):
+        self.session.option("Stretch", "1")
+        self.session.option("ShowFileName", "1")
+        self.session.start_show()
+        self.wait_for_colour(RED)
+        shot = self.display.screenshot()
+        bottom_line = [shot.pixel(x, y) for y in range(584, 600) for x in range(380, 420)]
+        self.assertGreater(sum(min(pixel) > 200 for pixel in bottom_line), 20)
+        self.assertEqual(shot.pixel(1, 598), BLACK)
+
+    def test_one_that_is_deleted_under_the_show_is_passed_over(self):
+        self.session.play(self.red, self.blue, self.session.picture("green.bmp", 800, 600, GREEN))
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        os.remove(self.blue)
+        self.wait_for_colour(GREEN)
+        self.assert_runs(program)
+
+
+class Ending(ShowTest):
+    def test_a_key_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_a_modifier_alone_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "Shift_L")
+        self.assert_ends(program)
+
+    def test_a_key_in_the_middle_of_an_effect_ends_the_show(self):
+        self.session.option("SwapAffect", "Spotlight")
+        self.session.option("TransSpeed", "1")
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.wait_for_colour(BLACK)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_the_tenth_mouse_move_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        for move in range(9):
+            self.display.xdotool("mousemove", 100 + 10 * move, 200)
+            time.sleep(0.05)
+        self.assert_runs(program)
+        self.display.xdotool("mousemove", 300, 300)
+        self.assert_ends(program)
+
+    def test_a_press_on_the_picture_does_not(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("click", 1)
+        self.assert_runs(program)
+
+    def test_a_close_request_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "alt+F4")
+        self.assert_ends(program)
+
+    def test_a_termination_signal_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        program.send_signal(signal.SIGTERM)
+        self.assert_ends(program)
+
+
+class WithoutWindowManager(ShowTest):
+    window_manager = False
+
+    def test_the_show_fills_the_screen_and_takes_keys(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.assertEqual(self.pixels((0, 0), (799, 599)), [RED] * 2)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+
+class SecondCopy(ShowTest):
+    def test_ends_at_once_and_leaves_the_first_alone(self):
+        first = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.assertEqual(self.session.start("/s").wait(timeout=10), 0)
+        self.assert_runs(first)
+
+    def test_is_not_fooled_by_a_killed_run(self):
+        first = self.session.start_show()
+        first.kill()
+        first.wait()
+        self.session.start_show()
+        self.wait_for_colour(RED)
+
+    def test_has_a_show_of_its_own_on_another_display(self):
+        self.session.start_show()
+        other_display = Display()
+        self.addCleanup(other_display.close)
+        other = self.session.start("/S", DISPLAY=other_display.name)
+        wait_until(other_display.window, "the other show")
+        self.assert_runs(other)
+
+    def test_is_noticed_without_any_display(self):
+        first = self.session.start("/S", QT_QPA_PLATFORM="offscreen")
+        self.session.wait_for_picture(1)
+        self.assertEqual(self.session.start("/S", QT_QPA_PLATFORM="offscreen").wait(timeout=10), 0)
+        self.assert_runs(first)
+
+
+class Settings(ShowTest):
+    def test_a_show_killed_in_the_middle_starts_again_where_it_was(self):
+        first = self.session.start_show()
+        self.session.wait_for_picture(1)
+        first.kill()
+        first.wait()
+        self.session.start_show()
+        self.wait_for_colour(BLUE)
+
+    def test_a_damaged_store_costs_the_settings_of_the_run(self):
+        config = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "quorvale")
+        for name in os.listdir(config):
+            with open(os.path.join(config, name), "wb") as file:
+                file.write(b"\xa5" * 10000)
+        program = self.session.start_show()
+        self.assert_runs(program)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_a_fifo_in_the_list_is_passed_over(self):
+        fifo = os.path.join(self.session.folder, "fifo.jpg")
+        os.mkfifo(fifo)
+        self.session.play(fifo, self.blue)
+        program = self.session.start_show()
+        self.wait_for_colour(BLUE)
+        self.assert_runs(program)
+
+
+class Sound(ShowTest):
+    def test_a_sounds_samples_come_out(self):
+        samples = bytes(range(1, 200)) * 200
+        path = os.path.join(self.session.folder, "sound.wav")
+        with wave.open(path, "wb") as file:
+            file.setnchannels(2)
+            file.setsampwidth(2)
+            file.setframerate(44100)
+            file.writeframes(samples[:len(samples) // 4 * 4])
+        self.session.play(path, section="SoundFiles")
+        out = os.path.join(self.session.folder, "out.raw")
+        self.session.start("/S", SDL_AUDIODRIVER="disk", SDL_DISKAUDIOFILE=out, SDL_DISKAUDIODELAY="5")
+        wait_until(lambda: os.path.exists(out) and any(os.read(os.open(out, os.O_RDONLY), 1 << 20)), "sound")
+
+
+class OtherModes(ShowTest):
+    def test_text_that_is_no_mode_ends_quietly(self):
+        for arguments in (["/X"], ["/install", "x"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
+
+    def test_the_set_up_records_the_samples(self):
+        folder = self.session.folder + "/"
+        self.assertEqual(self.session.start("/INSTALL", folder, PATH="/nowhere").wait(timeout=10), 0)
+        self.assertEqual(self.session.settings("get", "Options", "InstallPath"), folder)
+        self.assertEqual(self.session.settings("get", "PictureFiles", "File2").split(), ["Sample3.jpg", folder])
+        config = os.path.join(self.session.environment["XDG_CONFIG_HOME"], "quorvale")
+        names = {name.upper(): name for name in os.listdir(config)}
+        with open(os.path.join(config, names["SYSTEM.INI"]), encoding="utf-8") as file:
+            self.assertIn("SCRNSAVE.EXE=" + os.environ["QUORVALE_BUILD"], file.read())
+
+
+if __name__ == "__main__":
+    unittest.main()
