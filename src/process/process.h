@@ -41,6 +41,10 @@ struct Process {
   std::int16_t ScreenTwipsY = 0;
   std::string SystemDirectory;
 
+  // The host's client area, in pixels, and whether the preview's surface sits in the host.
+  ClientRect PreviewRect;
+  bool PreviewAlive = false;
+
   Collection PictureList;
   Collection SoundList;
 
@@ -54,6 +58,9 @@ struct Process {
   bool FirstTickOver = false;
   // 1 to 20 when it comes from the dialog.
   std::int32_t TransitionSpeed = 0;
+  // Non-zero when the user has set a saver password; and the system's family. Both are read once a show.
+  std::int16_t UsePassword = 0;
+  std::int32_t PlatformId = 0;
   // Mouse moves in the present count window of the full-screen show.
   std::int32_t MouseMoveCount = 0;
 };

@@ -9,7 +9,9 @@
 #include "process/process.h"
 #include "run/reported_steps.h"
 #include "run/set_up.h"
+#include "saver/control_form.h"
 #include "saver/main_form.h"
+#include "saver/saver_password.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
 
@@ -37,11 +39,22 @@ void ShowMainForm(Process& process) {
   if (WindowAbsent(process, kMainFormCaption)) std::make_shared<MainForm>(process)->Show();
 }
 
+// The window handle that stands behind the switch, or 0.
+void ReadSystemHwnd(Process& process, const std::string& text) {
+  process.SystemHwnd = RoundToInt32(LenientParse(Mid(text, 3)));
+}
+
 std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
   const std::string& mode = process.RunMode;
   if (mode == "/S") return {[&process] { ShowMainForm(process); }};
-  const bool other_mode = mode == "/C" || mode == "/P" || mode == "/A";
-  if (!other_mode && text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
+  if (mode == "/P") {
+    return {[&process, text] { ReadSystemHwnd(process, text); },
+            [&process] { std::make_shared<ControlForm>(process)->Load(); }};
+  }
+  if (mode == "/A") {
+    return {[&process, text] { ReadSystemHwnd(process, text); }, [&process] { ChangePassword(process); }};
+  }
+  if (mode != "/C" && text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
   return {};
 }
 

@@ -4,6 +4,7 @@
 #include "playlist/media_collections.h"
 #include "process/end_saver.h"
 #include "process/process.h"
+#include "saver/saver_password.h"
 #include "show/slide_tick.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
@@ -28,16 +29,28 @@ void MainForm::Form_Load() {
   process_.system.windows.SetWindowPos(Hwnd(), kHwndTopmost, 0, 0, 0, 0, kSwpNoSizeNoMove);
   const ScreenSize screen = App().Screen();
   Move(0, 0, screen.Width, screen.Height);
+  ReadPasswordState(process_);
+  TellSaverRunning(process_, true);
   PicBase.Move(0, 0, screen.Width, screen.Height);
   InitShow(process_, 1, *this);
   ForceCursorOff(process_);
 }
 
 // Runs for every way of unloading. The flag comes first: what pumps events above this handler finds it.
-void MainForm::Form_QueryUnload(bool& /*cancel*/) { process_.StopRequested = true; }
+// While the password is asked for, the timer goes on firing and its handler does nothing.
+void MainForm::Form_QueryUnload(bool& cancel) {
+  process_.StopRequested = true;
+  if (!IsPasswordInForce(process_)) return;
+  ForceCursorOn(process_);
+  if (VerifyPassword(process_, Hwnd())) return;
+  ForceCursorOff(process_);
+  cancel = true;
+  process_.StopRequested = false;
+}
 
 void MainForm::Form_Unload() {
   ForceCursorOn(process_);
+  TellSaverRunning(process_, false);
   tmrSwitch.SetEnabled(false);
 }
 

@@ -5,6 +5,12 @@
 
 namespace quorvale {
 
+// The family of systems that leaves the checking of a saver's password to the system.
+inline constexpr std::int32_t kPlatformLocksItself = 2;
+
+// `SystemParametersInfo`: a saver runs, or has stopped.
+inline constexpr std::uint32_t kSpiScreenSaverRunning = 97;
+
 // Where the program runs, and what the time is.
 class HostSystem {
  public:
@@ -15,6 +21,12 @@ class HostSystem {
 
   // The program's file name without directory and extension.
   virtual std::string ProgramName() = 0;
+
+  // The system's platform number, as its version record gives it.
+  virtual std::int32_t PlatformId() = 0;
+
+  // Sets one of the system's parameters.
+  virtual void SystemParametersInfo(std::uint32_t action, std::uint32_t parameter) = 0;
 
   // Seconds since midnight by the local clock, with fractions.
   virtual double SecondsSinceMidnight() = 0;

@@ -4,6 +4,7 @@ namespace quorvale {
 
 class FileSystem;
 class HostSystem;
+class PasswordSystem;
 class Programs;
 class Registry;
 class SoundPlayer;
@@ -17,6 +18,7 @@ struct System {
   SoundPlayer& sound;
   Programs& programs;
   HostSystem& host;
+  PasswordSystem& password;
 };
 
 }  // namespace quorvale

@@ -8,9 +8,22 @@ namespace quorvale {
 // A window of this or another program; 0 is none.
 using WindowHandle = std::uintptr_t;
 
+// The window that a 32-bit number from the command line names. Handles are extended by their sign.
+inline WindowHandle ToWindowHandle(std::int32_t number) {
+  return static_cast<WindowHandle>(static_cast<std::intptr_t>(number));
+}
+
 // `SetWindowPos`: stay above all windows, and leave position and size alone.
 inline constexpr std::intptr_t kHwndTopmost = -1;
 inline constexpr std::uint32_t kSwpNoSizeNoMove = 3;
+
+// A client area in physical pixels.
+struct ClientRect {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
+};
 
 // What the program asks about windows that are not its forms, and of the mouse cursor. A handle that
 // names no window makes a call do nothing.
@@ -24,6 +37,13 @@ class WindowSystem {
   virtual WindowHandle GetForegroundWindow() = 0;
   virtual void EnableWindow(WindowHandle window, bool enabled) = 0;
   virtual bool IsWindow(WindowHandle window) = 0;
+
+  // Leaves `rect` as it is when the handle is no window.
+  virtual void GetClientRect(WindowHandle window, ClientRect& rect) = 0;
+
+  // Makes a window of this program a child of another, perhaps of another program; a parent of 0 makes
+  // it a top-level window.
+  virtual void SetParent(WindowHandle window, WindowHandle parent) = 0;
 
   virtual void SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
                             std::uint32_t flags) = 0;

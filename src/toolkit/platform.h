@@ -78,6 +78,14 @@ class TimerPeer {
   virtual void Set(int milliseconds) = 0;
 };
 
+// Reports chosen messages of one window.
+class MessageHookPeer {
+ public:
+  virtual ~MessageHookPeer() = default;
+  virtual void Watch(WindowHandle window) = 0;
+  virtual void Report(int message) = 0;
+};
+
 // The pauses of one transition. Passes made through it take at least their nominal length.
 class PacedRun {
  public:
@@ -111,6 +119,9 @@ class Platform {
   virtual std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface,
                                                          SurfaceEvents& events) = 0;
   virtual std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) = 0;
+
+  // `arrived` gets the number of a message that was to be reported.
+  virtual std::unique_ptr<MessageHookPeer> CreateMessageHookPeer(std::function<void(int message)> arrived) = 0;
 
   virtual PictureLoader& Pictures() = 0;
   virtual TextPainter& Text() = 0;

@@ -1,0 +1,50 @@
+#include "saver/control_form.h"
+
+#include "playlist/media_collections.h"
+#include "process/process.h"
+#include "show/slide_tick.h"
+#include "system/window_system.h"
+
+namespace quorvale {
+namespace {
+
+constexpr float kFontPoints = 4.2F;
+
+}  // namespace
+
+ControlForm::ControlForm(Process& process)
+    : ShowForm(process, "ControlForm", WindowKind::kHidden, "Screen Preview Pallete", {"Small Fonts", kFontPoints}),
+      Msghook1(*this, "Msghook1") {
+  Msghook1.Message = [this](int message) { Msghook1_Message(message); };
+}
+
+void ControlForm::Form_Load() {
+  WindowSystem& windows = process_.system.windows;
+  const WindowHandle host = ToWindowHandle(process_.SystemHwnd);
+  Msghook1.SetHwnd(PicBase.Hwnd());
+  Msghook1.Report(kWmClose);
+  windows.GetClientRect(host, process_.PreviewRect);
+  const ClientRect& rect = process_.PreviewRect;
+  PicBase.Move(0, 0, static_cast<float>(rect.right - rect.left) * process_.ScreenTwipsX,
+               static_cast<float>(rect.bottom - rect.top) * process_.ScreenTwipsY);
+  windows.SetParent(PicBase.Hwnd(), host);
+  process_.PreviewAlive = true;
+  InitShow(process_, 1, *this);
+}
+
+// The picture box stays usable for a tick that is running; the next one ends the form.
+void ControlForm::Msghook1_Message(int message) {
+  if (message != kWmClose) return;
+  process_.system.windows.SetParent(PicBase.Hwnd(), Hwnd());
+  process_.PreviewAlive = false;
+}
+
+void ControlForm::tmrSwitch_Timer() {
+  if (!process_.system.windows.IsWindow(ToWindowHandle(process_.SystemHwnd)) || !process_.PreviewAlive) {
+    Unload();
+  } else {
+    SlideTick(process_, PicPreview, imgFullSize);
+  }
+}
+
+}  // namespace quorvale

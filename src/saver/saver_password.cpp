@@ -1,0 +1,66 @@
+#include "saver/saver_password.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+
+#include "base/numbers.h"
+#include "process/process.h"
+#include "system/host_system.h"
+#include "system/password_system.h"
+#include "system/registry.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::uint32_t kBufferSize = 255;
+constexpr std::uint32_t kLowWord = 0xFFFF;
+
+// The four bytes, the lowest first, in decimal with at least three digits.
+std::string DwordText(const std::string& bytes) {
+  std::uint32_t value = 0;
+  for (int i = 3; i >= 0; --i) value = value << 8U | static_cast<std::uint8_t>(bytes[static_cast<std::size_t>(i)]);
+  std::ostringstream text;
+  text << std::setw(3) << std::setfill('0') << value;
+  return text.str();
+}
+
+}  // namespace
+
+void ReadPasswordState(Process& process) {
+  const std::string flag =
+      ReadKeyValue(process.system.registry, kHkeyCurrentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword");
+  process.UsePassword = RoundToInt16(LenientParse(flag));
+  process.PlatformId = process.system.host.PlatformId();
+}
+
+bool IsPasswordInForce(const Process& process) {
+  return process.PlatformId != kPlatformLocksItself && process.UsePassword != 0;
+}
+
+void TellSaverRunning(Process& process, bool running) {
+  if (IsPasswordInForce(process)) process.system.host.SystemParametersInfo(kSpiScreenSaverRunning, running ? 1 : 0);
+}
+
+bool VerifyPassword(Process& process, WindowHandle owner) {
+  return (process.system.password.VerifyScreenSavePwd(owner) & kLowWord) != 0;
+}
+
+void ChangePassword(Process& process) {
+  process.system.password.PwdChangePassword("SCRSAVE", ToWindowHandle(process.SystemHwnd));
+}
+
+std::string ReadKeyValue(Registry& registry, std::uint32_t hive, const std::string& path, const std::string& name) {
+  if (hive < kHkeyClassesRoot || hive > kHkeyDynData) return {};
+  RegistryKey opened = 0;
+  if (registry.RegOpenKeyEx(hive, path, kKeyRead, opened) != kErrorSuccess) return {};
+  const OpenRegistryKey key(registry, opened);
+  std::string buffer(kBufferSize, ' ');
+  std::uint32_t type = 0;
+  std::uint32_t size = kBufferSize;
+  if (registry.RegQueryValueEx(key.Get(), name, type, buffer.data(), size) != kErrorSuccess || size == 0) return {};
+  if (type == kRegDword) buffer = DwordText(buffer);
+  return buffer.substr(0, std::min<std::size_t>(size - 1, buffer.size()));
+}
+
+}  // namespace quorvale
