@@ -1,5 +1,7 @@
 #include "process/end_saver.h"
 
+#include <cstdlib>
+
 #include "process/process.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
@@ -16,6 +18,7 @@ void EndSaver(Process& process) {
   process.app.PumpEvents();
   process.system.windows.EnableWindow(process.ConfigDialogHwnd, true);
   process.system.host.EndProcess();
+  std::abort();  // never reached: GCC 12 forgets that a virtual function does not return
 }
 
 void ForceCursorOn(Process& process) {

@@ -21,7 +21,9 @@ inline constexpr std::int32_t kErrorFileNotFound = 2;
 inline constexpr std::int32_t kErrorAccessDenied = 5;
 inline constexpr std::int32_t kErrorInvalidHandle = 6;
 inline constexpr std::int32_t kErrorWriteFault = 29;
+inline constexpr std::int32_t kErrorReadFault = 30;
 inline constexpr std::int32_t kErrorMoreData = 234;
+inline constexpr std::int32_t kErrorKeyDeleted = 1018;  // the open key has been deleted since
 
 // An open key; 0 is none.
 using RegistryKey = std::uint64_t;

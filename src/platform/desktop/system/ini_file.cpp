@@ -1,0 +1,144 @@
+#include "platform/desktop/system/ini_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "base/text.h"
+#include "platform/desktop/system/file_descriptor.h"
+
+namespace quorvale {
+namespace {
+
+std::string_view Strip(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  return first == std::string_view::npos ? std::string_view()
+                                         : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+// With their line ends.
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
+    lines.push_back(text.substr(start, end - start));
+    start = end;
+  }
+  return lines;
+}
+
+// The name of the section that `line` opens.
+std::optional<std::string_view> SectionOf(std::string_view line) {
+  line = Strip(line);
+  const std::size_t end = line.find(']');
+  if (!line.starts_with('[') || end == std::string_view::npos) return std::nullopt;
+  return Strip(line.substr(1, end - 1));
+}
+
+bool HasKey(std::string_view line, const std::string& key) {
+  const std::size_t equals = line.find('=');
+  return equals != std::string_view::npos && EqualsIgnoringCase(Strip(line.substr(0, equals)), key);
+}
+
+std::optional<std::string> ReadAll(const std::string& path) {
+  // Opening a pipe must not wait for who writes into it.
+  const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (!file.IsOpen()) return errno == ENOENT ? std::optional<std::string>("") : std::nullopt;
+  struct stat status {};
+  if (fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  std::string text;
+  std::array<char, 4096> buffer;
+  while (true) {
+    const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
+    if (count < 0) return std::nullopt;
+    if (count == 0) return text;
+    text.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+}
+
+bool WriteAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = write(file, text.data(), text.size());
+    if (count < 0) return false;
+    text.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return fsync(file) == 0;
+}
+
+// Writes a new file beside `path` and gives it that name. The mode is kept.
+bool Replace(const std::string& path, const std::string& text) {
+  std::string temporary = path + ".XXXXXX";
+  const FileDescriptor file(mkostemp(temporary.data(), O_CLOEXEC));
+  if (!file.IsOpen()) return false;
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) fchmod(file.Get(), status.st_mode & 07777);
+  if (WriteAll(file.Get(), text) && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
+  unlink(temporary.c_str());
+  return false;
+}
+
+// Where a chain of links ends, so that the file is replaced and not the link.
+std::string BehindLinks(const std::string& path) {
+  struct Free {
+    void operator()(char* text) const { std::free(text); }
+  };
+  const std::unique_ptr<char, Free> real(realpath(path.c_str(), nullptr));
+  return real == nullptr ? path : real.get();
+}
+
+}  // namespace
+
+std::string SetIniValue(const std::string& text, const std::string& section, const std::string& key,
+                        const std::string& value) {
+  std::vector<std::string> lines = Lines(text);
+  const bool has_returns = !lines.empty() && lines.front().ends_with("\r\n");
+  const std::string line_end = has_returns ? "\r\n" : "\n";
+  if (!lines.empty() && !lines.back().ends_with('\n')) lines.back() += line_end;
+
+  const auto opens_section = [](const std::string& line) { return SectionOf(line).has_value(); };
+  const auto start = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
+    const auto name = SectionOf(line);
+    return name && EqualsIgnoringCase(*name, section);
+  });
+  const std::string new_line = key + "=" + value + line_end;
+  if (start == lines.end()) {
+    lines.push_back("[" + section + "]" + line_end);
+    lines.push_back(new_line);
+  } else {
+    const auto end = std::find_if(start + 1, lines.end(), opens_section);
+    const auto line = std::find_if(start + 1, end, [&](const std::string& l) { return HasKey(l, key); });
+    if (line != end) {
+      *line = line->substr(0, line->find('=') + 1) + value + line_end;
+    } else {
+      // Blank lines at the end of a section set it apart from the next one.
+      auto last = end;
+      while (Strip(*(last - 1)).empty()) --last;
+      lines.insert(last, new_line);
+    }
+  }
+  std::string result;
+  for (const std::string& line : lines) result += line;
+  return result;
+}
+
+bool WriteIniValue(const std::string& path, const std::string& section, const std::string& key,
+                   const std::string& value) {
+  if ((section + key + value).find_first_of("\r\n") != std::string::npos) return false;
+  const std::string target = BehindLinks(path);
+  const std::optional<std::string> text = ReadAll(target);
+  return text && Replace(target, SetIniValue(*text, section, key, value));
+}
+
+}  // namespace quorvale

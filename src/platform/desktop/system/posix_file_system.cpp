@@ -1,0 +1,115 @@
+#include "platform/desktop/system/posix_file_system.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "platform/desktop/system/directory_listing.h"
+#include "platform/desktop/system/ini_file.h"
+#include "platform/desktop/system/settings_location.h"
+
+namespace quorvale {
+namespace {
+
+struct DirectoryCloser {
+  void operator()(DIR* directory) const { closedir(directory); }
+};
+
+// Whether that number says that a path names nothing. A loop of links and a name that is too long do.
+bool MeansMissing(int error) { return error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG; }
+
+[[noreturn]] void Fail(int error, const std::string& path) {
+  throw Failure(MeansMissing(error) ? FailureNumber::kNotFound : FailureNumber::kUnreadable,
+                path + ": " + std::strerror(error), "PosixFileSystem");
+}
+
+// The type of what `path` names, links followed; nothing when there is no such thing.
+std::optional<mode_t> TypeOf(const std::string& path) {
+  // A NUL would cut the path and so name something else.
+  if (path.find('\0') != std::string::npos) return std::nullopt;
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) return status.st_mode & S_IFMT;
+  if (!MeansMissing(errno)) Fail(errno, path);
+  return std::nullopt;
+}
+
+bool IsPlainFile(int directory, const dirent& entry) {
+  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_REG;
+  struct stat status {};
+  return fstatat(directory, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+}
+
+bool MayBePlainFile(const dirent& entry) {
+  const bool is_hidden = entry.d_name[0] == '.';
+  return !is_hidden && (entry.d_type == DT_REG || entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN);
+}
+
+bool IsHidden(std::string_view name) { return name.starts_with('.') && name != "." && name != ".."; }
+
+bool Exists(const std::string& path) {
+  struct stat status {};
+  return path.find('\0') == std::string::npos && stat(path.c_str(), &status) == 0;
+}
+
+}  // namespace
+
+PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string saver_file)
+    : settings_directory_(std::move(settings_directory)), saver_file_(std::move(saver_file)) {}
+
+void PosixFileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
+                                     const std::function<void(const std::string& name)>& found) {
+  if (directory.find('\0') != std::string::npos) Fail(ENOENT, directory);
+  const std::unique_ptr<DIR, DirectoryCloser> opened(opendir(directory.c_str()));
+  if (opened == nullptr) Fail(errno, directory);
+  DirectoryListing listing(patterns);
+  while (true) {
+    errno = 0;
+    const dirent* entry = readdir(opened.get());
+    if (entry == nullptr) break;
+    if (!MayBePlainFile(*entry)) continue;
+    listing.Add(entry->d_name, [&] { return IsPlainFile(dirfd(opened.get()), *entry); });
+  }
+  if (errno != 0) Fail(errno, directory);
+  listing.GiveOut(found);
+}
+
+std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {
+  const std::optional<mode_t> type = TypeOf(path);
+  const bool finds_directories = (attributes & kAttributeDirectory) != 0;
+  if (!type || !(S_ISREG(*type) || (S_ISDIR(*type) && finds_directories))) return {};
+  const std::size_t end = path.find_last_not_of('/');
+  if (end == std::string::npos) return "/";
+  const std::string name = path.substr(0, end + 1).substr(path.rfind('/', end) + 1);
+  const bool finds_hidden = (attributes & kAttributeHidden) != 0 || path.ends_with('/');
+  return IsHidden(name) && !finds_hidden ? std::string() : name;
+}
+
+std::string PosixFileSystem::GetShortPathName(const std::string& path, std::uint32_t size) {
+  if (path.size() >= size) return {};
+  return IsSaverFile(path) || Exists(path) ? path : std::string();
+}
+
+bool PosixFileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
+                                                const std::string& value, const std::string& file) {
+  if (file.find('/') != std::string::npos) return WriteIniValue(file, section, key, value);
+  if (!CreateDirectories(settings_directory_)) return false;
+  return WriteIniValue(settings_directory_ + "/" + file, section, key, value);
+}
+
+bool PosixFileSystem::IsSaverFile(const std::string& path) const {
+  const std::size_t name = saver_file_.rfind('/') + 1;
+  return path.size() == saver_file_.size() && path.compare(0, name, saver_file_, 0, name) == 0 &&
+         EqualsIgnoringCase(path, saver_file_);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,140 @@
+#include "platform/desktop/system/settings_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "platform/desktop/system/settings_location.h"
+
+namespace quorvale {
+namespace {
+
+// How long a set-aside waits for those who have the file open, and they for it.
+constexpr std::chrono::milliseconds kLockPatience{1000};
+constexpr int kMostSetAside = 1000;
+
+// The hives have rows of their own from the start, under their own numbers, so that every other key has
+// a parent. A number is never given twice: the key that took the place of a deleted one is another key.
+constexpr char kSchema[] = R"(
+CREATE TABLE keys (
+  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  hive INTEGER NOT NULL,
+  path TEXT NOT NULL COLLATE NOCASE,
+  parent INTEGER REFERENCES keys (id),
+  UNIQUE (hive, path));
+CREATE INDEX keys_by_parent ON keys (parent);
+CREATE TABLE key_values (
+  key INTEGER NOT NULL REFERENCES keys (id) ON DELETE CASCADE,
+  name TEXT NOT NULL COLLATE NOCASE,
+  type INTEGER NOT NULL,
+  data BLOB NOT NULL,
+  PRIMARY KEY (key, name)) WITHOUT ROWID;
+INSERT INTO keys (id, hive, path)
+  WITH RECURSIVE hives (hive) AS (SELECT 0x80000000 UNION ALL SELECT hive + 1 FROM hives WHERE hive < 0x80000006)
+  SELECT hive, hive, '' FROM hives;
+PRAGMA user_version = 1;
+)";
+
+bool HasSchema(SqliteDatabase& database) {
+  SqliteQuery version = database.Query("PRAGMA user_version");
+  return version.Step() && version.Number(0) > 0;
+}
+
+void CreateSchema(SqliteDatabase& database) {
+  SqliteTransaction transaction(database);
+  // Another process may have been first.
+  if (!HasSchema(database)) database.Execute(kSchema);
+  transaction.Commit();
+}
+
+// The write-ahead log stays on in the file once it is on. Two processes that turn it on at once can get in
+// each other's way; the file works without it until the next one opens it.
+void TurnOnWriteAheadLog(SqliteDatabase& database) {
+  try {
+    database.Execute("PRAGMA journal_mode = WAL");
+  } catch (const SqliteError& error) {
+    if (error.IsDamage()) throw;
+  }
+}
+
+// Whether there is a file at `path`. What is there and is no plain file fails: opening a pipe would wait.
+bool IsThere(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT) return false;
+    throw SqliteError{SQLITE_CANTOPEN};
+  }
+  if (!S_ISREG(status.st_mode)) throw SqliteError{SQLITE_CANTOPEN};
+  return true;
+}
+
+bool IsDamaged(const std::string& path) {
+  try {
+    if (!IsThere(path)) return false;
+    SqliteDatabase database(path, SQLITE_OPEN_READWRITE);
+    SqliteQuery check = database.Query("PRAGMA integrity_check(1)");
+    return !check.Step() || check.Bytes(0) != "ok";
+  } catch (const SqliteError& error) {
+    return error.IsDamage();
+  }
+}
+
+// Takes the log along, which may hold values that someone can still get out. The file itself goes first:
+// a log without its file is dropped by SQLite, a file without its log would lose values in silence.
+bool GiveAnotherName(const std::string& path) {
+  for (int number = 1; number <= kMostSetAside; ++number) {
+    const std::string aside = path + ".damaged-" + std::to_string(number);
+    if (access(aside.c_str(), F_OK) == 0) continue;
+    if (std::rename(path.c_str(), aside.c_str()) != 0) return false;
+    for (const char* suffix : {"-wal", "-shm"}) std::rename((path + suffix).c_str(), (aside + suffix).c_str());
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(std::string directory)
+    : directory_(std::move(directory)), path_(directory_ + "/settings.db"), given_up_(directory_.empty()) {}
+
+SqliteDatabase* SettingsFile::Open(Access access) {
+  if (database_ != nullptr) return database_.get();
+  if (given_up_) throw SqliteError{SQLITE_CANTOPEN};
+  const bool write = access == Access::kWrite;
+  if (!IsThere(path_) && !write) return nullptr;
+  if (write && !CreateDirectories(directory_)) throw SqliteError{SQLITE_CANTOPEN};
+  std::optional<DirectoryLock> share = DirectoryLock::Take(directory_, DirectoryLock::Kind::kShared, kLockPatience);
+  if (!share) throw SqliteError{SQLITE_BUSY};
+
+  auto database = std::make_unique<SqliteDatabase>(path_, SQLITE_OPEN_READWRITE | (write ? SQLITE_OPEN_CREATE : 0));
+  database->SetPatience(kLockPatience);
+  if (!HasSchema(*database)) {
+    if (!write) return nullptr;
+    CreateSchema(*database);
+  }
+  TurnOnWriteAheadLog(*database);
+  database->Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON");
+  share_ = std::move(share);
+  database_ = std::move(database);
+  return database_.get();
+}
+
+bool SettingsFile::SetAside() {
+  Close();
+  // A second time there is more wrong than a file.
+  given_up_ = true;
+  if (std::exchange(was_damaged_, true)) return false;
+  const auto alone = DirectoryLock::Take(directory_, DirectoryLock::Kind::kExclusive, kLockPatience);
+  given_up_ = !alone || (IsDamaged(path_) && !GiveAnotherName(path_));
+  return !given_up_;
+}
+
+void SettingsFile::Close() {
+  database_.reset();
+  share_.reset();
+}
+
+}  // namespace quorvale

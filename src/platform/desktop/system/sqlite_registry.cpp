@@ -1,0 +1,231 @@
+#include "platform/desktop/system/sqlite_registry.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace quorvale {
+namespace {
+
+using Access = SettingsFile::Access;
+
+constexpr std::uint32_t kRegExpandSz = 2;
+constexpr std::uint32_t kRegMultiSz = 7;
+
+// How long a call waits for another process that writes. One that waited in vain shows that something hangs
+// there, and the calls behind it hardly wait until one succeeds again.
+constexpr std::chrono::milliseconds kPatience{2000};
+constexpr std::chrono::milliseconds kShortPatience{20};
+
+constexpr char kFindKey[] = "SELECT id FROM keys WHERE hive = ?1 AND path = ?2";
+constexpr char kAddKey[] =
+    "INSERT INTO keys (hive, path, parent) VALUES (?1, ?2, ?3) ON CONFLICT (hive, path) DO NOTHING";
+constexpr char kKeyExists[] = "SELECT 1 FROM keys WHERE id = ?1";
+constexpr char kSubkeys[] = "SELECT path FROM keys WHERE parent = ?1 ORDER BY path";
+constexpr char kDeleteKey[] = "DELETE FROM keys WHERE id = ?1";
+// A row with NULL is a key without the value, no row is a key that is gone.
+constexpr char kFindValue[] =
+    "SELECT v.type, v.data FROM keys k LEFT JOIN key_values v ON v.key = k.id AND v.name = ?2 WHERE k.id = ?1";
+constexpr char kValues[] = "SELECT name, type, data FROM key_values WHERE key = ?1 ORDER BY name";
+constexpr char kSetValue[] =
+    "INSERT INTO key_values (key, name, type, data) SELECT id, ?2, ?3, ?4 FROM keys WHERE id = ?1 "
+    "ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data";
+constexpr char kDeleteValue[] = "DELETE FROM key_values WHERE key = ?1 AND name = ?2";
+
+bool IsHive(std::uint32_t hive) { return hive >= kHkeyClassesRoot && hive <= kHkeyDynData; }
+
+bool IsText(std::uint32_t type) { return type == kRegSz || type == kRegExpandSz || type == kRegMultiSz; }
+
+// `path` below `base`, with one separator between the levels and none at the ends.
+std::string JoinPath(std::string base, const std::string& path) {
+  // The calls' texts end at their first NUL.
+  std::string_view rest = path.c_str();
+  while (!rest.empty()) {
+    const std::string_view level = rest.substr(0, rest.find('\\'));
+    rest.remove_prefix(std::min(rest.size(), level.size() + 1));
+    if (level.empty()) continue;
+    if (!base.empty()) base += '\\';
+    base += level;
+  }
+  return base;
+}
+
+std::optional<std::int64_t> FindKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
+  SqliteQuery query = database.Query(kFindKey);
+  if (!query.Bind(1, hive).Bind(2, path).Step()) return std::nullopt;
+  return query.Number(0);
+}
+
+bool KeyExists(SqliteDatabase& database, std::int64_t id) { return database.Query(kKeyExists).Bind(1, id).Step(); }
+
+// The id of the key, which is created with all that is missing above it.
+std::int64_t CreateKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
+  if (const auto existing = FindKey(database, hive, path)) return *existing;
+  SqliteTransaction transaction(database);
+  std::int64_t id = hive;
+  for (std::size_t end = 0; end < path.size(); ++end) {
+    end = std::min(path.find('\\', end), path.size());
+    const std::string level = path.substr(0, end);
+    database.Query(kAddKey).Bind(1, hive).Bind(2, level).Bind(3, id).Step();
+    id = FindKey(database, hive, level).value();
+  }
+  transaction.Commit();
+  return id;
+}
+
+}  // namespace
+
+template <typename Work>
+std::int32_t SqliteRegistry::Run(Access access, Work work) {
+  const std::int32_t fault = access == Access::kRead ? kErrorReadFault : kErrorWriteFault;
+  try {
+    while (true) {
+      try {
+        SqliteDatabase* database = file_.Open(access);
+        if (database == nullptr) return kErrorFileNotFound;
+        database->SetPatience(waited_in_vain_ ? kShortPatience : kPatience);
+        const std::int32_t result = work(*database);
+        waited_in_vain_ = false;
+        return result;
+      } catch (const SqliteError& error) {
+        waited_in_vain_ = error.IsBusy();
+        if (!error.IsDamage() || !file_.SetAside()) return fault;
+        // The keys that they stood for are gone with the file.
+        open_keys_.clear();
+      }
+    }
+  } catch (const std::exception&) {
+    return fault;
+  }
+}
+
+template <typename Work>
+std::int32_t SqliteRegistry::RunOn(RegistryKey key, Access access, Work work) {
+  if (Find(key) == nullptr) return kErrorInvalidHandle;
+  return Run(access, [&](SqliteDatabase& database) {
+    const OpenKey* opened = Find(key);
+    return opened == nullptr ? kErrorInvalidHandle : work(database, *opened);
+  });
+}
+
+std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t /*access*/,
+                                          RegistryKey& key) {
+  key = 0;
+  if (!IsHive(hive)) return kErrorInvalidHandle;
+  return Run(Access::kRead, [&](SqliteDatabase& database) {
+    OpenKey opened{hive, JoinPath({}, path)};
+    const auto id = FindKey(database, hive, opened.path);
+    if (!id) return kErrorFileNotFound;
+    opened.id = *id;
+    return Remember(std::move(opened), key);
+  });
+}
+
+std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t /*access*/,
+                                            RegistryKey& key) {
+  key = 0;
+  if (!IsHive(hive)) return kErrorInvalidHandle;
+  return Run(Access::kWrite, [&](SqliteDatabase& database) {
+    OpenKey opened{hive, JoinPath({}, path)};
+    opened.id = CreateKey(database, hive, opened.path);
+    return Remember(std::move(opened), key);
+  });
+}
+
+std::int32_t SqliteRegistry::RegQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
+                                             std::uint32_t& size) {
+  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+    SqliteQuery query = database.Query(kFindValue);
+    if (!query.Bind(1, opened.id).Bind(2, name).Step()) return kErrorKeyDeleted;
+    if (query.IsNull(0)) return kErrorFileNotFound;
+    type = static_cast<std::uint32_t>(query.Number(0));
+    const std::string_view bytes = query.Bytes(1);
+    const bool lacks_nul = IsText(type) && !bytes.ends_with('\0');
+    const auto room = std::exchange(size, static_cast<std::uint32_t>(bytes.size()) + (lacks_nul ? 1 : 0));
+    if (data == nullptr) return kErrorSuccess;
+    if (room < size) return kErrorMoreData;
+    std::copy(bytes.begin(), bytes.end(), data);
+    if (lacks_nul) data[bytes.size()] = '\0';
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type,
+                                           const char* data, std::uint32_t size) {
+  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+    SqliteQuery query = database.Query(kSetValue);
+    query.Bind(1, opened.id).Bind(2, name).Bind(3, type).BindBytes(4, std::string_view(data, size)).Step();
+    return database.Changes() == 0 ? kErrorKeyDeleted : kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::RegDeleteValue(RegistryKey key, const std::string& name) {
+  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+    SqliteTransaction transaction(database);
+    if (!KeyExists(database, opened.id)) return kErrorKeyDeleted;
+    database.Query(kDeleteValue).Bind(1, opened.id).Bind(2, name).Step();
+    if (database.Changes() == 0) return kErrorFileNotFound;
+    transaction.Commit();
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::RegDeleteKey(RegistryKey key, const std::string& name) {
+  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+    SqliteTransaction transaction(database);
+    if (!KeyExists(database, opened.id)) return kErrorKeyDeleted;
+    const std::string path = JoinPath(opened.path, name);
+    const auto id = FindKey(database, opened.hive, path);
+    if (!id) return kErrorFileNotFound;
+    const bool is_hive = path.empty();
+    if (is_hive || database.Query(kSubkeys).Bind(1, *id).Step()) return kErrorAccessDenied;
+    database.Query(kDeleteKey).Bind(1, *id).Step();
+    transaction.Commit();
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::RegCloseKey(RegistryKey key) {
+  return open_keys_.erase(key) == 0 ? kErrorInvalidHandle : kErrorSuccess;
+}
+
+std::int32_t SqliteRegistry::EnumerateKeys(RegistryKey key, std::vector<std::string>& names) {
+  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+    names.clear();
+    SqliteQuery query = database.Query(kSubkeys);
+    query.Bind(1, opened.id);
+    while (query.Step()) {
+      const std::string_view path = query.Bytes(0);
+      names.emplace_back(path.substr(path.rfind('\\') + 1));
+    }
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::EnumerateValues(RegistryKey key, std::vector<RegistryValue>& values) {
+  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+    values.clear();
+    SqliteQuery query = database.Query(kValues);
+    query.Bind(1, opened.id);
+    while (query.Step()) {
+      values.push_back(
+          {std::string(query.Bytes(0)), static_cast<std::uint32_t>(query.Number(1)), std::string(query.Bytes(2))});
+    }
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::Remember(OpenKey opened, RegistryKey& key) {
+  open_keys_.emplace(++last_key_, std::move(opened));
+  key = last_key_;
+  return kErrorSuccess;
+}
+
+const SqliteRegistry::OpenKey* SqliteRegistry::Find(RegistryKey key) const {
+  const auto found = open_keys_.find(key);
+  return found == open_keys_.end() ? nullptr : &found->second;
+}
+
+}  // namespace quorvale

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/desktop/system/settings_file.h"
+#include "system/registry.h"
+
+namespace quorvale {
+
+struct RegistryValue {
+  std::string name;
+  std::uint32_t type = 0;
+  std::string data;  // as stored: a text may have come without its terminating NUL
+};
+
+// The registry of one user in a SQLite file. Every call is one transaction, on disk or absent whenever the
+// process is killed, and several processes may be at it at once. Reading creates nothing. A file that
+// can't be used makes calls fail, a damaged one is set aside and a new one begun.
+class SqliteRegistry : public Registry {
+ public:
+  // `directory` as `SettingsDirectory` gives it.
+  explicit SqliteRegistry(std::string directory) : file_(std::move(directory)) {}
+
+  std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                            RegistryKey& key) override;
+  std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                              RegistryKey& key) override;
+  std::int32_t RegQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
+                               std::uint32_t& size) override;
+  std::int32_t RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type, const char* data,
+                             std::uint32_t size) override;
+  std::int32_t RegDeleteValue(RegistryKey key, const std::string& name) override;
+  std::int32_t RegDeleteKey(RegistryKey key, const std::string& name) override;
+  std::int32_t RegCloseKey(RegistryKey key) override;
+
+  // The names of the keys right below `key`, or its values, in name order.
+  std::int32_t EnumerateKeys(RegistryKey key, std::vector<std::string>& names);
+  std::int32_t EnumerateValues(RegistryKey key, std::vector<RegistryValue>& values);
+
+  // Closes the file, which brings the log's content into it. Open keys stay open, and the next call opens
+  // the file again.
+  void Close() { file_.Close(); }
+
+ private:
+  struct OpenKey {
+    std::uint32_t hive = 0;
+    std::string path;
+    std::int64_t id = 0;
+  };
+
+  // Runs `work(database)`, and once more when the file had to be set aside. Gives its result, or the
+  // number of what kept it from having one.
+  template <typename Work>
+  std::int32_t Run(SettingsFile::Access access, Work work);
+
+  // The same for a call on an open key: runs `work(database, opened)`.
+  template <typename Work>
+  std::int32_t RunOn(RegistryKey key, SettingsFile::Access access, Work work);
+
+  std::int32_t Remember(OpenKey opened, RegistryKey& key);
+  // Null when `key` is not open.
+  const OpenKey* Find(RegistryKey key) const;
+
+  SettingsFile file_;
+  std::unordered_map<RegistryKey, OpenKey> open_keys_;
+  RegistryKey last_key_ = 0;
+  bool waited_in_vain_ = false;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,128 @@
+#include "platform/desktop/system/x11_windows.h"
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace quorvale {
+namespace {
+
+constexpr int kLevels = 3;
+
+struct FreeReply {
+  void operator()(void* reply) const { std::free(reply); }
+};
+template <typename Reply>
+using Owned = std::unique_ptr<Reply, FreeReply>;
+
+using PropertyReply = Owned<xcb_get_property_reply_t>;
+
+xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
+  const xcb_intern_atom_cookie_t cookie =
+      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+std::vector<xcb_window_t> Roots(xcb_connection_t* connection) {
+  std::vector<xcb_window_t> roots;
+  const xcb_setup_t* setup = xcb_get_setup(connection);
+  if (setup == nullptr) return roots;
+  for (xcb_screen_iterator_t i = xcb_setup_roots_iterator(setup); i.rem > 0; xcb_screen_next(&i)) {
+    roots.push_back(i.data->root);
+  }
+  return roots;
+}
+
+// Window managers keep their words to the world on the first screen's root.
+xcb_window_t FirstRoot(xcb_connection_t* connection) {
+  const std::vector<xcb_window_t> roots = Roots(connection);
+  return roots.empty() ? xcb_window_t{XCB_WINDOW_NONE} : roots.front();
+}
+
+std::vector<xcb_window_t> ChildrenOf(xcb_connection_t* connection, const std::vector<xcb_window_t>& parents) {
+  std::vector<xcb_query_tree_cookie_t> cookies;
+  cookies.reserve(parents.size());
+  for (const xcb_window_t parent : parents) cookies.push_back(xcb_query_tree(connection, parent));
+
+  std::vector<xcb_window_t> children;
+  for (const xcb_query_tree_cookie_t cookie : cookies) {
+    const Owned<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(connection, cookie, nullptr));
+    if (!reply) continue;
+    const xcb_window_t* first = xcb_query_tree_children(reply.get());
+    children.insert(children.end(), first, first + xcb_query_tree_children_length(reply.get()));
+  }
+  return children;
+}
+
+bool Holds(const PropertyReply& reply, const std::string& text) {
+  return reply && reply->format == 8 && reply->bytes_after == 0 &&
+         std::string_view(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                          static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))) == text;
+}
+
+xcb_window_t FindTitle(xcb_connection_t* connection, const std::vector<xcb_window_t>& windows, xcb_atom_t net_wm_name,
+                       const std::string& title) {
+  // In words of four bytes, one more than the title has.
+  const auto length = static_cast<std::uint32_t>(title.size() / 4 + 1);
+  std::vector<xcb_get_property_cookie_t> cookies;
+  cookies.reserve(windows.size() * 2);
+  for (const xcb_window_t window : windows) {
+    for (const xcb_atom_t name : {net_wm_name, xcb_atom_t{XCB_ATOM_WM_NAME}}) {
+      cookies.push_back(xcb_get_property(connection, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, length));
+    }
+  }
+
+  // Every reply is taken, so that none is left behind in the connection.
+  xcb_window_t found = XCB_WINDOW_NONE;
+  for (std::size_t i = 0; i < cookies.size(); ++i) {
+    const PropertyReply reply(xcb_get_property_reply(connection, cookies[i], nullptr));
+    if (found == XCB_WINDOW_NONE && Holds(reply, title)) found = windows[i / 2];
+  }
+  return found;
+}
+
+}  // namespace
+
+std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::string& title) {
+  const xcb_atom_t net_wm_name = Atom(connection, "_NET_WM_NAME");
+  std::vector<xcb_window_t> windows = Roots(connection);
+  // All requests of a level go out before the first reply is waited for: a few round trips in all, however many
+  // windows there are.
+  for (int level = 0; level < kLevels && !windows.empty(); ++level) {
+    windows = ChildrenOf(connection, windows);
+    if (const xcb_window_t found = FindTitle(connection, windows, net_wm_name, title)) return found;
+  }
+  return XCB_WINDOW_NONE;
+}
+
+std::uint32_t ActiveWindow(xcb_connection_t* connection) {
+  const xcb_atom_t net_active_window = Atom(connection, "_NET_ACTIVE_WINDOW");
+  const xcb_get_property_cookie_t cookie =
+      xcb_get_property(connection, 0, FirstRoot(connection), net_active_window, XCB_ATOM_WINDOW, 0, 1);
+  const PropertyReply reply(xcb_get_property_reply(connection, cookie, nullptr));
+  if (!reply || reply->format != 32 || reply->value_len == 0) return XCB_WINDOW_NONE;
+  return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
+}
+
+bool WindowExists(xcb_connection_t* connection, std::uint32_t window) {
+  const xcb_get_geometry_cookie_t cookie = xcb_get_geometry(connection, window);
+  return Owned<xcb_get_geometry_reply_t>(xcb_get_geometry_reply(connection, cookie, nullptr)) != nullptr;
+}
+
+void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {
+  constexpr std::uint32_t kFromPager = 2;  // window managers let no other source take the focus
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = window;
+  message.type = Atom(connection, "_NET_ACTIVE_WINDOW");
+  message.data.data32[0] = kFromPager;
+  xcb_send_event(connection, 0, FirstRoot(connection),
+                 XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                 reinterpret_cast<const char*>(&message));
+  xcb_flush(connection);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <string>
+
+// Questions to an X server about windows of any program. The connection stays the caller's. What goes wrong,
+// a window that vanishes on the way or a server that is gone, counts as nothing found.
+namespace quorvale {
+
+// The window with exactly that title, by either of its names, or 0. It need not be mapped. The tops of all
+// screens are looked at, and two levels below, since window managers put frames around the windows.
+std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::string& title);
+
+// The window that has the focus, as the window manager tells; 0 without one.
+std::uint32_t ActiveWindow(xcb_connection_t* connection);
+
+bool WindowExists(xcb_connection_t* connection, std::uint32_t window);
+
+// Asks the window manager to bring the window forward and give it the focus.
+void ActivateWindow(xcb_connection_t* connection, std::uint32_t window);
+
+}  // namespace quorvale

@@ -1,0 +1,171 @@
+#include "platform/headless/headless_desktop.h"
+
+#include <utility>
+
+#include "base/failure.h"
+
+namespace quorvale {
+
+class HeadlessDesktop::FormWindow : public WindowPeer {
+ public:
+  FormWindow(WindowTable& windows, WindowKind kind, WindowEvents& events)
+      : windows_(windows), handle_(windows.Create({.title = {}, .bounds = {}, .kind = kind, .events = &events})) {}
+  ~FormWindow() override { windows_.Destroy(handle_); }
+  FormWindow(const FormWindow&) = delete;
+  FormWindow& operator=(const FormWindow&) = delete;
+
+  WindowHandle Handle() const override { return handle_; }
+  void SetCaption(const std::string& caption) override { Window().title = caption; }
+  void SetBounds(const PixelRect& bounds) override { Window().bounds = bounds; }
+  void SetVisible(bool visible) override {
+    Window().visible = visible;
+    if (visible) windows_.SetForeground(handle_);
+  }
+
+ private:
+  HeadlessWindow& Window() { return *windows_.Find(handle_); }
+
+  WindowTable& windows_;
+  WindowHandle handle_;
+};
+
+class HeadlessDesktop::BoxWindow : public SurfacePeer {
+ public:
+  BoxWindow(HeadlessDesktop& desktop, WindowHandle parent, Surface& surface, SurfaceEvents& events)
+      : desktop_(desktop),
+        handle_(desktop.windows.Create({.parent = parent,
+                                        .title = {},
+                                        .bounds = {},
+                                        .visible = true,
+                                        .surface_events = &events,
+                                        .surface = &surface})) {}
+  ~BoxWindow() override { desktop_.windows.Destroy(handle_); }
+  BoxWindow(const BoxWindow&) = delete;
+  BoxWindow& operator=(const BoxWindow&) = delete;
+
+  WindowHandle Handle() const override { return handle_; }
+  float Scale() const override { return desktop_.screen_.scale; }
+  void SetBounds(const PixelRect& bounds) override { Window().bounds = bounds; }
+  void Invalidate() override { Window().invalidated = true; }
+  void Present() override { desktop_.Present(handle_); }
+  void TakeFocus() override { desktop_.windows.focus = handle_; }
+
+ private:
+  HeadlessWindow& Window() { return *desktop_.windows.Find(handle_); }
+
+  HeadlessDesktop& desktop_;
+  WindowHandle handle_;
+};
+
+class HeadlessDesktop::LoggedRun : public PacedRun {
+ public:
+  LoggedRun(HeadlessDesktop& desktop, WindowHandle surface) : desktop_(desktop), index_(desktop.paced_runs.size()) {
+    desktop.paced_runs.push_back({.surface = surface});
+  }
+  ~LoggedRun() override { Log().open = false; }
+  LoggedRun(const LoggedRun&) = delete;
+  LoggedRun& operator=(const LoggedRun&) = delete;
+
+  void PumpEvents() override {
+    ++Log().pumps;
+    desktop_.PumpEvents();
+  }
+
+ private:
+  PacedRunLog& Log() { return desktop_.paced_runs[index_]; }
+
+  HeadlessDesktop& desktop_;
+  std::size_t index_;
+};
+
+HeadlessDesktop::HeadlessDesktop() {
+  queue.PassEnding = [this] { PresentAll(); };
+}
+
+System HeadlessDesktop::Services() { return {registry, files, windows, sound, programs, host}; }
+
+std::unique_ptr<WindowPeer> HeadlessDesktop::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
+  return std::make_unique<FormWindow>(windows, kind, events);
+}
+
+std::unique_ptr<SurfacePeer> HeadlessDesktop::CreateSurfacePeer(WindowPeer& window, Surface& surface,
+                                                                SurfaceEvents& events) {
+  return std::make_unique<BoxWindow>(*this, window.Handle(), surface, events);
+}
+
+std::unique_ptr<TimerPeer> HeadlessDesktop::CreateTimerPeer(std::function<void()> fired) {
+  return queue.CreateTimer(std::move(fired));
+}
+
+std::unique_ptr<PacedRun> HeadlessDesktop::OpenPacedRun(SurfacePeer& surface) {
+  return std::make_unique<LoggedRun>(*this, surface.Handle());
+}
+
+void HeadlessDesktop::SetScreen(int width, int height, float scale) {
+  screen_ = {.width = width, .height = height, .scale = scale};
+  for (const auto& [handle, window] : windows.All()) {
+    if (window.surface_events != nullptr) window.surface_events->OnScaleChanged();
+  }
+}
+
+bool HeadlessDesktop::PressKey(WindowHandle window, int key) {
+  const HeadlessWindow* const target = InputTarget(window);
+  if (target == nullptr) return false;
+  if (target->surface_events != nullptr) {
+    target->surface_events->OnKeyDown(key);
+  } else if (target->events != nullptr) {
+    target->events->OnKeyDown(key);
+  }
+  return true;
+}
+
+bool HeadlessDesktop::MoveMouse(WindowHandle window, int x, int y) {
+  const HeadlessWindow* const target = InputTarget(window);
+  if (target == nullptr) return false;
+  if (target->surface_events != nullptr) {
+    target->surface_events->OnMouseMove(x, y);
+  } else if (target->events != nullptr) {
+    target->events->OnMouseMove();
+  }
+  return true;
+}
+
+bool HeadlessDesktop::PressMouse(WindowHandle window, int x, int y) {
+  const HeadlessWindow* const target = InputTarget(window);
+  if (target == nullptr) return false;
+  if (target->surface_events != nullptr) {
+    target->surface_events->OnMouseDown(x, y);
+  } else if (target->events != nullptr) {
+    target->events->OnMouseDown();
+  }
+  return true;
+}
+
+bool HeadlessDesktop::RequestClose(WindowHandle window) {
+  const HeadlessWindow* const target = InputTarget(window);
+  if (target == nullptr) return false;
+  if (target->events != nullptr) target->events->OnCloseRequested();
+  return true;
+}
+
+HeadlessWindow* HeadlessDesktop::InputTarget(WindowHandle window) {
+  HeadlessWindow* const target = windows.Find(window);
+  if (target == nullptr) throw Failure(FailureNumber::kInvalidArgument, "No such window", "HeadlessDesktop");
+  const HeadlessWindow* const parent = windows.Find(target->parent);
+  const bool reaches = target->enabled && (parent == nullptr || parent->enabled);
+  return reaches ? target : nullptr;
+}
+
+void HeadlessDesktop::Present(WindowHandle window) {
+  HeadlessWindow& shown = *windows.Find(window);
+  shown.invalidated = false;
+  if (!shown.surface->Dirty().IsEmpty()) presentations.push_back({window, shown.surface->Dirty().Take()});
+}
+
+void HeadlessDesktop::PresentAll() {
+  for (const auto& [handle, window] : windows.All()) {
+    if (window.invalidated) Present(handle);
+  }
+}
+
+}  // namespace quorvale

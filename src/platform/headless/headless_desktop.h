@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/headless/block_text.h"
+#include "platform/headless/event_queue.h"
+#include "platform/headless/memory_file_system.h"
+#include "platform/headless/memory_registry.h"
+#include "platform/headless/message_box_script.h"
+#include "platform/headless/services.h"
+#include "platform/headless/text_pictures.h"
+#include "platform/headless/window_table.h"
+#include "system/system.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+// The passes that an effect made through one paced run.
+struct PacedRunLog {
+  WindowHandle surface = 0;
+  int pumps = 0;
+  bool open = true;
+};
+
+// What went from a surface to the screen in one go, in device pixels.
+struct Presentation {
+  WindowHandle surface = 0;
+  std::vector<PixelRect> rects;
+};
+
+// A whole desktop in memory, on a clock that stands still until it is advanced. It must outlive the
+// `Application` that runs on it; several can live side by side.
+class HeadlessDesktop : public Platform {
+ public:
+  HeadlessDesktop();
+
+  // The operating system's side, for the process.
+  System Services();
+
+  ScreenInfo Screen() override { return screen_; }
+  std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
+  std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
+  std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
+  PictureLoader& Pictures() override { return pictures; }
+  TextPainter& Text() override { return text_; }
+  void PumpEvents() override { queue.Pump(); }
+  std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  MessageBoxAnswer ShowMessageBox(const MessageBox& box) override { return boxes.Show(box); }
+
+  // What follows is the user, the machine and the observer.
+
+  CallLog calls;
+  EventQueue queue;
+  MemoryRegistry registry;
+  MemoryFileSystem files;
+  WindowTable windows{calls};
+  RecordedSound sound{calls};
+  RecordedPrograms programs{calls};
+  ScriptedHost host{queue, calls};
+  MessageBoxScript boxes;
+  TextPictureLoader pictures{files};
+  // One for each effect so far.
+  std::vector<PacedRunLog> paced_runs;
+  std::vector<Presentation> presentations;
+
+  // 800 by 600 pixels at scale 1 at first. A new scale is told to every picture box.
+  void SetScreen(int width, int height, float scale = 1);
+
+  // Input at a form's or a picture box's window, delivered at once; positions in the toolkit's pixels.
+  // A disabled window gets none, and false says so. Fails the test's own way where there is no such
+  // window: with kInvalidArgument.
+  bool PressKey(WindowHandle window, int key);
+  bool MoveMouse(WindowHandle window, int x = 0, int y = 0);
+  bool PressMouse(WindowHandle window, int x = 0, int y = 0);
+  bool RequestClose(WindowHandle window);
+
+ private:
+  class FormWindow;
+  class BoxWindow;
+  class LoggedRun;
+
+  // The window, or null if input does not reach it.
+  HeadlessWindow* InputTarget(WindowHandle window);
+  void Present(WindowHandle window);
+  void PresentAll();
+
+  ScreenInfo screen_{.width = 800, .height = 600, .scale = 1};
+  BlockTextPainter text_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/headless/failure_script.h"
+#include "system/registry.h"
+
+namespace quorvale {
+
+enum class RegistryCall { kAny, kOpen, kCreate, kQuery, kSet, kDeleteValue, kDeleteKey, kClose };
+
+// A registry in memory, empty but for its hives. Its calls can be told to fail.
+class MemoryRegistry : public Registry {
+ public:
+  MemoryRegistry();
+
+  std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                            RegistryKey& key) override;
+  std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                              RegistryKey& key) override;
+  std::int32_t RegQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
+                               std::uint32_t& size) override;
+  std::int32_t RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type, const char* data,
+                             std::uint32_t size) override;
+  std::int32_t RegDeleteValue(RegistryKey key, const std::string& name) override;
+  std::int32_t RegDeleteKey(RegistryKey key, const std::string& name) override;
+  std::int32_t RegCloseKey(RegistryKey key) override;
+
+  // What follows is for the test: it neither counts as a call nor fails.
+
+  FailureScript<RegistryCall> failures;
+  // The calls made so far, in order.
+  std::vector<RegistryCall> calls;
+
+  bool HasKey(std::uint32_t hive, const std::string& path) const;
+  // A value's text, without its NUL.
+  std::optional<std::string> Text(std::uint32_t hive, const std::string& path, const std::string& name) const;
+  void SetText(std::uint32_t hive, const std::string& path, const std::string& name, const std::string& text);
+  void SetValue(std::uint32_t hive, const std::string& path, const std::string& name, std::uint32_t type,
+                const std::string& bytes);
+  int OpenKeys() const { return static_cast<int>(open_.size()); }
+
+ private:
+  struct Value {
+    std::uint32_t type = 0;
+    std::string bytes;
+  };
+  // Children and values are filed under their upper-cased names.
+  struct Node {
+    std::map<std::string, std::shared_ptr<Node>> children;
+    std::map<std::string, Value> values;
+    bool deleted = false;
+  };
+  struct OpenKey {
+    std::shared_ptr<Node> node;
+    std::uint32_t access = 0;
+  };
+
+  // Counts the call and gives the result that it must give, if any.
+  std::optional<int> Begin(RegistryCall call);
+  std::shared_ptr<Node> Find(std::uint32_t hive, const std::string& path) const;
+  std::shared_ptr<Node> Create(std::uint32_t hive, const std::string& path);
+  RegistryKey Open(std::shared_ptr<Node> node, std::uint32_t access);
+  // The open key's node, if it can be used for what the bits of `access` stand for.
+  std::int32_t Use(RegistryKey key, std::uint32_t access, std::shared_ptr<Node>& node) const;
+
+  std::map<std::uint32_t, std::shared_ptr<Node>> hives_;
+  std::map<RegistryKey, OpenKey> open_;
+  RegistryKey last_key_ = 0;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/headless/event_queue.h"
+#include "system/host_system.h"
+#include "system/programs.h"
+#include "system/sound_player.h"
+
+namespace quorvale {
+
+// What the desktop's services were asked, across all of them and in order, one text a call: the call's
+// name and its arguments, divided by blanks.
+using CallLog = std::vector<std::string>;
+
+// Plays nothing and remembers what it was to play.
+class RecordedSound : public SoundPlayer {
+ public:
+  explicit RecordedSound(CallLog& log) : log_(log) {}
+  bool PlaySound(const std::string& path, std::uint32_t flags) override;
+
+  struct Played {
+    std::string path;
+    std::uint32_t flags = 0;
+    bool operator==(const Played&) const = default;
+  };
+  std::vector<Played> played;
+  // What `PlaySound` gives.
+  bool works = true;
+
+ private:
+  CallLog& log_;
+};
+
+// Starts nothing and remembers what it was to start.
+class RecordedPrograms : public Programs {
+ public:
+  explicit RecordedPrograms(CallLog& log) : log_(log) {}
+  void Start(const std::string& command_line, int window_style) override;
+  void OpenDisplaySettings() override;
+  void SendKeys(const std::string& keys) override;
+
+  // Whether `Start` finds the program; if not, it fails with kNotFound.
+  bool found = true;
+
+ private:
+  CallLog& log_;
+};
+
+// A machine of the test's own, on the queue's clock.
+class ScriptedHost : public HostSystem {
+ public:
+  ScriptedHost(const EventQueue& queue, CallLog& log) : queue_(queue), log_(log) {}
+  std::string GetSystemDirectory(std::uint32_t size) override;
+  std::string ProgramName() override { return program_name; }
+  double SecondsSinceMidnight() override;
+  std::uint64_t ClockSeed() override { return clock_seed; }
+  // Throws `ProcessEnded`.
+  [[noreturn]] void EndProcess() override;
+
+  std::string system_directory = "C:\\WINDOWS\\SYSTEM";
+  std::string program_name = "Quorvale";
+  std::uint64_t clock_seed = 1;
+  // Times that the process was ended.
+  int ended = 0;
+
+  // The time of day at this moment. The day begins at noon; midnight sets the time back to 0.
+  void SetSecondsSinceMidnight(double seconds);
+
+ private:
+  const EventQueue& queue_;
+  CallLog& log_;
+  double clock_start_ = 12 * 3600;
+};
+
+}  // namespace quorvale

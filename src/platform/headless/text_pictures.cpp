@@ -1,0 +1,98 @@
+#include "platform/headless/text_pictures.h"
+
+#include <charconv>
+#include <optional>
+#include <sstream>
+#include <utility>
+
+#include "base/failure.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kLargestSide = 100'000;
+
+class StripedPicture : public Picture {
+ public:
+  StripedPicture(int width, int height, std::vector<Pixel> colours)
+      : width_(width), height_(height), colours_(std::move(colours)) {}
+
+  TwipSize NaturalSize(float scale) const override {
+    return {.width = static_cast<float>(width_) * kTwipsPerPixel / scale,
+            .height = static_cast<float>(height_) * kTwipsPerPixel / scale};
+  }
+
+  void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override {
+    const PixelRect seen = Intersect(Intersect(box, clip), target.Bounds());
+    for (int y = seen.top; y < seen.Bottom(); ++y) {
+      for (int x = seen.left; x < seen.Right(); ++x) target.Row(y)[x] = At(x - box.left, box.width);
+    }
+  }
+
+ private:
+  // The colour of the column whose middle is `x` and a half of `width` columns.
+  Pixel At(int x, int width) const {
+    const double across = (x + 0.5) / width;
+    return colours_[static_cast<std::size_t>(across * static_cast<double>(colours_.size()))];
+  }
+
+  int width_;
+  int height_;
+  std::vector<Pixel> colours_;
+};
+
+std::optional<Pixel> ParseColour(const std::string& text) {
+  constexpr std::size_t kDigits = 6;
+  constexpr Pixel kOpaque = 0xFF000000U;
+  Pixel value = 0;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, value, 16);
+  if (text.size() != kDigits || result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return kOpaque | value;
+}
+
+std::shared_ptr<Picture> Decode(const std::string& content) {
+  std::istringstream stream(content);
+  std::string word;
+  int width = 0;
+  int height = 0;
+  if (!(stream >> word >> width >> height) || word != "picture") return nullptr;
+  if (width < 1 || height < 1 || width > kLargestSide || height > kLargestSide) return nullptr;
+  std::vector<Pixel> colours;
+  while (stream >> word) {
+    const auto colour = ParseColour(word);
+    if (!colour) return nullptr;
+    colours.push_back(*colour);
+  }
+  if (colours.empty()) return nullptr;
+  return std::make_shared<StripedPicture>(width, height, std::move(colours));
+}
+
+}  // namespace
+
+std::shared_ptr<Picture> TextPictureLoader::Load(const std::string& path, const PicturePlace& place) {
+  loads.push_back({.path = path, .box = {}, .clip = place.clip, .scale = place.scale});
+  const std::size_t call = loads.size() - 1;
+  std::string content;
+  switch (files_.Read(path, content)) {
+    case MemoryFileSystem::ReadResult::kNotFound:
+      throw Failure(FailureNumber::kNotFound, "File not found", "TextPictureLoader");
+    case MemoryFileSystem::ReadResult::kUnreadable:
+      throw Failure(FailureNumber::kUnreadable, "File can't be read", "TextPictureLoader");
+    case MemoryFileSystem::ReadResult::kRead:
+      break;
+  }
+  auto picture = Decode(content);
+  if (!picture) throw Failure(FailureNumber::kBadPicture, "Invalid picture", "TextPictureLoader");
+  if (place.box) loads[call].box = place.box(picture->NaturalSize(place.scale));
+  loads[call].loaded = true;
+  return picture;
+}
+
+std::string PictureText(int width, int height, const std::vector<std::string>& colours) {
+  std::string text = "picture " + std::to_string(width) + " " + std::to_string(height);
+  for (const std::string& colour : colours) text += " " + colour;
+  return text;
+}
+
+}  // namespace quorvale

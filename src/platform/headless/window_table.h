@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/headless/services.h"
+#include "system/window_system.h"
+#include "toolkit/platform.h"
+#include "toolkit/surface.h"
+
+namespace quorvale {
+
+// A window of the desktop: a form's, a picture box's or another program's.
+struct HeadlessWindow {
+  WindowHandle parent = 0;  // 0 for a top-level window
+  std::string title;
+  PixelRect bounds;
+  WindowKind kind = WindowKind::kDialog;
+  bool visible = false;
+  bool enabled = true;
+  bool topmost = false;
+  // Who hears of input; a window of another program has neither.
+  WindowEvents* events = nullptr;
+  SurfaceEvents* surface_events = nullptr;
+  Surface* surface = nullptr;
+  // The surface waits for the end of the pass to be presented.
+  bool invalidated = false;
+};
+
+// All windows of the desktop, and the mouse cursor.
+class WindowTable : public WindowSystem {
+ public:
+  explicit WindowTable(CallLog& log) : log_(log) {}
+
+  WindowHandle FindWindow(const std::string& title) override;
+  WindowHandle GetForegroundWindow() override { return foreground_; }
+  void EnableWindow(WindowHandle window, bool enabled) override;
+  bool IsWindow(WindowHandle window) override { return windows_.contains(window); }
+  void SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
+                    std::uint32_t flags) override;
+  int ShowCursor(bool show) override { return cursor_count += show ? 1 : -1; }
+  void ActivateWindow(const std::string& title) override;
+
+  // What follows is for the test and for the desktop's own windows.
+
+  int cursor_count = 0;
+  // The window that gets keys; 0 is none.
+  WindowHandle focus = 0;
+
+  // Another program's top-level window.
+  WindowHandle CreateForeign(const std::string& title);
+  WindowHandle Create(HeadlessWindow window);
+  void Destroy(WindowHandle window);
+  void SetForeground(WindowHandle window) { foreground_ = window; }
+  // Null where there is no such window.
+  HeadlessWindow* Find(WindowHandle window);
+  const std::map<WindowHandle, HeadlessWindow>& All() const { return windows_; }
+
+ private:
+  CallLog& log_;
+  std::map<WindowHandle, HeadlessWindow> windows_;
+  WindowHandle last_handle_ = 0x100;
+  WindowHandle foreground_ = 0;
+};
+
+}  // namespace quorvale
