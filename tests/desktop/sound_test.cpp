@@ -1,7 +1,6 @@
 #include <SDL_audio.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "desktop/sound_capture.h"
+#include "desktop/temporary_directory.h"
 #include "desktop/wave_writer.h"
 #include "platform/desktop/system/sdl_sound_player.h"
 
@@ -31,38 +31,25 @@ WaveWriter Steady(int level, int frames) {
 
 class SoundTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = testing::TempDir() + "soundXXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    directory_ = pattern;
-  }
   // A player leaves its device open to the end of the process; the next test wants one of its own.
-  void TearDown() override {
-    SDL_AudioQuit();
-    std::filesystem::remove_all(directory_);
-  }
+  void TearDown() override { SDL_AudioQuit(); }
 
-  std::string Path(const std::string& name) const { return directory_ + "/" + name; }
+  std::string Path(const std::string& name) const { return directory_.Path(name); }
 
-  std::string directory_;
+  TemporaryDirectory directory_;
 };
 
 class PlayingTest : public SoundTest {
  protected:
-  void SetUp() override {
-    SoundTest::SetUp();
-    capture_.emplace(Path("device"));
-  }
   void TearDown() override {
-    capture_->Close();
+    capture_.Close();
     SoundTest::TearDown();
-    capture_.reset();
   }
 
   // Reads past silence and returns how many frames in a row have that level.
   int FramesOf(int level) {
     int frames = 0;
-    while (const auto frame = capture_->NextFrame()) {
+    while (const auto frame = capture_.NextFrame()) {
       if (std::abs(*frame - level) <= 8) {
         ++frames;
       } else if (frames > 0 || *frame != 0) {
@@ -72,7 +59,7 @@ class PlayingTest : public SoundTest {
     return frames;
   }
 
-  std::optional<SoundCapture> capture_;
+  SoundCapture capture_{Path("device")};
 };
 
 struct FormatCase {
@@ -134,7 +121,7 @@ TEST_F(PlayingTest, OtherRatesKeepTheirLength) {
     wave.Save(Path("sound.wav"));
     ASSERT_TRUE(player.PlaySound(Path("sound.wav"), kFlags));
     int frames = 0;
-    while (const auto frame = capture_->NextFrame()) {
+    while (const auto frame = capture_.NextFrame()) {
       if (std::abs(*frame) > 8192) ++frames;
       if (frames > 0 && *frame == 0) break;
     }
@@ -154,7 +141,7 @@ TEST_F(PlayingTest, SizesThatReachPastTheEndPlayWhatIsThere) {
 TEST_F(PlayingTest, ANewSoundCutsOffTheOld) {
   Steady(5000, 60 * kRate).Save(Path("long.wav"));
   Steady(-9000, 3000).Save(Path("short.wav"));
-  std::ofstream(Path("bad.wav")) << "no sound";
+  directory_.Write("bad.wav", "no sound");
   const struct {
     const char* next;
     bool plays;
@@ -165,7 +152,7 @@ TEST_F(PlayingTest, ANewSoundCutsOffTheOld) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.next);
     ASSERT_TRUE(player.PlaySound(Path("long.wav"), kFlags));
-    while (capture_->NextFrame() == 0) {
+    while (capture_.NextFrame() == 0) {
     }
     EXPECT_EQ(player.PlaySound(Path(c.next), kFlags), c.plays);
     // What the pipe and the device hold of the old sound comes first, then the new one and silence.
@@ -173,7 +160,7 @@ TEST_F(PlayingTest, ANewSoundCutsOffTheOld) {
     int new_frames = 0;
     int silent_frames = 0;
     while (silent_frames < kRate) {
-      const auto frame = capture_->NextFrame();
+      const auto frame = capture_.NextFrame();
       ASSERT_TRUE(frame.has_value());
       if (*frame == 5000) ++old_frames;
       if (*frame == -9000) ++new_frames;
@@ -197,7 +184,7 @@ TEST_F(PlayingTest, TheDeviceIsClosedInSilenceAndOpenedAgain) {
   for (int round = 0; round < 2; ++round) {
     ASSERT_TRUE(player.PlaySound(Path("sound.wav"), kFlags));
     EXPECT_EQ(FramesOf(5000), 1000);
-    while (capture_->NextFrame()) {
+    while (capture_.NextFrame()) {
     }
     EXPECT_EQ(Threads(), before + 1);  // the player's own, asleep
   }
@@ -263,12 +250,13 @@ TEST_F(SoundTest, WhatIsNoSoundIsRefused) {
   };
   SdlSoundPlayer player;
   for (const auto& c : cases) {
-    std::ofstream(Path("sound.wav"), std::ios::binary) << c.bytes;
+    directory_.Write("sound.wav", c.bytes);
     EXPECT_FALSE(player.PlaySound(Path("sound.wav"), kFlags)) << c.name;
   }
 
   mkfifo(Path("pipe").c_str(), S_IRUSR | S_IWUSR);
-  for (const std::string& path : {Path("pipe"), directory_, Path("missing"), std::string("/dev/zero"), std::string()}) {
+  for (const std::string& path :
+       {Path("pipe"), directory_.Path(), Path("missing"), std::string("/dev/zero"), std::string()}) {
     EXPECT_FALSE(player.PlaySound(path, kFlags)) << path;
   }
 }
