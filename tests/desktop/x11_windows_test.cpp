@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "desktop/x_server.h"
 
@@ -56,21 +56,21 @@ TEST_F(X11WindowsTest, FindsExactTitlesAtTheTopAndInFrames) {
   const xcb_window_t frame = MakeWindow(MakeWindow(root_));
   const struct {
     const char* name;
-    xcb_window_t parent;
     const char* property;
     const char* type;
     const char* title;
+    xcb_window_t parent;
     bool found;
   } cases[] = {
-      {"modern name", root_, "_NET_WM_NAME", "UTF8_STRING", "The Title", true},
-      {"old name", root_, "WM_NAME", "STRING", "The Title", true},
-      {"in a frame", frame, "_NET_WM_NAME", "UTF8_STRING", "The Title", true},
-      {"a control", MakeWindow(frame), "WM_NAME", "STRING", "The Title", false},
-      {"longer", root_, "WM_NAME", "STRING", "The Title!", false},
-      {"much longer", root_, "WM_NAME", "STRING", "The Title and more of it", false},
-      {"shorter", root_, "WM_NAME", "STRING", "The Titl", false},
-      {"other case", root_, "WM_NAME", "STRING", "the title", false},
-      {"the icon's", root_, "WM_ICON_NAME", "STRING", "The Title", false},
+      {"modern name", "_NET_WM_NAME", "UTF8_STRING", "The Title", root_, true},
+      {"old name", "WM_NAME", "STRING", "The Title", root_, true},
+      {"in a frame", "_NET_WM_NAME", "UTF8_STRING", "The Title", frame, true},
+      {"a control", "WM_NAME", "STRING", "The Title", MakeWindow(frame), false},
+      {"longer", "WM_NAME", "STRING", "The Title!", root_, false},
+      {"much longer", "WM_NAME", "STRING", "The Title and more of it", root_, false},
+      {"shorter", "WM_NAME", "STRING", "The Titl", root_, false},
+      {"other case", "WM_NAME", "STRING", "the title", root_, false},
+      {"the icon's", "WM_ICON_NAME", "STRING", "The Title", root_, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -87,8 +87,8 @@ TEST_F(X11WindowsTest, WindowsThatComeAndGoDoNoHarm) {
   SetText(wanted, "WM_NAME", "STRING", "The Title");
   for (int round = 0; round < 200; ++round) {
     // These die while they are being asked.
-    std::vector<xcb_window_t> windows;
-    for (int i = 0; i < 20; ++i) windows.push_back(MakeWindow(MakeWindow(root_)));
+    std::array<xcb_window_t, 20> windows{};
+    for (xcb_window_t& window : windows) window = MakeWindow(MakeWindow(root_));
     Settle();
     for (const xcb_window_t window : windows) xcb_destroy_window(program_.get(), window);
     xcb_flush(program_.get());
