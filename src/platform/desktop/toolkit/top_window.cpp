@@ -21,7 +21,9 @@ Qt::WindowFlags FlagsOf(WindowKind kind) {
   if (kind == WindowKind::kDialog) {
     return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
   }
-  Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint;
+  // Topmost from the start: on X11 Qt makes a window anew, with another handle and without its children,
+  // when its flags change.
+  Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   // Full screen is something that window managers give. Without one the window's size is all that is needed.
   if (X11Connection() != nullptr && !HasWindowManager(X11Connection())) flags |= Qt::X11BypassWindowManagerHint;
   return flags;
@@ -44,8 +46,6 @@ void TopWindow::SetBounds(const PixelRect& bounds) {
   setMinimumSize(rect.size());
   setMaximumSize(rect.size());
 }
-
-void TopWindow::StayOnTop() { setFlag(Qt::WindowStaysOnTopHint); }
 
 void TopWindow::Appear() {
   pointer_ = QCursor::pos();

@@ -24,7 +24,6 @@ class TopWindow : public QWindow {
 
   // In the toolkit's pixels, from the corner of the primary monitor.
   void SetBounds(const PixelRect& bounds);
-  void StayOnTop();
   void Appear();
 
   // A disabled window takes no input.

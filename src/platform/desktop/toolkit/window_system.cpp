@@ -67,7 +67,8 @@ void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_afte
                                   std::uint32_t flags) {
   auto* const own = qobject_cast<TopWindow*>(FindOwn(window));
   if (own == nullptr) return;
-  if (insert_after == kHwndTopmost) own->StayOnTop();
+  // Windows of a show are made to stay on top.
+  if (insert_after == kHwndTopmost) own->raise();
   if ((flags & kSwpNoSizeNoMove) == 0) own->SetBounds({x, y, width, height});
 }
 
