@@ -14,5 +14,8 @@ start_virtual_display() {
   unset WAYLAND_DISPLAY
   openbox >/dev/null 2>&1 &
   virtual_display_programs="$! $virtual_display_programs"
-  xprop -root -spy _NET_SUPPORTING_WM_CHECK | grep -m 1 -q window
+  until xprop -root _NET_SUPPORTING_WM_CHECK | grep window >/dev/null; do
+    kill -0 "$!" # still starting
+    sleep 0.05
+  done
 }
