@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -42,7 +43,20 @@ void SurfaceWindow::PresentSoon() {
 
 void SurfaceWindow::Present() {
   // What is out of sight stays dirty until it is exposed.
-  if (IsInSight() && !surface_.Dirty().IsEmpty()) Show(JoinBands(surface_.Dirty().Take()));
+  if (!IsInSight()) return;
+  if (buffer_.size() != size()) {
+    buffer_.resize(size());
+    surface_.Changed(surface_.Bounds());
+  }
+  if (surface_.Dirty().IsEmpty()) return;
+  const std::vector<PixelRect>& changed = surface_.Dirty().Take();
+  const QRegion region = ToRegion(joiner_.Join(changed));
+  buffer_.beginPaint(region);
+  // Every platform on which Qt draws by itself has an image here.
+  if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, changed);
+  buffer_.endPaint();
+  buffer_.flush(region);
+  ++presentations_;
 }
 
 bool SurfaceWindow::IsInSight() const {
@@ -88,18 +102,6 @@ void SurfaceWindow::paintEvent(QPaintEvent* event) {
   Present();
 }
 
-void SurfaceWindow::Show(const std::vector<PixelRect>& rects) {
-  const bool is_new = buffer_.size() != size();
-  if (is_new) buffer_.resize(size());
-  const QRegion region = is_new ? QRegion(QRect(QPoint(), size())) : ToRegion(rects);
-  buffer_.beginPaint(region);
-  // Every platform on which Qt draws by itself has an image here.
-  if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);
-  buffer_.endPaint();
-  buffer_.flush(region);
-  ++presentations_;
-}
-
 QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
   QRegion region;
   if (ratio_ == 1) {
@@ -120,22 +122,27 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
   return region & QRect(QPoint(), size());
 }
 
-void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
+void SurfaceWindow::CopyTo(QImage& image, const std::vector<PixelRect>& rects) const {
   const PixelView pixels = surface_.Pixels();
-  if (pixels.width == 0 || pixels.height == 0) return;
+  const PixelRect both = Intersect(pixels.Bounds(), {0, 0, image.width(), image.height()});
+  if (image.depth() == 32) {
+    for (const PixelRect& rect : rects) {
+      const PixelRect part = Intersect(rect, both);
+      for (int y = part.top; y < part.Bottom(); ++y) {
+        std::copy_n(pixels.Row(y) + part.left, part.width, reinterpret_cast<Pixel*>(image.scanLine(y)) + part.left);
+      }
+    }
+    return;
+  }
+  // Displays of other depths are rare, and the painter knows them all. Without Qt's ratio it counts the
+  // device's pixels.
   const QImage source(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
                       static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)),
                       QImage::Format_RGB32);
-  // The same pixels without Qt's ratio, so that the painter counts the device's.
   QImage target(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
   QPainter painter(&target);
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  for (const QRect& rect : region) {
-    const QPoint first(static_cast<int>(std::floor(rect.left() * ratio_)),
-                       static_cast<int>(std::floor(rect.top() * ratio_)));
-    const QPoint end(static_cast<int>(std::ceil((rect.right() + 1) * ratio_)),
-                     static_cast<int>(std::ceil((rect.bottom() + 1) * ratio_)));
-    painter.drawImage(first, source, QRect(first, end - QPoint(1, 1)));
+  for (const PixelRect& rect : rects) {
+    painter.drawImage(rect.left, rect.top, source, rect.left, rect.top, rect.width, rect.height);
   }
 }
 

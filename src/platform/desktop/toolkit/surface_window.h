@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/desktop/toolkit/join_bands.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/surface.h"
 
@@ -45,15 +46,15 @@ class SurfaceWindow : public QWindow {
 
  private:
   void NoteRatio();
-  void Show(const std::vector<PixelRect>& rects);
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
-  void CopyTo(QImage& image, const QRegion& region) const;
+  void CopyTo(QImage& image, const std::vector<PixelRect>& rects) const;
   QPoint ToToolkitPixels(const QPointF& position) const;
 
   TopWindow& top_;
   Surface& surface_;
   SurfaceEvents& events_;
   QBackingStore buffer_{this};
+  BandJoiner joiner_;
   PixelRect bounds_;
   double ratio_;
   std::uint64_t presentations_ = 0;
