@@ -37,6 +37,9 @@ class SoundCapture {
     return left;
   }
 
+  // For devices that are opened from now on.
+  void RunInRealTime() { unsetenv("SDL_DISKAUDIODELAY"); }
+
   void Close() { pipe_.Close(); }
 
  private:
