@@ -124,8 +124,8 @@ TEST_F(HeadlessTest, PicturesAreScaledToTheirBoxAndCutToTheirClip) {
   Surface surface;
   surface.Resize(10, 1, 0);
   picture->Paint(surface.Pixels(), {-2, 0, 10, 1}, {1, 0, 8, 1});
-  std::vector<Pixel> row;
-  for (int x = 0; x < 10; ++x) row.push_back(RgbAt(surface, x, 0));
+  std::vector<Pixel> row(10);
+  for (int x = 0; x < 10; ++x) row[static_cast<std::size_t>(x)] = RgbAt(surface, x, 0);
   EXPECT_THAT(row, ElementsAre(0, 0xFF0000, 0xFF0000, 0x00FF00, 0x00FF00, 0x00FF00, 0x00FF00, 0x00FF00, 0, 0));
 }
 

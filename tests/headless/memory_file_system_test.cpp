@@ -11,6 +11,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr int kAll = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+
 class MemoryFileSystemTest : public ::testing::Test {
  protected:
   // The names found, and behind them the number of the failure that ended it, if any.
@@ -29,50 +31,49 @@ class MemoryFileSystemTest : public ::testing::Test {
 
 TEST_F(MemoryFileSystemTest, PlainFilesComeByPatternAndThenByName) {
   for (const char* const name : {"b.JPG", "A.jpg", "_.jpg", "c.bmp", "d.txt", "x.jpg.bak"}) {
-    files.AddFile(std::string("C:\\Pics\\") + name);
+    files.AddFile(std::string(R"(C:\Pics\)") + name);
   }
-  files.AddFile("C:\\Pics\\hidden.jpg", "", kAttributeHidden);
-  files.AddFile("C:\\Pics\\system.jpg", "", kAttributeSystem);
-  files.AddDirectory("C:\\Pics\\folder.jpg");
-  files.AddFile("C:\\Pics\\deeper\\e.jpg");
-  EXPECT_THAT(Enumerate("c:\\PICS\\", {"*.bmp", "*.jpg"}), ElementsAre("c.bmp", "A.jpg", "b.JPG", "_.jpg"));
+  files.AddFile(R"(C:\Pics\hidden.jpg)", "", kAttributeHidden);
+  files.AddFile(R"(C:\Pics\system.jpg)", "", kAttributeSystem);
+  files.AddDirectory(R"(C:\Pics\folder.jpg)");
+  files.AddFile(R"(C:\Pics\deeper\e.jpg)");
+  EXPECT_THAT(Enumerate(R"(c:\PICS\)", {"*.bmp", "*.jpg"}), ElementsAre("c.bmp", "A.jpg", "b.JPG", "_.jpg"));
   EXPECT_THAT(Enumerate("C:/Pics/", {"?.jpg"}), ElementsAre("A.jpg", "b.JPG", "_.jpg"));
-  EXPECT_THAT(Enumerate("C:\\Pics\\folder.jpg\\", {"*"}), IsEmpty());
-  EXPECT_THAT(Enumerate("C:\\Nothing\\", {"*"}), ElementsAre("failure 7"));
+  EXPECT_THAT(Enumerate(R"(C:\Pics\folder.jpg\)", {"*"}), IsEmpty());
+  EXPECT_THAT(Enumerate(R"(C:\Nothing\)", {"*"}), ElementsAre("failure 7"));
 
-  files.MakeUnreadable("C:\\Pics", 2);
-  EXPECT_THAT(Enumerate("C:\\Pics\\", {"*"}), ElementsAre("A.jpg", "b.JPG", "failure 8"));
-  files.Remove("C:\\Pics\\deeper");
-  EXPECT_EQ(files.FindFile("C:\\Pics\\deeper\\e.jpg", kAttributeNormal), "");
+  files.MakeUnreadable(R"(C:\Pics)", 2);
+  EXPECT_THAT(Enumerate(R"(C:\Pics\)", {"*"}), ElementsAre("A.jpg", "b.JPG", "failure 8"));
+  files.Remove(R"(C:\Pics\deeper)");
+  EXPECT_EQ(files.FindFile(R"(C:\Pics\deeper\e.jpg)", kAttributeNormal), "");
 }
 
 TEST_F(MemoryFileSystemTest, SearchesFindWhatTheirMaskAllows) {
-  files.AddFile("C:\\A directory\\Long name.jpg");
-  files.AddFile("C:\\A directory\\secret", "", kAttributeHidden | kAttributeSystem);
-  files.SetShortName("C:\\A directory", "ADIREC~1");
-  files.SetShortName("C:\\A directory\\Long name.jpg", "LONGNA~1.JPG");
-  constexpr int kAll = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+  files.AddFile(R"(C:\A directory\Long name.jpg)");
+  files.AddFile(R"(C:\A directory\secret)", "", kAttributeHidden | kAttributeSystem);
+  files.SetShortName(R"(C:\A directory)", "ADIREC~1");
+  files.SetShortName(R"(C:\A directory\Long name.jpg)", "LONGNA~1.JPG");
   const struct {
     const char* path;
     int mask;
     const char* found;
   } cases[] = {
-      {"c:\\a directory\\long NAME.jpg", kAttributeNormal, "Long name.jpg"},
-      {"C:\\A directory\\longna~1.jpg", kAttributeNormal, "Long name.jpg"},
-      {"C:\\A directory\\*.jpg", kAttributeNormal, "Long name.jpg"},
-      {"C:\\A directory", kAttributeNormal, ""},
-      {"C:\\adirec~1", kAttributeDirectory, "A directory"},
-      {"C:\\A directory\\secret", kAttributeHidden, ""},
-      {"C:\\A directory\\secret", kAll, "secret"},
-      {"C:\\A directory\\", kAll, ""},
-      {"C:\\other\\x", kAll, ""},
+      {R"(c:\a directory\long NAME.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory\longna~1.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory\*.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory)", kAttributeNormal, ""},
+      {R"(C:\adirec~1)", kAttributeDirectory, "A directory"},
+      {R"(C:\A directory\secret)", kAttributeHidden, ""},
+      {R"(C:\A directory\secret)", kAll, "secret"},
+      {R"(C:\A directory\)", kAll, ""},
+      {R"(C:\other\x)", kAll, ""},
   };
   for (const auto& [path, mask, found] : cases) EXPECT_EQ(files.FindFile(path, mask), found) << path;
 
-  const std::string path = "C:\\A directory\\Long name.jpg";
-  EXPECT_EQ(files.GetShortPathName(path, 260), "C:\\ADIREC~1\\LONGNA~1.JPG");
-  EXPECT_EQ(files.GetShortPathName(path, 4), "C:\\");
-  EXPECT_EQ(files.GetShortPathName("C:\\none", 260), "");
+  const std::string path = R"(C:\A directory\Long name.jpg)";
+  EXPECT_EQ(files.GetShortPathName(path, 260), R"(C:\ADIREC~1\LONGNA~1.JPG)");
+  EXPECT_EQ(files.GetShortPathName(path, 4), R"(C:\)");
+  EXPECT_EQ(files.GetShortPathName(R"(C:\none)", 260), "");
   files.failures.FailCall(FileCall::kFind, 1, 1);
   EXPECT_THROW(files.FindFile(path, kAll), Failure);
   EXPECT_EQ(files.FindFile(path, kAll), "Long name.jpg");
@@ -81,8 +82,8 @@ TEST_F(MemoryFileSystemTest, SearchesFindWhatTheirMaskAllows) {
 TEST_F(MemoryFileSystemTest, UnixPathsKeepTheirCaseAndBackslash) {
   files.SetSyntax({'/'});
   files.AddFile("/home/me/a.JPG");
-  files.AddFile("/home/me/odd\\name.jpg");
-  EXPECT_THAT(Enumerate("/home/me/", {"*.jpg"}), ElementsAre("a.JPG", "odd\\name.jpg"));
+  files.AddFile(R"(/home/me/odd\name.jpg)");
+  EXPECT_THAT(Enumerate("/home/me/", {"*.jpg"}), ElementsAre("a.JPG", R"(odd\name.jpg)"));
   EXPECT_THAT(Enumerate("/Home/me/", {"*"}), ElementsAre("failure 7"));
   EXPECT_EQ(files.FindFile("/home", kAttributeDirectory), "home");
 }

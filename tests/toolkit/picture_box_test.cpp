@@ -33,6 +33,7 @@ class PictureBoxTest : public HeadlessTest {
   // The pixels of a row at these columns.
   std::vector<Pixel> Row(int y, const std::vector<int>& columns) {
     std::vector<Pixel> row;
+    row.reserve(columns.size());
     for (const int x : columns) row.push_back(RgbAt(box.Pixels(), x, y));
     return row;
   }

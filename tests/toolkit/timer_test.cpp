@@ -50,14 +50,14 @@ TEST_F(TimerTest, IntervalIsRoundedOrRefused) {
   } cases[] = {{0.5, 0, false},           {1.5, 2, false},          {2.5, 2, false},
                {65'535.4, 65'535, false}, {65'535.5, 65'535, true}, {-0.4, 0, false},
                {-0.6, 0, true},           {infinity, 0, true},      {std::nan(""), 0, true}};
-  for (const auto& [given, kept, fails] : cases) {
-    SCOPED_TRACE(given);
-    if (fails) {
-      EXPECT_EQ(FailureOf([&] { timer.SetInterval(given); }), FailureNumber::kInvalidValue);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.given);
+    if (c.fails) {
+      EXPECT_EQ(FailureOf([&] { timer.SetInterval(c.given); }), FailureNumber::kInvalidValue);
     } else {
-      timer.SetInterval(given);
+      timer.SetInterval(c.given);
     }
-    EXPECT_EQ(timer.Interval(), kept);
+    EXPECT_EQ(timer.Interval(), c.kept);
   }
 }
 
