@@ -9,11 +9,11 @@
 namespace quorvale::samples {
 
 struct ConiferLook {
-  Colour shade;      // the side away from the light
-  Colour lit;        // the twigs towards the light
-  Colour snow;       // what lies on the branches,
-  float snow_share;  // and on how many of them: 0 to 1
-  float light_side;  // -1 when the light comes from the left, 1 from the right
+  Colour shade;           // the side away from the light
+  Colour lit;             // the twigs towards the light
+  Colour snow;            // what lies on the branches,
+  float snow_share = 0;   // and on how many of them: 0 to 1
+  float light_side = -1;  // -1 when the light comes from the left, 1 from the right
 };
 
 // Draws a fir whose foot is at `foot` and which is `height` pixels tall. The same `seed`, the same tree.

@@ -45,7 +45,7 @@ class Builder {
 
 void DrawHut(Canvas& canvas, Point foot, float size, const HutLook& look) {
   const Builder hut(canvas, foot, size);
-  constexpr float kEaves = 0.52F, kRidge = 0.98F, kRight = 2.15F;
+  constexpr float kEaves = 0.52F, kRidge = 0.98F, kRight = 2.15F, kPlank = 0.075F;
   const Colour front = look.wood, side = look.wood * 0.7F, gap = look.wood * 0.45F;
 
   // The chimney stands behind the ridge, with snow on its top.
@@ -53,9 +53,13 @@ void DrawHut(Canvas& canvas, Point foot, float size, const HutLook& look) {
   hut.Shape({{1.26F, 1.27F}, {1.48F, 1.27F}, {1.48F, 1.20F}, {1.26F, 1.20F}}, look.snow * 0.9F);
   // The long side and the roof over it, then the gable in front.
   hut.Shape({{1, kEaves}, {kRight, kEaves}, {kRight, 0.02F}, {1, -0.05F}}, side);
-  for (float y = 0.04F; y < kEaves; y += 0.075F) hut.Line({1, y}, {kRight, y + 0.02F}, 0.008F, gap);
+  for (int plank = 0; plank < 7; ++plank) {
+    const float y = 0.04F + kPlank * static_cast<float>(plank);
+    hut.Line({1, y}, {kRight, y + 0.02F}, 0.008F, gap);
+  }
   hut.Shape({{0, kEaves}, {0.5F, kRidge}, {1, kEaves}, {1, -0.05F}, {0, -0.05F}}, front);
-  for (float y = 0.02F; y < kRidge - 0.05F; y += 0.075F) {
+  for (int plank = 0; plank < 13; ++plank) {
+    const float y = 0.02F + kPlank * static_cast<float>(plank);
     const float inset = std::max(0.0F, (y - kEaves) / (kRidge - kEaves) * 0.5F);
     hut.Line({inset, y}, {1 - inset, y}, 0.008F, gap);
   }

@@ -10,7 +10,7 @@
 namespace quorvale::samples {
 
 SunShadow::SunShadow(const Area& area, float slope, const HeightField& ground)
-    : area_(area), penumbra_(0.03F), ceilings_(static_cast<std::size_t>(kColumns) * kRows) {
+    : area_(area), ceilings_(static_cast<std::size_t>(kColumns) * kRows) {
   const float cell_width = (area.right - area.left) / kColumns, cell_depth = (area.far - area.near) / kRows;
   const float drop = std::abs(slope) * cell_width;
   InParallel(kRows, [&](int begin, int end) {
@@ -42,7 +42,8 @@ float SunShadow::Lit(float x, float height, float z) const {
   };
   const float ceiling =
       Mix(Mix(at(column, row), at(column + 1, row), u), Mix(at(column, row + 1), at(column + 1, row + 1), u), v);
-  return Smooth(-penumbra_, penumbra_, height - ceiling);
+  constexpr float kPenumbra = 0.03F;  // kilometres
+  return Smooth(-kPenumbra, kPenumbra, height - ceiling);
 }
 
 }  // namespace quorvale::samples

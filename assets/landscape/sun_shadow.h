@@ -26,7 +26,6 @@ class SunShadow {
   float& Ceiling(int column, int row);
 
   Area area_;
-  float penumbra_;
   std::vector<float> ceilings_;  // per cell, the height up to which shadow stands
 };
 

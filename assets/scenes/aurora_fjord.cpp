@@ -9,6 +9,7 @@
 #include "landscape/relief.h"
 #include "landscape/view.h"
 #include "landscape/water.h"
+#include "picture/brush.h"
 #include "picture/canvas.h"
 #include "picture/colour.h"
 #include "picture/glow.h"
@@ -107,24 +108,26 @@ void DrawWalls(Canvas& canvas) {
     return Mix(haze, ground * SnowLight(spot, rough * (1 - 0.7F * snow)), std::exp(-at.z * 0.05F));
   };
   DrawRelief(
-      canvas, kView, {0.9F, 22, 1500}, kShoreRow, [](float x, float z) { return Walls(x, z, 8); }, shade);
-}
-
-void DrawBank(Canvas& canvas) {
-  const auto shade = [](const GroundSpot& spot) {
-    const Vector& at = spot.place;
-    const float grain = Fractal(at.x * 900, at.z * 500, 4, 271);
-    const Colour snow = Colour{0.78F, 0.83F, 0.90F} * SnowLight(spot, 0.25F * grain);
-    // The lamp's light falls out of the windows onto the snow before the hut.
-    const float dx = (at.x - kHutX - 0.004F) / 0.009F, dz = (at.z - kHutZ + 0.007F) / 0.011F;
-    const float lamp = at.z < kHutZ ? std::exp(-(dx * dx + dz * dz)) : 0;
-    const float sparkle = HashUnit(static_cast<int>(at.x * 90000), static_cast<int>(at.z * 90000), 272);
-    return snow + kLamp * (0.16F * lamp * (1 + 0.5F * grain)) + kMoonlight * (sparkle > 0.9985F ? 1.5F : 0.0F);
-  };
-  DrawRelief(canvas, kView, {0.006F, 0.32F, 1100}, static_cast<float>(canvas.Height()), Bank, shade);
+      canvas, kView, {0.9F, 22, 1200}, kShoreRow, [](float x, float z) { return Walls(x, z, 8); }, shade);
 }
 
 Point OnBank(float x, float z) { return {kView.Column(x, z), kView.Row(Bank(x, z), z)}; }
+
+void DrawBank(Canvas& canvas) {
+  const Point hut_foot = OnBank(kHutX, kHutZ);
+  const auto shade = [&](const GroundSpot& spot) {
+    const Vector& at = spot.place;
+    const float grain = Fractal(at.x * 900, at.z * 500, 4, 271);
+    const Colour snow = Colour{0.78F, 0.83F, 0.90F} * SnowLight(spot, 0.25F * grain);
+    // The lamp's light falls out of the windows onto the snow, placed by where one sees it: below the hut.
+    const float aside = (kView.Column(at.x, at.z) - hut_foot.x - 130) / 190;
+    const float below = (kView.Row(at.y, at.z) - hut_foot.y) / 75;
+    const float lamp = Smooth(-0.1F, 0.1F, below) * std::exp(-aside * aside - below * below);
+    const float sparkle = HashUnit(static_cast<int>(at.x * 90000), static_cast<int>(at.z * 90000), 272);
+    return snow + kLamp * (0.13F * lamp * (1 + 0.5F * grain)) + kMoonlight * (sparkle > 0.9985F ? 1.5F : 0.0F);
+  };
+  DrawRelief(canvas, kView, {0.006F, 0.32F, 800}, static_cast<float>(canvas.Height()), Bank, shade);
+}
 
 struct Planting {
   float x, z, height;  // kilometres

@@ -46,6 +46,7 @@ float Ground(float x, float z, int octaves) {
   for (const Peak& peak : kPeaks) {
     const float dx = bent_x - peak.x, dz = bent_z - peak.z;
     const float away = std::sqrt(dx * dx + dz * dz) / peak.width;
+    if (away > 3.2F) continue;
     massif = std::max(massif, peak.height * std::exp(-1.15F * away * std::sqrt(0.45F + away)));
   }
   const float crests = Ridges(bent_x * 0.42F, bent_z * 0.42F, octaves, 21);
@@ -119,7 +120,7 @@ void DrawMountains(Canvas& canvas) {
     return ThroughAir(ground * light, at);
   };
   DrawRelief(
-      canvas, kView, {kNear, kFar, 2200}, kShoreRow, [](float x, float z) { return Ground(x, z, 8); }, shade);
+      canvas, kView, {kNear, kFar, 1500}, kShoreRow, [](float x, float z) { return Ground(x, z, 8); }, shade);
 }
 
 // The wood on the far shore, back to front.

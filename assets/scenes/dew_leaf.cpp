@@ -38,6 +38,7 @@ Vein Stronger(Vein a, Vein b) { return {std::max(a.height, b.height), std::max(a
 // A rounded ridge of half-width `width` at distance `away`.
 Vein RidgeAt(float away, float width, float density) {
   const float t = away / width;
+  if (t > 3) return {0, 0};
   return {std::exp(-t * t * 0.8F) * std::min(1.0F, width * 90), density * Smooth(1.15F, 0.55F, t)};
 }
 
