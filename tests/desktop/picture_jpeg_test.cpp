@@ -47,7 +47,7 @@ QImage MeanScaled(const QImage& image, const PixelRect& box) {
 }
 
 TEST(PictureJpeg, APartInViewIsThatPartOfTheWhole) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const QImage noise = MakeNoise(147, 133);
   for (const JpegStyle& style : kStyles) {
     for (const int exif : {0, 3, 5, 6, 7, 8}) {
@@ -55,7 +55,7 @@ TEST(PictureJpeg, APartInViewIsThatPartOfTheWhole) {
       turned.exif = exif;
       const Bytes bytes = MakeJpeg(noise, turned);
       const QImage whole = Decode(bytes);
-      const std::string path = folder.Write("part.jpg", bytes);
+      const std::string path = WritePicture(folder, "part.jpg", bytes);
       for (const PixelRect part : {PixelRect{0, 0, 5, 5}, {31, 32, 33, 17}, {63, 65, 1, 1}, {100, 90, 60, 60}}) {
         Screen screen(part.width, part.height);
         const PixelRect box{-part.left, -part.top, whole.width(), whole.height()};
@@ -68,11 +68,11 @@ TEST(PictureJpeg, APartInViewIsThatPartOfTheWhole) {
 }
 
 TEST(PictureJpeg, IsUprightInAllOrientationsAtAnyScale) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const QImage waves = MakeWaves(500, 330);
   for (int exif = 1; exif <= 8; ++exif) {
     const Bytes bytes = MakeJpeg(waves, {.name = "", .exif = exif});
-    const std::string path = folder.Write("turned.jpg", bytes);
+    const std::string path = WritePicture(folder, "turned.jpg", bytes);
     const QImage upright = Decode(bytes);
     for (const PixelRect box : {PixelRect{3, 5, 50, 60}, {-30, -7, 90, 41}, {0, 0, 17, 11}, {-200, -90, 329, 329}}) {
       Screen screen(60, 40);
@@ -84,11 +84,11 @@ TEST(PictureJpeg, IsUprightInAllOrientationsAtAnyScale) {
 }
 
 TEST(PictureJpeg, ShrinksToTheMeanOfWhatEachPixelCovers) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const QImage waves = MakeWaves(801, 603);
   for (const JpegStyle& style : kStyles) {
     const Bytes bytes = MakeJpeg(waves, style);
-    const std::string path = folder.Write("shrunk.jpg", bytes);
+    const std::string path = WritePicture(folder, "shrunk.jpg", bytes);
     const QImage whole = Decode(bytes);
     for (const PixelRect box : {PixelRect{0, 0, 801, 301},
                                 {-300, -200, 700, 590},
@@ -107,14 +107,14 @@ TEST(PictureJpeg, ShrinksToTheMeanOfWhatEachPixelCovers) {
 }
 
 TEST(PictureJpeg, MixesFourInks) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   QImage inks(32, 16, QImage::Format_RGB32);
   const std::array<std::uint8_t, 4> ink{200, 100, 50, 128};
   for (int y = 0; y < inks.height(); ++y) {
     for (int x = 0; x < inks.width() * 4; ++x) inks.scanLine(y)[x] = ink[static_cast<std::size_t>(x % 4)];
   }
   Screen screen(32, 16);
-  Show(folder.Write("inks.jpg", MakeInkJpeg(inks)), screen.Bounds(), screen);
+  Show(WritePicture(folder, "inks.jpg", MakeInkJpeg(inks)), screen.Bounds(), screen);
   QImage wanted(32, 16, QImage::Format_RGB32);
   wanted.fill(qRgb(200 * 128 / 255, 100 * 128 / 255, 50 * 128 / 255));
   EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 3);
@@ -122,7 +122,7 @@ TEST(PictureJpeg, MixesFourInks) {
 
 // Every length must end in a picture or a failure; what comes before the cut must be right.
 TEST(PictureJpeg, CutOffShowsWhatThereIs) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const QImage waves = MakeWaves(160, 128);
   for (const JpegStyle& style : kStyles) {
     const Bytes bytes = MakeJpeg(waves, style);
@@ -132,7 +132,7 @@ TEST(PictureJpeg, CutOffShowsWhatThereIs) {
     for (std::size_t length = 0; length < bytes.size(); length += 37) {
       Screen screen(box.width, box.height);
       const std::string path =
-          folder.Write("cut.jpg", Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
+          WritePicture(folder, "cut.jpg", Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
       bool shown = true;
       try {
         Show(path, box, screen);
@@ -151,20 +151,20 @@ TEST(PictureJpeg, CutOffShowsWhatThereIs) {
 }
 
 TEST(PictureJpeg, NothingButAHeaderIsABadPicture) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
   constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
   const auto scan = std::search(good.begin(), good.end(), kScan.begin(), kScan.end());
   const auto pixels = scan + 2 + (scan[2] << 8 | scan[3]);
   Bytes header(good.begin(), pixels);
   Screen screen(64, 64);
-  EXPECT_THROW(Show(folder.Write("header.jpg", header), screen.Bounds(), screen), Failure);
+  EXPECT_THROW(Show(WritePicture(folder, "header.jpg", header), screen.Bounds(), screen), Failure);
   header.insert(header.end(), {0xFF, 0xD9});
-  EXPECT_THROW(Show(folder.Write("header.jpg", header), screen.Bounds(), screen), Failure);
+  EXPECT_THROW(Show(WritePicture(folder, "header.jpg", header), screen.Bounds(), screen), Failure);
 }
 
 TEST(PictureJpeg, EndlessScansAreABadPicture) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   Bytes bytes = MakeJpeg(MakeNoise(64, 64), {.name = "", .progressive = true});
   constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
   const auto last = std::find_end(bytes.begin(), bytes.end() - 2, kScan.begin(), kScan.end());
@@ -172,7 +172,7 @@ TEST(PictureJpeg, EndlessScansAreABadPicture) {
   bytes.resize(bytes.size() - 2);
   for (int i = 0; i < 200; ++i) bytes.insert(bytes.end(), scan.begin(), scan.end());
   Screen screen(64, 64);
-  EXPECT_THROW(Show(folder.Write("scans.jpg", bytes), screen.Bounds(), screen), Failure);
+  EXPECT_THROW(Show(WritePicture(folder, "scans.jpg", bytes), screen.Bounds(), screen), Failure);
 }
 
 }  // namespace

@@ -43,12 +43,12 @@ Bytes JpegHead(int width, int height, bool progressive) {
 }
 
 TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   std::filesystem::create_directory(folder.Path("directory.jpg"));
   mkfifo(folder.Path("pipe.jpg").c_str(), 0600);
   std::filesystem::create_symlink("loop.jpg", folder.Path("loop.jpg"));
   const Bytes good = MakeJpeg(MakeWaves(8, 8), {.name = ""});
-  folder.Write("plain.jpg", good);
+  WritePicture(folder, "plain.jpg", good);
   const auto with_null = folder.Path("plain.jpg") + '\0' + ".jpg";
   using enum FailureNumber;
   const struct {
@@ -63,21 +63,21 @@ TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
       {folder.Path("pipe.jpg"), kUnreadable},
       {folder.Path("loop.jpg"), kUnreadable},
       {"/dev/zero", kUnreadable},
-      {folder.Write("empty.jpg", {}), kBadPicture},
-      {folder.Write("text.jpg", {'h', 'e', 'l', 'l', 'o', '\n'}), kBadPicture},
-      {folder.Write("start.jpg", {0xFF, 0xD8, 0xFF}), kBadPicture},
-      {folder.Write("placeable.wmf", {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 64, 0, 64, 0}), kBadPicture},
-      {folder.Write("giant.bmp", BitmapHead(60'000, 60'000)), kBadPicture},
-      {folder.Write("upside.bmp", BitmapHead(30'000, -30'000)), kBadPicture},
-      {folder.Write("giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
-      {folder.Write("giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
-      {folder.Write("gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},
+      {WritePicture(folder, "empty.jpg", {}), kBadPicture},
+      {WritePicture(folder, "text.jpg", {'h', 'e', 'l', 'l', 'o', '\n'}), kBadPicture},
+      {WritePicture(folder, "start.jpg", {0xFF, 0xD8, 0xFF}), kBadPicture},
+      {WritePicture(folder, "placeable.wmf", {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 64, 0, 64, 0}), kBadPicture},
+      {WritePicture(folder, "giant.bmp", BitmapHead(60'000, 60'000)), kBadPicture},
+      {WritePicture(folder, "upside.bmp", BitmapHead(30'000, -30'000)), kBadPicture},
+      {WritePicture(folder, "giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
+      {WritePicture(folder, "giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
+      {WritePicture(folder, "gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},
   };
   for (const auto& test : cases) EXPECT_EQ(LoadFailure(test.path), test.number) << test.path;
 }
 
 TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const QImage waves = MakeWaves(40, 30);
   const std::pair<std::string, Bytes> files[] = {
       {"jpeg.bmp", MakeJpeg(waves, {.name = ""})},
@@ -87,20 +87,20 @@ TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
   };
   for (const auto& [name, bytes] : files) {
     Screen screen(40, 30);
-    const auto picture = Show(folder.Write(name, bytes), screen.Bounds(), screen);
+    const auto picture = Show(WritePicture(folder, name, bytes), screen.Bounds(), screen);
     EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), waves), 8) << name;
     EXPECT_EQ(picture->NaturalSize(2).width, 40 * kTwipsPerPixel / 2);
   }
 }
 
 TEST(PictureLoader, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   // Small ones are held, large ones stay open.
   for (const QSize size : {QSize(300, 200), QSize(3000, 2000)}) {
     const QImage noise = MakeNoise(size.width(), size.height());
     const Bytes bytes = MakeJpeg(noise, {.name = ""});
     const QImage whole = Decode(bytes);
-    const std::string path = folder.Write("kept.jpg", bytes);
+    const std::string path = WritePicture(folder, "kept.jpg", bytes);
     Screen screen(60, 50);
     const auto picture = Show(path, {0, 0, 20, 10}, screen);
     std::filesystem::remove(path);
@@ -115,8 +115,8 @@ TEST(PictureLoader, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
 }
 
 TEST(PictureLoader, DamageFoundOnlyAfterLoadingPaintsNothing) {
-  const PictureFolder folder;
-  const std::string path = folder.Write("large.jpg", MakeJpeg(MakeNoise(3000, 2000), {.name = ""}));
+  const TemporaryDirectory folder;
+  const std::string path = WritePicture(folder, "large.jpg", MakeJpeg(MakeNoise(3000, 2000), {.name = ""}));
   Screen screen(60, 50);
   const auto picture = Show(path, {0, 0, 20, 10}, screen);
   std::filesystem::resize_file(path, 0);
@@ -126,10 +126,10 @@ TEST(PictureLoader, DamageFoundOnlyAfterLoadingPaintsNothing) {
 }
 
 TEST(PictureLoader, IsAsStrictWhereNothingIsInView) {
-  const PictureFolder folder;
+  const TemporaryDirectory folder;
   const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
-  const std::string whole = folder.Write("whole.jpg", good);
-  const std::string cut = folder.Write("cut.jpg", Bytes(good.begin(), good.begin() + 200));
+  const std::string whole = WritePicture(folder, "whole.jpg", good);
+  const std::string cut = WritePicture(folder, "cut.jpg", Bytes(good.begin(), good.begin() + 200));
   for (const PixelRect box : {PixelRect{100, 100, 64, 64}, {0, 0, 0, 0}, {5, 5, 20, 0}}) {
     EXPECT_NO_THROW(DesktopPictureLoader().Load(whole, PlaceAt(box, {0, 0, 40, 30})));
     EXPECT_THROW(DesktopPictureLoader().Load(cut, PlaceAt(box, {0, 0, 40, 30})), Failure);

@@ -1,14 +1,12 @@
 #include "desktop/picture_samples.h"
 
-#include <stdlib.h>
-
 #include <QBuffer>
 #include <QImageReader>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <fstream>
+#include <cstdlib>
 #include <numbers>
 
 #include <jpeglib.h>
@@ -52,23 +50,15 @@ Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
   jpeg_finish_compress(&encoder);
   jpeg_destroy_compress(&encoder);
   Bytes bytes(memory, memory + size);
-  free(memory);
+  std::free(memory);
   return bytes;
 }
 
 }  // namespace
 
-PictureFolder::PictureFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "quorvale-XXXXXX").string();
-  path_ = mkdtemp(name.data());
-}
-
-PictureFolder::~PictureFolder() { std::filesystem::remove_all(path_); }
-
-std::string PictureFolder::Write(const std::string& name, const Bytes& bytes) const {
-  std::ofstream(path_ / name, std::ios::binary)
-      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  return Path(name);
+std::string WritePicture(const TemporaryDirectory& directory, const std::string& name, const Bytes& bytes) {
+  directory.Write(name, {bytes.begin(), bytes.end()});
+  return directory.Path(name);
 }
 
 Bytes MakeJpeg(const QImage& image, const JpegStyle& style) {

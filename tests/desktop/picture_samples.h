@@ -2,12 +2,12 @@
 
 #include <QImage>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "desktop/temporary_directory.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "toolkit/picture.h"
 
@@ -15,20 +15,8 @@ namespace quorvale {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// A folder that is gone at the end of the test.
-class PictureFolder {
- public:
-  PictureFolder();
-  ~PictureFolder();
-  PictureFolder(const PictureFolder&) = delete;
-  PictureFolder& operator=(const PictureFolder&) = delete;
-
-  std::string Path(const std::string& name) const { return (path_ / name).string(); }
-  std::string Write(const std::string& name, const Bytes& bytes) const;
-
- private:
-  std::filesystem::path path_;
-};
+// Gives the path.
+std::string WritePicture(const TemporaryDirectory& directory, const std::string& name, const Bytes& bytes);
 
 // How a sample is compressed.
 struct JpegStyle {

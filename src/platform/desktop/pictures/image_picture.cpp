@@ -4,6 +4,7 @@
 #include <QImageReader>
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "base/failure.h"
@@ -68,7 +69,15 @@ QImage ImagePicture::Decode() {
   reader.setAutoTransform(true);
   QImage image = reader.read();
   if (image.isNull()) throw Failure(FailureNumber::kBadPicture, "Not a picture, or damaged", "LoadPicture");
-  image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  if (image.depth() != 32) {
+    // Both are there for a moment.
+    const auto pixels = static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height());
+    const std::size_t bytes = static_cast<std::size_t>(image.sizeInBytes()) + pixels * sizeof(Pixel);
+    if (bytes > kPictureMemoryLimit) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
+  }
+  image.convertTo(format);
+  if (image.isNull()) throw std::bad_alloc();
   return image;
 }
 

@@ -52,7 +52,7 @@ class JpegRows : public RowSource {
 
 bool JpegPicture::Recognizes(PictureFile& file) {
   const auto bytes = file.From(0);
-  return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
+  return bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xD8;
 }
 
 JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), decoder_(ReadHeader()) {

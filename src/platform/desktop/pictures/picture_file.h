@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/desktop/system/file_descriptor.h"
+
 namespace quorvale {
 
 // No picture is read, decoded or held that takes more bytes than this.
@@ -18,20 +20,18 @@ class PictureFile {
   // Fails with kNotFound or kUnreadable; kBadPicture beyond `kPictureMemoryLimit`. What is no plain
   // file is unreadable.
   explicit PictureFile(const std::string& path);
-  ~PictureFile();
-  PictureFile(const PictureFile&) = delete;
-  PictureFile& operator=(const PictureFile&) = delete;
 
   std::size_t Size() const { return size_; }
 
   // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
-  // next call.
-  std::span<const std::uint8_t> From(std::size_t offset);
+  // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
+  std::span<const std::uint8_t> From(std::size_t offset) noexcept;
 
  private:
   void Read(std::size_t offset, std::size_t count);
 
-  int descriptor_;
+  // Closed once all is in memory.
+  FileDescriptor file_;
   std::size_t size_ = 0;
   std::vector<std::uint8_t> buffer_;
   std::size_t buffer_offset_ = 0;
