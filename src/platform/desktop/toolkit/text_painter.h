@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QFont>
-#include <QRectF>
-#include <QString>
-
 #include "toolkit/text_painter.h"
 
 namespace quorvale {
@@ -19,7 +15,7 @@ class QtTextPainter : public TextPainter {
                  float scale) override;
 
  private:
-  QFont ToQtFont(const Font& font, float scale) const;
+  double PixelSize(const Font& font, float scale) const;
 
   double pixels_per_inch_;
 };

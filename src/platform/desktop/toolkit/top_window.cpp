@@ -54,8 +54,13 @@ void TopWindow::Appear() {
   } else {
     show();
   }
-  raise();
+  Raise();
   requestActivate();
+}
+
+// The other window systems leave the order of windows to themselves, and Qt complains.
+void TopWindow::Raise() {
+  if (X11Connection() != nullptr) raise();
 }
 
 void TopWindow::OfferFocus(SurfaceWindow& surface) {
@@ -102,7 +107,7 @@ bool TopWindow::event(QEvent* event) {
 
 void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
   // A child may have been exposed before.
-  for (SurfaceWindow* const surface : Surfaces()) surface->PresentSoon();
+  for (SurfaceWindow* const surface : Surfaces()) surface->Present();
 }
 
 void TopWindow::paintEvent(QPaintEvent* /*event*/) {

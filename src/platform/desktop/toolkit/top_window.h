@@ -25,6 +25,7 @@ class TopWindow : public QWindow {
   // In the toolkit's pixels, from the corner of the primary monitor.
   void SetBounds(const PixelRect& bounds);
   void Appear();
+  void Raise();
 
   // A disabled window takes no input.
   void SetInputEnabled(bool enabled) { input_enabled_ = enabled; }

@@ -68,13 +68,13 @@ void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_afte
   auto* const own = qobject_cast<TopWindow*>(FindOwn(window));
   if (own == nullptr) return;
   // Windows of a show are made to stay on top.
-  if (insert_after == kHwndTopmost) own->raise();
+  if (insert_after == kHwndTopmost) own->Raise();
   if ((flags & kSwpNoSizeNoMove) == 0) own->SetBounds({x, y, width, height});
 }
 
 void QtWindowSystem::ActivateWindow(const std::string& title) {
   if (QWindow* const own = FindOwnByTitle(title)) {
-    own->raise();
+    if (auto* const form = qobject_cast<TopWindow*>(own)) form->Raise();
     own->requestActivate();
     return;
   }
