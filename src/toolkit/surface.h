@@ -66,7 +66,8 @@ class Surface {
 
   void DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
   void FillSpan(int y, int left, int right, Pixel colour);
-  void FillBeside(const KnownRun& known, int y, int left, int right, int block);
+  void GrowLeft(KnownRun& known, int y, int left);
+  void GrowRight(KnownRun& known, int y, int right);
   void FillUnknown(int y, int left, int right, Pixel colour);
   int FillMixed(int y, int left, int right, Pixel colour, int changed_from);
 

@@ -18,6 +18,13 @@ int CountEqual(const Pixel* pixels, Pixel colour) {
   return equal;
 }
 
+// For a block of which all but `unknown` pixels have the colour: fills it when none of those has it yet.
+bool FillBlock(Pixel* block, int unknown, Pixel colour) {
+  if (CountEqual<kGrownBlock>(block, colour) != kGrownBlock - unknown) return false;
+  std::fill_n(block, kGrownBlock, colour);
+  return true;
+}
+
 }  // namespace
 
 // Keeps the longer of what is left on the two sides.
@@ -37,14 +44,8 @@ void Surface::FillSpan(int y, int left, int right, Pixel colour) {
   if (is_one || known.other.Meets(left, right, colour)) {
     KnownRun& same = is_one ? known.one : known.other;
     KnownRun& rest = is_one ? known.other : known.one;
-    if (left < same.left) {
-      FillBeside(same, y, left, same.left, left);
-      same.left = left;
-    }
-    if (right > same.right) {
-      FillBeside(same, y, same.right, right, right - kGrownBlock);
-      same.right = right;
-    }
+    GrowLeft(same, y, left);
+    GrowRight(same, y, right);
     if (rest.colour != colour) rest.Cut(left, right);
     return;
   }
@@ -56,17 +57,27 @@ void Surface::FillSpan(int y, int left, int right, Pixel colour) {
   if (right - left >= shorter.Length()) shorter = {left, right, colour};
 }
 
-// When none of the new pixels has the colour yet, the block that holds them and reaches into the run has
-// it in all its other pixels, and may be filled as a whole.
-void Surface::FillBeside(const KnownRun& known, int y, int left, int right, int block) {
-  Pixel* pixels = Pixels().Row(y) + block;
-  const bool fits = block >= std::min(left, known.left) && block + kGrownBlock <= std::max(right, known.right);
-  if (fits && CountEqual<kGrownBlock>(pixels, known.colour) == kGrownBlock - (right - left)) {
-    std::fill_n(pixels, kGrownBlock, known.colour);
-    dirty_.Add(y, left, right);
+// Growing to the left and to the right are apart: a processor foresees the addresses that an instruction
+// reads from row to row, as long as the instruction keeps to one side.
+void Surface::GrowLeft(KnownRun& known, int y, int left) {
+  if (left >= known.left) return;
+  if (left + kGrownBlock <= known.right && FillBlock(Pixels().Row(y) + left, known.left - left, known.colour)) {
+    dirty_.Add(y, left, known.left);
   } else {
-    FillUnknown(y, left, right, known.colour);
+    FillUnknown(y, left, known.left, known.colour);
   }
+  known.left = left;
+}
+
+void Surface::GrowRight(KnownRun& known, int y, int right) {
+  if (right <= known.right) return;
+  const int block = right - kGrownBlock;
+  if (block >= known.left && FillBlock(Pixels().Row(y) + block, right - known.right, known.colour)) {
+    dirty_.Add(y, known.right, right);
+  } else {
+    FillUnknown(y, known.right, right, known.colour);
+  }
+  known.right = right;
 }
 
 void Surface::FillUnknown(int y, int left, int right, Pixel colour) {
