@@ -9,13 +9,16 @@ start_virtual_display() {
   virtual_display_programs=$!
   trap 'kill $virtual_display_programs 2>/dev/null || true' EXIT
   read -r number <"$ready"
-  rm -f "$ready"
   export DISPLAY=":$number"
   unset WAYLAND_DISPLAY
+  rm -f "$ready"
   openbox >/dev/null 2>&1 &
   virtual_display_programs="$! $virtual_display_programs"
-  until xprop -root _NET_SUPPORTING_WM_CHECK | grep window >/dev/null; do
-    kill -0 "$!" # still starting
+  # It announces itself before it looks at events, and misses windows that come in between: ask it for
+  # something until it is done.
+  until [ "$(xdotool get_num_desktops 2>/dev/null)" = 1 ]; do
+    kill -0 "$!"
+    xdotool set_num_desktops 1 >/dev/null 2>&1 || true
     sleep 0.05
   done
 }
