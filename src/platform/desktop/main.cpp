@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "platform/desktop/system/desktop_host.h"
@@ -67,7 +69,8 @@ int main(int argc, char** argv) {
   options.application_title = kApplicationTitle;
   options.pixels = IsShow(text) ? PixelKind::kPhysical : PixelKind::kLogical;
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
-  if (!HasDisplay()) {
+  std::optional<DisplayProbe> probe(std::in_place);
+  if (!probe->HasDisplay()) {
     std::fputs("quorvale: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }
@@ -80,5 +83,6 @@ int main(int argc, char** argv) {
   // The arguments are the program's own; none of them is Qt's.
   int qt_argc = 1;
   const QApplication application(qt_argc, argv);
+  probe.reset();
   return RunProgram(text, options);
 }

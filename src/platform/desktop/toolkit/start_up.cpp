@@ -7,15 +7,16 @@
 
 namespace quorvale {
 
-bool HasDisplay() {
+DisplayProbe::DisplayProbe() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-  if (!platform.isEmpty() && !platform.startsWith("xcb")) return true;
-  if (platform.isEmpty() && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) return true;
-  xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
-  const bool is_there = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return is_there;
+  const bool may_be_x11 =
+      platform.startsWith("xcb") || (platform.isEmpty() && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"));
+  if (!may_be_x11) return;
+  connection_.reset(xcb_connect(nullptr, nullptr));
+  has_display_ = xcb_connection_has_error(connection_.get()) == 0;
 }
+
+void DisplayProbe::Disconnect::operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 
 double TurnScalingOff() {
   const double factor = qgetenv("QT_SCALE_FACTOR").toDouble();

@@ -6,7 +6,6 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -49,22 +48,20 @@ void SurfaceWindow::Present() {
     surface_.Changed(surface_.Bounds());
   }
   if (surface_.Dirty().IsEmpty()) return;
-  const std::vector<PixelRect>& changed = surface_.Dirty().Take();
-  const QRegion region = ToRegion(joiner_.Join(changed));
+  const QRegion region = ToRegion(joiner_.Join(surface_.Dirty().Take()));
   buffer_.beginPaint(region);
   // Every platform on which Qt draws by itself has an image here.
-  if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, changed);
+  if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);
   buffer_.endPaint();
   buffer_.flush(region);
   ++presentations_;
 }
 
+// Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
 bool SurfaceWindow::IsInSight() const {
-  if (!isExposed()) return false;
-  for (const QWindow* ancestor = parent(); ancestor != nullptr; ancestor = ancestor->parent()) {
-    if (!ancestor->isVisible() || !ancestor->isExposed()) return false;
-  }
-  return true;
+  const QWindow* window = this;
+  while (window->isVisible() && window->parent() != nullptr) window = window->parent();
+  return window->isVisible() && window->isExposed();
 }
 
 void SurfaceWindow::TakeKey(int qt_key) {
@@ -122,27 +119,23 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
   return region & QRect(QPoint(), size());
 }
 
-void SurfaceWindow::CopyTo(QImage& image, const std::vector<PixelRect>& rects) const {
+// The whole region: some platforms clear it first.
+void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
   const PixelView pixels = surface_.Pixels();
-  const PixelRect both = Intersect(pixels.Bounds(), {0, 0, image.width(), image.height()});
-  if (image.depth() == 32) {
-    for (const PixelRect& rect : rects) {
-      const PixelRect part = Intersect(rect, both);
-      for (int y = part.top; y < part.Bottom(); ++y) {
-        std::copy_n(pixels.Row(y) + part.left, part.width, reinterpret_cast<Pixel*>(image.scanLine(y)) + part.left);
-      }
-    }
-    return;
-  }
-  // Displays of other depths are rare, and the painter knows them all. Without Qt's ratio it counts the
-  // device's pixels.
+  if (pixels.Bounds().IsEmpty()) return;
   const QImage source(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
                       static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)),
                       QImage::Format_RGB32);
+  // The same pixels without Qt's ratio, so that the painter counts the device's.
   QImage target(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
   QPainter painter(&target);
-  for (const PixelRect& rect : rects) {
-    painter.drawImage(rect.left, rect.top, source, rect.left, rect.top, rect.width, rect.height);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  for (const QRect& rect : region) {
+    const int left = static_cast<int>(std::floor(rect.left() * ratio_));
+    const int top = static_cast<int>(std::floor(rect.top() * ratio_));
+    const int width = static_cast<int>(std::ceil((rect.right() + 1) * ratio_)) - left;
+    const int height = static_cast<int>(std::ceil((rect.bottom() + 1) * ratio_)) - top;
+    painter.drawImage(left, top, source, left, top, width, height);
   }
 }
 

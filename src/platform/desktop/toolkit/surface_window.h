@@ -31,7 +31,7 @@ class SurfaceWindow : public QWindow {
   // How often something has been presented.
   std::uint64_t Presentations() const { return presentations_; }
 
-  // Whether the window system has been told to show it and has not said that it does not.
+  // Whether it is on the screen, as far as the window system tells.
   bool IsInSight() const;
 
   void TakeFocus() { top_.Focus(*this); }
@@ -47,7 +47,7 @@ class SurfaceWindow : public QWindow {
  private:
   void NoteRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
-  void CopyTo(QImage& image, const std::vector<PixelRect>& rects) const;
+  void CopyTo(QImage& image, const QRegion& region) const;
   QPoint ToToolkitPixels(const QPointF& position) const;
 
   TopWindow& top_;
