@@ -12,13 +12,8 @@ start_virtual_display() {
   export DISPLAY=":$number"
   unset WAYLAND_DISPLAY
   rm -f "$ready"
-  openbox >/dev/null 2>&1 &
+  openbox --sm-disable >/dev/null 2>&1 &
   virtual_display_programs="$! $virtual_display_programs"
-  # It announces itself before it looks at events, and misses windows that come in between: ask it for
-  # something until it is done.
-  until [ "$(xdotool get_num_desktops 2>/dev/null)" = 1 ]; do
-    kill -0 "$!"
-    xdotool set_num_desktops 1 >/dev/null 2>&1 || true
-    sleep 0.05
-  done
+  until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep window >/dev/null; do sleep 0.05; done
+  sleep 0.3 # it announces itself before it looks at windows
 }
