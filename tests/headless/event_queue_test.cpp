@@ -47,11 +47,12 @@ TEST_F(EventQueueTest, TimerMayStopOrDestroyItselfAndOthers) {
     Log("tick")();
     other.reset();
     timer.reset();
+    Log("end")();
   });
   other->Set(10);
   timer->Set(5);
   queue.Advance(50);
-  EXPECT_THAT(log, ElementsAre("tick 5"));
+  EXPECT_THAT(log, ElementsAre("tick 5", "end 5"));
   EXPECT_EQ(queue.RunningTimers(), 0);
 }
 

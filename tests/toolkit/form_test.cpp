@@ -155,11 +155,16 @@ TEST_F(FormTest, UnloadedFormAnswersNothing) {
     SCOPED_TRACE(i);
     EXPECT_EQ(FailureOf(uses[i]), FailureNumber::kNotLoaded);
   }
+  // These only note the value.
+  form->ImageBelow.SetVisible(true);
+  form->Box.SetBackColor(kWhite);
 }
 
 // The window that delivers the key must outlive its own event, and the form its handler.
 TEST_F(FormTest, FormUnloadedByItsOwnKeyOutlivesTheHandler) {
   auto form = Loaded();
+  form->Show();
+  form->Clock.SetEnabled(true);
   const WindowHandle window = form->Hwnd();
   const std::weak_ptr<ScriptedForm> watch = form;
   form->OnKey = [&](int) {
@@ -167,6 +172,7 @@ TEST_F(FormTest, FormUnloadedByItsOwnKeyOutlivesTheHandler) {
     form.reset();
     EXPECT_EQ(watch.lock()->events.back(), "Unload");
     EXPECT_FALSE(desktop.windows.Find(window)->visible);
+    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
   };
   EXPECT_TRUE(desktop.PressKey(window, 27));
   EXPECT_EQ(app.Forms.Count(), 0);
@@ -221,18 +227,19 @@ TEST_F(FormTest, FailureEndsItsHandlerInABoxAndTheEndOfTheProcessPassesThrough) 
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
 }
 
-TEST_F(FormTest, ApplicationTakesItsFormsAlong) {
-  std::weak_ptr<ScriptedForm> watch;
+// The process may end, and its application go, with forms loaded that somebody else still holds.
+TEST_F(FormTest, ApplicationUnloadsItsFormsWithoutTheirHandlers) {
+  std::shared_ptr<ScriptedForm> form;
   {
     Application inner(desktop);
-    const auto form = std::make_shared<ScriptedForm>(inner);
+    form = std::make_shared<ScriptedForm>(inner);
     form->Load();
-    watch = form;
     form->OnKey = [](int) { throw ProcessEnded(); };
     EXPECT_THROW(desktop.PressKey(form->Hwnd(), 1), ProcessEnded);
   }
-  EXPECT_TRUE(watch.expired());
+  EXPECT_FALSE(form->IsLoaded());
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
+  EXPECT_THAT(form->events, ElementsAre("Load", "KeyDown 1"));
 }
 
 }  // namespace

@@ -87,6 +87,10 @@ TEST_F(PictureBoxTest, ImagesArePaintedInOrderOverTheBackground) {
   form->ImageAbove.SetVisible(true);
   const std::vector<int> columns{0, 14, 15, 24, 25, 34, 35};
   EXPECT_THAT(Row(0, columns), ElementsAre(kRedRgb, kRedRgb, kGreenRgb, kGreenRgb, kBlueRgb, kBlueRgb, kBlackRgb));
+  form->ImageAbove.SetPicture(Load(1, 40, {"ff0000"}));
+  EXPECT_THAT(Row(0, {24, 25, 26}), ElementsAre(kGreenRgb, kRedRgb, kGreenRgb));
+  form->ImageAbove.SetPicture(Load(3, 40, {"0000ff"}));
+  EXPECT_THAT(Row(0, {25, 27, 28}), ElementsAre(kBlueRgb, kBlueRgb, kGreenRgb));
   form->ImageAbove.SetVisible(false);
   EXPECT_THAT(Row(0, columns), ElementsAre(kRedRgb, kRedRgb, kGreenRgb, kGreenRgb, kGreenRgb, kBlackRgb, kBlackRgb));
 }
@@ -219,6 +223,11 @@ TEST_F(PictureBoxTest, OperationsAreShownAsTheyWereAsked) {
           DrawOperation{.kind = Kind::kCircle, .x1 = 1, .y1 = 2, .radius = 3, .draw_width = 30, .colour = kGreen},
           DrawOperation{.kind = Kind::kPSet, .x1 = 1, .y1 = 2, .draw_width = 30, .colour = kRed},
           DrawOperation{.kind = Kind::kPrint, .y1 = 5, .colour = kGreen, .text = "x"}));
+}
+
+TEST_F(PictureBoxTest, FormThatGoesBeforeAnOperationIsCarriedOutFailsIt) {
+  box.Drawing = [&](const DrawOperation&) { form->Unload(); };
+  EXPECT_EQ(FailureOf([&] { box.Cls(); }), FailureNumber::kNotLoaded);
 }
 
 TEST_F(PictureBoxTest, PassesPresentWhatChangedAndLoadingPresentsBeforeItReads) {
