@@ -9,10 +9,11 @@ start_virtual_display() {
   virtual_display_programs=$!
   trap 'kill $virtual_display_programs 2>/dev/null || true' EXIT
   read -r number <"$ready"
-  rm -f "$ready"
   export DISPLAY=":$number"
   unset WAYLAND_DISPLAY
-  openbox >/dev/null 2>&1 &
+  rm -f "$ready"
+  openbox --sm-disable >/dev/null 2>&1 &
   virtual_display_programs="$! $virtual_display_programs"
-  xprop -root -spy _NET_SUPPORTING_WM_CHECK | grep -m 1 -q window
+  until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep window >/dev/null; do sleep 0.05; done
+  sleep 0.3 # it announces itself before it looks at windows
 }

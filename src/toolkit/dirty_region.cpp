@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
 
 namespace quorvale {
 namespace {
@@ -48,11 +47,16 @@ void DirtyRegion::Add(const PixelRect& rect) {
 const std::vector<PixelRect>& DirtyRegion::Take() {
   taken_.clear();
   for (int y = first_row_; y <= last_row_; ++y) {
-    JoinGaps(y);
-    rows_[static_cast<std::size_t>(y)].clear();
-    if (JoinRow()) continue;
-    GiveBand();
-    std::swap(band_, row_);
+    std::vector<Span>& row = rows_[static_cast<std::size_t>(y)];
+    const std::int64_t changed = JoinGaps(row);
+    if (!JoinRow(row, changed)) {
+      GiveBand();
+      band_.spans.swap(row);
+      band_.top = y;
+      band_.height = 1;
+      band_.changed = changed;
+    }
+    row.clear();
   }
   GiveBand();
   band_.spans.clear();
@@ -61,46 +65,44 @@ const std::vector<PixelRect>& DirtyRegion::Take() {
   return taken_;
 }
 
-void DirtyRegion::JoinGaps(int y) {
-  row_.spans.clear();
-  row_.top = y;
-  row_.height = 1;
-  row_.changed = 0;
-  int changed = 0;
-  for (const Span& span : rows_[static_cast<std::size_t>(y)]) {
+// Joins the spans of a row where that gives few enough pixels that have not changed. Gives how many have.
+std::int64_t DirtyRegion::JoinGaps(std::vector<Span>& row) {
+  if (row.empty()) return 0;
+  int changed_in_last = row[0].right - row[0].left;
+  int changed = changed_in_last;
+  std::size_t last = 0;
+  for (std::size_t i = 1; i < row.size(); ++i) {
+    const Span span = row[i];
     const int length = span.right - span.left;
-    row_.changed += length;
     changed += length;
-    if (!row_.spans.empty() && IsDenseEnough(changed, span.right - row_.spans.back().left)) {
-      row_.spans.back().right = span.right;
+    if (IsDenseEnough(changed_in_last + length, span.right - row[last].left)) {
+      changed_in_last += length;
+      row[last].right = span.right;
     } else {
-      row_.spans.push_back(span);
-      changed = length;
+      changed_in_last = length;
+      row[++last] = span;
     }
   }
+  row.resize(last + 1);
+  return changed;
 }
 
-// Takes `row_` into `band_` unless that would give too many pixels that have not changed.
-bool DirtyRegion::JoinRow() {
-  const std::size_t count = row_.spans.size();
+// Takes a row into the band unless that would give too many pixels that have not changed.
+bool DirtyRegion::JoinRow(const std::vector<Span>& row, std::int64_t changed) {
+  const std::size_t count = row.size();
   if (count != band_.spans.size()) return false;
   std::int64_t width = 0;
+  int last = -1;
   for (std::size_t i = 0; i < count; ++i) {
-    Span& span = row_.spans[i];
-    const Span& above = band_.spans[i];
-    width += std::max(span.right, above.right) - std::min(span.left, above.left);
+    const Span joined = row[i].Union(band_.spans[i]);
+    if (joined.left <= last) return false;
+    last = joined.right;
+    width += joined.right - joined.left;
   }
-  if (!IsDenseEnough(band_.changed + row_.changed, width * (band_.height + 1))) return false;
-  for (std::size_t i = 1; i < count; ++i) {
-    const int left = std::min(row_.spans[i].left, band_.spans[i].left);
-    if (left <= std::max(row_.spans[i - 1].right, band_.spans[i - 1].right)) return false;
-  }
+  if (!IsDenseEnough(band_.changed + changed, width * (band_.height + 1))) return false;
 
-  for (std::size_t i = 0; i < count; ++i) {
-    band_.spans[i] = {std::min(row_.spans[i].left, band_.spans[i].left),
-                      std::max(row_.spans[i].right, band_.spans[i].right)};
-  }
-  band_.changed += row_.changed;
+  for (std::size_t i = 0; i < count; ++i) band_.spans[i] = row[i].Union(band_.spans[i]);
+  band_.changed += changed;
   ++band_.height;
   return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -20,11 +21,11 @@ class DirtyRegion {
 
   bool IsEmpty() const { return first_row_ > last_row_; }
 
-  // The region as rectangles that do not overlap, from top to bottom and, in a band, from left to
-  // right; the region is then empty. All rectangles of a band have its top and height, bands do not
-  // overlap, and rectangles of a band do not touch. Every changed pixel is in one. Gaps and rows that are nearly alike
-  // are joined as long as at most a quarter of the pixels of each band have not changed.
-  // The result is good until the next `Take`.
+  // The region as rectangles; the region is then empty. They come in bands from top to bottom, and in a
+  // band from left to right. All rectangles of a band have its top and height; bands do not overlap and
+  // rectangles of a band do not touch. Every changed pixel is in one of them, and of the pixels of each
+  // band, and so of the whole, at most a quarter have not changed. The result is good until the next
+  // `Take`.
   const std::vector<PixelRect>& Take();
 
   // The pixels that have changed, exactly, as one rectangle a span; spans of a row do not touch. For tests.
@@ -34,6 +35,8 @@ class DirtyRegion {
   struct Span {
     int left = 0;
     int right = 0;
+
+    Span Union(const Span& with) const { return {std::min(left, with.left), std::max(right, with.right)}; }
   };
 
   // Rows that will be given as one row of rectangles, and how many pixels of theirs have changed.
@@ -44,17 +47,16 @@ class DirtyRegion {
     std::int64_t changed = 0;
   };
 
-  void JoinGaps(int y);
-  bool JoinRow();
+  static std::int64_t JoinGaps(std::vector<Span>& row);
+  bool JoinRow(const std::vector<Span>& row, std::int64_t changed);
   void GiveBand();
 
   std::vector<std::vector<Span>> rows_;
   int first_row_ = std::numeric_limits<int>::max();
   int last_row_ = -1;
 
-  // Kept for their capacity: a step of an effect allocates nothing.
+  // Kept for their capacity, like the rows: a step of an effect allocates nothing.
   Band band_;
-  Band row_;
   std::vector<PixelRect> taken_;
 };
 

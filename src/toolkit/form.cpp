@@ -127,7 +127,7 @@ void Form::Destroy() {
   state_ = State::kUnloaded;
   visible_ = false;
   if (window_) window_->SetVisible(false);
-  for (auto control = controls_.rbegin(); control != controls_.rend(); ++control) (*control)->ReleasePeer();
+  for (Control* const control : controls_) control->ReleasePeer();
   application_.KeepUntilIdle(std::move(window_));
   application_.KeepUntilIdle(self);
   std::erase(application_.Forms.forms_, self);

@@ -48,7 +48,7 @@ void Surface::Resize(int width, int height, Pixel fill) {
   width_ = std::max(width, 0);
   height_ = std::max(height, 0);
   pixels_.assign(static_cast<std::size_t>(width_) * height_, fill);
-  known_.assign(static_cast<std::size_t>(height_), {0, width_, fill});
+  known_.assign(static_cast<std::size_t>(height_), {{0, width_, fill}, {}});
   dirty_.Reset(width_, height_);
   dirty_.Add(Bounds());
 }
@@ -112,15 +112,15 @@ void Surface::DrawCircle(double x, double y, double radius, double pen, Pixel ou
     const int left = FirstBeyond(x - out, width_);
     const int right = FirstBeyond(x + out, width_);
     const double in = HalfChord(inner, down);
+    if (in == 0) {
+      FillSpan(row, left, right, outline);
+      continue;
+    }
     const int fill_left = FirstBeyond(x - in, width_);
     const int fill_right = FirstBeyond(x + in, width_);
-    if (fill_left < fill_right) {
-      FillSpan(row, left, fill_left, outline);
-      FillSpan(row, fill_left, fill_right, fill);
-      FillSpan(row, fill_right, right, outline);
-    } else {
-      FillSpan(row, left, right, outline);
-    }
+    FillSpan(row, left, fill_left, outline);
+    FillSpan(row, fill_left, fill_right, fill);
+    FillSpan(row, fill_right, right, outline);
   }
 }
 
@@ -134,48 +134,12 @@ void Surface::DrawDot(double x, double y, double diameter, Pixel colour) {
 
 void Surface::Changed(const PixelRect& rect) {
   const PixelRect inside = Intersect(rect, Bounds());
-  for (int y = inside.top; y < inside.Bottom(); ++y)
-    known_[static_cast<std::size_t>(y)].Cut(inside.left, inside.Right());
+  for (int y = inside.top; y < inside.Bottom(); ++y) {
+    KnownRow& known = known_[static_cast<std::size_t>(y)];
+    known.one.Cut(inside.left, inside.Right());
+    known.other.Cut(inside.left, inside.Right());
+  }
   dirty_.Add(inside);
-}
-
-// Keeps the longer of what is left on the two sides.
-void Surface::KnownRun::Cut(int from, int to) {
-  const int before = std::min(right, from) - left;
-  const int after = right - std::max(left, to);
-  if (before >= after) {
-    right = std::max(left, std::min(right, from));
-  } else {
-    left = std::max(left, to);
-  }
-}
-
-void Surface::FillSpan(int y, int left, int right, Pixel colour) {
-  if (left >= right) return;
-  KnownRun& known = known_[static_cast<std::size_t>(y)];
-  if (known.colour == colour && left <= known.right && known.left <= right) {
-    FillUnknown(y, left, known.left, colour);
-    FillUnknown(y, known.right, right, colour);
-    known.left = std::min(known.left, left);
-    known.right = std::max(known.right, right);
-    return;
-  }
-  FillUnknown(y, left, right, colour);
-  known.Cut(left, right);
-  if (right - left >= known.right - known.left) known = {left, right, colour};
-}
-
-void Surface::FillUnknown(int y, int left, int right, Pixel colour) {
-  Pixel* row = Pixels().Row(y);
-  for (int x = left; x < right;) {
-    if (row[x] == colour) {
-      ++x;
-      continue;
-    }
-    const int first = x;
-    while (x < right && row[x] != colour) row[x++] = colour;
-    dirty_.Add(y, first, x);
-  }
 }
 
 }  // namespace quorvale

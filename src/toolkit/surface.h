@@ -46,22 +46,33 @@ class Surface {
   DirtyRegion& Dirty() { return dirty_; }
 
  private:
-  // What is known of a row without looking: these pixels have this colour. Shapes grow over what they
-  // drew a step before, so this saves nearly all of the comparing and filling.
+  // Pixels of a row that are known to have this colour.
   struct KnownRun {
     int left = 0;
     int right = 0;
     Pixel colour = 0;
 
+    int Length() const { return right - left; }
+    bool Meets(int from, int to, Pixel other) const { return colour == other && from <= right && left <= to; }
     void Cut(int from, int to);
+  };
+
+  // What is known of a row without looking. Shapes grow over what they drew a step before, from one side
+  // or from two, so this saves nearly all of the comparing and filling.
+  struct KnownRow {
+    KnownRun one;
+    KnownRun other;
   };
 
   void DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
   void FillSpan(int y, int left, int right, Pixel colour);
+  void GrowLeft(KnownRun& known, int y, int left);
+  void GrowRight(KnownRun& known, int y, int right);
   void FillUnknown(int y, int left, int right, Pixel colour);
+  int FillMixed(int y, int left, int right, Pixel colour, int changed_from);
 
   std::vector<Pixel> pixels_;
-  std::vector<KnownRun> known_;
+  std::vector<KnownRow> known_;
   DirtyRegion dirty_;
   int width_ = 0;
   int height_ = 0;

@@ -55,6 +55,7 @@ void Timer::ReleasePeer() {
 }
 
 void Timer::Fire() {
+  // A platform may deliver what was due before the timer was stopped.
   if (!Parent().IsLoaded() || !enabled_ || running_ || !Elapsed) return;
   App().Dispatch([this, form = Parent().shared_from_this()] {
     const Running running(running_);

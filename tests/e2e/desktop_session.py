@@ -116,7 +116,7 @@ class Session:
 
     def settings(self, *arguments):
         return subprocess.run([SETTINGS, *arguments], env=self.environment, stdout=subprocess.PIPE, text=True,
-                              check=False).stdout.rstrip("\n")
+                              stderr=subprocess.DEVNULL, check=False).stdout.rstrip("\n")
 
     def option(self, key, value):
         self.settings("set", "Options", key, str(value))

@@ -215,7 +215,13 @@ class Sound(ShowTest):
         self.session.play(path, section="SoundFiles")
         out = os.path.join(self.session.folder, "out.raw")
         self.session.start("/S", SDL_AUDIODRIVER="disk", SDL_DISKAUDIOFILE=out, SDL_DISKAUDIODELAY="5")
-        wait_until(lambda: os.path.exists(out) and any(os.read(os.open(out, os.O_RDONLY), 1 << 20)), "sound")
+        wait_until(lambda: samples[:4096] in self.read(out), "the sound")
+
+    def read(self, path):
+        if not os.path.exists(path):
+            return b""
+        with open(path, "rb") as file:
+            return file.read()
 
 
 class OtherModes(ShowTest):

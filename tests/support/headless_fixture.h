@@ -46,8 +46,8 @@ class DrawRecorder {
 
 // What gtest prints of an operation.
 inline void PrintTo(const DrawOperation& operation, std::ostream* out) {
-  static const char* const kNames[] = {"Cls", "Line", "Box", "Circle", "PSet", "Print"};
-  *out << kNames[static_cast<int>(operation.kind)] << " (" << operation.x1 << ", " << operation.y1 << ")-("
+  static const char* const names[] = {"Cls", "Line", "Box", "Circle", "PSet", "Print"};
+  *out << names[static_cast<int>(operation.kind)] << " (" << operation.x1 << ", " << operation.y1 << ")-("
        << operation.x2 << ", " << operation.y2 << ") r=" << operation.radius << " pen=" << operation.draw_width
        << " colour=" << std::hex << operation.colour << std::dec << " " << std::quoted(operation.text);
 }

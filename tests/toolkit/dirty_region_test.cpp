@@ -3,8 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstddef>
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -50,19 +49,19 @@ TEST(DirtyRegion, JoinsWhatIsNearlyAlike) {
 }
 
 TEST(DirtyRegion, LosesNoPixelInAnyOrder) {
-  constexpr int kWidth = 40;
-  constexpr int kHeight = 12;
+  constexpr int width = 40;
+  constexpr int height = 12;
   std::mt19937 random(7);
   const auto up_to = [&random](int most) { return static_cast<int>(random() % static_cast<unsigned>(most + 1)); };
   DirtyRegion region;
-  region.Reset(kWidth, kHeight);
+  region.Reset(width, height);
   for (int round = 0; round < 2000; ++round) {
-    PixelSet changed(kWidth, kHeight);
-    const int longest = 1 + up_to(kWidth - 1);
+    PixelSet changed(width, height);
+    const int longest = 1 + up_to(width - 1);
     for (int count = up_to(60); count >= 0; --count) {
-      const int y = up_to(kHeight - 1);
-      const int left = up_to(kWidth);
-      const int right = std::min(kWidth, left + up_to(longest));
+      const int y = up_to(height - 1);
+      const int left = up_to(width);
+      const int right = std::min(width, left + up_to(longest));
       region.Add(y, left, right);
       for (int x = left; x < right; ++x) changed.Set(x, y);
     }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <functional>
@@ -264,6 +265,16 @@ TEST(Surface, DrawsAndChangesWhatAPlainOneDoes) {
       if (HasFailure()) return;
     }
   }
+}
+
+TEST(Surface, ADiscThatGrowsIsGivenInFewerRectanglesThanItHasSpans) {
+  Surface surface;
+  surface.Resize(640, 640, kPaper);
+  surface.DrawCircle(320, 320, 298, 5, kInk, kInk);
+  surface.Dirty().Take();
+  surface.DrawCircle(320, 320, 300, 5, kInk, kInk);
+  const std::size_t spans = surface.Dirty().Spans().size();
+  EXPECT_LT(surface.Dirty().Take().size(), spans / 2);
 }
 
 TEST(Surface, AResizeMakesAllOfItDirty) {

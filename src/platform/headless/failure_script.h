@@ -11,9 +11,9 @@ template <typename Kind>
 class FailureScript {
  public:
   // The `count`-th call of that kind from now on gives `result`; 1 is the next one.
-  void FailCall(Kind kind, int count, int result) { rules_.push_back({kind, count, result}); }
+  void FailCall(Kind kind, int count, int result) { rules_.push_back({.kind = kind, .left = count, .result = result}); }
   // Every call of that kind gives `result`.
-  void FailEvery(Kind kind, int result) { rules_.push_back({kind, 0, result}); }
+  void FailEvery(Kind kind, int result) { rules_.push_back({.kind = kind, .result = result, .every = true}); }
   void Forget() { rules_.clear(); }
 
   // Counts a call: the result that it must give, or none when it is to work.
@@ -21,10 +21,8 @@ class FailureScript {
     std::optional<int> result;
     for (Rule& rule : rules_) {
       if (rule.kind != kind && rule.kind != Kind::kAny) continue;
-      if (rule.left == 0 || --rule.left == 0) {
-        result = rule.result;
-        rule.spent = rule.spent || !rule.every;
-      }
+      if (!rule.every) rule.spent = --rule.left == 0;
+      if (rule.every || rule.spent) result = rule.result;
     }
     std::erase_if(rules_, [](const Rule& rule) { return rule.spent; });
     return result;
@@ -32,10 +30,10 @@ class FailureScript {
 
  private:
   struct Rule {
-    Kind kind;
-    int left;
-    int result;
-    bool every = left == 0;
+    Kind kind = Kind::kAny;
+    int left = 0;
+    int result = 0;
+    bool every = false;
     bool spent = false;
   };
 

@@ -109,51 +109,38 @@ void HeadlessDesktop::SetScreen(int width, int height, float scale) {
 }
 
 bool HeadlessDesktop::PressKey(WindowHandle window, int key) {
-  const HeadlessWindow* const target = InputTarget(window);
-  if (target == nullptr) return false;
-  if (target->surface_events != nullptr) {
-    target->surface_events->OnKeyDown(key);
-  } else if (target->events != nullptr) {
-    target->events->OnKeyDown(key);
-  }
-  return true;
+  return Deliver(
+      window, [key](SurfaceEvents& box) { box.OnKeyDown(key); }, [key](WindowEvents& form) { form.OnKeyDown(key); });
 }
 
 bool HeadlessDesktop::MoveMouse(WindowHandle window, int x, int y) {
-  const HeadlessWindow* const target = InputTarget(window);
-  if (target == nullptr) return false;
-  if (target->surface_events != nullptr) {
-    target->surface_events->OnMouseMove(x, y);
-  } else if (target->events != nullptr) {
-    target->events->OnMouseMove();
-  }
-  return true;
+  return Deliver(
+      window, [x, y](SurfaceEvents& box) { box.OnMouseMove(x, y); }, [](WindowEvents& form) { form.OnMouseMove(); });
 }
 
 bool HeadlessDesktop::PressMouse(WindowHandle window, int x, int y) {
-  const HeadlessWindow* const target = InputTarget(window);
-  if (target == nullptr) return false;
-  if (target->surface_events != nullptr) {
-    target->surface_events->OnMouseDown(x, y);
-  } else if (target->events != nullptr) {
-    target->events->OnMouseDown();
-  }
-  return true;
+  return Deliver(
+      window, [x, y](SurfaceEvents& box) { box.OnMouseDown(x, y); }, [](WindowEvents& form) { form.OnMouseDown(); });
 }
 
 bool HeadlessDesktop::RequestClose(WindowHandle window) {
-  const HeadlessWindow* const target = InputTarget(window);
-  if (target == nullptr) return false;
-  if (target->events != nullptr) target->events->OnCloseRequested();
-  return true;
+  return Deliver(
+      window, [](SurfaceEvents& /*box*/) {}, [](WindowEvents& form) { form.OnCloseRequested(); });
 }
 
-HeadlessWindow* HeadlessDesktop::InputTarget(WindowHandle window) {
-  HeadlessWindow* const target = windows.Find(window);
+template <typename ToBox, typename ToForm>
+bool HeadlessDesktop::Deliver(WindowHandle window, ToBox to_box, ToForm to_form) {
+  const HeadlessWindow* const target = windows.Find(window);
   if (target == nullptr) throw Failure(FailureNumber::kInvalidArgument, "No such window", "HeadlessDesktop");
   const HeadlessWindow* const parent = windows.Find(target->parent);
-  const bool reaches = target->enabled && (parent == nullptr || parent->enabled);
-  return reaches ? target : nullptr;
+  if (!target->enabled || (parent != nullptr && !parent->enabled)) return false;
+  // The window may be gone after its event.
+  if (target->surface_events != nullptr) {
+    to_box(*target->surface_events);
+  } else if (target->events != nullptr) {
+    to_form(*target->events);
+  }
+  return true;
 }
 
 void HeadlessDesktop::Present(WindowHandle window) {

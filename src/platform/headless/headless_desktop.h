@@ -69,8 +69,8 @@ class HeadlessDesktop : public Platform {
   void SetScreen(int width, int height, float scale = 1);
 
   // Input at a form's or a picture box's window, delivered at once; positions in the toolkit's pixels.
-  // A disabled window gets none, and false says so. Fails the test's own way where there is no such
-  // window: with kInvalidArgument.
+  // A disabled window gets none, and false says so. Fails with kInvalidArgument where there is no such
+  // window.
   bool PressKey(WindowHandle window, int key);
   bool MoveMouse(WindowHandle window, int x = 0, int y = 0);
   bool PressMouse(WindowHandle window, int x = 0, int y = 0);
@@ -81,8 +81,8 @@ class HeadlessDesktop : public Platform {
   class BoxWindow;
   class LoggedRun;
 
-  // The window, or null if input does not reach it.
-  HeadlessWindow* InputTarget(WindowHandle window);
+  template <typename ToBox, typename ToForm>
+  bool Deliver(WindowHandle window, ToBox to_box, ToForm to_form);
   void Present(WindowHandle window);
   void PresentAll();
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <string>
+#include <iosfwd>
 
 #include "toolkit/surface.h"
 
 namespace quorvale {
 
-// Writes what a surface shows to a portable pixmap file, for a look at it. Fails with kUnwritable.
-void WritePpm(const Surface& surface, const std::string& path);
+// Writes what a surface shows as a portable pixmap, for a look at it: give it a binary file stream.
+void WritePpm(const Surface& surface, std::ostream& out);
 
 }  // namespace quorvale

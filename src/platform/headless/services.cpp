@@ -42,8 +42,7 @@ void ScriptedHost::EndProcess() {
 }
 
 void ScriptedHost::SetSecondsSinceMidnight(double seconds) {
-  const double start = std::fmod(seconds - queue_.Milliseconds() / 1000, kSecondsPerDay);
-  clock_start_ = start < 0 ? start + kSecondsPerDay : start;
+  clock_start_ = seconds - queue_.Milliseconds() / 1000;
 }
 
 }  // namespace quorvale

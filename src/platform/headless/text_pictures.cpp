@@ -11,6 +11,8 @@ namespace quorvale {
 namespace {
 
 constexpr int kLargestSide = 100'000;
+constexpr std::size_t kColourDigits = 6;
+constexpr Pixel kOpaque = 0xFF000000U;
 
 class StripedPicture : public Picture {
  public:
@@ -42,12 +44,10 @@ class StripedPicture : public Picture {
 };
 
 std::optional<Pixel> ParseColour(const std::string& text) {
-  constexpr std::size_t kDigits = 6;
-  constexpr Pixel kOpaque = 0xFF000000U;
   Pixel value = 0;
   const char* const end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, value, 16);
-  if (text.size() != kDigits || result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  if (text.size() != kColourDigits || result.ec != std::errc() || result.ptr != end) return std::nullopt;
   return kOpaque | value;
 }
 

@@ -6,6 +6,11 @@
 #include "base/text.h"
 
 namespace quorvale {
+namespace {
+
+constexpr WindowHandle kHandleStep = 4;
+
+}  // namespace
 
 WindowHandle WindowTable::FindWindow(const std::string& title) {
   for (const auto& [handle, window] : windows_) {
@@ -46,7 +51,6 @@ WindowHandle WindowTable::CreateForeign(const std::string& title) {
 }
 
 WindowHandle WindowTable::Create(HeadlessWindow window) {
-  constexpr WindowHandle kHandleStep = 4;
   last_handle_ += kHandleStep;
   windows_.emplace(last_handle_, std::move(window));
   return last_handle_;

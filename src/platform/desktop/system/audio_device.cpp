@@ -46,7 +46,7 @@ bool AudioDevice::Open() {
   return true;
 }
 
-void AudioDevice::Queue(const std::vector<std::uint8_t>& samples) {
+void AudioDevice::Queue(const std::vector<std::uint8_t>& samples) const {
   SDL_QueueAudio(device_, samples.data(), static_cast<std::uint32_t>(samples.size()));
 }
 

@@ -21,10 +21,10 @@ class AudioDevice {
   bool IsOpen() const { return device_ != 0; }
 
   // Puts samples behind those that wait to be played.
-  void Queue(const std::vector<std::uint8_t>& samples);
+  void Queue(const std::vector<std::uint8_t>& samples) const;
   std::uint32_t QueuedBytes() const { return SDL_GetQueuedAudioSize(device_); }
   // Drops what waits; some hundredths of a second that the system already has play on.
-  void Clear() { SDL_ClearQueuedAudio(device_); }
+  void Clear() const { SDL_ClearQueuedAudio(device_); }
 
   // Closes the device and stops the library's threads, also those that a failed Open leaves. Blocks for up
   // to half a second.

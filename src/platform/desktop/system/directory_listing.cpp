@@ -31,7 +31,7 @@ void DirectoryListing::Add(std::string_view name, const std::function<bool()>& i
   AppendFolded(name, folded_);
   bool is_added = false;
   for (Group& group : groups_) {
-    if (!MatchesWildcard(folded_, group.folded_pattern)) continue;
+    if (!MatchesFolded(folded_, group.folded_pattern)) continue;
     if (!is_added) {
       if (!is_wanted()) return;
       text_.append(folded_).append(name);

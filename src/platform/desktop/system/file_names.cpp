@@ -75,7 +75,7 @@ void AppendFolded(std::string_view name, std::string& folded) {
   }
 }
 
-bool MatchesWildcard(std::string_view name, std::string_view pattern) {
+bool MatchesFolded(std::string_view name, std::string_view pattern) {
   // Where to go on when what follows the last star does not match: the star takes in one byte more.
   std::string_view retry_name;
   std::string_view retry_pattern;

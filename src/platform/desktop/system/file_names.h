@@ -10,6 +10,6 @@ namespace quorvale {
 void AppendFolded(std::string_view name, std::string& folded);
 
 // Whether a name matches a pattern, both folded: "*" stands for any text, "?" for one character.
-bool MatchesWildcard(std::string_view folded_name, std::string_view folded_pattern);
+bool MatchesFolded(std::string_view folded_name, std::string_view folded_pattern);
 
 }  // namespace quorvale

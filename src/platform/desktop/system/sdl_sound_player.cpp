@@ -1,5 +1,7 @@
 #include "platform/desktop/system/sdl_sound_player.h"
 
+#include <SDL_thread.h>
+
 #include <algorithm>
 #include <chrono>
 #include <system_error>
@@ -70,6 +72,7 @@ void SdlSoundPlayer::Run() {
     lock.lock();
   }
   device.Abandon();
+  SDL_TLSCleanup();  // the library forgets only threads of its own making by itself
 }
 
 // False when an open device has been silent for long enough to be closed.

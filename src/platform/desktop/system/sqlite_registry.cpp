@@ -11,11 +11,17 @@ namespace {
 
 using Access = SettingsFile::Access;
 
+// Rights of an open key, as bits of the access that it was opened with.
+constexpr std::uint32_t kAnyRight = 0;
+constexpr std::uint32_t kQueryRight = 1;
+constexpr std::uint32_t kSetRight = 2;
+constexpr std::uint32_t kEnumerateRight = 8;
+
 constexpr std::uint32_t kRegExpandSz = 2;
 constexpr std::uint32_t kRegMultiSz = 7;
 
 // How long a call waits for another process that writes. One that waited in vain shows that something hangs
-// there, and the calls behind it hardly wait until one succeeds again.
+// there, and the calls behind it hardly wait until a write succeeds again.
 constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kShortPatience{20};
 
@@ -62,7 +68,6 @@ bool KeyExists(SqliteDatabase& database, std::int64_t id) { return database.Quer
 
 // The id of the key, which is created with all that is missing above it.
 std::int64_t CreateKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
-  if (const auto existing = FindKey(database, hive, path)) return *existing;
   SqliteTransaction transaction(database);
   std::int64_t id = hive;
   for (std::size_t end = 0; end < path.size(); ++end) {
@@ -87,7 +92,7 @@ std::int32_t SqliteRegistry::Run(Access access, Work work) {
         if (database == nullptr) return kErrorFileNotFound;
         database->SetPatience(waited_in_vain_ ? kShortPatience : kPatience);
         const std::int32_t result = work(*database);
-        waited_in_vain_ = false;
+        if (access == Access::kWrite) waited_in_vain_ = false;
         return result;
       } catch (const SqliteError& error) {
         waited_in_vain_ = error.IsBusy();
@@ -102,20 +107,23 @@ std::int32_t SqliteRegistry::Run(Access access, Work work) {
 }
 
 template <typename Work>
-std::int32_t SqliteRegistry::RunOn(RegistryKey key, Access access, Work work) {
-  if (Find(key) == nullptr) return kErrorInvalidHandle;
+std::int32_t SqliteRegistry::RunOn(RegistryKey key, std::uint32_t needed, Access access, Work work) {
+  const OpenKey* found = Find(key);
+  if (found == nullptr) return kErrorInvalidHandle;
+  if ((found->access & needed) != needed) return kErrorAccessDenied;
   return Run(access, [&](SqliteDatabase& database) {
+    // Setting a damaged file aside closes all keys.
     const OpenKey* opened = Find(key);
     return opened == nullptr ? kErrorInvalidHandle : work(database, *opened);
   });
 }
 
-std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t /*access*/,
+std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                                           RegistryKey& key) {
   key = 0;
   if (!IsHive(hive)) return kErrorInvalidHandle;
   return Run(Access::kRead, [&](SqliteDatabase& database) {
-    OpenKey opened{hive, JoinPath({}, path)};
+    OpenKey opened{hive, JoinPath({}, path), access, 0};
     const auto id = FindKey(database, hive, opened.path);
     if (!id) return kErrorFileNotFound;
     opened.id = *id;
@@ -123,12 +131,13 @@ std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string&
   });
 }
 
-std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t /*access*/,
+std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                                             RegistryKey& key) {
-  key = 0;
   if (!IsHive(hive)) return kErrorInvalidHandle;
+  // Most keys are there, and finding them disturbs no other process.
+  if (RegOpenKeyEx(hive, path, access, key) == kErrorSuccess) return kErrorSuccess;
   return Run(Access::kWrite, [&](SqliteDatabase& database) {
-    OpenKey opened{hive, JoinPath({}, path)};
+    OpenKey opened{hive, JoinPath({}, path), access, 0};
     opened.id = CreateKey(database, hive, opened.path);
     return Remember(std::move(opened), key);
   });
@@ -136,7 +145,7 @@ std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::strin
 
 std::int32_t SqliteRegistry::RegQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
                                              std::uint32_t& size) {
-  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kQueryRight, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteQuery query = database.Query(kFindValue);
     if (!query.Bind(1, opened.id).Bind(2, name).Step()) return kErrorKeyDeleted;
     if (query.IsNull(0)) return kErrorFileNotFound;
@@ -154,7 +163,7 @@ std::int32_t SqliteRegistry::RegQueryValueEx(RegistryKey key, const std::string&
 
 std::int32_t SqliteRegistry::RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type,
                                            const char* data, std::uint32_t size) {
-  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kSetRight, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteQuery query = database.Query(kSetValue);
     query.Bind(1, opened.id).Bind(2, name).Bind(3, type).BindBytes(4, std::string_view(data, size)).Step();
     return database.Changes() == 0 ? kErrorKeyDeleted : kErrorSuccess;
@@ -162,7 +171,7 @@ std::int32_t SqliteRegistry::RegSetValueEx(RegistryKey key, const std::string& n
 }
 
 std::int32_t SqliteRegistry::RegDeleteValue(RegistryKey key, const std::string& name) {
-  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kSetRight, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteTransaction transaction(database);
     if (!KeyExists(database, opened.id)) return kErrorKeyDeleted;
     database.Query(kDeleteValue).Bind(1, opened.id).Bind(2, name).Step();
@@ -173,7 +182,7 @@ std::int32_t SqliteRegistry::RegDeleteValue(RegistryKey key, const std::string& 
 }
 
 std::int32_t SqliteRegistry::RegDeleteKey(RegistryKey key, const std::string& name) {
-  return RunOn(key, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kAnyRight, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteTransaction transaction(database);
     if (!KeyExists(database, opened.id)) return kErrorKeyDeleted;
     const std::string path = JoinPath(opened.path, name);
@@ -192,7 +201,7 @@ std::int32_t SqliteRegistry::RegCloseKey(RegistryKey key) {
 }
 
 std::int32_t SqliteRegistry::EnumerateKeys(RegistryKey key, std::vector<std::string>& names) {
-  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kEnumerateRight, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
     names.clear();
     SqliteQuery query = database.Query(kSubkeys);
     query.Bind(1, opened.id);
@@ -205,7 +214,7 @@ std::int32_t SqliteRegistry::EnumerateKeys(RegistryKey key, std::vector<std::str
 }
 
 std::int32_t SqliteRegistry::EnumerateValues(RegistryKey key, std::vector<RegistryValue>& values) {
-  return RunOn(key, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
+  return RunOn(key, kQueryRight, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
     values.clear();
     SqliteQuery query = database.Query(kValues);
     query.Bind(1, opened.id);

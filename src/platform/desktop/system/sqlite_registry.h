@@ -48,6 +48,7 @@ class SqliteRegistry : public Registry {
   struct OpenKey {
     std::uint32_t hive = 0;
     std::string path;
+    std::uint32_t access = 0;
     std::int64_t id = 0;
   };
 
@@ -56,9 +57,9 @@ class SqliteRegistry : public Registry {
   template <typename Work>
   std::int32_t Run(SettingsFile::Access access, Work work);
 
-  // The same for a call on an open key: runs `work(database, opened)`.
+  // The same for a call on an open key that has the right `needed`: runs `work(database, opened)`.
   template <typename Work>
-  std::int32_t RunOn(RegistryKey key, SettingsFile::Access access, Work work);
+  std::int32_t RunOn(RegistryKey key, std::uint32_t needed, SettingsFile::Access access, Work work);
 
   std::int32_t Remember(OpenKey opened, RegistryKey& key);
   // Null when `key` is not open.

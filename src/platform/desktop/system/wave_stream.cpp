@@ -16,7 +16,7 @@ std::vector<std::uint8_t> WaveStream::Read() {
   while (!at_end_ && SDL_AudioStreamAvailable(converter_.get()) == 0) {
     if (DecodePiece()) continue;
     at_end_ = true;
-    SDL_AudioStreamFlush(converter_.get());
+    PushOut();
   }
   std::vector<std::uint8_t> samples(static_cast<std::size_t>(SDL_AudioStreamAvailable(converter_.get())));
   const int size = SDL_AudioStreamGet(converter_.get(), samples.data(), static_cast<int>(samples.size()));
@@ -28,18 +28,27 @@ bool WaveStream::DecodePiece() {
   const std::vector<std::uint8_t> piece = file_.NextPiece();
   if (piece.empty()) return false;
 
-  SDL_AudioSpec spec{};
   std::uint8_t* samples = nullptr;
   std::uint32_t size = 0;
   SDL_RWops* source = SDL_RWFromConstMem(piece.data(), static_cast<int>(piece.size()));
-  if (SDL_LoadWAV_RW(source, 1, &spec, &samples, &size) == nullptr) return false;
+  if (SDL_LoadWAV_RW(source, 1, &spec_, &samples, &size) == nullptr) return false;
   const std::unique_ptr<std::uint8_t, decltype(&SDL_FreeWAV)> owned(samples, &SDL_FreeWAV);
 
   if (!converter_) {
     converter_.reset(
-        SDL_NewAudioStream(spec.format, spec.channels, spec.freq, kOutputFormat, kOutputChannels, kOutputRate));
+        SDL_NewAudioStream(spec_.format, spec_.channels, spec_.freq, kOutputFormat, kOutputChannels, kOutputRate));
   }
   return converter_ && SDL_AudioStreamPut(converter_.get(), samples, static_cast<int>(size)) == 0;
+}
+
+// A change of rate keeps the last 512 frames of the slower rate back, even from a flush. Silence behind them
+// brings them out.
+void WaveStream::PushOut() {
+  const int frames = 1024 + spec_.freq / 50;
+  const int frame_size = spec_.channels * SDL_AUDIO_BITSIZE(spec_.format) / 8;
+  const std::vector<std::uint8_t> silence(static_cast<std::size_t>(frames * frame_size), spec_.silence);
+  SDL_AudioStreamPut(converter_.get(), silence.data(), frames * frame_size);
+  SDL_AudioStreamFlush(converter_.get());
 }
 
 }  // namespace quorvale

@@ -33,8 +33,10 @@ class WaveStream {
 
   explicit WaveStream(WaveFile file) : file_(std::move(file)) {}
   bool DecodePiece();
+  void PushOut();
 
   WaveFile file_;
+  SDL_AudioSpec spec_{};  // of the decoded samples
   std::unique_ptr<SDL_AudioStream, FreeStream> converter_;
   bool at_end_ = false;
 };

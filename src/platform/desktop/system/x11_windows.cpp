@@ -9,6 +9,8 @@ namespace quorvale {
 namespace {
 
 constexpr int kLevels = 3;
+// The source of a request to activate; window managers may deny the focus to any other.
+constexpr std::uint32_t kFromPager = 2;
 
 struct FreeReply {
   void operator()(void* reply) const { std::free(reply); }
@@ -112,7 +114,6 @@ bool WindowExists(xcb_connection_t* connection, std::uint32_t window) {
 }
 
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {
-  constexpr std::uint32_t kFromPager = 2;  // window managers let no other source take the focus
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;
   message.format = 32;

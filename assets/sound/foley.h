@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace quorvale::samples {
+
+// A sound made as in the film studio: strike something, rub something, mix it. Times are in seconds, pitches in
+// hertz; levels are relative to each other only.
+class Foley {
+ public:
+  explicit Foley(float length);
+
+  // A struck piece that rings: `decay` is the time in which it fades to a third.
+  void Strike(float at, float pitch, float decay, float level);
+
+  // Air or friction between two pitches that swells over `rise` and fades over `fall`.
+  void Hiss(float at, float rise, float fall, float low, float high, float level);
+
+  // A motor that starts and stops: a hum with overtones, and teeth that pass `teeth` times a second.
+  void Motor(float from, float to, float pitch, float teeth, float level);
+
+  // The whole: without offset, fading in and out, peak at -3 decibels.
+  std::vector<float> Mix() const;
+
+ private:
+  std::vector<float> levels_;
+  std::uint32_t noise_seed_ = 500;
+};
+
+// The shutter of a reflex camera.
+std::vector<float> CameraSound();
+// A carousel projector goes to its next slide.
+std::vector<float> SlideProjectorSound();
+
+}  // namespace quorvale::samples

@@ -1,0 +1,88 @@
+// The Linux program: makes what the core runs on, and runs it.
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/text.h"
+#include "platform/desktop/system/desktop_host.h"
+#include "platform/desktop/system/desktop_programs.h"
+#include "platform/desktop/system/posix_file_system.h"
+#include "platform/desktop/system/sdl_sound_player.h"
+#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/sqlite_registry.h"
+#include "platform/desktop/toolkit/desktop_platform.h"
+#include "platform/desktop/toolkit/ending_signals.h"
+#include "platform/desktop/toolkit/start_up.h"
+#include "process/end_saver.h"
+#include "process/process.h"
+#include "run/main_procedure.h"
+#include "settings/version_record.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::uint32_t kLongestPath = 4096;
+
+// The arguments joined by one blank.
+std::string CommandLineText(int count, char** arguments) {
+  std::string text;
+  for (int i = 1; i < count; ++i) {
+    if (i > 1) text += ' ';
+    text += arguments[i];
+  }
+  return text;
+}
+
+// The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
+bool IsShow(std::string_view text) {
+  const std::string mode = UpperCase(Left(text, 2));
+  return mode == "/S" || mode == "/P";
+}
+
+int RunProgram(const std::string& text, const DesktopOptions& options) {
+  DesktopPlatform platform(options);
+  SqliteRegistry registry(SettingsDirectory());
+  DesktopHost host([&registry] { registry.Close(); });
+  PosixFileSystem files(SettingsDirectory(), host.GetSystemDirectory(kLongestPath) + '/' + host.ProgramName() + ".SCR");
+  SdlSoundPlayer sound;
+  DesktopPrograms programs;
+  Process process(platform, {registry, files, platform.Windows(), sound, programs, host});
+  const EndingSignals signals([&process] { EndSaver(process); });
+
+  process.app.LastFormGone = [] { QCoreApplication::quit(); };
+  Main(process, text);
+  return process.app.Forms.Count() > 0 ? QCoreApplication::exec() : EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace quorvale
+
+int main(int argc, char** argv) {
+  using namespace quorvale;
+  const std::string text = CommandLineText(argc, argv);
+  DesktopOptions options;
+  options.application_title = kApplicationTitle;
+  options.pixels = IsShow(text) ? PixelKind::kPhysical : PixelKind::kLogical;
+  if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
+  std::optional<DisplayProbe> probe(std::in_place);
+  if (!probe->HasDisplay()) {
+    std::fputs("quorvale: there is no display to show anything on\n", stderr);
+    return EXIT_FAILURE;
+  }
+
+  // Each move of the mouse counts, also those that come faster than they are handled.
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  // A saver is nothing that a session should start again.
+  qunsetenv("SESSION_MANAGER");
+  // The arguments are the program's own; none of them is Qt's.
+  int qt_argc = 1;
+  const QApplication application(qt_argc, argv);
+  probe.reset();
+  return RunProgram(text, options);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QImage>
+#include <memory>
+
+#include "platform/desktop/pictures/bitmap_picture.h"
+#include "platform/desktop/pictures/picture_file.h"
+
+namespace quorvale {
+
+// A picture of any format that Qt reads; of an animated one the first frame. It is decoded as a whole,
+// and only what is seen of it is kept.
+class ImagePicture : public BitmapPicture {
+ public:
+  // Fails with kBadPicture.
+  explicit ImagePicture(std::unique_ptr<PictureFile> file);
+
+ protected:
+  std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
+
+ private:
+  QImage Decode();
+
+  std::unique_ptr<PictureFile> file_;
+  // Waits for the first `Open`.
+  QImage image_;
+};
+
+}  // namespace quorvale

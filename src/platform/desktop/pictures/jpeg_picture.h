@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/desktop/pictures/bitmap_picture.h"
+#include "platform/desktop/pictures/jpeg_decoder.h"
+#include "platform/desktop/pictures/picture_file.h"
+
+namespace quorvale {
+
+// A photo. Only the part in view is decoded, at a scale near the one it is shown at.
+class JpegPicture : public BitmapPicture {
+ public:
+  static bool Recognizes(PictureFile& file);
+
+  // Fails with kBadPicture.
+  explicit JpegPicture(std::unique_ptr<PictureFile> file);
+
+ protected:
+  std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
+
+ private:
+  std::unique_ptr<JpegDecoder> ReadHeader();
+
+  std::unique_ptr<PictureFile> file_;
+  // Has read the header, and waits for the first `Open`.
+  std::unique_ptr<JpegDecoder> decoder_;
+};
+
+}  // namespace quorvale

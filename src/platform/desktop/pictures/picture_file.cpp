@@ -1,0 +1,74 @@
+#include "platform/desktop/pictures/picture_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "base/failure.h"
+
+namespace quorvale {
+namespace {
+
+// Files up to this size are held in memory.
+constexpr std::size_t kHeldSize = std::size_t{8} << 20U;
+// How much of a larger one is read at a time.
+constexpr std::size_t kPieceSize = std::size_t{256} << 10U;
+
+[[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
+
+// Doesn't wait for anybody at the other end of a pipe.
+FileDescriptor Open(const std::string& path) {
+  if (path.find('\0') != std::string::npos) Fail(FailureNumber::kNotFound, "File not found");
+  FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.IsOpen()) return file;
+  if (errno == ENOENT || errno == ENOTDIR) Fail(FailureNumber::kNotFound, "File not found");
+  Fail(FailureNumber::kUnreadable, "File can't be opened");
+}
+
+}  // namespace
+
+PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
+  struct stat status {};
+  if (fstat(file_.Get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    Fail(FailureNumber::kUnreadable, "Not a plain file");
+  }
+  if (static_cast<std::uintmax_t>(status.st_size) > kPictureMemoryLimit) {
+    Fail(FailureNumber::kBadPicture, "Picture file too large");
+  }
+  size_ = static_cast<std::size_t>(status.st_size);
+  const bool held = size_ <= kHeldSize;
+  Read(0, held ? size_ : kPieceSize);
+  if (size_ > 0 && buffer_.empty()) Fail(FailureNumber::kUnreadable, "File can't be read");
+  if (held) {
+    size_ = buffer_.size();
+    file_.Close();
+  }
+}
+
+std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
+  if (offset >= size_) return {};
+  if (file_.IsOpen() && (offset < buffer_offset_ || offset >= buffer_offset_ + buffer_.size())) {
+    Read(offset, std::min(kPieceSize, size_ - offset));
+  }
+  return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
+}
+
+// The file may have shrunk, or its disk fail: then the bytes end where they end. After the first call
+// the buffer has the memory that it needs.
+void PictureFile::Read(std::size_t offset, std::size_t count) {
+  buffer_.resize(count);
+  buffer_offset_ = offset;
+  std::size_t done = 0;
+  while (done < count) {
+    const ssize_t got = pread(file_.Get(), buffer_.data() + done, count - done, static_cast<off_t>(offset + done));
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  buffer_.resize(done);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/system/file_descriptor.h"
+
+namespace quorvale {
+
+// No picture is read, decoded or held that takes more bytes than this.
+inline constexpr std::size_t kPictureMemoryLimit = std::size_t{512} << 20U;
+
+// The bytes of a picture file. A small file is held in memory; a large one stays open and is read
+// piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.
+class PictureFile {
+ public:
+  // Fails with kNotFound or kUnreadable; kBadPicture beyond `kPictureMemoryLimit`. What is no plain
+  // file is unreadable.
+  explicit PictureFile(const std::string& path);
+
+  std::size_t Size() const { return size_; }
+
+  // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
+  // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
+  std::span<const std::uint8_t> From(std::size_t offset) noexcept;
+
+ private:
+  void Read(std::size_t offset, std::size_t count);
+
+  // Closed once all is in memory.
+  FileDescriptor file_;
+  std::size_t size_ = 0;
+  std::vector<std::uint8_t> buffer_;
+  std::size_t buffer_offset_ = 0;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include "platform/desktop/pictures/picture_loader.h"
+#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/toolkit/event_wait.h"
+#include "platform/desktop/toolkit/pace_account.h"
+#include "platform/desktop/toolkit/pixel_kind.h"
+#include "platform/desktop/toolkit/text_painter.h"
+#include "platform/desktop/toolkit/window_system.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+struct DesktopOptions {
+  std::string application_title;
+  PixelKind pixels = PixelKind::kPhysical;
+  // By how much the desktop wants text larger than its resolution says, where Qt's scaling is off.
+  double text_scale = 1;
+  PassLengths pass_lengths;
+};
+
+// The Linux desktop by Qt. Needs a QApplication, which outlives it.
+class DesktopPlatform : public Platform {
+ public:
+  explicit DesktopPlatform(DesktopOptions options);
+
+  ScreenInfo Screen() override;
+  std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
+  std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
+  std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
+  PictureLoader& Pictures() override { return pictures_; }
+  TextPainter& Text() override { return text_; }
+  void PumpEvents() override;
+  std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  MessageBoxAnswer ShowMessageBox(const MessageBox& box) override;
+
+  WindowSystem& Windows() { return windows_; }
+
+ private:
+  DesktopOptions options_;
+  TitleLock titles_;
+  QtWindowSystem windows_{titles_};
+  DesktopPictureLoader pictures_;
+  QtTextPainter text_;
+  EventWait wait_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPointer>
+
+#include "platform/desktop/toolkit/event_wait.h"
+#include "platform/desktop/toolkit/pace_account.h"
+#include "platform/desktop/toolkit/surface_window.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+// One pass of the event queue: everything pending runs, deferred deletions included.
+void RunPass();
+
+// The pauses of one effect on one surface. Nothing is owed once the surface is gone or out of sight, so that
+// an effect that nobody can see is over in a moment.
+class QtPacedRun : public PacedRun {
+ public:
+  // `wait` outlives the run.
+  QtPacedRun(SurfaceWindow& surface, const PassLengths& lengths, EventWait& wait);
+
+  void PumpEvents() override;
+
+ private:
+  bool IsInSight() const { return surface_ && surface_->IsInSight(); }
+
+  QPointer<SurfaceWindow> surface_;
+  PassLengths lengths_;
+  EventWait& wait_;
+  PaceAccount account_;
+};
+
+}  // namespace quorvale

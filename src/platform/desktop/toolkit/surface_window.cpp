@@ -1,0 +1,161 @@
+#include "platform/desktop/toolkit/surface_window.h"
+
+#include <QCoreApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <cmath>
+#include <utility>
+
+#include "platform/desktop/toolkit/deliver.h"
+#include "platform/desktop/toolkit/join_bands.h"
+#include "platform/desktop/toolkit/key_codes.h"
+
+namespace quorvale {
+namespace {
+
+const QEvent::Type kPresent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+}  // namespace
+
+SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events)
+    : QWindow(&top), top_(top), surface_(surface), events_(events), ratio_(top.devicePixelRatio()) {
+  setSurfaceType(QSurface::RasterSurface);
+  create();
+  top.OfferFocus(*this);
+}
+
+float SurfaceWindow::Scale() const { return static_cast<float>(ToolkitScale(top_.Pixels(), ratio_)); }
+
+void SurfaceWindow::SetBounds(const PixelRect& bounds) {
+  bounds_ = bounds;
+  const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(top_.Pixels(), ratio_));
+  if (!rect.isEmpty()) setGeometry(rect);
+  setVisible(!rect.isEmpty());
+}
+
+void SurfaceWindow::PresentSoon() {
+  if (!std::exchange(present_is_posted_, true)) QCoreApplication::postEvent(this, new QEvent(kPresent));
+}
+
+void SurfaceWindow::Present() {
+  // What is out of sight stays dirty until it is exposed.
+  if (!IsInSight()) return;
+  if (buffer_.size() != size()) {
+    buffer_.resize(size());
+    surface_.Changed(surface_.Bounds());
+  }
+  if (surface_.Dirty().IsEmpty()) return;
+  const QRegion region = ToRegion(joiner_.Join(surface_.Dirty().Take()));
+  buffer_.beginPaint(region);
+  // Every platform on which Qt draws by itself has an image here.
+  if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);
+  buffer_.endPaint();
+  buffer_.flush(region);
+  ++presentations_;
+}
+
+// Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
+bool SurfaceWindow::IsInSight() const {
+  const QWindow* window = this;
+  while (window->isVisible() && window->parent() != nullptr) window = window->parent();
+  return window->isVisible() && window->isExposed();
+}
+
+void SurfaceWindow::TakeKey(int qt_key) {
+  Deliver([&] { events_.OnKeyDown(VirtualKeyCode(qt_key)); });
+}
+
+bool SurfaceWindow::event(QEvent* event) {
+  if (event->type() == kPresent) {
+    present_is_posted_ = false;
+    Present();
+    return true;
+  }
+  if (event->type() == QEvent::Enter) top_.NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
+  if (event->type() == QEvent::Expose) NoteRatio();
+  return QWindow::event(event);
+}
+
+// A window learns of another ratio by being exposed anew.
+void SurfaceWindow::NoteRatio() {
+  if (std::exchange(ratio_, devicePixelRatio()) == devicePixelRatio()) return;
+  SetBounds(bounds_);
+  Deliver([this] { events_.OnScaleChanged(); });
+}
+
+void SurfaceWindow::paintEvent(QPaintEvent* event) {
+  for (const QRect& rect : event->region()) {
+    const QPointF first = QPointF(rect.topLeft()) * ratio_;
+    const QPointF end = QPointF(rect.topLeft() + QPoint(rect.width(), rect.height())) * ratio_;
+    const int left = static_cast<int>(std::floor(first.x()));
+    const int top = static_cast<int>(std::floor(first.y()));
+    surface_.Changed(
+        Intersect({left, top, static_cast<int>(std::ceil(end.x())) - left, static_cast<int>(std::ceil(end.y())) - top},
+                  surface_.Bounds()));
+  }
+  Present();
+}
+
+QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
+  QRegion region;
+  if (ratio_ == 1) {
+    std::vector<QRect> qt_rects;
+    qt_rects.reserve(rects.size());
+    for (const PixelRect& rect : rects) qt_rects.emplace_back(rect.left, rect.top, rect.width, rect.height);
+    region.setRects(qt_rects.data(), static_cast<int>(qt_rects.size()));
+    return region;
+  }
+  // Qt rounds on its way to the device; a pixel more on each side keeps what it drops inside.
+  for (const PixelRect& rect : rects) {
+    const QPoint first(static_cast<int>(std::floor(rect.left / ratio_)) - 1,
+                       static_cast<int>(std::floor(rect.top / ratio_)) - 1);
+    const QPoint last(static_cast<int>(std::ceil(rect.Right() / ratio_)),
+                      static_cast<int>(std::ceil(rect.Bottom() / ratio_)));
+    region += QRect(first, last);
+  }
+  return region & QRect(QPoint(), size());
+}
+
+// The whole region: some platforms clear it first.
+void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
+  const PixelView pixels = surface_.Pixels();
+  if (pixels.Bounds().IsEmpty()) return;
+  const QImage source(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
+                      static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)),
+                      QImage::Format_RGB32);
+  // The same pixels without Qt's ratio, so that the painter counts the device's.
+  QImage target(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+  QPainter painter(&target);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  for (const QRect& rect : region) {
+    const int left = static_cast<int>(std::floor(rect.left() * ratio_));
+    const int top = static_cast<int>(std::floor(rect.top() * ratio_));
+    const int width = static_cast<int>(std::ceil((rect.right() + 1) * ratio_)) - left;
+    const int height = static_cast<int>(std::ceil((rect.bottom() + 1) * ratio_)) - top;
+    painter.drawImage(left, top, source, left, top, width, height);
+  }
+}
+
+QPoint SurfaceWindow::ToToolkitPixels(const QPointF& position) const {
+  const QPointF pixels = position * ToolkitPixelRatio(top_.Pixels(), ratio_);
+  return {static_cast<int>(std::floor(pixels.x())), static_cast<int>(std::floor(pixels.y()))};
+}
+
+void SurfaceWindow::keyPressEvent(QKeyEvent* event) { top_.TakeKey(event->key()); }
+
+void SurfaceWindow::mousePressEvent(QMouseEvent* event) {
+  if (!top_.IsInputEnabled()) return;
+  const QPoint at = ToToolkitPixels(event->position());
+  Deliver([&] { events_.OnMouseDown(at.x(), at.y()); });
+}
+
+void SurfaceWindow::mouseMoveEvent(QMouseEvent* event) {
+  if (!top_.HasMoved(event->globalPosition()) || !top_.IsInputEnabled()) return;
+  const QPoint at = ToToolkitPixels(event->position());
+  Deliver([&] { events_.OnMouseMove(at.x(), at.y()); });
+}
+
+}  // namespace quorvale

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QBackingStore>
+#include <QRegion>
+#include <QWindow>
+#include <cstdint>
+#include <vector>
+
+#include "platform/desktop/toolkit/join_bands.h"
+#include "platform/desktop/toolkit/top_window.h"
+#include "toolkit/surface.h"
+
+namespace quorvale {
+
+// A picture box's window: a window of the system's own, so that it can become a child of any other. It
+// copies what has changed of the toolkit's surface to its own buffer and from there to the screen, with no
+// widget machinery between, which takes twice as long over the thin shapes of the effects.
+class SurfaceWindow : public QWindow {
+  Q_OBJECT
+
+ public:
+  // `surface` and `events` outlive the window.
+  SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events);
+
+  float Scale() const;
+  void SetBounds(const PixelRect& bounds);
+
+  // In the next pass of the event queue, and now.
+  void PresentSoon();
+  void Present();
+  // How often something has been presented.
+  std::uint64_t Presentations() const { return presentations_; }
+
+  // Whether it is on the screen, as far as the window system tells.
+  bool IsInSight() const;
+
+  void TakeFocus() { top_.Focus(*this); }
+  void TakeKey(int qt_key);
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  void NoteRatio();
+  QRegion ToRegion(const std::vector<PixelRect>& rects) const;
+  void CopyTo(QImage& image, const QRegion& region) const;
+  QPoint ToToolkitPixels(const QPointF& position) const;
+
+  TopWindow& top_;
+  Surface& surface_;
+  SurfaceEvents& events_;
+  QBackingStore buffer_{this};
+  BandJoiner joiner_;
+  PixelRect bounds_;
+  double ratio_;
+  std::uint64_t presentations_ = 0;
+  bool present_is_posted_ = false;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,100 @@
+#include "platform/desktop/toolkit/text_painter.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace quorvale {
+namespace {
+
+constexpr double kPointsPerInch = 72;
+// What a glyph may reach beyond its own box, smoothing included.
+constexpr int kOverhang = 2;
+
+// The families of the two names are not on Linux; these are what stands in for them.
+QFont ToQtFont(const std::string& name, int pixels) {
+  QFont font;
+  const bool is_serif = name.find("Serif") != std::string::npos;
+  if (is_serif) {
+    font.setFamilies({"Nimbus Roman", "Liberation Serif", "Tinos", "FreeSerif", "DejaVu Serif", "Noto Serif"});
+  } else {
+    font.setFamilies({"DejaVu Sans", "Liberation Sans", "Nimbus Sans", "Noto Sans"});
+  }
+  font.setStyleHint(is_serif ? QFont::Serif : QFont::SansSerif,
+                    QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+  // Hinting would snap letters to whole pixels, and their sizes would no longer follow the scale.
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setPixelSize(pixels);
+  return font;
+}
+
+// One line of text in its font. Qt has fonts of whole pixels only; the painter's scale does the rest.
+class Line {
+ public:
+  Line(const std::string& text, const std::string& font_name, double pixels)
+      : text_(QString::fromStdString(text)),
+        font_(ToQtFont(font_name, std::max(1, static_cast<int>(std::lround(pixels))))),
+        metrics_(font_),
+        factor_(pixels / font_.pixelSize()) {}
+
+  int Width() const { return static_cast<int>(std::ceil(metrics_.horizontalAdvance(text_) * factor_)); }
+  int Height() const { return static_cast<int>(std::ceil(metrics_.height() * factor_)); }
+
+  // The pixels that drawing it touches at most.
+  QRect Ink(int left, int top) const {
+    const QRectF box = metrics_.boundingRect(text_);
+    const QRectF scaled(box.topLeft() * factor_, box.size() * factor_);
+    return scaled.translated(left, top + Ascent())
+        .toAlignedRect()
+        .adjusted(-kOverhang, -kOverhang, kOverhang, kOverhang);
+  }
+
+  void Draw(QPainter& painter, int left, int top) const {
+    painter.setFont(font_);
+    painter.translate(left, top + Ascent());
+    painter.scale(factor_, factor_);
+    painter.drawText(QPointF(), text_);
+  }
+
+ private:
+  double Ascent() const { return metrics_.ascent() * factor_; }
+
+  QString text_;
+  QFont font_;
+  QFontMetricsF metrics_;
+  double factor_;
+};
+
+}  // namespace
+
+PixelRect QtTextPainter::Measure(const std::string& text, const Font& font, float scale) {
+  const Line line(text, font.name, PixelSize(font, scale));
+  return {0, 0, line.Width(), line.Height()};
+}
+
+PixelRect QtTextPainter::Draw(const PixelView& target, int left, int top, const std::string& text, const Font& font,
+                              Colour colour, float scale) {
+  if (target.Bounds().IsEmpty()) return {};
+  const Line line(text, font.name, PixelSize(font, scale));
+  const QRect ink = line.Ink(left, top);
+  const PixelRect changed = Intersect({ink.x(), ink.y(), ink.width(), ink.height()}, target.Bounds());
+  if (changed.IsEmpty()) return {};
+
+  QImage image(reinterpret_cast<uchar*>(target.pixels), target.width, target.height,
+               static_cast<qsizetype>(target.stride) * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.setClipRect(changed.left, changed.top, changed.width, changed.height);
+  painter.setPen(QColor::fromRgb(ToPixel(colour)));
+  line.Draw(painter, left, top);
+  return changed;
+}
+
+double QtTextPainter::PixelSize(const Font& font, float scale) const {
+  return std::max(1.0,
+                  static_cast<double>(font.points) * pixels_per_inch_ / kPointsPerInch * static_cast<double>(scale));
+}
+
+}  // namespace quorvale

@@ -1,0 +1,147 @@
+#include "platform/desktop/toolkit/top_window.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPalette>
+#include <QScreen>
+
+#include "platform/desktop/toolkit/deliver.h"
+#include "platform/desktop/toolkit/key_codes.h"
+#include "platform/desktop/toolkit/surface_window.h"
+#include "platform/desktop/toolkit/x11_session.h"
+
+namespace quorvale {
+namespace {
+
+Qt::WindowFlags FlagsOf(WindowKind kind) {
+  if (kind == WindowKind::kDialog) {
+    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+  }
+  // Topmost from the start: on X11 Qt makes a window anew, with another handle and without its children,
+  // when its flags change.
+  Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+  // Full screen is something that window managers give. Without one the window's size is all that is needed.
+  if (X11Connection() != nullptr && !HasWindowManager(X11Connection())) flags |= Qt::X11BypassWindowManagerHint;
+  return flags;
+}
+
+}  // namespace
+
+TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events)
+    : kind_(kind), pixels_(pixels), events_(events) {
+  setSurfaceType(QSurface::RasterSurface);
+  setFlags(FlagsOf(kind));
+  create();
+}
+
+void TopWindow::SetBounds(const PixelRect& bounds) {
+  const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(pixels_, devicePixelRatio()));
+  const QScreen* const primary = QGuiApplication::primaryScreen();
+  setGeometry(primary != nullptr ? rect.translated(primary->geometry().topLeft()) : rect);
+  if (kind_ != WindowKind::kDialog) return;
+  setMinimumSize(rect.size());
+  setMaximumSize(rect.size());
+}
+
+void TopWindow::Appear() {
+  pointer_ = QCursor::pos();
+  if (kind_ == WindowKind::kSaver && !flags().testFlag(Qt::X11BypassWindowManagerHint)) {
+    showFullScreen();
+  } else {
+    show();
+  }
+  Raise();
+  requestActivate();
+}
+
+// The other window systems leave the order of windows to themselves, and Qt complains.
+void TopWindow::Raise() {
+  if (X11Connection() != nullptr) raise();
+}
+
+void TopWindow::OfferFocus(SurfaceWindow& surface) {
+  if (!focus_) focus_ = &surface;
+}
+
+void TopWindow::Focus(SurfaceWindow& surface) {
+  focus_ = &surface;
+  if (isVisible()) requestActivate();
+}
+
+bool TopWindow::HasMoved(const QPointF& position) {
+  if (position == pointer_) return false;
+  pointer_ = position;
+  return true;
+}
+
+void TopWindow::TakeKey(int qt_key) {
+  if (!input_enabled_) return;
+  if (focus_) {
+    focus_->TakeKey(qt_key);
+  } else {
+    Deliver([&] { events_.OnKeyDown(VirtualKeyCode(qt_key)); });
+  }
+}
+
+void TopWindow::TakeMouseDown() {
+  if (input_enabled_) Deliver([this] { events_.OnMouseDown(); });
+}
+
+void TopWindow::TakeMouseMove(const QPointF& position) {
+  if (HasMoved(position) && input_enabled_) Deliver([this] { events_.OnMouseMove(); });
+}
+
+bool TopWindow::event(QEvent* event) {
+  if (event->type() == QEvent::Close) {
+    event->ignore();
+    Deliver([this] { events_.OnCloseRequested(); });
+    return true;
+  }
+  if (event->type() == QEvent::Enter) NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
+  return QWindow::event(event);
+}
+
+void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
+  // A child may have been exposed before.
+  for (SurfaceWindow* const surface : Surfaces()) surface->Present();
+}
+
+void TopWindow::paintEvent(QPaintEvent* /*event*/) {
+  const QRegion free = Uncovered();
+  if (free.isEmpty()) return;
+  if (buffer_.size() != size()) buffer_.resize(size());
+  buffer_.beginPaint(free);
+  {
+    QPainter painter(buffer_.paintDevice());
+    const QColor colour = kind_ == WindowKind::kDialog ? QGuiApplication::palette().window().color() : Qt::black;
+    for (const QRect& rect : free) painter.fillRect(rect, colour);
+  }
+  buffer_.endPaint();
+  buffer_.flush(free);
+}
+
+QList<SurfaceWindow*> TopWindow::Surfaces() const {
+  return findChildren<SurfaceWindow*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+QRegion TopWindow::Uncovered() const {
+  QRegion free(QRect(QPoint(), size()));
+  // On Wayland a window without pixels of its own is not on the screen, nor is what it holds.
+  if (QGuiApplication::platformName().startsWith("wayland")) return free;
+  for (const SurfaceWindow* const surface : Surfaces()) {
+    if (surface->isVisible()) free -= surface->geometry();
+  }
+  return free;
+}
+
+void TopWindow::keyPressEvent(QKeyEvent* event) { TakeKey(event->key()); }
+
+void TopWindow::mousePressEvent(QMouseEvent* /*event*/) { TakeMouseDown(); }
+
+void TopWindow::mouseMoveEvent(QMouseEvent* event) { TakeMouseMove(event->globalPosition()); }
+
+}  // namespace quorvale

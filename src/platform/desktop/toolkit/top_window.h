@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QBackingStore>
+#include <QPointF>
+#include <QPointer>
+#include <QWindow>
+
+#include "platform/desktop/toolkit/pixel_kind.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+class SurfaceWindow;
+
+// A form's window. It takes the keys for all of its form and hands them to the picture box that has the
+// focus; what its picture boxes leave free it fills with one colour.
+class TopWindow : public QWindow {
+  Q_OBJECT
+
+ public:
+  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events);
+
+  PixelKind Pixels() const { return pixels_; }
+
+  // In the toolkit's pixels, from the corner of the primary monitor.
+  void SetBounds(const PixelRect& bounds);
+  void Appear();
+  void Raise();
+
+  // A disabled window takes no input.
+  void SetInputEnabled(bool enabled) { input_enabled_ = enabled; }
+  bool IsInputEnabled() const { return input_enabled_; }
+
+  // The first picture box of a form has the focus until another takes it.
+  void OfferFocus(SurfaceWindow& surface);
+  void Focus(SurfaceWindow& surface);
+
+  // Whether the pointer is elsewhere than it was. Windows that come, go or change under a pointer at rest
+  // make window systems tell of moves that nobody made.
+  bool HasMoved(const QPointF& position);
+
+  // Input at windows that stand for this one.
+  void TakeKey(int qt_key);
+  void TakeMouseDown();
+  void TakeMouseMove(const QPointF& position);
+  void NotePointer(const QPointF& position) { pointer_ = position; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void exposeEvent(QExposeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  QList<SurfaceWindow*> Surfaces() const;
+  QRegion Uncovered() const;
+
+  WindowKind kind_;
+  PixelKind pixels_;
+  WindowEvents& events_;
+  QBackingStore buffer_{this};
+  QPointer<SurfaceWindow> focus_;
+  QPointF pointer_;
+  bool input_enabled_ = true;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,45 @@
+#include "platform/desktop/toolkit/window_peer.h"
+
+#include <QString>
+#include <QTimer>
+
+#include "platform/desktop/toolkit/deliver.h"
+
+namespace quorvale {
+
+QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles)
+    : kind_(kind), events_(events), titles_(titles), window_(kind, pixels, events) {}
+
+QtWindowPeer::~QtWindowPeer() { SetVisible(false); }
+
+WindowHandle QtWindowPeer::Handle() const { return static_cast<WindowHandle>(window_.winId()); }
+
+void QtWindowPeer::SetCaption(const std::string& caption) {
+  caption_ = caption;
+  window_.setTitle(QString::fromStdString(caption));
+}
+
+void QtWindowPeer::SetVisible(bool visible) {
+  if (visible == window_.isVisible()) return;
+  if (!visible) {
+    window_.hide();
+    black_windows_.reset();
+    if (kind_ == WindowKind::kSaver) titles_.Release(caption_);
+  } else if (kind_ == WindowKind::kSaver) {
+    ShowSaver();
+  } else {
+    window_.Appear();
+  }
+}
+
+void QtWindowPeer::ShowSaver() {
+  if (!titles_.Claim(caption_) && titles_.IsClaimed(caption_)) {
+    // Two runs started at the same moment, and each saw no other. The one that came second gives way.
+    QTimer::singleShot(0, &window_, [this] { Deliver([this] { events_.OnCloseRequested(); }); });
+    return;
+  }
+  window_.Appear();
+  black_windows_ = std::make_unique<BlackWindows>(window_);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/toolkit/black_windows.h"
+#include "platform/desktop/toolkit/top_window.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+class QtWindowPeer : public WindowPeer {
+ public:
+  // `titles` outlives the peer; a saver window claims its title there while it shows.
+  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles);
+  ~QtWindowPeer() override;
+  QtWindowPeer(const QtWindowPeer&) = delete;
+  QtWindowPeer& operator=(const QtWindowPeer&) = delete;
+
+  WindowHandle Handle() const override;
+  void SetCaption(const std::string& caption) override;
+  void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
+  void SetVisible(bool visible) override;
+
+  TopWindow& Window() { return window_; }
+
+ private:
+  void ShowSaver();
+
+  WindowKind kind_;
+  WindowEvents& events_;
+  TitleLock& titles_;
+  std::string caption_;
+  TopWindow window_;
+  std::unique_ptr<BlackWindows> black_windows_;
+};
+
+}  // namespace quorvale

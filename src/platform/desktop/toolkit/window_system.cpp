@@ -1,0 +1,87 @@
+#include "platform/desktop/toolkit/window_system.h"
+
+#include <QGuiApplication>
+#include <QString>
+#include <QWindow>
+#include <limits>
+
+#include "base/failure.h"
+#include "platform/desktop/system/x11_windows.h"
+#include "platform/desktop/toolkit/top_window.h"
+#include "platform/desktop/toolkit/x11_session.h"
+
+namespace quorvale {
+namespace {
+
+constexpr WindowHandle kWindowOfAnotherRun = std::numeric_limits<WindowHandle>::max();
+
+WindowHandle HandleOf(const QWindow& window) { return static_cast<WindowHandle>(window.winId()); }
+
+// One of our own windows, or null.
+QWindow* FindOwn(WindowHandle handle) {
+  for (QWindow* const window : QGuiApplication::allWindows()) {
+    if (handle != 0 && window->handle() != nullptr && HandleOf(*window) == handle) return window;
+  }
+  return nullptr;
+}
+
+QWindow* FindOwnByTitle(const std::string& title) {
+  for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+    if (window->handle() != nullptr && window->title().toStdString() == title) return window;
+  }
+  return nullptr;
+}
+
+bool IsX11Id(WindowHandle handle) { return handle != 0 && handle <= std::numeric_limits<std::uint32_t>::max(); }
+
+}  // namespace
+
+WindowHandle QtWindowSystem::FindWindow(const std::string& title) {
+  if (const QWindow* const own = FindOwnByTitle(title)) return HandleOf(*own);
+  if (xcb_connection_t* const x11 = X11Connection()) {
+    if (const std::uint32_t found = FindTopLevelByTitle(x11, title)) return found;
+  }
+  return titles_.IsClaimed(title) ? kWindowOfAnotherRun : 0;
+}
+
+WindowHandle QtWindowSystem::GetForegroundWindow() {
+  if (const QWindow* own = QGuiApplication::focusWindow()) {
+    while (own->parent() != nullptr) own = own->parent();
+    return HandleOf(*own);
+  }
+  xcb_connection_t* const x11 = X11Connection();
+  return x11 != nullptr ? ActiveWindow(x11) : 0;
+}
+
+void QtWindowSystem::EnableWindow(WindowHandle window, bool enabled) {
+  if (auto* const own = qobject_cast<TopWindow*>(FindOwn(window))) own->SetInputEnabled(enabled);
+}
+
+bool QtWindowSystem::IsWindow(WindowHandle window) {
+  if (FindOwn(window) != nullptr) return true;
+  xcb_connection_t* const x11 = X11Connection();
+  return x11 != nullptr && IsX11Id(window) && WindowExists(x11, static_cast<std::uint32_t>(window));
+}
+
+void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
+                                  std::uint32_t flags) {
+  auto* const own = qobject_cast<TopWindow*>(FindOwn(window));
+  if (own == nullptr) return;
+  // Windows of a show are made to stay on top.
+  if (insert_after == kHwndTopmost) own->Raise();
+  if ((flags & kSwpNoSizeNoMove) == 0) own->SetBounds({x, y, width, height});
+}
+
+void QtWindowSystem::ActivateWindow(const std::string& title) {
+  if (QWindow* const own = FindOwnByTitle(title)) {
+    if (auto* const form = qobject_cast<TopWindow*>(own)) form->Raise();
+    own->requestActivate();
+    return;
+  }
+  xcb_connection_t* const x11 = X11Connection();
+  const std::uint32_t found = x11 != nullptr ? FindTopLevelByTitle(x11, title) : 0;
+  if (found == 0) throw Failure(FailureNumber::kNotFound, "No window is titled " + title, "QtWindowSystem");
+  quorvale::ActivateWindow(x11, found);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,90 @@
+#include "platform/desktop/system/desktop_programs.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "base/failure.h"
+#include "desktop/temporary_directory.h"
+#include "platform/desktop/system/command_line.h"
+#include "platform/desktop/system/desktop_host.h"
+
+namespace quorvale {
+namespace {
+
+TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
+  const struct {
+    const char* text;
+    std::vector<std::string> expected;
+  } kCases[] = {
+      {"", {}},
+      {"  \t ", {}},
+      {"a  b\tc ", {"a", "b", "c"}},
+      {R"("/opt/my tool" --x="1 2" "")", {"/opt/my tool", "--x=1 2", ""}},
+      {R"(a\ $HOME 'b c' *;|)", {R"(a\)", "$HOME", "'b", "c'", "*;|"}},
+      {R"("open ended)", {"open ended"}},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(SplitCommandLine(c.text), c.expected) << c.text;
+}
+
+TEST(DesktopPrograms, StartsAProgramFromThePathAndDoesNotWait) {
+  const TemporaryDirectory directory;
+  // The pipe is opened by both sides or by none, so that reading from it waits for the program.
+  ASSERT_EQ(mkfifo(directory.Path("pipe").c_str(), S_IRWXU), 0);
+  DesktopPrograms programs;
+  programs.Start("sh -c \"echo $0 $1 > '" + directory.Path("pipe") + "'\" \"first one\" second", kWindowNormalFocus);
+  EXPECT_EQ(directory.Read("pipe"), "first one second\n");
+}
+
+TEST(DesktopPrograms, AMissingProgramFails) {
+  const TemporaryDirectory directory;
+  directory.Write("data", "no program");
+  DesktopPrograms programs;
+  for (const std::string& line : {std::string(), std::string("quorvale-no-such-program /x"), directory.Path("data"),
+                                  directory.Path("data/below")}) {
+    try {
+      programs.Start(line, kWindowNormalFocus);
+      ADD_FAILURE() << line;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.Number(), FailureNumber::kNotFound) << line;
+    }
+  }
+}
+
+TEST(DesktopHost, LiesWhereTheProgramLies) {
+  DesktopHost host([] {});
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+  EXPECT_EQ(std::filesystem::path(host.GetSystemDirectory(4096)) / host.ProgramName(),
+            program.parent_path() / program.stem());
+  EXPECT_EQ(host.GetSystemDirectory(4), host.GetSystemDirectory(4096).substr(0, 3));
+  EXPECT_EQ(host.GetSystemDirectory(0), "");
+  EXPECT_NE(host.ClockSeed(), host.ClockSeed());
+  const double seconds = host.SecondsSinceMidnight();
+  EXPECT_TRUE(seconds >= 0 && seconds < 86'401) << seconds;
+}
+
+TEST(DesktopHost, EndsWhateverTheReleaseDoes) {
+  const TemporaryDirectory directory;
+  const pid_t child = fork();
+  if (child == 0) {
+    DesktopHost host([&] {
+      directory.Write("released", "");
+      throw Failure(FailureNumber::kInternal, "the display is gone", "test");
+    });
+    host.EndProcess();
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(std::filesystem::exists(directory.Path("released")));
+}
+
+}  // namespace
+}  // namespace quorvale

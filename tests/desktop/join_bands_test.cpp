@@ -1,0 +1,68 @@
+#include "platform/desktop/toolkit/join_bands.h"
+
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "toolkit/surface.h"
+
+namespace quorvale {
+namespace {
+
+using testing::ElementsAreArray;
+
+TEST(JoinBands, JoinsWhereTheAddedPixelsCostLessThanARectangle) {
+  const struct {
+    const char* what;
+    std::vector<PixelRect> rects;
+    std::vector<PixelRect> joined;
+  } cases[] = {
+      {"nothing", {}, {}},
+      {"one", {{1, 2, 3, 4}}, {{1, 2, 3, 4}}},
+      {"steps of a slope", {{10, 0, 5, 1}, {11, 1, 5, 1}, {12, 2, 5, 1}}, {{10, 0, 7, 3}}},
+      {"two slopes", {{10, 0, 5, 1}, {900, 0, 5, 1}, {9, 1, 5, 1}, {902, 1, 5, 1}}, {{9, 0, 6, 2}, {900, 0, 7, 2}}},
+      {"slopes that meet", {{10, 0, 40, 1}, {70, 0, 40, 1}, {40, 1, 40, 1}}, {{10, 0, 100, 2}}},
+      {"far apart in a row", {{0, 0, 10, 10}, {500, 0, 10, 10}}, {{0, 0, 10, 10}, {500, 0, 10, 10}}},
+      {"rows between", {{0, 0, 9, 1}, {0, 2, 9, 1}}, {{0, 0, 9, 1}, {0, 2, 9, 1}}},
+      {"too much to add", {{0, 0, 100, 100}, {90, 100, 100, 100}}, {{0, 0, 100, 100}, {90, 100, 100, 100}}},
+  };
+  BandJoiner joiner;
+  for (const auto& c : cases) EXPECT_THAT(joiner.Join(c.rects), ElementsAreArray(c.joined)) << c.what;
+}
+
+// Qt takes the rectangles as a region without looking at them, so they have to be in a region's order.
+TEST(JoinBands, CoversEveryShapeInOrderlyBands) {
+  std::mt19937 random(7);
+  Surface surface;
+  surface.Resize(400, 300, 0);
+  BandJoiner joiner;
+  for (int round = 0; round < 200; ++round) {
+    surface.Dirty().Take();
+    for (int shape = 0; shape < 3; ++shape) {
+      const auto colour = static_cast<Pixel>(random());
+      surface.DrawCircle(random() % 400, random() % 300, random() % 200, random() % 9, colour, ~colour);
+      surface.DrawLine(random() % 400, random() % 300, random() % 400, random() % 300, random() % 30, colour);
+    }
+    const std::vector<PixelRect> changed = surface.Dirty().Spans();
+    const std::vector<PixelRect>& joined = joiner.Join(surface.Dirty().Take());
+
+    std::vector<int> times(400 * 300);
+    for (std::size_t i = 0; i < joined.size(); ++i) {
+      const PixelRect& rect = joined[i];
+      ASSERT_EQ(Intersect(rect, surface.Bounds()), rect);
+      for (int y = rect.top; y < rect.Bottom(); ++y) {
+        for (int x = rect.left; x < rect.Right(); ++x) ASSERT_EQ(++times[y * 400 + x], 1);
+      }
+      if (i == 0) continue;
+      const PixelRect& last = joined[i - 1];
+      const bool same_band = rect.top == last.top && rect.height == last.height && rect.left > last.Right();
+      ASSERT_TRUE(same_band || rect.top >= last.Bottom());
+    }
+    for (const PixelRect& span : changed) {
+      for (int x = span.left; x < span.Right(); ++x) ASSERT_EQ(times[span.top * 400 + x], 1);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,254 @@
+// The registry's file under what befalls it: writers at once, a kill in mid-write, damage, no place to write.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/temporary_directory.h"
+#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/sqlite_registry.h"
+#include "settings/reg_settings.h"
+
+namespace quorvale {
+namespace {
+
+constexpr char kMissing[] = "(missing)";
+
+std::string KeyOf(int number) { return "File" + std::to_string(number); }
+
+// A value that shows by itself whether it is whole.
+std::string ValueOf(int number) { return std::string(511, static_cast<char>('a' + number % 26)) + "."; }
+
+// Runs `work` in a process of its own, which ends with its result.
+pid_t Fork(const std::function<int()>& work) {
+  const pid_t child = fork();
+  if (child == 0) _exit(work());
+  return child;
+}
+
+int StatusOf(pid_t child) {
+  int status = -1;
+  waitpid(child, &status, 0);
+  return status;
+}
+
+class SettingsFileTest : public testing::Test {
+ protected:
+  bool Save(const std::string& key, const std::string& value) {
+    SqliteRegistry registry(directory_.Path());
+    return CRegSettings(registry).SaveSetting("Options", key, value);
+  }
+  std::string Get(const std::string& key) {
+    SqliteRegistry registry(directory_.Path());
+    return CRegSettings(registry).GetSetting("Options", key, kMissing);
+  }
+  std::vector<std::string> FilesAside() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(directory_.Path())) {
+      const std::string name = entry.path().filename();
+      if (name.find("damaged") != std::string::npos) names.push_back(name);
+    }
+    return names;
+  }
+
+  TemporaryDirectory directory_;
+};
+
+// They also create the file at once.
+TEST_F(SettingsFileTest, ProcessesWriteAtOnce) {
+  constexpr int kWriters = 6;
+  constexpr int kValues = 100;
+  std::vector<pid_t> children;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    children.push_back(Fork([&] {
+      SqliteRegistry registry(directory_.Path());
+      CRegSettings settings(registry);
+      int failures = 0;
+      for (int i = 0; i < kValues; ++i) {
+        const int number = writer * kValues + i;
+        if (!settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) ++failures;
+        if (settings.GetSetting("Options", KeyOf(number)) != ValueOf(number)) ++failures;
+      }
+      return failures;
+    }));
+  }
+  for (const pid_t child : children) EXPECT_EQ(StatusOf(child), 0);
+  for (int number = 0; number < kWriters * kValues; ++number) EXPECT_EQ(Get(KeyOf(number)), ValueOf(number)) << number;
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
+TEST_F(SettingsFileTest, AKilledWriterLeavesWhatItHadWritten) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const FileDescriptor reading(ends[0]);
+  pid_t child = 0;
+  {
+    const FileDescriptor writing(ends[1]);
+    child = Fork([&] {
+      SqliteRegistry registry(directory_.Path());
+      CRegSettings settings(registry);
+      for (int number = 0;; ++number) {
+        if (!settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) return 1;
+        if (write(writing.Get(), &number, sizeof number) != sizeof number) return 1;
+      }
+    });
+  }
+  int last = -1;
+  int number = 0;
+  while (read(reading.Get(), &number, sizeof number) == sizeof number) {
+    last = number;
+    if (number == 500) kill(child, SIGKILL);
+  }
+  EXPECT_TRUE(WIFSIGNALED(StatusOf(child)));
+  ASSERT_GE(last, 500);
+  SqliteRegistry registry(directory_.Path());
+  CRegSettings settings(registry);
+  for (number = 0; number <= last; ++number) EXPECT_EQ(settings.GetSetting("Options", KeyOf(number)), ValueOf(number));
+  EXPECT_THAT(settings.GetSetting("Options", KeyOf(last + 1), kMissing), testing::AnyOf(kMissing, ValueOf(last + 1)));
+  EXPECT_TRUE(settings.SaveSetting("Options", "After", "1"));
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
+TEST_F(SettingsFileTest, AFullDiskCostsWritesOnly) {
+  ASSERT_TRUE(Save(KeyOf(0), ValueOf(0)));
+  const pid_t child = Fork([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit most{300'000, 300'000};
+    setrlimit(RLIMIT_FSIZE, &most);
+    SqliteRegistry registry(directory_.Path());
+    CRegSettings settings(registry);
+    int number = 1;
+    while (number < 2000 && settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) ++number;
+    if (number == 2000) return 1;
+    for (int i = 0; i < number; ++i) {
+      if (settings.GetSetting("Options", KeyOf(i)) != ValueOf(i)) return 2;
+    }
+    return 0;
+  });
+  EXPECT_EQ(StatusOf(child), 0);
+  EXPECT_EQ(Get(KeyOf(0)), ValueOf(0));
+  EXPECT_TRUE(Save("After", "1"));
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
+TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
+  for (int number = 0; number < 200; ++number) ASSERT_TRUE(Save(KeyOf(number), ValueOf(number)));
+  const std::string sound = directory_.Read("settings.db");
+  std::string broken_pages = sound;
+  for (std::size_t at = 4096; at < sound.size(); at += 64) broken_pages[at] = '\x7f';
+  const struct {
+    const char* name;
+    std::string content;
+  } kCases[] = {
+      {"no database at all", "these are no settings"},
+      {"every page broken but the first", broken_pages},
+      {"cut off", sound.substr(0, 3 * 4096)},
+      {"header overwritten", std::string(200, '\0') + sound.substr(200)},
+  };
+  std::size_t aside = 0;
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.name);
+    directory_.Write("settings.db", c.content);
+    EXPECT_EQ(Get(KeyOf(150)), kMissing);
+    EXPECT_TRUE(Save("Interval", "7"));
+    EXPECT_EQ(Get("Interval"), "7");
+    EXPECT_EQ(FilesAside().size(), ++aside);
+    EXPECT_EQ(directory_.Read("settings.db.damaged-" + std::to_string(aside)), c.content);
+  }
+}
+
+// Two that find the damage at once must not set the new file aside.
+TEST_F(SettingsFileTest, ADamagedFileIsSetAsideOnce) {
+  directory_.Write("settings.db", "these are no settings");
+  std::vector<pid_t> children;
+  for (int number = 0; number < 4; ++number) {
+    children.push_back(Fork([&] { return Save(KeyOf(number), ValueOf(number)) ? 0 : 1; }));
+  }
+  for (const pid_t child : children) EXPECT_EQ(StatusOf(child), 0);
+  for (int number = 0; number < 4; ++number) EXPECT_EQ(Get(KeyOf(number)), ValueOf(number));
+  EXPECT_EQ(FilesAside().size(), 1U);
+}
+
+TEST_F(SettingsFileTest, AFileInUseStaysWhereItIs) {
+  ASSERT_TRUE(Save("Interval", "7"));
+  SqliteRegistry user(directory_.Path());
+  ASSERT_EQ(CRegSettings(user).GetSetting("Options", "Interval"), "7");
+  directory_.Write("settings.db", "these are no settings");
+  SqliteRegistry registry(directory_.Path());
+  CRegSettings settings(registry);
+  EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "8"));
+  EXPECT_EQ(settings.GetSetting("Options", "Interval", kMissing), kMissing);
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
+// Somebody else in the middle of a write is no damage, and is waited for once.
+TEST_F(SettingsFileTest, AHangingWriterCostsWritesOnly) {
+  ASSERT_TRUE(Save("Interval", "7"));
+  SqliteDatabase other(directory_.Path("settings.db"), SQLITE_OPEN_READWRITE);
+  other.Execute("BEGIN IMMEDIATE");
+  SqliteRegistry registry(directory_.Path());
+  CRegSettings settings(registry);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20; ++i) EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "8"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(6));
+  EXPECT_EQ(settings.GetSetting("Options", "Interval"), "7");
+  other.Execute("COMMIT");
+  EXPECT_TRUE(settings.SaveSetting("Options", "Interval", "8"));
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
+TEST_F(SettingsFileTest, WithoutAPlaceCallsFailAndNothingElseHappens) {
+  directory_.Write("file", "");
+  std::filesystem::create_directories(directory_.Path("taken/settings.db"));
+  std::filesystem::create_directory(directory_.Path("pipe"));
+  ASSERT_EQ(mkfifo(directory_.Path("pipe/settings.db").c_str(), S_IRWXU), 0);
+  for (const std::string& place : {std::string(), directory_.Path("file"), directory_.Path("file/below"),
+                                   directory_.Path("taken"), directory_.Path("pipe"), std::string("/proc/quorvale")}) {
+    SCOPED_TRACE(place);
+    SqliteRegistry registry(place);
+    CRegSettings settings(registry);
+    EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "7"));
+    EXPECT_EQ(settings.GetSetting("Options", "Interval", kMissing), kMissing);
+    EXPECT_FALSE(settings.DeleteSetting("Options", "Interval"));
+  }
+  EXPECT_TRUE(std::filesystem::is_directory(directory_.Path("taken/settings.db")));
+}
+
+TEST(SettingsLocation, FollowsTheEnvironment) {
+  const struct {
+    const char* config;
+    const char* home;
+    const char* expected;
+  } kCases[] = {
+      {"/c", "/h", "/c/quorvale"},
+      {nullptr, "/h", "/h/.config/quorvale"},
+      {"", "/h", "/h/.config/quorvale"},
+      {"relative", "/h", "/h/.config/quorvale"},
+  };
+  // In a process of its own: the environment is everybody's.
+  const pid_t child = Fork([&] {
+    for (const auto& c : kCases) {
+      c.config != nullptr ? setenv("XDG_CONFIG_HOME", c.config, 1) : unsetenv("XDG_CONFIG_HOME");
+      setenv("HOME", c.home, 1);
+      if (SettingsDirectory() != c.expected) return 1;
+    }
+    unsetenv("HOME");
+    return SettingsDirectory().ends_with("/.config/quorvale") ? 0 : 2;
+  });
+  EXPECT_EQ(StatusOf(child), 0);
+}
+
+}  // namespace
+}  // namespace quorvale

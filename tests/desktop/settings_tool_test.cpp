@@ -1,0 +1,114 @@
+// The built tool, run as a user runs it.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "desktop/temporary_directory.h"
+#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/sqlite_registry.h"
+#include "settings/reg_settings.h"
+
+namespace quorvale {
+namespace {
+
+struct Outcome {
+  int status = -1;
+  std::string output;
+
+  bool operator==(const Outcome&) const = default;
+};
+
+void PrintTo(const Outcome& outcome, std::ostream* stream) { *stream << outcome.status << " " << outcome.output; }
+
+class SettingsToolTest : public testing::Test {
+ protected:
+  Outcome Run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "quorvale-settings");
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    int ends[2];
+    if (pipe(ends) != 0) return {};
+    const FileDescriptor reading(ends[0]);
+    FileDescriptor writing(ends[1]);
+    const pid_t child = fork();
+    if (child == 0) {
+      dup2(writing.Get(), STDOUT_FILENO);
+      dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
+      setenv("XDG_CONFIG_HOME", directory_.Path().c_str(), 1);
+      execv(QUORVALE_SETTINGS_TOOL, pointers.data());
+      _exit(127);
+    }
+    writing = FileDescriptor();
+    Outcome outcome;
+    char buffer[4096];
+    for (ssize_t count = 0; (count = read(reading.Get(), buffer, sizeof buffer)) > 0;) {
+      outcome.output.append(buffer, static_cast<std::size_t>(count));
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
+    return outcome;
+  }
+
+  TemporaryDirectory directory_;
+};
+
+TEST_F(SettingsToolTest, SetsAndGetsWhatTheProgramReads) {
+  const Outcome kQuiet{0, ""};
+  EXPECT_EQ(Run({"list"}), kQuiet);
+  EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{1, ""}));
+  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}), kQuiet);
+  EXPECT_EQ(Run({"set", "Options", "Color", "-1"}), kQuiet);
+  EXPECT_EQ(Run({"set", "Options", "*", ""}), kQuiet);
+  EXPECT_EQ(Run({"set", "PictureFiles", "File0", " Sea.jpg   "}), kQuiet);
+  EXPECT_EQ(Run({"get", "options", "INTERVAL"}), (Outcome{0, "7\n"}));
+  EXPECT_EQ(Run({"get", "Options", "*"}), (Outcome{0, "\n"}));
+  EXPECT_EQ(Run({"get", "PictureFiles", "File0"}), (Outcome{0, " Sea.jpg   \n"}));
+  EXPECT_EQ(Run({"list"}), (Outcome{0,
+                                    "Options\t*\t\nOptions\tColor\t-1\nOptions\tInterval\t7\n"
+                                    "PictureFiles\tFile0\t Sea.jpg\n"}));
+  EXPECT_EQ(Run({"list", "PictureFiles"}), (Outcome{0, "PictureFiles\tFile0\t Sea.jpg\n"}));
+
+  SqliteRegistry registry(directory_.Path("quorvale"));
+  CRegSettings settings(registry);
+  EXPECT_EQ(settings.GetSetting("PictureFiles", "File0"), " Sea.jpg   ");
+  EXPECT_EQ(settings.GetSetting("Options", "*", "default"), "");
+
+  EXPECT_EQ(Run({"delete", "Options", "Interval"}), kQuiet);
+  EXPECT_EQ(Run({"delete", "Options", "Interval"}), (Outcome{1, ""}));
+  EXPECT_EQ(settings.GetSetting("Options", "Interval", "5"), "5");
+  EXPECT_EQ(Run({"delete", "PictureFiles"}), kQuiet);
+  EXPECT_EQ(Run({"list", "PictureFiles"}), (Outcome{1, ""}));
+  EXPECT_EQ(Run({"reset"}), kQuiet);
+  EXPECT_EQ(Run({"reset"}), kQuiet);
+  EXPECT_EQ(Run({"list"}), kQuiet);
+}
+
+TEST_F(SettingsToolTest, ReachesOtherKeys) {
+  const std::string kKey = "Control Panel\\Desktop";
+  EXPECT_EQ(Run({"--key", kKey, "set", "", "ScreenSaveUsePassword", "1"}).status, 0);
+  EXPECT_EQ(Run({"--key", "Control Panel", "get", "Desktop", "ScreenSaveUsePassword"}), (Outcome{0, "1\n"}));
+  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 0);
+  EXPECT_EQ(Run({"--key", "Control Panel", "reset"}).status, 0);
+  EXPECT_EQ(Run({"--key", kKey, "get", "", "ScreenSaveUsePassword"}).status, 1);
+  EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{0, "7\n"}));
+}
+
+TEST_F(SettingsToolTest, RefusesWhatMakesNoSense) {
+  const std::vector<std::vector<std::string>> kCases = {
+      {},        {"show"},       {"get", "Options"},    {"set", "Options", "Interval"}, {"reset", "Options"},
+      {"--key"}, {"--key", "x"}, {"--key", "", "reset"}};
+  for (const auto& arguments : kCases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << testing::PrintToString(arguments);
+  EXPECT_EQ(Run({"--help"}).status, 0);
+  directory_.Write("quorvale", "a file where the directory should be");
+  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 1);
+}
+
+}  // namespace
+}  // namespace quorvale

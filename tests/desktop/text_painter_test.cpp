@@ -1,0 +1,88 @@
+#include "platform/desktop/toolkit/text_painter.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace quorvale {
+namespace {
+
+constexpr double kPixelsPerInch = 96;
+constexpr Pixel kPaper = 0xFF102030;
+const Font kNames{"MS Serif", 12};
+const Font kTiny{"Small Fonts", 4.2F};
+
+TEST(QtTextPainter, MakesALineAsHighAsItsPointsAtEveryScale) {
+  QtTextPainter painter(kPixelsPerInch);
+  const struct {
+    Font font;
+    float scale;
+    double pixels;
+  } cases[] = {{kNames, 1, 16}, {kNames, 1.5, 24}, {kNames, 2, 32},
+               {kTiny, 1, 5.6}, {kTiny, 1.5, 8.4}, {kTiny, 2, 11.2}};
+  for (const auto& c : cases) {
+    const PixelRect size = painter.Measure("Photograph", c.font, c.scale);
+    EXPECT_GE(size.height, c.pixels) << c.font.name << c.scale;
+    EXPECT_LE(size.height, c.pixels * 1.5 + 1) << c.font.name << c.scale;
+    // Ten letters of about half their height.
+    EXPECT_GE(size.width, c.pixels * 10 * 0.35) << c.font.name << c.scale;
+    EXPECT_LE(size.width, c.pixels * 10 * 0.7) << c.font.name << c.scale;
+  }
+}
+
+TEST(QtTextPainter, KeepsFractionsOfAPixel) {
+  QtTextPainter painter(kPixelsPerInch);
+  const std::string line(40, 'n');
+  const double at_five = painter.Measure(line, {"Small Fonts", 3.75F}, 1).width;
+  const double at_five_and_a_half = painter.Measure(line, {"Small Fonts", 4.125F}, 1).width;
+  EXPECT_NEAR(at_five_and_a_half / at_five, 1.1, 0.03);
+}
+
+TEST(QtTextPainter, TakesMoreRoomForALongerTextAndNoneForNone) {
+  QtTextPainter painter(kPixelsPerInch);
+  EXPECT_EQ(painter.Measure("", kNames, 1).width, 0);
+  EXPECT_GT(painter.Measure("", kNames, 1).height, 0);
+  EXPECT_GT(painter.Measure("\u00dcber allen Gipfeln", kNames, 1).width, painter.Measure("\u00dcber", kNames, 1).width);
+  EXPECT_EQ(painter.Measure("two\nlines", kNames, 1).height, painter.Measure("two", kNames, 1).height);
+}
+
+// Draws in the middle of a larger buffer, whose edge nothing may touch.
+TEST(QtTextPainter, DrawsOnlyWhereItSays) {
+  constexpr int kWidth = 120;
+  constexpr int kHeight = 60;
+  constexpr int kEdge = 20;
+  const struct {
+    const char* what;
+    int left;
+    int top;
+    bool is_seen;
+  } cases[] = {{"inside", 5, 5, true},
+               {"cut at left and top", -15, -8, true},
+               {"cut at right", 60, 5, true},
+               {"above", 5, -100, false},
+               {"far to the right", 4000, 5, false}};
+  QtTextPainter painter(kPixelsPerInch);
+  for (const auto& c : cases) {
+    std::vector<Pixel> buffer(static_cast<std::size_t>(kWidth) * kHeight, kPaper);
+    const PixelView target{buffer.data() + kEdge * kWidth + kEdge, kWidth - 2 * kEdge, kHeight - 2 * kEdge, kWidth};
+    const PixelRect changed = painter.Draw(target, c.left, c.top, "Wolken", kNames, 0x0000FF, 1);
+    EXPECT_EQ(Intersect(changed, target.Bounds()), changed) << c.what;
+    int inked = 0;
+    for (int y = 0; y < kHeight; ++y) {
+      for (int x = 0; x < kWidth; ++x) {
+        if (buffer[static_cast<std::size_t>(y) * kWidth + x] == kPaper) continue;
+        ++inked;
+        const PixelRect pixel{x - kEdge, y - kEdge, 1, 1};
+        ASSERT_EQ(Intersect(pixel, changed), pixel) << c.what << " at " << x << ", " << y;
+      }
+    }
+    EXPECT_EQ(inked > 0, c.is_seen) << c.what;
+    if (c.is_seen) {
+      EXPECT_NE(std::find(buffer.begin(), buffer.end(), 0xFFFF0000), buffer.end()) << c.what;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,203 @@
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "base/failure.h"
+#include "desktop/window_fixture.h"
+
+namespace quorvale {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr QPoint kSomewhere(100, 50);
+
+class WindowTest : public WindowFixture {
+ protected:
+  static QWindow* OtherMonitorsWindow() {
+    for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+      if (window->isVisible() && window->geometry() == QRect(800, 0, 640, 480)) return window;
+    }
+    return nullptr;
+  }
+};
+
+TEST_F(WindowTest, TellsTheSizeOfThePrimaryMonitor) {
+  EXPECT_EQ(platform_.Screen().width, 800);
+  EXPECT_EQ(platform_.Screen().height, 600);
+  EXPECT_EQ(platform_.Screen().scale, 1);
+}
+
+TEST_F(WindowTest, CoversThePrimaryMonitorAndKeepsItsHandle) {
+  const WindowHandle handle = window_->Handle();
+  platform_.Windows().SetWindowPos(handle, kHwndTopmost, 0, 0, 0, 0, kSwpNoSizeNoMove);
+  Show();
+  EXPECT_EQ(window_->Handle(), handle);
+  EXPECT_EQ(FormWindow().geometry(), QRect(0, 0, 800, 600));
+  EXPECT_TRUE(FormWindow().flags().testFlag(Qt::WindowStaysOnTopHint));
+  EXPECT_EQ(FormWindow().title(), "Fixture");
+}
+
+TEST_F(WindowTest, GivesKeysToTheBoxAndKeepsMouseEventsApart) {
+  AddSurface({10, 10, 300, 200});
+  Show();
+  PressKey(FormWindow(), Qt::Key_A);
+  PressKey(BoxWindow(), Qt::Key_Shift);
+  PressMouse(FormWindow(), kSomewhere);
+  PressMouse(BoxWindow(), kSomewhere);
+  MoveMouse(FormWindow(), QPoint(500, 300));
+  MoveMouse(BoxWindow(), kSomewhere);
+  EXPECT_THAT(told_, ElementsAre("key 65", "key 16", "form press", "box press 100 50", "form move", "box move 100 50"));
+}
+
+// A window that appears under a resting pointer is told of a move that nobody made.
+TEST_F(WindowTest, CountsAMoveOnlyWhenThePointerIsElsewhere) {
+  AddSurface();
+  Show();
+  MoveMouse(BoxWindow(), QCursor::pos());
+  EXPECT_THAT(told_, IsEmpty());
+  MoveMouse(BoxWindow(), QCursor::pos() + QPoint(1, 0));
+  MoveMouse(FormWindow(), QCursor::pos() + QPoint(1, 0));
+  EXPECT_EQ(told_.size(), 1U);
+  QEnterEvent enter(kSomewhere, kSomewhere, kSomewhere);
+  QCoreApplication::sendEvent(&BoxWindow(), &enter);
+  MoveMouse(BoxWindow(), kSomewhere);
+  EXPECT_EQ(told_.size(), 1U);
+}
+
+TEST_F(WindowTest, LeavesTheAnswerToACloseRequestToTheToolkit) {
+  Show();
+  QCloseEvent close;
+  QCoreApplication::sendEvent(&FormWindow(), &close);
+  EXPECT_FALSE(close.isAccepted());
+  EXPECT_TRUE(FormWindow().isVisible());
+  EXPECT_THAT(told_, ElementsAre("close"));
+}
+
+TEST_F(WindowTest, TakesNoInputWhileItIsDisabled) {
+  AddSurface();
+  Show();
+  platform_.Windows().EnableWindow(window_->Handle(), false);
+  PressKey(FormWindow(), Qt::Key_A);
+  PressMouse(BoxWindow(), kSomewhere);
+  MoveMouse(BoxWindow(), kSomewhere);
+  EXPECT_THAT(told_, IsEmpty());
+  platform_.Windows().EnableWindow(window_->Handle(), true);
+  PressKey(FormWindow(), Qt::Key_A);
+  EXPECT_THAT(told_, ElementsAre("key 65"));
+}
+
+TEST_F(WindowTest, BlackensTheOtherMonitorsWhileItShowsAndTakesTheirInput) {
+  EXPECT_EQ(OtherMonitorsWindow(), nullptr);
+  Show();
+  QWindow* const other = OtherMonitorsWindow();
+  ASSERT_NE(other, nullptr);
+  const QImage image = other->screen()->grabWindow(other->winId()).toImage();
+  EXPECT_EQ(image.pixel(320, 240), ToPixel(kBlack));
+  PressKey(*other, Qt::Key_Control);
+  PressMouse(*other, kSomewhere);
+  MoveMouse(*other, kSomewhere);
+  EXPECT_THAT(told_, ElementsAre("key 17", "form press", "form move"));
+  window_->SetVisible(false);
+  EXPECT_EQ(OtherMonitorsWindow(), nullptr);
+}
+
+TEST_F(WindowTest, IsFoundByItsTitleAndByOtherRunsOnlyWhileItShows) {
+  TitleLock other_run("offscreen ");
+  EXPECT_EQ(platform_.Windows().FindWindow("Fixture"), window_->Handle());
+  EXPECT_EQ(platform_.Windows().FindWindow("Another"), 0U);
+  EXPECT_FALSE(other_run.IsClaimed("Fixture"));
+  Show();
+  EXPECT_TRUE(other_run.IsClaimed("Fixture"));
+  window_->SetVisible(false);
+  EXPECT_FALSE(other_run.IsClaimed("Fixture"));
+
+  ASSERT_TRUE(other_run.Claim("Another"));
+  EXPECT_NE(platform_.Windows().FindWindow("Another"), 0U);
+}
+
+// Two runs that started together have both seen no other.
+TEST_F(WindowTest, GivesWayToARunThatWasFaster) {
+  TitleLock other_run("offscreen ");
+  ASSERT_TRUE(other_run.Claim("Fixture"));
+  Show();
+  EXPECT_FALSE(FormWindow().isVisible());
+  EXPECT_THAT(told_, ElementsAre("close"));
+}
+
+TEST_F(WindowTest, KnowsItsWindowsByTheirHandles) {
+  AddSurface();
+  Show();
+  WindowSystem& windows = platform_.Windows();
+  const WindowHandle box = surface_peer_->Handle();
+  EXPECT_TRUE(windows.IsWindow(window_->Handle()));
+  EXPECT_TRUE(windows.IsWindow(box));
+  EXPECT_FALSE(windows.IsWindow(0));
+  surface_peer_.reset();
+  EXPECT_FALSE(windows.IsWindow(box));
+  windows.EnableWindow(box, false);
+  EXPECT_THROW(windows.ActivateWindow("Display Properties"), Failure);
+}
+
+TEST_F(WindowTest, HidesTheCursorWhileItsCountIsBelowZero) {
+  WindowSystem& windows = platform_.Windows();
+  const auto is_hidden = [] {
+    return QGuiApplication::overrideCursor() != nullptr &&
+           QGuiApplication::overrideCursor()->shape() == Qt::BlankCursor;
+  };
+  EXPECT_FALSE(is_hidden());
+  for (int count = -1; count >= -6; --count) {
+    EXPECT_EQ(windows.ShowCursor(false), count);
+    EXPECT_TRUE(is_hidden());
+  }
+  for (int count = -5; count <= 6; ++count) {
+    EXPECT_EQ(windows.ShowCursor(true), count);
+    EXPECT_EQ(is_hidden(), count < 0);
+  }
+}
+
+struct BoxCase {
+  MessageBox box;
+  QMessageBox::StandardButton press;
+  MessageBoxAnswer answer;
+};
+
+TEST_F(WindowTest, AsksInABoxAboveTheShow) {
+  Show();
+  const BoxCase cases[] = {
+      {{"one\rtwo", "Program Error", MessageBoxButtons::kAbortRetryIgnore, MessageBoxIcon::kExclamation},
+       QMessageBox::Retry,
+       MessageBoxAnswer::kRetry},
+      {{"text", "", MessageBoxButtons::kYesNoCancel, MessageBoxIcon::kQuestion},
+       QMessageBox::No,
+       MessageBoxAnswer::kNo},
+      {{"text", "", MessageBoxButtons::kOk, MessageBoxIcon::kNone}, QMessageBox::Ok, MessageBoxAnswer::kOk},
+  };
+  for (const BoxCase& c : cases) {
+    QTimer::singleShot(0, [&c] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->windowTitle().toStdString(), c.box.title.empty() ? "Title of the program" : c.box.title);
+      EXPECT_FALSE(box->text().contains('\r'));
+      EXPECT_TRUE(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+      EXPECT_TRUE(QRect(0, 0, 800, 600).contains(box->geometry()));
+      box->button(c.press)->click();
+    });
+    EXPECT_EQ(platform_.ShowMessageBox(c.box), c.answer);
+  }
+}
+
+TEST_F(WindowTest, DeletesInAPassWhatWasLeftForLater) {
+  const QPointer<QObject> object = new QObject;
+  object->deleteLater();
+  platform_.PumpEvents();
+  EXPECT_TRUE(object.isNull());
+}
+
+}  // namespace
+}  // namespace quorvale

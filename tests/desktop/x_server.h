@@ -1,0 +1,58 @@
+#pragma once
+
+#include <sys/wait.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <csignal>
+#include <memory>
+#include <string>
+
+namespace quorvale {
+
+// An X server of a test's own, without a screen.
+class XServer {
+ public:
+  struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+  };
+  using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+  XServer() {
+    int ends[2] = {};
+    if (pipe(ends) != 0) return;
+    pid_ = fork();
+    if (pid_ == 0) {
+      close(ends[0]);
+      const std::string number = std::to_string(ends[1]);
+      execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "640x480x24", "-nolisten", "tcp", "-noreset",
+             nullptr);
+      _exit(127);
+    }
+    close(ends[1]);
+    char digit = 0;
+    while (read(ends[0], &digit, 1) == 1 && digit != '\n') display_ += digit;
+    close(ends[0]);
+  }
+  ~XServer() { Stop(); }
+  XServer(const XServer&) = delete;
+  XServer& operator=(const XServer&) = delete;
+
+  // False where Xvfb is missing.
+  bool Runs() const { return !display_.empty(); }
+  std::string Display() const { return ":" + display_; }
+  Connection Connect() const { return Connection(xcb_connect(Display().c_str(), nullptr)); }
+
+  void Stop() {
+    if (pid_ <= 0) return;
+    kill(pid_, SIGTERM);
+    waitpid(pid_, nullptr, 0);
+    pid_ = 0;
+  }
+
+ private:
+  pid_t pid_ = 0;
+  std::string display_;
+};
+
+}  // namespace quorvale

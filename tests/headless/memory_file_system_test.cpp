@@ -1,0 +1,114 @@
+#include "platform/headless/memory_file_system.h"
+
+#include <gmock/gmock.h>
+
+#include "base/failure.h"
+#include "platform/headless/wildcard.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr int kAll = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+
+class MemoryFileSystemTest : public ::testing::Test {
+ protected:
+  // The names found, and behind them the number of the failure that ended it, if any.
+  std::vector<std::string> Enumerate(const std::string& directory, const std::vector<std::string>& patterns) {
+    std::vector<std::string> names;
+    try {
+      files.EnumerateFiles(directory, patterns, [&](const std::string& name) { names.push_back(name); });
+    } catch (const Failure& failure) {
+      names.push_back("failure " + std::to_string(static_cast<int>(failure.Number())));
+    }
+    return names;
+  }
+
+  MemoryFileSystem files;
+};
+
+TEST_F(MemoryFileSystemTest, PlainFilesComeByPatternAndThenByName) {
+  for (const char* const name : {"b.JPG", "A.jpg", "_.jpg", "c.bmp", "d.txt", "x.jpg.bak"}) {
+    files.AddFile(std::string(R"(C:\Pics\)") + name);
+  }
+  files.AddFile(R"(C:\Pics\hidden.jpg)", "", kAttributeHidden);
+  files.AddFile(R"(C:\Pics\system.jpg)", "", kAttributeSystem);
+  files.AddDirectory(R"(C:\Pics\folder.jpg)");
+  files.AddFile(R"(C:\Pics\deeper\e.jpg)");
+  EXPECT_THAT(Enumerate(R"(c:\PICS\)", {"*.bmp", "*.jpg"}), ElementsAre("c.bmp", "A.jpg", "b.JPG", "_.jpg"));
+  EXPECT_THAT(Enumerate("C:/Pics/", {"?.jpg"}), ElementsAre("A.jpg", "b.JPG", "_.jpg"));
+  EXPECT_THAT(Enumerate(R"(C:\Pics\folder.jpg\)", {"*"}), IsEmpty());
+  EXPECT_THAT(Enumerate(R"(C:\Nothing\)", {"*"}), ElementsAre("failure 7"));
+
+  files.MakeUnreadable(R"(C:\Pics)", 2);
+  EXPECT_THAT(Enumerate(R"(C:\Pics\)", {"*"}), ElementsAre("A.jpg", "b.JPG", "failure 8"));
+  files.Remove(R"(C:\Pics\deeper)");
+  EXPECT_EQ(files.FindFile(R"(C:\Pics\deeper\e.jpg)", kAttributeNormal), "");
+}
+
+TEST_F(MemoryFileSystemTest, SearchesFindWhatTheirMaskAllows) {
+  files.AddFile(R"(C:\A directory\Long name.jpg)");
+  files.AddFile(R"(C:\A directory\secret)", "", kAttributeHidden | kAttributeSystem);
+  files.SetShortName(R"(C:\A directory)", "ADIREC~1");
+  files.SetShortName(R"(C:\A directory\Long name.jpg)", "LONGNA~1.JPG");
+  const struct {
+    const char* path;
+    int mask;
+    const char* found;
+  } cases[] = {
+      {R"(c:\a directory\long NAME.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory\longna~1.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory\*.jpg)", kAttributeNormal, "Long name.jpg"},
+      {R"(C:\A directory)", kAttributeNormal, ""},
+      {R"(C:\adirec~1)", kAttributeDirectory, "A directory"},
+      {R"(C:\A directory\secret)", kAttributeHidden, ""},
+      {R"(C:\A directory\secret)", kAll, "secret"},
+      {R"(C:\A directory\)", kAll, ""},
+      {R"(C:\other\x)", kAll, ""},
+  };
+  for (const auto& [path, mask, found] : cases) EXPECT_EQ(files.FindFile(path, mask), found) << path;
+
+  const std::string path = R"(C:\A directory\Long name.jpg)";
+  EXPECT_EQ(files.GetShortPathName(path, 260), R"(C:\ADIREC~1\LONGNA~1.JPG)");
+  EXPECT_EQ(files.GetShortPathName(path, 4), R"(C:\)");
+  EXPECT_EQ(files.GetShortPathName(R"(C:\none)", 260), "");
+  files.failures.FailCall(FileCall::kFind, 1, 1);
+  EXPECT_THROW(files.FindFile(path, kAll), Failure);
+  EXPECT_EQ(files.FindFile(path, kAll), "Long name.jpg");
+}
+
+TEST_F(MemoryFileSystemTest, UnixPathsKeepTheirCaseAndBackslash) {
+  files.SetSyntax({'/'});
+  files.AddFile("/home/me/a.JPG");
+  files.AddFile(R"(/home/me/odd\name.jpg)");
+  EXPECT_THAT(Enumerate("/home/me/", {"*.jpg"}), ElementsAre("a.JPG", R"(odd\name.jpg)"));
+  EXPECT_THAT(Enumerate("/Home/me/", {"*"}), ElementsAre("failure 7"));
+  EXPECT_EQ(files.FindFile("/home", kAttributeDirectory), "home");
+}
+
+TEST_F(MemoryFileSystemTest, IniLinesAreKeptUnlessToldToFail) {
+  EXPECT_TRUE(files.WritePrivateProfileString("boot", "key", "value", "SYSTEM.INI"));
+  files.failures.FailCall(FileCall::kWriteIni, 1, 1);
+  EXPECT_FALSE(files.WritePrivateProfileString("boot", "key", "other", "SYSTEM.INI"));
+  EXPECT_EQ(files.IniLine("boot", "key", "SYSTEM.INI"), "value");
+  EXPECT_EQ(files.IniLine("boot", "none", "SYSTEM.INI"), std::nullopt);
+}
+
+TEST(WildcardTest, Matches) {
+  const struct {
+    const char* name;
+    const char* pattern;
+    bool matches;
+  } cases[] = {{"a.jpg", "*.jpg", true},   {"a.JPG", "*.jpg", true}, {"a.jpeg", "*.jpg", false},
+               {".jpg", "*.jpg", true},    {"ab", "a?", true},       {"a", "a?", false},
+               {"aXbXc", "a*b*c", true},   {"abcd", "a*c", false},   {"", "*", true},
+               {"a.b.jpg", "*.jpg", true}, {"", "", true},           {"a", "", false}};
+  for (const auto& [name, pattern, matches] : cases) {
+    EXPECT_EQ(MatchesWildcard(name, pattern), matches) << name << " " << pattern;
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,114 @@
+#include "platform/headless/memory_registry.h"
+
+#include <gmock/gmock.h>
+
+#include <cstring>
+
+namespace quorvale {
+namespace {
+
+class MemoryRegistryTest : public ::testing::Test {
+ protected:
+  RegistryKey Create(const std::string& path, std::uint32_t access = kKeyAllAccess) {
+    RegistryKey key = 0;
+    EXPECT_EQ(registry.RegCreateKeyEx(kHkeyCurrentUser, path, access, key), kErrorSuccess);
+    return key;
+  }
+  std::int32_t Open(const std::string& path, RegistryKey& key) {
+    return registry.RegOpenKeyEx(kHkeyCurrentUser, path, kKeyRead, key);
+  }
+
+  MemoryRegistry registry;
+};
+
+TEST_F(MemoryRegistryTest, TextCountsItsNulHoweverItWasStored) {
+  const RegistryKey key = Create("Software\\Test");
+  const struct {
+    const char* name;
+    std::uint32_t stored;
+    std::string text;
+  } cases[] = {{"bare", 3, "abc"}, {"terminated", 4, "abc"}, {"empty", 0, ""}, {"", 3, "abc"}};
+  for (const auto& [name, stored, text] : cases) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(registry.RegSetValueEx(key, name, kRegSz, "abc", stored), kErrorSuccess);
+    std::uint32_t type = 0;
+    std::uint32_t size = 0;
+    EXPECT_EQ(registry.RegQueryValueEx(key, name, type, nullptr, size), kErrorSuccess);
+    EXPECT_EQ(size, text.size() + 1);
+    EXPECT_EQ(type, kRegSz);
+    std::string data(size, '?');
+    std::uint32_t room = size - 1;
+    EXPECT_EQ(registry.RegQueryValueEx(key, name, type, data.data(), room), kErrorMoreData);
+    EXPECT_EQ(room, size);
+    EXPECT_EQ(registry.RegQueryValueEx(key, name, type, data.data(), room), kErrorSuccess);
+    EXPECT_EQ(data, text + '\0');
+    EXPECT_EQ(registry.Text(kHkeyCurrentUser, "software\\test", name), text);
+  }
+}
+
+TEST_F(MemoryRegistryTest, NumbersAreTheirBytes) {
+  const RegistryKey key = Create("Key");
+  const std::uint32_t number = 0x01020304;
+  char bytes[sizeof number];
+  std::memcpy(bytes, &number, sizeof number);
+  registry.RegSetValueEx(key, "n", kRegDword, bytes, sizeof bytes);
+  char read[8] = {};
+  std::uint32_t type = 0;
+  std::uint32_t size = sizeof read;
+  EXPECT_EQ(registry.RegQueryValueEx(key, "N", type, read, size), kErrorSuccess);
+  EXPECT_EQ(size, sizeof number);
+  EXPECT_EQ(std::memcmp(read, bytes, sizeof bytes), 0);
+}
+
+TEST_F(MemoryRegistryTest, KeyOutlivesItsValuesAndGoesWithoutSubkeysOnly) {
+  const RegistryKey top = Create("Top");
+  const RegistryKey below = Create("TOP\\Below");
+  registry.RegSetValueEx(below, "v", kRegSz, "x", 1);
+  EXPECT_EQ(registry.RegDeleteValue(below, "V"), kErrorSuccess);
+  EXPECT_EQ(registry.RegDeleteValue(below, "V"), kErrorFileNotFound);
+  EXPECT_TRUE(registry.HasKey(kHkeyCurrentUser, "top\\below"));
+
+  RegistryKey root = 0;
+  ASSERT_EQ(Open("", root), kErrorSuccess);
+  EXPECT_EQ(registry.RegDeleteKey(root, "top"), kErrorAccessDenied);
+  EXPECT_EQ(registry.RegDeleteKey(top, "below"), kErrorSuccess);
+  EXPECT_EQ(registry.RegDeleteKey(top, "below"), kErrorFileNotFound);
+  EXPECT_EQ(registry.RegSetValueEx(below, "v", kRegSz, "x", 1), kErrorKeyDeleted);
+  EXPECT_EQ(registry.RegDeleteKey(root, "top"), kErrorSuccess);
+  RegistryKey gone = 0;
+  EXPECT_EQ(Open("top", gone), kErrorFileNotFound);
+  EXPECT_EQ(registry.OpenKeys(), 3);
+}
+
+TEST_F(MemoryRegistryTest, HandlesAreCheckedForWhatTheyWereOpenedFor) {
+  registry.RegCloseKey(Create("Key"));
+  RegistryKey key = 0;
+  ASSERT_EQ(Open("Key", key), kErrorSuccess);
+  EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "x", 1), kErrorAccessDenied);
+  EXPECT_EQ(registry.RegCloseKey(key), kErrorSuccess);
+  EXPECT_EQ(registry.RegCloseKey(key), kErrorInvalidHandle);
+  std::uint32_t type = 0;
+  std::uint32_t size = 0;
+  EXPECT_EQ(registry.RegQueryValueEx(key, "v", type, nullptr, size), kErrorInvalidHandle);
+  EXPECT_EQ(registry.RegOpenKeyEx(1, "Key", kKeyRead, key), kErrorInvalidHandle);
+}
+
+TEST_F(MemoryRegistryTest, CallsFailWhenTold) {
+  registry.failures.FailCall(RegistryCall::kOpen, 2, kErrorAccessDenied);
+  registry.failures.FailCall(RegistryCall::kAny, 4, kErrorWriteFault);
+  const RegistryKey key = Create("Key");  // call 1
+  RegistryKey opened = 0;
+  EXPECT_EQ(Open("Key", opened), kErrorSuccess);       // call 2
+  EXPECT_EQ(Open("Key", opened), kErrorAccessDenied);  // call 3
+  EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "x", 1), kErrorWriteFault);
+  EXPECT_EQ(registry.Text(kHkeyCurrentUser, "Key", "v"), std::nullopt);
+  EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "x", 1), kErrorSuccess);
+  registry.failures.FailEvery(RegistryCall::kSet, kErrorWriteFault);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "y", 1), kErrorWriteFault);
+  EXPECT_EQ(registry.RegDeleteValue(key, "v"), kErrorSuccess);
+  registry.failures.Forget();
+  EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "y", 1), kErrorSuccess);
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,142 @@
+#include "saver/main_form.h"
+
+#include "support/show_fixture.h"
+
+namespace quorvale {
+namespace {
+
+class MainFormTest : public ShowTest {
+ protected:
+  void SetUp() override {
+    ShowTest::SetUp();
+    Pictures({"picture 400 300 ff0000", "picture 400 300 0000ff"});
+  }
+
+  WindowHandle Box() { return form_->PicBase.Hwnd(); }
+  void Moves(int count) {
+    for (int i = 0; i < count && form_->IsLoaded(); ++i) desktop.MoveMouse(Box());
+  }
+};
+
+TEST_F(MainFormTest, CoversTheScreenAboveAllOthersWithoutACursor) {
+  MainForm& form = Start();
+  const HeadlessWindow& window = *desktop.windows.Find(form.Hwnd());
+  EXPECT_EQ(window.title, "Screen Saver Main Form");
+  EXPECT_TRUE(window.visible);
+  EXPECT_TRUE(window.topmost);
+  EXPECT_EQ(window.bounds, (PixelRect{0, 0, 800, 600}));
+  EXPECT_EQ(form.PicBase.Pixels().Bounds(), (PixelRect{0, 0, 800, 600}));
+  EXPECT_EQ(desktop.windows.cursor_count, -6);
+  EXPECT_EQ(form.tmrSwitch.Interval(), 500);
+  EXPECT_TRUE(form.tmrSwitch.Enabled());
+}
+
+TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
+  struct Case {
+    const char* what;
+    std::function<void()> act;
+    bool ends;
+  };
+  const std::vector<Case> cases = {
+      {"a key on the picture box", [&] { desktop.PressKey(Box(), 65); }, true},
+      {"a key on the form", [&] { desktop.PressKey(form_->Hwnd(), 16); }, true},
+      {"a press on the form", [&] { desktop.PressMouse(form_->Hwnd()); }, true},
+      {"a close request", [&] { desktop.RequestClose(form_->Hwnd()); }, true},
+      {"a press on the background", [&] { desktop.PressMouse(Box(), 1, 1); }, false},
+      {"a press on the picture", [&] { desktop.PressMouse(Box(), 400, 300); }, false},
+      {"nine moves", [&] { Moves(9); }, false},
+      {"ten moves", [&] { Moves(10); }, true},
+      {"ten moves on the form, the box and the picture",
+       [&] {
+         for (int i = 0; i < 4; ++i) desktop.MoveMouse(form_->Hwnd());
+         for (int i = 0; i < 3; ++i) desktop.MoveMouse(Box(), 1, 1);
+         for (int i = 0; i < 3; ++i) desktop.MoveMouse(Box(), 400, 300);
+       },
+       true},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    process.StopRequested = false;
+    process.MouseMoveCount = 0;
+    Start();
+    FirstTick();
+    c.act();
+    EXPECT_EQ(form_->IsLoaded(), !c.ends);
+    EXPECT_EQ(process.app.Forms.Count(), c.ends ? 0 : 1);
+    EXPECT_EQ(process.StopRequested, c.ends);
+    EXPECT_EQ(desktop.windows.cursor_count, c.ends ? 6 : -6);
+    form_->Unload();
+    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
+  }
+}
+
+struct Movement {
+  int moves;
+  double pause;  // seconds, before these moves
+};
+
+TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
+  struct Case {
+    const char* what;
+    std::vector<Movement> movements;
+    bool ends;
+  };
+  const std::vector<Case> cases = {
+      {"the late move clears the count", {{8, 0}, {1, 10.5}, {9, 0}}, false},
+      {"and ten more are needed", {{8, 0}, {1, 10.5}, {10, 0}}, true},
+      {"a late move that is the tenth ends it", {{9, 0}, {1, 3000}}, true},
+      {"exactly ten seconds do not clear", {{8, 0}, {1, 10}, {1, 0}}, true},
+      {"slow movement never ends it",
+       {{1, 0}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}},
+       false},
+      {"the clearing move opens no count", {{1, 0}, {1, 11}, {1, 11}, {1, 8}, {7, 0}}, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    process.StopRequested = false;
+    process.MouseMoveCount = 0;
+    Start();
+    for (const Movement& movement : c.movements) {
+      desktop.queue.Skip(static_cast<int>(movement.pause * 1000));
+      Moves(movement.moves);
+    }
+    EXPECT_EQ(form_->IsLoaded(), !c.ends);
+    form_->Unload();
+  }
+}
+
+TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
+  process.SetOption("SwapAffect", "Spotlight");
+  Start();
+  FirstTick();
+  desktop.queue.AtPump(7, [&] { desktop.PressKey(Box(), 32); });
+  EXPECT_THROW(NextTick(), ProcessEnded);
+  EXPECT_FALSE(form_->IsLoaded());
+  EXPECT_EQ(desktop.windows.cursor_count, 7) << "6 from the unloading, raised once more by the ending";
+  EXPECT_EQ(desktop.paced_runs.back().pumps, 7);
+  EXPECT_EQ(Position(), "1");
+}
+
+TEST_F(MainFormTest, TheTimerDoesNothingOnceTheShowIsToEnd) {
+  Start();
+  process.StopRequested = true;
+  desktop.queue.Advance(5000);
+  EXPECT_EQ(Position(), "none");
+}
+
+TEST_F(MainFormTest, AFormThatGoesInMidEffectWithoutAStopCostsTheTickItsSteps) {
+  process.SetOption("SwapAffect", "Sweep Down");
+  Start();
+  FirstTick();
+  desktop.queue.AtPump(5, [&] {
+    form_->Unload();
+    process.StopRequested = false;
+  });
+  NextTick();
+  EXPECT_FALSE(form_->IsLoaded());
+  EXPECT_TRUE(desktop.boxes.shown.empty());
+  EXPECT_LT(desktop.paced_runs.back().pumps, 8);
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,177 @@
+#include "show/picture_layout.h"
+
+#include "support/show_fixture.h"
+
+namespace quorvale {
+namespace {
+
+void ExpectRect(const TwipRect& rect, const TwipRect& expected) {
+  EXPECT_FLOAT_EQ(rect.left, expected.left);
+  EXPECT_FLOAT_EQ(rect.top, expected.top);
+  EXPECT_FLOAT_EQ(rect.width, expected.width);
+  EXPECT_FLOAT_EQ(rect.height, expected.height);
+}
+
+// A line of text in "MS Serif" at 12 point is 16 pixels an em, 19 pixels high.
+constexpr float kCaptionTop = 9000 - 19 * 15;
+
+struct LayoutCase {
+  const char* what;
+  const char* picture;
+  std::vector<std::pair<const char*, const char*>> options;
+  TwipRect place;
+};
+
+class PictureLayoutTest : public ShowTest {};
+
+TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
+  const std::vector<LayoutCase> cases = {
+      {"centred", "picture 400 200 ff0000", {}, {3000, 3000, 6000, 3000}},
+      {"of the screen's size", "picture 800 600 ff0000", {}, {0, 0, 12000, 9000}},
+      {"wider than the screen", "picture 1600 600 ff0000", {}, {-6000, 0, 24000, 9000}},
+      {"stretched", "picture 40 30 ff0000", {{"Stretch", "1"}}, {0, 0, 12000, 9000}},
+      {"2 does not stretch", "picture 400 200 ff0000", {{"Stretch", "2"}}, {3000, 3000, 6000, 3000}},
+      {"stretched over its name",
+       "picture 4 3 ff0000",
+       {{"Stretch", "1"}, {"ShowFileName", "1"}},
+       {0, 0, 12000, kCaptionTop}},
+      {"no taller than the name's top", "picture 400 581 ff0000", {{"ShowFileName", "1"}}, {3000, 142.5, 6000, 8715}},
+      {"taller than the name's top",
+       "picture 400 590 ff0000",
+       {{"ShowFileName", "1"}},
+       {3000, 75, 6000, kCaptionTop - 75}},
+      {"taller than the screen is squeezed",
+       "picture 400 1000 ff0000",
+       {{"ShowFileName", "1"}},
+       {3000, -3000, 6000, kCaptionTop + 3000}},
+  };
+  for (const LayoutCase& c : cases) {
+    SCOPED_TRACE(c.what);
+    for (const char* option : {"Stretch", "ShowFileName"}) process.SetOption(option, "");
+    for (const auto& [key, value] : c.options) process.SetOption(key, value);
+    Pictures({c.picture});
+    MainForm& form = Start();
+    FirstTick();
+    ExpectRect(form.PicPreview.Bounds(), c.place);
+    EXPECT_EQ(desktop.pictures.loads.back().box, ToPixels(c.place, 1));
+    form.Unload();
+    process.StopRequested = false;
+  }
+}
+
+TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreen) {
+  Pictures({"picture 400 300 ff0000"});
+  MainForm& form = Start();
+  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
+  FirstTick();
+  ExpectRect(form.PicPreview.Bounds(), {750, 1125, 1500, 2250});
+}
+
+TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
+  desktop.SetScreen(800, 600, 2);
+  Pictures({"picture 400 300 ff0000"});
+  MainForm& form = Start();
+  FirstTick();
+  ExpectRect(form.PicPreview.Bounds(), {4500, 3375, 3000, 2250});
+  EXPECT_EQ(form.PicBase.Pixels().Width(), 1600);
+  EXPECT_EQ(At(600, 450), 0xFF0000U);
+  EXPECT_EQ(At(999, 749), 0xFF0000U);
+  EXPECT_EQ(At(599, 450), 0U);
+  EXPECT_EQ(At(1000, 450), 0U);
+}
+
+TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
+  Pictures({"picture 400 300 ff0000"});
+  process.SetOption("ShowFileName", "1");
+  process.SetOption("ShowFrame", "1");
+  process.SetOption("FrameColor", "&HFF00&");
+  MainForm& form = Start();
+  form.PicBase.SetDrawWidth(30);
+  const DrawRecorder recorder(form.PicBase);
+  FirstTick();
+  ASSERT_EQ(recorder.operations.size(), 3U);
+  EXPECT_EQ(recorder.operations[0], (DrawOperation{.kind = DrawOperation::Kind::kCls}));
+  // Two characters of 8 pixels each, in the middle of the bottom line.
+  EXPECT_EQ(recorder.operations[1],
+            (DrawOperation{
+                .kind = DrawOperation::Kind::kPrint, .x1 = 5880, .y1 = kCaptionTop, .colour = kWhite, .text = "P0"}));
+  EXPECT_EQ(recorder.operations[2], (DrawOperation{.kind = DrawOperation::Kind::kBox,
+                                                   .x1 = 2940,
+                                                   .y1 = 2190,
+                                                   .x2 = 9060,
+                                                   .y2 = 6810,
+                                                   .draw_width = 1,
+                                                   .colour = 0xFF00}));
+  EXPECT_EQ(At(200, 150), 0xFF0000U);
+  EXPECT_EQ(At(199, 149), 0x00FF00U);
+  EXPECT_EQ(At(195, 145), 0U);
+  EXPECT_EQ(At(393, 585), 0xFFFFFFU);
+}
+
+TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
+  struct Case {
+    const char* mode;
+    const char* thickness;
+    float width;
+  };
+  // Empty reads as 0; a thickness too large for 16 bits is no frame at all.
+  for (const Case& c : {Case{"/S", "", 0},
+                        {"/P", "3", 60},
+                        {"/C", "3", 12},
+                        {"/S", "20", 400},
+                        {"/S", "1.6", 32},
+                        {"/S", "none", 0},
+                        {"/S", "2000", 0}}) {
+    SCOPED_TRACE(testing::Message() << c.mode << " " << c.thickness);
+    Pictures({"picture 400 300 ff0000"});
+    process.SetOption("ShowFrame", "1");
+    process.SetOption("FrameThickness", c.thickness);
+    MainForm& form = Start();
+    process.RunMode = c.mode;
+    const DrawRecorder recorder(form.PicBase);
+    FirstTick();
+    ASSERT_EQ(recorder.operations.size(), 1U);
+    EXPECT_FLOAT_EQ(recorder.operations[0].x1, 3000 - c.width);
+    form.Unload();
+    process.StopRequested = false;
+  }
+}
+
+TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {
+  Pictures({"picture 400 300 ff0000", "damaged"});
+  process.SetOption("ShowFileName", "1");
+  MainForm& form = Start();
+  FirstTick();
+  const TwipRect place = form.PicPreview.Bounds();
+  const DrawRecorder recorder(form.PicBase);
+  NextTick();
+  ExpectRect(form.PicPreview.Bounds(), place);
+  EXPECT_EQ(At(400, 300), 0xFF0000U);
+  EXPECT_EQ(recorder.operations.back().text, "P1");
+}
+
+TEST_F(PictureLayoutTest, WithoutAPictureThereIsStillNameAndFrame) {
+  Pictures({"damaged"});
+  process.SetOption("ShowFileName", "1");
+  process.SetOption("ShowFrame", "1");
+  MainForm& form = Start();
+  const DrawRecorder recorder(form.PicBase);
+  FirstTick();
+  EXPECT_EQ(recorder.operations.size(), 3U);
+  EXPECT_EQ(form.PicPreview.Width(), 0);
+}
+
+TEST_F(PictureLayoutTest, AStretchedPictureHasNoFrame) {
+  Pictures({"picture 40 30 ff0000"});
+  process.SetOption("Stretch", "1");
+  process.SetOption("ShowFrame", "1");
+  MainForm& form = Start();
+  form.PicBase.SetDrawWidth(30);
+  const DrawRecorder recorder(form.PicBase);
+  FirstTick();
+  EXPECT_TRUE(recorder.operations.empty());
+  EXPECT_EQ(form.PicBase.DrawWidth(), 30);
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,268 @@
+#include "show/slide_tick.h"
+
+#include "playlist/media_collections.h"
+#include "support/show_fixture.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class SlideTickTest : public ShowTest {
+ protected:
+  void ThreePictures() { Pictures({"picture 10 10 ff0000", "picture 10 10 00ff00", "picture 10 10 0000ff"}); }
+
+  // The numbers of the files that were asked for so far.
+  std::vector<char> Loaded() {
+    std::vector<char> numbers;
+    for (const auto& load : desktop.pictures.loads) numbers.push_back(load.path.at(4));
+    return numbers;
+  }
+};
+
+struct PositionCase {
+  const char* stored;
+  const char* reset;
+  std::vector<std::string> positions;  // after each of the first ticks
+};
+
+TEST_F(SlideTickTest, PositionsFollowTheStoredOne) {
+  const std::vector<PositionCase> cases = {
+      {nullptr, "", {"1", "2", "3", "1"}},  // nothing stored yet
+      {"2", "", {"3", "1"}},                // wraps at the end
+      {"3", "", {"1", "2"}},                // the list's length
+      {"40", "", {"1", "2"}},               // the list got shorter
+      {"2", "1", {"1", "2"}},               // started over, once
+      {"2", "0.4", {"3"}},                  // rounds to 0: off
+      {"2", "-7", {"1"}},                   // any number but 0 is on
+      {"2", "99999999999", {"1"}},          // a test that fails takes its branch
+      {"two", "", {"0", "1"}},              // no number: nothing this time, from the start at the next
+      {"", "", {"0", "1"}},
+      {" 2 ", "", {"3"}},
+      {"2x", "", {"0", "1"}},
+      {"-3", "", {"-2", "-1", "0", "1", "2"}},
+      {"2147483647", "", {"0", "1"}},  // one more does not fit
+  };
+  for (const PositionCase& c : cases) {
+    SCOPED_TRACE(testing::Message() << "stored " << (c.stored == nullptr ? "nothing" : c.stored) << ", reset "
+                                    << c.reset);
+    HeadlessDesktop other;
+    Process fresh(other, other.Services());
+    fresh.SetOption("SwapAffect", "None");
+    fresh.SetOption("ResetPicList", c.reset);
+    if (c.stored != nullptr) fresh.SetOption("LastPicture", c.stored);
+    for (int i = 0; i < 3; ++i) {
+      fresh.Settings.SaveSetting("PictureFiles", "File" + std::to_string(i), "C:\\P.jpg");
+    }
+    std::make_shared<MainForm>(fresh)->Show();
+    int wait = 500;
+    for (const std::string& position : c.positions) {
+      other.queue.Advance(wait);
+      wait = 5000;
+      EXPECT_EQ(fresh.Option("LastPicture", "none"), position);
+    }
+  }
+}
+
+TEST_F(SlideTickTest, AFileThatCantBeShownIsPassedOver) {
+  ThreePictures();
+  desktop.files.Remove("C:\\P1.jpg");
+  Start();
+  FirstTick();
+  EXPECT_EQ(At(400, 300), 0xFF0000U);
+  NextTick();
+  EXPECT_EQ(At(400, 300), 0xFF0000U) << "the picture before stays";
+  EXPECT_EQ(Position(), "2");
+  NextTick();
+  EXPECT_EQ(At(400, 300), 0x0000FFU);
+  EXPECT_THAT(Loaded(), ElementsAre('0', '1', '2'));
+}
+
+TEST_F(SlideTickTest, WithoutPicturesTheSurfaceIsClearedAndSoundsGoOn) {
+  Sounds(2);
+  MainForm& form = Start();
+  form.PicBase.LineBox(0, 0, 12000, 9000, kWhite);
+  FirstTick();
+  EXPECT_EQ(At(400, 300), 0U);
+  NextTick();
+  NextTick();
+  EXPECT_EQ(Position(), "none");
+  ASSERT_EQ(desktop.sound.played.size(), 3U);
+  EXPECT_EQ(desktop.sound.played[0], (RecordedSound::Played{"C:\\S0.wav", 0x20003}));
+  EXPECT_EQ(desktop.sound.played[1].path, "C:\\S1.wav");
+  EXPECT_EQ(desktop.sound.played[2].path, "C:\\S0.wav");
+  EXPECT_EQ(process.Option("LastSound", ""), "1");
+}
+
+TEST_F(SlideTickTest, TheResetIsSpentOnAnEmptyList) {
+  process.SetOption("ResetPicList", "1");
+  process.SetOption("LastPicture", "1");
+  Start();
+  FirstTick();
+  process.PictureList = Collection({"C:\\a", "C:\\b"});
+  NextTick();
+  EXPECT_EQ(Position(), "2");
+}
+
+TEST_F(SlideTickTest, SoundsStartOverApartFromThePictures) {
+  ThreePictures();
+  Sounds(3);
+  process.SetOption("ResetSoundList", "1");
+  process.SetOption("LastPicture", "1");
+  process.SetOption("LastSound", "1");
+  Start();
+  FirstTick();
+  EXPECT_EQ(Position(), "2");
+  EXPECT_EQ(desktop.sound.played.back().path, "C:\\S0.wav");
+}
+
+TEST_F(SlideTickTest, ASoundStepPumpsBeforeAndAfter) {
+  ThreePictures();
+  Sounds(1);
+  Start();
+  std::string stored_before;
+  std::string stored_after;
+  desktop.queue.AtPump(1, [&] { stored_before = process.Option("LastSound", "none"); });
+  desktop.queue.AtPump(2, [&] { stored_after = process.Option("LastSound", "none"); });
+  const std::int64_t pumps = desktop.queue.PumpCount();
+  SlideTick(process, form_->PicPreview, form_->imgFullSize);
+  EXPECT_EQ(desktop.queue.PumpCount() - pumps, 2);
+  EXPECT_EQ(stored_before, "none");
+  EXPECT_EQ(stored_after, "1");
+}
+
+TEST_F(SlideTickTest, ThePreviewPlaysNoSound) {
+  ThreePictures();
+  Sounds(1);
+  Start();
+  process.RunMode = "/P";
+  const std::int64_t pumps = desktop.queue.PumpCount();
+  SlideTick(process, form_->PicPreview, form_->imgFullSize);
+  EXPECT_EQ(desktop.queue.PumpCount(), pumps);
+  EXPECT_THAT(desktop.sound.played, IsEmpty());
+  EXPECT_EQ(process.Option("LastSound", "none"), "none");
+  EXPECT_EQ(Position(), "1");
+}
+
+TEST_F(SlideTickTest, ASuspendedTickDoesNothing) {
+  ThreePictures();
+  Start();
+  process.PreviewSuspended = true;
+  FirstTick();
+  EXPECT_EQ(Position(), "none");
+  EXPECT_FALSE(process.FirstTickOver);
+  EXPECT_EQ(form_->tmrSwitch.Interval(), 500);
+}
+
+TEST_F(SlideTickTest, TheIntervalIsTheUsersUnlessTheTimerRefusesIt) {
+  const std::vector<std::pair<const char*, int>> cases = {
+      {"7", 7000}, {"2.5", 2500}, {"65.535", 65535}, {"66", 500}, {"-1", 500}, {"0", 0}, {"soon", 0}, {"1e99", 500},
+  };
+  for (const auto& [text, interval] : cases) {
+    SCOPED_TRACE(text);
+    process.SetOption("Interval", text);
+    Start();
+    FirstTick();
+    EXPECT_EQ(form_->tmrSwitch.Interval(), interval);
+    form_->Unload();
+    process.StopRequested = false;
+  }
+}
+
+TEST_F(SlideTickTest, ALoneHiddenFormGoesAndEndsTheShow) {
+  ThreePictures();
+  form_ = std::make_shared<MainForm>(process);
+  form_->Load();
+  FirstTick();
+  EXPECT_FALSE(form_->IsLoaded());
+  EXPECT_TRUE(process.StopRequested);
+  EXPECT_EQ(desktop.host.ended, 0) << "no transition has run that could end the process";
+  EXPECT_TRUE(process.FirstTickOver);
+}
+
+TEST_F(SlideTickTest, ALoneHiddenFormEndsTheProcessOnceTransitionsRun) {
+  ThreePictures();
+  process.TransitionArmed = true;
+  form_ = std::make_shared<MainForm>(process);
+  form_->Load();
+  EXPECT_THROW(FirstTick(), ProcessEnded);
+}
+
+TEST_F(SlideTickTest, TwoShowsSideBySideShareNothing) {
+  ThreePictures();
+  HeadlessDesktop other_desktop;
+  Process other(other_desktop, other_desktop.Services());
+  std::make_shared<MainForm>(other)->Show();
+  Start();
+  FirstTick();
+  EXPECT_EQ(Position(), "1");
+  EXPECT_FALSE(other.FirstTickOver);
+  other_desktop.queue.Advance(500);
+  EXPECT_EQ(other.Option("LastPicture", "none"), "none");
+}
+
+TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
+  ThreePictures();
+  process.SetOption("SwapAffect", "Sweep Right");
+  process.SetOption("LastPicture", "1");
+  Start();
+  FirstTick();
+  // The effect of the tick for entry 3 finds a list of two: the entry is one failed step.
+  desktop.queue.AtPump(5, [&] { process.PictureList = Collection({"C:\\P0.jpg", "C:\\P1.jpg"}); });
+  NextTick();
+  EXPECT_THAT(Loaded(), ElementsAre('1'));
+  EXPECT_EQ(Position(), "3");
+  NextTick();
+  EXPECT_EQ(Position(), "1");
+}
+
+TEST_F(SlideTickTest, TheTimerDoesNotFireIntoATickThatRuns) {
+  ThreePictures();
+  process.SetOption("SwapAffect", "Sweep Right");
+  process.SetOption("Interval", "2");
+  Start();
+  FirstTick();
+  desktop.queue.SetMicrosecondsPerPump(50'000);  // the effect takes 40 seconds, twenty times the interval
+  desktop.queue.Advance(2000);
+  EXPECT_EQ(Position(), "2");
+}
+
+TEST_F(SlideTickTest, ABoxOpenedInMidTickHoldsItUpAndNoMore) {
+  ThreePictures();
+  process.SetOption("SwapAffect", "Sweep Right");
+  Start();
+  FirstTick();
+  desktop.queue.AtPump(3, [&] { process.app.ShowMessageBox({.text = "Hello"}); });
+  desktop.boxes.Answer([&](const MessageBox&) {
+    desktop.queue.Advance(20'000);  // the timer's events find the tick still running
+    return MessageBoxAnswer::kOk;
+  });
+  NextTick();
+  EXPECT_EQ(Position(), "2");
+  EXPECT_EQ(desktop.boxes.shown.size(), 1U);
+}
+
+TEST_F(SlideTickTest, NothingLeavesATickWhateverCallOfTheStoreFails) {
+  ThreePictures();
+  Sounds(1);
+  process.SetOption("ShowFileName", "1");
+  process.SetOption("ShowFrame", "1");
+  process.SetOption("SwapAffect", "Shrinking Square");
+  Start();
+  FirstTick();
+  desktop.registry.calls.clear();
+  NextTick();
+  const auto calls = static_cast<int>(desktop.registry.calls.size());
+  ASSERT_GT(calls, 30);
+  for (int n = 1; n <= calls; ++n) {
+    desktop.registry.failures.FailCall(RegistryCall::kAny, n, kErrorAccessDenied);
+    NextTick();
+    desktop.registry.failures.Forget();
+    EXPECT_THAT(desktop.boxes.shown, IsEmpty()) << "call " << n;
+    EXPECT_EQ(process.app.Forms.Count(), 1);
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,246 @@
+#include "toolkit/form.h"
+
+#include <stdexcept>
+
+#include "base/ending.h"
+#include "base/failure.h"
+#include "support/headless_fixture.h"
+#include "toolkit/scripted_form.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class FormTest : public HeadlessTest {
+ protected:
+  std::shared_ptr<ScriptedForm> Loaded(const std::string& name = "Form") {
+    auto form = std::make_shared<ScriptedForm>(app, name);
+    form->Load();
+    return form;
+  }
+
+  Application app{desktop};
+};
+
+TEST_F(FormTest, LoadHandlerSeesTheFormLoadedAndListedAndShowMakesItVisible) {
+  const auto first = Loaded("First");
+  const auto form = std::make_shared<ScriptedForm>(app, "Second");
+  form->OnLoad = [&] {
+    EXPECT_EQ(&app.Forms[1], form.get());
+    EXPECT_FALSE(form->Visible());
+    EXPECT_EQ(form->Box.Width(), 1500);
+    form->Move(300, 150, 3000, 1500);
+  };
+  form->Show();
+  form->Show();
+  EXPECT_THAT(form->events, ElementsAre("Load"));
+  EXPECT_TRUE(form->Visible());
+  const HeadlessWindow& window = *desktop.windows.Find(form->Hwnd());
+  EXPECT_TRUE(window.visible);
+  EXPECT_EQ(window.title, "Second caption");
+  EXPECT_EQ(window.bounds, (PixelRect{20, 10, 200, 100}));
+  EXPECT_EQ(desktop.windows.Find(form->Box.Hwnd())->bounds, (PixelRect{10, 0, 100, 40}));
+  EXPECT_EQ(FailureOf([&] { app.Forms[2]; }), FailureNumber::kNoSuchEntry);
+}
+
+TEST_F(FormTest, FailedLoadLeavesNoTrace) {
+  const std::function<void()> failures[] = {
+      [] { throw Failure(FailureNumber::kUnreadable, "No", "Test"); },
+      [] { throw std::runtime_error("No"); },
+      [] { throw ProcessEnded(); },
+  };
+  for (const auto& fail : failures) {
+    const auto form = std::make_shared<ScriptedForm>(app);
+    form->OnLoad = [&] {
+      form->Clock.SetEnabled(true);
+      fail();
+    };
+    EXPECT_ANY_THROW(form->Show());
+    EXPECT_FALSE(form->IsLoaded());
+    EXPECT_EQ(app.Forms.Count(), 0);
+    EXPECT_THAT(desktop.windows.All(), IsEmpty());
+    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
+    EXPECT_THAT(form->events, ElementsAre("Load"));
+  }
+}
+
+TEST_F(FormTest, UnloadRunsBothHandlersAndDestroys) {
+  const auto form = Loaded();
+  const WindowHandle window = form->Hwnd();
+  int gone = 0;
+  app.LastFormGone = [&] { ++gone; };
+  const auto other = Loaded("Other");
+  form->Unload();
+  EXPECT_EQ(gone, 0);
+  other->Unload();
+  EXPECT_EQ(gone, 1);
+  form->Unload();
+  EXPECT_THAT(form->events, ElementsAre("Load", "QueryUnload", "Unload"));
+  EXPECT_FALSE(desktop.windows.IsWindow(window));
+  EXPECT_THAT(desktop.windows.All(), IsEmpty());
+  EXPECT_EQ(gone, 1);
+}
+
+TEST_F(FormTest, CancelledUnloadLeavesTheFormAndItsTimersRunning) {
+  const auto form = Loaded();
+  int ticks = 0;
+  bool refuse = true;
+  form->Clock.Elapsed = [&] { ++ticks; };
+  form->Clock.SetEnabled(true);
+  form->OnQueryUnload = [&](bool& cancel) {
+    // Asked for again from inside: nothing happens.
+    form->Unload();
+    desktop.queue.Advance(100);
+    cancel = refuse;
+  };
+  form->Unload();
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_EQ(ticks, 1);
+  refuse = false;
+  form->Unload();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(ticks, 2);
+  desktop.queue.Advance(1000);
+  EXPECT_EQ(ticks, 2);
+  EXPECT_THAT(form->events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload"));
+}
+
+TEST_F(FormTest, FailingQueryKeepsTheFormAndFailingUnloadHandlerDoesNot) {
+  const auto form = Loaded();
+  form->OnQueryUnload = [](bool&) { throw std::runtime_error("No"); };
+  EXPECT_THROW(form->Unload(), std::runtime_error);
+  EXPECT_TRUE(form->IsLoaded());
+  form->OnQueryUnload = nullptr;
+  form->OnUnload = [] { throw std::runtime_error("No"); };
+  EXPECT_THROW(form->Unload(), std::runtime_error);
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(desktop.windows.All(), IsEmpty());
+}
+
+TEST_F(FormTest, LoadHandlerThatUnloadsEndsUnshown) {
+  const auto form = std::make_shared<ScriptedForm>(app);
+  form->OnLoad = [&] { form->Unload(); };
+  form->Show();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(desktop.windows.All(), IsEmpty());
+}
+
+TEST_F(FormTest, UnloadedFormAnswersNothing) {
+  const auto form = Loaded();
+  form->Unload();
+  const std::function<void()> uses[] = {
+      [&] { form->Visible(); },
+      [&] { form->Hwnd(); },
+      [&] { form->Clock.SetInterval(5); },
+      [&] { form->Clock.SetEnabled(true); },
+      [&] { form->Box.Width(); },
+      [&] { form->Box.Hwnd(); },
+      [&] { form->Box.Cls(); },
+      [&] { form->Box.Line(0, 0, 9, 9, kWhite); },
+      [&] { form->Box.LineBox(0, 0, 9, 9, kWhite); },
+      [&] { form->Box.Circle(0, 0, 9); },
+      [&] { form->Box.PSet(0, 0, kWhite); },
+      [&] { form->Box.Print("x"); },
+      [&] { form->Box.TextWidth("x"); },
+      [&] { form->Box.LoadPicture("x", nullptr); },
+      [&] { form->Box.OpenPacedRun(); },
+      [&] { form->Box.TakeFocus(); },
+      [&] { form->ImageBelow.Left(); },
+      [&] { form->ImageBelow.SetHeight(1); },
+      [&] { form->ImageBelow.SetPicture(nullptr); },
+  };
+  for (std::size_t i = 0; i < std::size(uses); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(FailureOf(uses[i]), FailureNumber::kNotLoaded);
+  }
+  // These only note the value.
+  form->ImageBelow.SetVisible(true);
+  form->Box.SetBackColor(kWhite);
+}
+
+// The window that delivers the key must outlive its own event, and the form its handler.
+TEST_F(FormTest, FormUnloadedByItsOwnKeyOutlivesTheHandler) {
+  auto form = Loaded();
+  form->Show();
+  form->Clock.SetEnabled(true);
+  const WindowHandle window = form->Hwnd();
+  const std::weak_ptr<ScriptedForm> watch = form;
+  form->OnKey = [&](int) {
+    watch.lock()->Unload();
+    form.reset();
+    EXPECT_EQ(watch.lock()->events.back(), "Unload");
+    EXPECT_FALSE(desktop.windows.Find(window)->visible);
+    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
+  };
+  EXPECT_TRUE(desktop.PressKey(window, 27));
+  EXPECT_EQ(app.Forms.Count(), 0);
+
+  const auto next = Loaded("Next");
+  desktop.PressKey(next->Hwnd(), 1);
+  EXPECT_TRUE(watch.expired());
+  EXPECT_FALSE(desktop.windows.IsWindow(window));
+}
+
+TEST_F(FormTest, EventsReachTheirHandlers) {
+  const auto form = Loaded();
+  desktop.PressKey(form->Hwnd(), 65);
+  desktop.MoveMouse(form->Hwnd());
+  desktop.PressMouse(form->Hwnd());
+  desktop.windows.EnableWindow(form->Hwnd(), false);
+  EXPECT_FALSE(desktop.RequestClose(form->Hwnd()));
+  EXPECT_FALSE(desktop.PressKey(form->Box.Hwnd(), 65));
+  desktop.windows.EnableWindow(form->Hwnd(), true);
+  desktop.RequestClose(form->Hwnd());
+  EXPECT_THAT(form->events, ElementsAre("Load", "KeyDown 65", "MouseMove", "MouseDown", "QueryUnload", "Unload"));
+}
+
+TEST_F(FormTest, ControlsAreFoundByNameAndKind) {
+  const auto form = Loaded();
+  EXPECT_EQ(&form->Find<Timer>("clock"), &form->Clock);
+  EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Box"); }), FailureNumber::kNoSuchEntry);
+  EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Nothing"); }), FailureNumber::kNoSuchEntry);
+}
+
+TEST_F(FormTest, FailureEndsItsHandlerInABoxAndTheEndOfTheProcessPassesThrough) {
+  const auto form = Loaded();
+  form->OnKey = [](int key) {
+    if (key == 1) throw Failure(FailureNumber::kUnreadable, "Can't be read", "Test");
+    if (key == 2) throw std::runtime_error("Out of luck");
+    throw ProcessEnded();
+  };
+  desktop.boxes.Answer([&](const MessageBox&) {
+    // The window lives while the box is up.
+    desktop.MoveMouse(form->Hwnd());
+    return MessageBoxAnswer::kOk;
+  });
+  desktop.boxes.Answer(MessageBoxAnswer::kOk);
+  desktop.PressKey(form->Hwnd(), 1);
+  desktop.PressKey(form->Hwnd(), 2);
+  EXPECT_THROW(desktop.PressKey(form->Hwnd(), 3), ProcessEnded);
+  ASSERT_EQ(desktop.boxes.shown.size(), 2U);
+  EXPECT_EQ(desktop.boxes.shown[0].text, "Can't be read");
+  EXPECT_EQ(desktop.boxes.shown[1].text, "Out of luck");
+  // What was running no longer is: an unloaded form goes at once.
+  form->Unload();
+  EXPECT_THAT(desktop.windows.All(), IsEmpty());
+}
+
+// The process may end, and its application go, with forms loaded that somebody else still holds.
+TEST_F(FormTest, ApplicationUnloadsItsFormsWithoutTheirHandlers) {
+  std::shared_ptr<ScriptedForm> form;
+  {
+    Application inner(desktop);
+    form = std::make_shared<ScriptedForm>(inner);
+    form->Load();
+    form->OnKey = [](int) { throw ProcessEnded(); };
+    EXPECT_THROW(desktop.PressKey(form->Hwnd(), 1), ProcessEnded);
+  }
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_THAT(desktop.windows.All(), IsEmpty());
+  EXPECT_THAT(form->events, ElementsAre("Load", "KeyDown 1"));
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,274 @@
+#include "transitions/run_transition.h"
+
+#include <cmath>
+#include <map>
+
+#include "support/show_fixture.h"
+
+namespace quorvale {
+namespace {
+
+using Kind = DrawOperation::Kind;
+
+// On 12000 by 9000 twips.
+struct EffectCase {
+  const char* name;
+  std::size_t operations;
+  int steps;
+  DrawOperation first;
+  DrawOperation last;
+  int pen_left;
+};
+
+DrawOperation Bar(float x1, float y1, float x2, float y2) {
+  return {.kind = Kind::kLine, .x1 = x1, .y1 = y1, .x2 = x2, .y2 = y2, .draw_width = 30, .colour = 0x00FF00};
+}
+
+const std::vector<EffectCase>& Effects() {
+  // Spotlight takes the surface's own colours, here blue.
+  static const auto kDisc = [](float radius) {
+    return DrawOperation{
+        .kind = Kind::kCircle, .x1 = 6000, .y1 = 4500, .radius = radius, .draw_width = 5, .colour = 0xFF0000};
+  };
+  static const std::vector<EffectCase> kEffects = {
+      {"Sweep Right", 401, 401, Bar(0, 0, 0, 9000), Bar(12000, 0, 12000, 9000), 30},
+      {"Sweep Left", 401, 401, Bar(12000, 0, 12000, 9000), Bar(0, 0, 0, 9000), 30},
+      {"Sweep Down", 451, 451, Bar(0, 0, 12000, 0), Bar(0, 9000, 12000, 9000), 30},
+      {"Sweep Up", 451, 451, Bar(0, 9000, 12000, 9000), Bar(0, 0, 12000, 0), 30},
+      {"Spotlight", 281, 281, kDisc(0), kDisc(8400), 5},
+      {"Horizontal Sandwich", 902, 451, Bar(0, 0, 12000, 0), Bar(0, 4500, 12000, 4500), 30},
+      {"Vertical Sandwich", 1202, 601, Bar(0, 0, 0, 9000), Bar(6000, 0, 6000, 9000), 30},
+      {"Shrinking Square", 904, 226, Bar(0, 0, 12000, 0), Bar(7500, 0, 7500, 9000), 30},
+  };
+  return kEffects;
+}
+
+// A picture is on view, and transitions are called one by one.
+class RunTransitionTest : public ShowTest {
+ protected:
+  void SetUp() override {
+    Pictures({"picture 400 300 ff0000"});
+    Start();
+    FirstTick();
+    form_->PicBase.SetBackColor(0xFF0000);
+    form_->PicBase.SetFillColor(0xFF0000);
+    process.SetOption("BackColor", std::to_string(0x00FF00));
+  }
+
+  // Gives what was drawn.
+  std::vector<DrawOperation> Run(const std::string& name) {
+    process.SetOption("SwapAffect", name);
+    const DrawRecorder recorder(form_->PicBase);
+    RunTransition(process, form_->PicPreview);
+    return recorder.operations;
+  }
+
+  int PumpsOfLastRun() const { return desktop.paced_runs.back().pumps; }
+};
+
+TEST_F(RunTransitionTest, EachEffectDrawsItsOwnSequence) {
+  for (const EffectCase& effect : Effects()) {
+    SCOPED_TRACE(effect.name);
+    const std::vector<DrawOperation> operations = Run(effect.name);
+    ASSERT_EQ(operations.size(), effect.operations);
+    EXPECT_EQ(operations.front(), effect.first);
+    EXPECT_EQ(operations.back(), effect.last);
+    EXPECT_EQ(PumpsOfLastRun(), effect.steps * 2);
+    EXPECT_EQ(form_->PicBase.DrawWidth(), effect.pen_left);
+  }
+}
+
+TEST_F(RunTransitionTest, TheStepsOfAPairAndOfTheSquareComeInOrder) {
+  const std::vector<DrawOperation> square = Run("Shrinking Square");
+  EXPECT_EQ(square[4], Bar(0, 20, 12000, 20));
+  EXPECT_EQ(square[5], Bar(0, 8980, 12000, 8980));
+  EXPECT_EQ(square[6], Bar(20, 0, 20, 9000));
+  EXPECT_EQ(square[7], Bar(11980, 0, 11980, 9000));
+  const std::vector<DrawOperation> sandwich = Run("Vertical Sandwich");
+  EXPECT_EQ(sandwich[2], Bar(10, 0, 10, 9000));
+  EXPECT_EQ(sandwich[3], Bar(11990, 0, 11990, 9000));
+}
+
+TEST_F(RunTransitionTest, EveryEffectWipesThePictureAway) {
+  for (const EffectCase& effect : Effects()) {
+    SCOPED_TRACE(effect.name);
+    form_->PicBase.Cls();
+    ASSERT_EQ(At(400, 300), 0xFF0000U);
+    Run(effect.name);
+    const Pixel wiped = std::string(effect.name) == "Spotlight" ? 0x0000FFU : 0x00FF00U;
+    for (const auto& [x, y] : {std::pair{0, 0}, {799, 0}, {0, 599}, {799, 599}, {400, 300}, {250, 200}}) {
+      EXPECT_EQ(At(x, y), wiped) << x << ", " << y;
+    }
+  }
+}
+
+TEST_F(RunTransitionTest, BubblesAreDotsOnThePictureThatGrow) {
+  const std::vector<DrawOperation> operations = Run("Bubbles");
+  ASSERT_EQ(operations.size(), 400U);
+  for (int i = 0; i < 400; ++i) {
+    const DrawOperation& dot = operations[static_cast<std::size_t>(i)];
+    EXPECT_EQ(dot.kind, Kind::kPSet);
+    EXPECT_EQ(dot.draw_width, i + 1);
+    EXPECT_EQ(dot.colour, 0x00FF00U);
+    EXPECT_TRUE(dot.x1 >= 3000 && dot.x1 < 9000 && dot.y1 >= 2250 && dot.y1 < 6750) << dot.x1 << ", " << dot.y1;
+  }
+  EXPECT_EQ(PumpsOfLastRun(), 800);
+  EXPECT_EQ(form_->PicBase.DrawWidth(), 401);
+  EXPECT_EQ(form_->PicPreview.GetPicture(), nullptr);
+  EXPECT_EQ(form_->PicPreview.Width(), 6000);
+}
+
+TEST_F(RunTransitionTest, OddSizesEndWhereTheStepsEnd) {
+  struct Case {
+    const char* name;
+    TwipSize size;
+    std::vector<float> positions;
+  };
+  for (const Case& c : {Case{"Sweep Right", {45, 30}, {0, 30}},
+                        {"Sweep Left", {45, 30}, {45, 15}},
+                        {"Vertical Sandwich", {45, 30}, {0, 45, 10, 35, 20, 25}},  // the half, 22.5, goes to 22
+                        {"Sweep Right", {0, 0}, {0}},
+                        {"Vertical Sandwich", {0, 0}, {0, 0}}}) {
+    SCOPED_TRACE(testing::Message() << c.name << " " << c.size.width);
+    form_->PicBase.Move(0, 0, c.size.width, c.size.height);
+    std::vector<float> positions;
+    for (const DrawOperation& operation : Run(c.name)) positions.push_back(operation.x1);
+    EXPECT_EQ(positions, c.positions);
+  }
+}
+
+TEST_F(RunTransitionTest, ASurfaceThatGrowsInMidEffectGetsLongerBarsAndNoMoreSteps) {
+  desktop.queue.AtPump(4, [&] { form_->PicBase.Move(0, 0, 24000, 18000); });
+  const std::vector<DrawOperation> operations = Run("Sweep Right");
+  ASSERT_EQ(operations.size(), 401U);
+  EXPECT_EQ(operations[1].y2, 9000);
+  EXPECT_EQ(operations[2].y2, 18000);
+}
+
+TEST_F(RunTransitionTest, ThePauseFollowsSpeedAndMode) {
+  struct Case {
+    const char* mode;
+    std::int32_t speed;
+    int pumps_a_step;
+  };
+  form_->PicBase.Move(0, 0, 0, 0);  // one step
+  for (const Case& c : {Case{"/S", 1, 382},
+                        {"/S", 10, 202},
+                        {"/S", 20, 2},
+                        {"/S", 21, 1},
+                        {"/P", 1, 4001},
+                        {"/C", 10, 2201},
+                        {"/C", 20, 201},
+                        {"/P", 21, 1},
+                        {"/P", 40, 1}}) {
+    process.RunMode = c.mode;
+    process.TransitionSpeed = c.speed;
+    Run("Sweep Down");
+    EXPECT_EQ(PumpsOfLastRun(), c.pumps_a_step) << c.mode << " " << c.speed;
+  }
+  process.TransitionSpeed = -2'000'000'000;
+  EXPECT_THROW(Run("Sweep Down"), Failure);
+}
+
+TEST_F(RunTransitionTest, NamesThatAreNoEffectDrawNothing) {
+  form_->PicBase.SetDrawWidth(7);
+  EXPECT_TRUE(Run("None").empty());
+  EXPECT_EQ(form_->PicBase.DrawWidth(), 7);
+  for (const char* name : {"none", "sweep right", "Sweep Right "}) {
+    form_->PicBase.SetDrawWidth(7);
+    EXPECT_TRUE(Run(name).empty()) << name;
+    EXPECT_EQ(form_->PicBase.DrawWidth(), 30) << name;
+  }
+}
+
+TEST_F(RunTransitionTest, AColourThatIsNoNumberAbandonsTheTransition) {
+  for (const char* text : {"green", "1 2", "99999999999"}) {
+    process.SetOption("BackColor", text);
+    EXPECT_THROW(Run("Sweep Right"), Failure) << text;
+  }
+  process.SetOption("BackColor", "&H0000FF00&");
+  EXPECT_EQ(Run("Sweep Right").front().colour, 0x00FF00U);
+}
+
+TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
+  for (const EffectCase& effect : Effects()) {
+    process.PreviewSuspended = false;
+    desktop.queue.AtPump(6, [&] { process.PreviewSuspended = true; });
+    const std::size_t count = Run(effect.name).size();
+    EXPECT_EQ(count, std::string(effect.name) == "Sweep Right" ? 3U : effect.operations) << effect.name;
+  }
+}
+
+TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
+  std::vector<std::string> names = {"Bubbles"};
+  for (const EffectCase& effect : Effects()) names.emplace_back(effect.name);
+  for (const std::string& name : names) {
+    process.StopRequested = false;
+    process.SetOption("SwapAffect", name);
+    desktop.queue.AtPump(4, [&] { process.StopRequested = true; });  // in the second step's pause
+    const DrawRecorder recorder(form_->PicBase);
+    EXPECT_THROW(RunTransition(process, form_->PicPreview), ProcessEnded) << name;
+    EXPECT_EQ(desktop.paced_runs.back().pumps, 5) << name;
+  }
+}
+
+TEST_F(RunTransitionTest, RandomDrawsTheEndsHalfAsOftenAsTheRest) {
+  form_->PicBase.Move(0, 0, 0, 0);
+  std::map<std::string, int> counts;
+  constexpr int kDraws = 8000;
+  for (int seed = 0; seed < kDraws; ++seed) {
+    desktop.host.clock_seed = static_cast<std::uint64_t>(seed);
+    const std::vector<DrawOperation> operations = Run("Random");
+    // On a surface of no size the effects differ in kind and number of their shapes, not in direction.
+    ++counts[std::to_string(static_cast<int>(operations[0].kind)) + "x" + std::to_string(operations.size())];
+  }
+  EXPECT_NEAR(counts["1x1"], kDraws * 7 / 16, 200);  // four sweeps: a sixteenth and three eighths
+  EXPECT_NEAR(counts["1x2"], kDraws / 4, 200);       // two sandwiches
+  EXPECT_NEAR(counts["3x1"], kDraws / 8, 150);       // Spotlight
+  EXPECT_NEAR(counts["4x400"], kDraws / 8, 150);     // Bubbles
+  EXPECT_NEAR(counts["1x4"], kDraws / 16, 120);      // Shrinking Square
+  EXPECT_EQ(process.Option("SwapAffect", ""), "Random");
+}
+
+TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
+  const std::vector<Kind> kinds = {Kind::kLine, Kind::kLine, Kind::kLine, Kind::kLine, Kind::kCircle,
+                                   Kind::kPSet, Kind::kLine, Kind::kLine, Kind::kLine};
+  for (std::uint64_t seed = 0; seed < 100; ++seed) {
+    Random reference;
+    reference.Seed(seed);
+    const double number = std::nearbyint(static_cast<double>(reference.Next()) * 8 + 1);
+    desktop.host.clock_seed = seed;
+    const DrawOperation first = Run("Random").front();
+    const auto index = static_cast<std::size_t>(number) - 1;
+    EXPECT_EQ(first.kind, kinds[index]) << number;
+    if (index < 5) {
+      EXPECT_EQ(first, Effects()[index].first) << number;
+    }
+  }
+}
+
+TEST_F(ShowTest, TheFirstPictureOfAProcessHasNoTransition) {
+  Pictures({"picture 400 300 ff0000"});
+  process.SetOption("SwapAffect", "Sweep Right");
+  Start();
+  FirstTick();
+  EXPECT_TRUE(desktop.paced_runs.empty());
+  NextTick();
+  EXPECT_EQ(desktop.paced_runs.size(), 1U);
+}
+
+TEST_F(ShowTest, AHalfDoneSweepHasWipedHalfThePicture) {
+  Pictures({"picture 800 600 ff0000", "picture 800 600 0000ff"});
+  process.SetOption("SwapAffect", "Sweep Right");
+  Start();
+  FirstTick();
+  std::vector<Pixel> seen;
+  // Step 200 draws at 6000 twips, the middle; the pen reaches 15 pixels beyond.
+  desktop.queue.AtPump(401, [&] { seen = {At(0, 0), At(414, 599), At(415, 0), At(799, 300)}; });
+  NextTick();
+  EXPECT_THAT(seen, testing::ElementsAre(0U, 0U, 0xFF0000U, 0xFF0000U));
+  EXPECT_EQ(At(400, 300), 0x0000FFU);
+}
+
+}  // namespace
+}  // namespace quorvale
