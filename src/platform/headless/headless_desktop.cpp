@@ -1,6 +1,9 @@
 #include "platform/headless/headless_desktop.h"
 
+#include <functional>
+#include <set>
 #include <utility>
+#include <vector>
 
 #include "base/failure.h"
 
@@ -45,16 +48,44 @@ class HeadlessDesktop::BoxWindow : public SurfacePeer {
 
   WindowHandle Handle() const override { return handle_; }
   float Scale() const override { return desktop_.screen_.scale; }
-  void SetBounds(const PixelRect& bounds) override { Window().bounds = bounds; }
-  void Invalidate() override { Window().invalidated = true; }
+  // The window is gone once a host that it sat in is.
+  void SetBounds(const PixelRect& bounds) override {
+    if (HeadlessWindow* const window = Window()) window->bounds = bounds;
+  }
+  void Invalidate() override {
+    if (HeadlessWindow* const window = Window()) window->invalidated = true;
+  }
   void Present() override { desktop_.Present(handle_); }
   void TakeFocus() override { desktop_.windows.focus = handle_; }
 
  private:
-  HeadlessWindow& Window() { return *desktop_.windows.Find(handle_); }
+  HeadlessWindow* Window() { return desktop_.windows.Find(handle_); }
 
   HeadlessDesktop& desktop_;
   WindowHandle handle_;
+};
+
+class HeadlessDesktop::Hook : public MessageHookPeer {
+ public:
+  Hook(HeadlessDesktop& desktop, std::function<void(int message)> arrived)
+      : desktop_(desktop), arrived_(std::move(arrived)) {
+    desktop.hooks_.push_back(this);
+  }
+  ~Hook() override { std::erase(desktop_.hooks_, this); }
+  Hook(const Hook&) = delete;
+  Hook& operator=(const Hook&) = delete;
+
+  void Watch(WindowHandle window) override { window_ = window; }
+  void Report(int message) override { reported_.insert(message); }
+  void Hear(WindowHandle window, int message) {
+    if (window == window_ && reported_.contains(message)) arrived_(message);
+  }
+
+ private:
+  HeadlessDesktop& desktop_;
+  std::function<void(int message)> arrived_;
+  WindowHandle window_ = 0;
+  std::set<int> reported_;
 };
 
 class HeadlessDesktop::LoggedRun : public PacedRun {
@@ -82,7 +113,7 @@ HeadlessDesktop::HeadlessDesktop() {
   queue.PassEnding = [this] { PresentAll(); };
 }
 
-System HeadlessDesktop::Services() { return {registry, files, windows, sound, programs, host}; }
+System HeadlessDesktop::Services() { return {registry, files, windows, sound, programs, host, password}; }
 
 std::unique_ptr<WindowPeer> HeadlessDesktop::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
   return std::make_unique<FormWindow>(windows, kind, events);
@@ -91,6 +122,15 @@ std::unique_ptr<WindowPeer> HeadlessDesktop::CreateWindowPeer(WindowKind kind, W
 std::unique_ptr<SurfacePeer> HeadlessDesktop::CreateSurfacePeer(WindowPeer& window, Surface& surface,
                                                                 SurfaceEvents& events) {
   return std::make_unique<BoxWindow>(*this, window.Handle(), surface, events);
+}
+
+std::unique_ptr<MessageHookPeer> HeadlessDesktop::CreateMessageHookPeer(std::function<void(int message)> arrived) {
+  return std::make_unique<Hook>(*this, std::move(arrived));
+}
+
+void HeadlessDesktop::SendMessage(WindowHandle window, int message) {
+  const std::vector<Hook*> hooks = hooks_;
+  for (Hook* const hook : hooks) hook->Hear(window, message);
 }
 
 std::unique_ptr<TimerPeer> HeadlessDesktop::CreateTimerPeer(std::function<void()> fired) {
@@ -144,9 +184,10 @@ bool HeadlessDesktop::Deliver(WindowHandle window, ToBox to_box, ToForm to_form)
 }
 
 void HeadlessDesktop::Present(WindowHandle window) {
-  HeadlessWindow& shown = *windows.Find(window);
-  shown.invalidated = false;
-  if (!shown.surface->Dirty().IsEmpty()) presentations.push_back({window, shown.surface->Dirty().Take()});
+  HeadlessWindow* const shown = windows.Find(window);
+  if (shown == nullptr) return;
+  shown->invalidated = false;
+  if (!shown->surface->Dirty().IsEmpty()) presentations.push_back({window, shown->surface->Dirty().Take()});
 }
 
 void HeadlessDesktop::PresentAll() {

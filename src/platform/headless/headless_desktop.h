@@ -44,6 +44,7 @@ class HeadlessDesktop : public Platform {
   std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
   std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
   PictureLoader& Pictures() override { return pictures; }
+  std::unique_ptr<MessageHookPeer> CreateMessageHookPeer(std::function<void(int message)> arrived) override;
   TextPainter& Text() override { return text_; }
   void PumpEvents() override { queue.Pump(); }
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
@@ -59,6 +60,7 @@ class HeadlessDesktop : public Platform {
   RecordedSound sound{calls};
   RecordedPrograms programs{calls};
   ScriptedHost host{queue, calls};
+  ScriptedPassword password{calls};
   MessageBoxScript boxes;
   TextPictureLoader pictures{files};
   // One for each effect so far.
@@ -76,10 +78,14 @@ class HeadlessDesktop : public Platform {
   bool PressMouse(WindowHandle window, int x = 0, int y = 0);
   bool RequestClose(WindowHandle window);
 
+  // A message arrives at a window, and whoever hooks it hears of it.
+  void SendMessage(WindowHandle window, int message);
+
  private:
   class FormWindow;
   class BoxWindow;
   class LoggedRun;
+  class Hook;
 
   template <typename ToBox, typename ToForm>
   bool Deliver(WindowHandle window, ToBox to_box, ToForm to_form);
@@ -88,6 +94,7 @@ class HeadlessDesktop : public Platform {
 
   ScreenInfo screen_{.width = 800, .height = 600, .scale = 1};
   BlockTextPainter text_;
+  std::vector<Hook*> hooks_;
 };
 
 }  // namespace quorvale

@@ -27,6 +27,15 @@ void RecordedPrograms::OpenDisplaySettings() { log_.emplace_back("OpenDisplaySet
 
 void RecordedPrograms::SendKeys(const std::string& keys) { log_.push_back("SendKeys " + keys); }
 
+std::uint32_t ScriptedPassword::VerifyScreenSavePwd(WindowHandle owner) {
+  log_.push_back("VerifyScreenSavePwd " + std::to_string(owner));
+  return user ? user() : 0;
+}
+
+void ScriptedPassword::PwdChangePassword(const std::string& provider, WindowHandle owner) {
+  log_.push_back("PwdChangePassword " + provider + " " + std::to_string(owner));
+}
+
 std::string ScriptedHost::GetSystemDirectory(std::uint32_t size) {
   return system_directory.substr(0, size > 0 ? size - 1 : 0);
 }
@@ -41,8 +50,10 @@ void ScriptedHost::EndProcess() {
   throw ProcessEnded();
 }
 
-void ScriptedHost::SetSecondsSinceMidnight(double seconds) {
-  clock_start_ = seconds - queue_.Milliseconds() / 1000;
+void ScriptedHost::SystemParametersInfo(std::uint32_t action, std::uint32_t parameter) {
+  log_.push_back("SystemParametersInfo " + std::to_string(action) + " " + std::to_string(parameter));
 }
+
+void ScriptedHost::SetSecondsSinceMidnight(double seconds) { clock_start_ = seconds - queue_.Milliseconds() / 1000; }
 
 }  // namespace quorvale

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/headless/event_queue.h"
 #include "system/host_system.h"
+#include "system/password_system.h"
 #include "system/programs.h"
 #include "system/sound_player.h"
 
@@ -49,6 +51,20 @@ class RecordedPrograms : public Programs {
   CallLog& log_;
 };
 
+// Answers for the user who is asked for the saver's password.
+class ScriptedPassword : public PasswordSystem {
+ public:
+  explicit ScriptedPassword(CallLog& log) : log_(log) {}
+  std::uint32_t VerifyScreenSavePwd(WindowHandle owner) override;
+  void PwdChangePassword(const std::string& provider, WindowHandle owner) override;
+
+  // Runs while the password is asked for, and gives the answer; without one it is refused.
+  std::function<std::uint32_t()> user;
+
+ private:
+  CallLog& log_;
+};
+
 // A machine of the test's own, on the queue's clock.
 class ScriptedHost : public HostSystem {
  public:
@@ -59,9 +75,12 @@ class ScriptedHost : public HostSystem {
   std::uint64_t ClockSeed() override { return clock_seed; }
   // Throws `ProcessEnded`.
   [[noreturn]] void EndProcess() override;
+  std::int32_t PlatformId() override { return platform_id; }
+  void SystemParametersInfo(std::uint32_t action, std::uint32_t parameter) override;
 
   std::string system_directory = "C:\\WINDOWS\\SYSTEM";
   std::string program_name = "Quorvale";
+  std::int32_t platform_id = kPlatformLocksItself;
   std::uint64_t clock_seed = 1;
   // Times that the process was ended.
   int ended = 0;

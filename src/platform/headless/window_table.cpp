@@ -1,6 +1,7 @@
 #include "platform/headless/window_table.h"
 
 #include <utility>
+#include <vector>
 
 #include "base/failure.h"
 #include "base/text.h"
@@ -56,8 +57,24 @@ WindowHandle WindowTable::Create(HeadlessWindow window) {
   return last_handle_;
 }
 
+void WindowTable::GetClientRect(WindowHandle window, ClientRect& rect) {
+  const HeadlessWindow* const found = Find(window);
+  if (found != nullptr) rect = {0, 0, found->bounds.width, found->bounds.height};
+}
+
+void WindowTable::SetParent(WindowHandle window, WindowHandle parent) {
+  log_.push_back("SetParent " + std::to_string(window) + " " + std::to_string(parent));
+  HeadlessWindow* const found = Find(window);
+  if (found != nullptr && (parent == 0 || IsWindow(parent))) found->parent = parent;
+}
+
 void WindowTable::Destroy(WindowHandle window) {
   windows_.erase(window);
+  std::vector<WindowHandle> children;
+  for (const auto& [handle, child] : windows_) {
+    if (child.parent == window) children.push_back(handle);
+  }
+  for (const WindowHandle child : children) Destroy(child);
   if (foreground_ == window) foreground_ = 0;
   if (focus == window) focus = 0;
 }

@@ -40,6 +40,8 @@ class WindowTable : public WindowSystem {
                     std::uint32_t flags) override;
   int ShowCursor(bool show) override { return cursor_count += show ? 1 : -1; }
   void ActivateWindow(const std::string& title) override;
+  void GetClientRect(WindowHandle window, ClientRect& rect) override;
+  void SetParent(WindowHandle window, WindowHandle parent) override;
 
   // What follows is for the test and for the desktop's own windows.
 
@@ -50,6 +52,7 @@ class WindowTable : public WindowSystem {
   // Another program's top-level window.
   WindowHandle CreateForeign(const std::string& title);
   WindowHandle Create(HeadlessWindow window);
+  // Takes its children along.
   void Destroy(WindowHandle window);
   void SetForeground(WindowHandle window) { foreground_ = window; }
   // Null where there is no such window.
