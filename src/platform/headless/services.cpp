@@ -41,8 +41,6 @@ void ScriptedHost::EndProcess() {
   throw ProcessEnded();
 }
 
-void ScriptedHost::SetSecondsSinceMidnight(double seconds) {
-  clock_start_ = seconds - queue_.Milliseconds() / 1000;
-}
+void ScriptedHost::SetSecondsSinceMidnight(double seconds) { clock_start_ = seconds - queue_.Milliseconds() / 1000; }
 
 }  // namespace quorvale
