@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "platform/desktop/toolkit/top_window.h"
 #include "platform/desktop/toolkit/x11_session.h"
 
 namespace quorvale {
@@ -18,6 +19,18 @@ QMessageBox::StandardButtons ToQt(MessageBoxButtons buttons) {
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case MessageBoxButtons::kAbortRetryIgnore:
       return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton DefaultOf(MessageBoxButtons buttons) {
+  switch (buttons) {
+    case MessageBoxButtons::kOk:
+      return QMessageBox::Ok;
+    case MessageBoxButtons::kYesNoCancel:
+      return QMessageBox::Yes;
+    case MessageBoxButtons::kAbortRetryIgnore:
+      return QMessageBox::Abort;
   }
   return QMessageBox::Ok;
 }
@@ -67,6 +80,12 @@ QWindow* Below(const QWindow* box) {
   return nullptr;
 }
 
+void HoldKeyboard(bool hold) {
+  for (QWindow* const window : QGuiApplication::topLevelWindows()) {
+    if (auto* const form = qobject_cast<TopWindow*>(window)) form->HoldKeyboard(hold);
+  }
+}
+
 void MoveToMiddle(QMessageBox& box) {
   const QScreen* const screen = QGuiApplication::primaryScreen();
   if (screen == nullptr) return;
@@ -83,6 +102,7 @@ MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& appl
   dialog.setText(QString::fromStdString(box.text).replace('\r', '\n'));
   dialog.setIcon(ToQt(box.icon));
   dialog.setStandardButtons(ToQt(box.buttons));
+  dialog.setDefaultButton(DefaultOf(box.buttons));
   dialog.setWindowModality(Qt::ApplicationModal);
   dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
   if (X11Connection() != nullptr && !HasWindowManager(X11Connection())) {
@@ -93,7 +113,10 @@ MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& appl
   dialog.windowHandle()->setTransientParent(Below(dialog.windowHandle()));
   QMetaObject::invokeMethod(
       &dialog, [&dialog] { dialog.activateWindow(); }, Qt::QueuedConnection);
-  return ToAnswer(dialog.exec());
+  HoldKeyboard(false);
+  const int button = dialog.exec();
+  HoldKeyboard(true);
+  return ToAnswer(button);
 }
 
 }  // namespace quorvale

@@ -108,6 +108,12 @@ bool TopWindow::event(QEvent* event) {
 void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
   // A child may have been exposed before.
   for (SurfaceWindow* const surface : Surfaces()) surface->Present();
+  HoldKeyboard(true);
+}
+
+// Another window may take the focus, or the window manager withhold it, while the show hides that window.
+void TopWindow::HoldKeyboard(bool hold) {
+  if (kind_ == WindowKind::kSaver && isExposed() && X11Connection() != nullptr) setKeyboardGrabEnabled(hold);
 }
 
 void TopWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -27,6 +27,9 @@ class TopWindow : public QWindow {
   void Appear();
   void Raise();
 
+  // A show takes all keys while it is on the screen, unless one of our own boxes needs them.
+  void HoldKeyboard(bool hold);
+
   // A disabled window takes no input.
   void SetInputEnabled(bool enabled) { input_enabled_ = enabled; }
   bool IsInputEnabled() const { return input_enabled_; }
