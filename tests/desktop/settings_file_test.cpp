@@ -31,6 +31,10 @@ std::string KeyOf(int number) { return "File" + std::to_string(number); }
 // A value that shows by itself whether it is whole.
 std::string ValueOf(int number) { return std::string(511, static_cast<char>('a' + number % 26)) + "."; }
 
+std::string Replaced(std::string text, const std::string& old_piece, const std::string& new_piece) {
+  return text.replace(text.find(old_piece), old_piece.size(), new_piece);
+}
+
 // Runs `work` in a process of its own, which ends with its result.
 pid_t Fork(const std::function<int()>& work) {
   const pid_t child = fork();
@@ -156,6 +160,7 @@ TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
       {"no database at all", "these are no settings"},
       {"every page broken but the first", broken_pages},
       {"cut off", sound.substr(0, 12'288)},
+      {"somebody else's tables", Replaced(sound, "CREATE TABLE keys", "CREATE TABLE kegs")},
       {"header overwritten", std::string(200, '\0') + sound.substr(200)},
   };
   std::size_t aside = 0;
