@@ -5,15 +5,21 @@ start_virtual_display() {
   local ready number
   ready=$(mktemp -u)
   mkfifo "$ready"
-  Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp 3<>"$ready" >/dev/null 2>&1 &
+  # Without -noreset the server starts anew, windows lost, whenever its last client leaves.
+  Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3<>"$ready" >/dev/null 2>&1 &
   virtual_display_programs=$!
   trap 'kill $virtual_display_programs 2>/dev/null || true' EXIT
   read -r number <"$ready"
+  rm -f "$ready"
   export DISPLAY=":$number"
   unset WAYLAND_DISPLAY
-  rm -f "$ready"
-  openbox --sm-disable >/dev/null 2>&1 &
+  openbox >/dev/null 2>&1 &
   virtual_display_programs="$! $virtual_display_programs"
-  until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep window >/dev/null; do sleep 0.05; done
-  sleep 0.3 # it announces itself before it looks at windows
+  # It announces itself before it looks at events, and overlooks windows that come in between: ask it for
+  # something until it is done.
+  until [ "$(xdotool get_num_desktops 2>/dev/null)" = 1 ]; do
+    kill -0 "$!"
+    xdotool set_num_desktops 1 2>/dev/null || true
+    sleep 0.05
+  done
 }

@@ -35,7 +35,7 @@ Prefix HexPrefix(std::string_view text) {
   const char* const first = text.data() + 2;
   const auto [end, error] = std::from_chars(first, text.data() + text.size(), bits, 16);
   if (error != std::errc()) return {};
-  std::size_t length = static_cast<std::size_t>(end - text.data());
+  auto length = static_cast<std::size_t>(end - text.data());
   if (length < text.size() && text[length] == '&') ++length;
   return {static_cast<double>(static_cast<std::int32_t>(bits)), length};
 }

@@ -32,7 +32,7 @@ std::string GetLongPath(FileSystem& files, const std::string& path) {
   if (path.empty()) return {};
   const PathSyntax syntax = files.Syntax();
   const bool closed = syntax.IsSeparator(path.back());
-  const std::string ending = closed ? std::string(1, path.back()) : std::string();
+  std::string ending = closed ? std::string(1, path.back()) : std::string();
   std::string rest = closed ? path.substr(0, path.size() - 1) : path;
 
   const std::optional<std::string> last = Lookup(files, rest);
@@ -45,7 +45,7 @@ std::string GetLongPath(FileSystem& files, const std::string& path) {
   rest.resize(separator);
   separator = LastSeparator(rest, syntax);
   while (separator != std::string::npos) {
-    if (const std::optional<std::string> name = Lookup(files, rest)) result = *name + syntax.separator + result;
+    if (const std::optional<std::string> name = Lookup(files, rest)) result.insert(0, *name + syntax.separator);
     rest.resize(separator);
     separator = LastSeparator(rest, syntax);
   }

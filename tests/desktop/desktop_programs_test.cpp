@@ -23,7 +23,7 @@ TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
   const struct {
     const char* text;
     std::vector<std::string> expected;
-  } kCases[] = {
+  } cases[] = {
       {"", {}},
       {"  \t ", {}},
       {"a  b\tc ", {"a", "b", "c"}},
@@ -31,7 +31,7 @@ TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
       {R"(a\ $HOME 'b c' *;|)", {R"(a\)", "$HOME", "'b", "c'", "*;|"}},
       {R"("open ended)", {"open ended"}},
   };
-  for (const auto& c : kCases) EXPECT_EQ(SplitCommandLine(c.text), c.expected) << c.text;
+  for (const auto& c : cases) EXPECT_EQ(SplitCommandLine(c.text), c.expected) << c.text;
 }
 
 TEST(DesktopPrograms, StartsAProgramFromThePathAndDoesNotWait) {
@@ -39,7 +39,7 @@ TEST(DesktopPrograms, StartsAProgramFromThePathAndDoesNotWait) {
   // The pipe is opened by both sides or by none, so that reading from it waits for the program.
   ASSERT_EQ(mkfifo(directory.Path("pipe").c_str(), S_IRWXU), 0);
   DesktopPrograms programs;
-  programs.Start("sh -c \"echo $0 $1 > '" + directory.Path("pipe") + "'\" \"first one\" second", kWindowNormalFocus);
+  programs.Start(R"(sh -c "echo $0 $1 > ')" + directory.Path("pipe") + R"('" "first one" second)", kWindowNormalFocus);
   EXPECT_EQ(directory.Read("pipe"), "first one second\n");
 }
 

@@ -16,7 +16,7 @@ TEST(SetIniValue, ChangesOneLineAndKeepsTheRest) {
     const char* name;
     std::string before;
     std::string after;
-  } kCases[] = {
+  } cases[] = {
       {"new file", "", "[boot]\nKey=new\n"},
       {"other section", "[386enh]\nKey=1\n", "[386enh]\nKey=1\n[boot]\nKey=new\n"},
       {"no line end at the end", "[x]\na=1", "[x]\na=1\n[boot]\nKey=new\n"},
@@ -29,7 +29,7 @@ TEST(SetIniValue, ChangesOneLineAndKeepsTheRest) {
       {"carriage returns", "[boot]\r\nKey=1\r\n[y]\r\n", "[boot]\r\nKey=new\r\n[y]\r\n"},
       {"line before any section", "Key=1\n", "Key=1\n[boot]\nKey=new\n"},
   };
-  for (const auto& c : kCases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(SetIniValue(c.before, "boot", "Key", "new"), c.after);
     EXPECT_EQ(SetIniValue(c.after, "boot", "Key", "new"), c.after);

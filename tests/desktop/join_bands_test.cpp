@@ -32,21 +32,22 @@ TEST(JoinBands, JoinsWhereTheAddedPixelsCostLessThanARectangle) {
 
 // Qt takes the rectangles as a region without looking at them, so they have to be in a region's order.
 TEST(JoinBands, CoversEveryShapeInOrderlyBands) {
-  std::mt19937 random(7);
+  std::mt19937 generator(7);
+  const auto random = [&generator](int below) { return static_cast<int>(generator() % static_cast<unsigned>(below)); };
   Surface surface;
   surface.Resize(400, 300, 0);
   BandJoiner joiner;
   for (int round = 0; round < 200; ++round) {
     surface.Dirty().Take();
     for (int shape = 0; shape < 3; ++shape) {
-      const auto colour = static_cast<Pixel>(random());
-      surface.DrawCircle(random() % 400, random() % 300, random() % 200, random() % 9, colour, ~colour);
-      surface.DrawLine(random() % 400, random() % 300, random() % 400, random() % 300, random() % 30, colour);
+      const auto colour = static_cast<Pixel>(generator());
+      surface.DrawCircle(random(400), random(300), random(200), random(9), colour, ~colour);
+      surface.DrawLine(random(400), random(300), random(400), random(300), random(30), colour);
     }
     const std::vector<PixelRect> changed = surface.Dirty().Spans();
     const std::vector<PixelRect>& joined = joiner.Join(surface.Dirty().Take());
 
-    std::vector<int> times(400 * 300);
+    std::vector<int> times(static_cast<std::size_t>(400) * 300);
     for (std::size_t i = 0; i < joined.size(); ++i) {
       const PixelRect& rect = joined[i];
       ASSERT_EQ(Intersect(rect, surface.Bounds()), rect);

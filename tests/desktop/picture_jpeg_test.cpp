@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
+#include <cmath>
 
 #include "base/failure.h"
 #include "desktop/picture_samples.h"
 
 namespace quorvale {
 namespace {
+
+constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
 
 const std::vector<JpegStyle> kStyles{
     {.name = "whole colour"},
@@ -39,7 +41,7 @@ QImage MeanScaled(const QImage& image, const PixelRect& box) {
           sum[2] += share * qBlue(pixel);
         }
       }
-      const auto mean = [&](std::size_t i) { return static_cast<int>(sum[i] / (ratio_x * ratio_y) + 0.5); };
+      const auto mean = [&](std::size_t i) { return static_cast<int>(std::lround(sum[i] / (ratio_x * ratio_y))); };
       scaled.setPixel(x, y, qRgb(mean(0), mean(1), mean(2)));
     }
   }
@@ -153,7 +155,6 @@ TEST(PictureJpeg, CutOffShowsWhatThereIs) {
 TEST(PictureJpeg, NothingButAHeaderIsABadPicture) {
   const TemporaryDirectory folder;
   const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
-  constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
   const auto scan = std::search(good.begin(), good.end(), kScan.begin(), kScan.end());
   const auto pixels = scan + 2 + (scan[2] << 8 | scan[3]);
   Bytes header(good.begin(), pixels);
@@ -166,7 +167,6 @@ TEST(PictureJpeg, NothingButAHeaderIsABadPicture) {
 TEST(PictureJpeg, EndlessScansAreABadPicture) {
   const TemporaryDirectory folder;
   Bytes bytes = MakeJpeg(MakeNoise(64, 64), {.name = "", .progressive = true});
-  constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
   const auto last = std::find_end(bytes.begin(), bytes.end() - 2, kScan.begin(), kScan.end());
   const Bytes scan(last, bytes.end() - 2);
   bytes.resize(bytes.size() - 2);

@@ -23,9 +23,9 @@ std::optional<FailureNumber> LoadFailure(const std::string& path) {
 // A bitmap file's head that claims a size.
 Bytes BitmapHead(std::int32_t width, std::int32_t height) {
   Bytes bytes = MakeImage(MakeWaves(8, 8), "BMP");
-  for (int i = 0; i < 4; ++i) {
-    bytes[static_cast<std::size_t>(18 + i)] = static_cast<std::uint8_t>(width >> 8 * i);
-    bytes[static_cast<std::size_t>(22 + i)] = static_cast<std::uint8_t>(height >> 8 * i);
+  for (std::size_t i = 0; i < 4; ++i) {
+    bytes[18 + i] = static_cast<std::uint8_t>(width >> 8 * i);
+    bytes[22 + i] = static_cast<std::uint8_t>(height >> 8 * i);
   }
   return bytes;
 }
@@ -69,6 +69,7 @@ TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
       {WritePicture(folder, "placeable.wmf", {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 64, 0, 64, 0}), kBadPicture},
       {WritePicture(folder, "giant.bmp", BitmapHead(60'000, 60'000)), kBadPicture},
       {WritePicture(folder, "upside.bmp", BitmapHead(30'000, -30'000)), kBadPicture},
+      {WritePicture(folder, "hollow.bmp", BitmapHead(8'000, 8'000)), kBadPicture},
       {WritePicture(folder, "giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
       {WritePicture(folder, "giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
       {WritePicture(folder, "gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},

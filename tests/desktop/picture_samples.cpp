@@ -14,11 +14,18 @@
 namespace quorvale {
 namespace {
 
-// The smallest camera data that hold an orientation.
+constexpr std::uint8_t kGifClear = 128;
+constexpr std::uint8_t kGifEnd = 129;
+
+// The smallest camera data that hold an orientation, in either order of bytes.
 Bytes ExifData(int orientation) {
-  return {'E', 'x', 'i', 'f',  0,    0, 'M', 'M', 0, 42, 0, 0, 0,
-          8,   0,   1,   0x01, 0x12, 0, 3,   0,   0, 0,  1, 0, static_cast<std::uint8_t>(orientation),
-          0,   0,   0,   0,    0,    0};
+  const auto number = static_cast<std::uint8_t>(orientation);
+  if (orientation % 2 == 0) {
+    return {'E',  'x',  'i', 'f', 0, 0, 'I', 'I', 42,     0, 8, 0, 0, 0, 1, 0,
+            0x12, 0x01, 3,   0,   1, 0, 0,   0,   number, 0, 0, 0, 0, 0, 0, 0};
+  }
+  return {'E',  'x',  'i', 'f', 0, 0, 'M', 'M', 0, 42,     0, 0, 0, 8, 0, 1,
+          0x01, 0x12, 0,   3,   0, 0, 0,   1,   0, number, 0, 0, 0, 0, 0, 0};
 }
 
 // Compresses rows of `format`, after `adjust` has had its say.
@@ -44,7 +51,7 @@ Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
     jpeg_write_marker(&encoder, JPEG_APP0 + 1, data.data(), static_cast<unsigned>(data.size()));
   }
   for (int y = 0; y < image.height(); ++y) {
-    JSAMPROW row = const_cast<uchar*>(image.constScanLine(y));
+    auto* row = const_cast<uchar*>(image.constScanLine(y));
     jpeg_write_scanlines(&encoder, &row, 1);
   }
   jpeg_finish_compress(&encoder);
@@ -87,14 +94,12 @@ Bytes MakeImage(const QImage& image, const char* format) {
 
 // The codes are all 8 bits wide, since the table of words is given up before they would grow.
 Bytes MakeGif(int width, int height, const std::function<int(int x, int y)>& colour) {
-  constexpr std::uint8_t kClear = 128;
-  constexpr std::uint8_t kEnd = 129;
   Bytes codes;
   for (int i = 0; i < width * height; ++i) {
-    if (i % 100 == 0) codes.push_back(kClear);
+    if (i % 100 == 0) codes.push_back(kGifClear);
     codes.push_back(static_cast<std::uint8_t>(colour(i % width, i / width)));
   }
-  codes.push_back(kEnd);
+  codes.push_back(kGifEnd);
 
   const auto low = [](int number) { return static_cast<std::uint8_t>(number & 0xFF); };
   const auto high = [](int number) { return static_cast<std::uint8_t>(number >> 8); };

@@ -48,7 +48,7 @@ struct Screen {
   Screen(int width, int height, Pixel background = 0xFF204060);
   PixelRect Bounds() const { return {0, 0, width, height}; }
   PixelView View() { return {pixels.data(), width, height, width}; }
-  Pixel At(int x, int y) const { return pixels[static_cast<std::size_t>(y * width + x)]; }
+  Pixel At(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
 
   int width;
   int height;

@@ -52,7 +52,7 @@ TEST_F(PosixFileSystemTest, GroupsByPatternAndSortsByUpperCase) {
     std::vector<std::string> names;
     std::vector<std::string> patterns;
     std::vector<std::string> expected;
-  } kCases[] = {
+  } cases[] = {
       {{"b.JPG", "a.bmp", "B.jpg", "A.jpg", "c.Bmp"},
        {"*.bmp", "*.jpg"},
        {"a.bmp", "c.Bmp", "A.jpg", "B.jpg", "b.JPG"}},
@@ -71,12 +71,12 @@ TEST_F(PosixFileSystemTest, GroupsByPatternAndSortsByUpperCase) {
       {{"both.x"}, {"*.x", "b*", "*y"}, {"both.x", "both.x"}},
       {{"a.x"}, {"", "*.bmp"}, {}},
   };
-  for (std::size_t i = 0; i < std::size(kCases); ++i) {
+  for (std::size_t i = 0; i < std::size(cases); ++i) {
     SCOPED_TRACE(i);
     const std::string below = "case" + std::to_string(i);
     std::filesystem::create_directory(directory_.Path(below));
-    for (const std::string& name : kCases[i].names) directory_.Write(below + "/" + name, "");
-    EXPECT_EQ(Enumerate(below, kCases[i].patterns), kCases[i].expected);
+    for (const std::string& name : cases[i].names) directory_.Write(std::string(below).append("/").append(name), "");
+    EXPECT_EQ(Enumerate(below, cases[i].patterns), cases[i].expected);
   }
 }
 
@@ -94,13 +94,13 @@ TEST_F(PosixFileSystemTest, ADirectoryThatIsNoneFails) {
 }
 
 TEST_F(PosixFileSystemTest, FindsWhatTheMaskLetsItFind) {
-  constexpr int kAll = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+  constexpr int all = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
   const struct {
     std::string path;
     std::string as_file;
     std::string as_directory;
     std::string with_all;
-  } kCases[] = {
+  } cases[] = {
       {"file.jpg", "file.jpg", "file.jpg", "file.jpg"},
       {"to-file.jpg", "to-file.jpg", "to-file.jpg", "to-file.jpg"},
       {"dir.jpg", "", "dir.jpg", "dir.jpg"},
@@ -119,14 +119,14 @@ TEST_F(PosixFileSystemTest, FindsWhatTheMaskLetsItFind) {
       {std::string(300, 'x'), "", "", ""},
       {std::string("file.jpg\0", 9), "", "", ""},
   };
-  for (const auto& c : kCases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.path);
     const std::string path = directory_.Path() + "/" + c.path;
     EXPECT_EQ(files_.FindFile(path, kAttributeNormal), c.as_file);
     EXPECT_EQ(files_.FindFile(path, kAttributeDirectory), c.as_directory);
-    EXPECT_EQ(files_.FindFile(path, kAll), c.with_all);
+    EXPECT_EQ(files_.FindFile(path, all), c.with_all);
   }
-  EXPECT_EQ(files_.FindFile("", kAll), "");
+  EXPECT_EQ(files_.FindFile("", all), "");
   EXPECT_EQ(files_.FindFile("/", kAttributeDirectory), "/");
   EXPECT_EQ(files_.FindFile("/proc", kAttributeDirectory), "proc");
 }

@@ -31,6 +31,10 @@ std::string KeyOf(int number) { return "File" + std::to_string(number); }
 // A value that shows by itself whether it is whole.
 std::string ValueOf(int number) { return std::string(511, static_cast<char>('a' + number % 26)) + "."; }
 
+std::string Replaced(std::string text, const std::string& old_piece, const std::string& new_piece) {
+  return text.replace(text.find(old_piece), old_piece.size(), new_piece);
+}
+
 // Runs `work` in a process of its own, which ends with its result.
 pid_t Fork(const std::function<int()>& work) {
   const pid_t child = fork();
@@ -66,13 +70,14 @@ class SettingsFileTest : public testing::Test {
   TemporaryDirectory directory_;
 };
 
+constexpr int kWriters = 6;
+constexpr int kValues = 100;
+
 // They also create the file at once.
 TEST_F(SettingsFileTest, ProcessesWriteAtOnce) {
-  constexpr int kWriters = 6;
-  constexpr int kValues = 100;
-  std::vector<pid_t> children;
+  std::vector<pid_t> children(kWriters);
   for (int writer = 0; writer < kWriters; ++writer) {
-    children.push_back(Fork([&] {
+    children[writer] = Fork([&] {
       SqliteRegistry registry(directory_.Path());
       CRegSettings settings(registry);
       int failures = 0;
@@ -82,7 +87,7 @@ TEST_F(SettingsFileTest, ProcessesWriteAtOnce) {
         if (settings.GetSetting("Options", KeyOf(number)) != ValueOf(number)) ++failures;
       }
       return failures;
-    }));
+    });
   }
   for (const pid_t child : children) EXPECT_EQ(StatusOf(child), 0);
   for (int number = 0; number < kWriters * kValues; ++number) EXPECT_EQ(Get(KeyOf(number)), ValueOf(number)) << number;
@@ -151,14 +156,15 @@ TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
   const struct {
     const char* name;
     std::string content;
-  } kCases[] = {
+  } cases[] = {
       {"no database at all", "these are no settings"},
       {"every page broken but the first", broken_pages},
-      {"cut off", sound.substr(0, 3 * 4096)},
+      {"cut off", sound.substr(0, 12'288)},
+      {"somebody else's tables", Replaced(sound, "CREATE TABLE keys", "CREATE TABLE kegs")},
       {"header overwritten", std::string(200, '\0') + sound.substr(200)},
   };
   std::size_t aside = 0;
-  for (const auto& c : kCases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     directory_.Write("settings.db", c.content);
     EXPECT_EQ(Get(KeyOf(150)), kMissing);
@@ -172,9 +178,9 @@ TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
 // Two that find the damage at once must not set the new file aside.
 TEST_F(SettingsFileTest, ADamagedFileIsSetAsideOnce) {
   directory_.Write("settings.db", "these are no settings");
-  std::vector<pid_t> children;
+  std::vector<pid_t> children(4);
   for (int number = 0; number < 4; ++number) {
-    children.push_back(Fork([&] { return Save(KeyOf(number), ValueOf(number)) ? 0 : 1; }));
+    children[number] = Fork([&] { return Save(KeyOf(number), ValueOf(number)) ? 0 : 1; });
   }
   for (const pid_t child : children) EXPECT_EQ(StatusOf(child), 0);
   for (int number = 0; number < 4; ++number) EXPECT_EQ(Get(KeyOf(number)), ValueOf(number));
@@ -231,7 +237,7 @@ TEST(SettingsLocation, FollowsTheEnvironment) {
     const char* config;
     const char* home;
     const char* expected;
-  } kCases[] = {
+  } cases[] = {
       {"/c", "/h", "/c/quorvale"},
       {nullptr, "/h", "/h/.config/quorvale"},
       {"", "/h", "/h/.config/quorvale"},
@@ -239,7 +245,7 @@ TEST(SettingsLocation, FollowsTheEnvironment) {
   };
   // In a process of its own: the environment is everybody's.
   const pid_t child = Fork([&] {
-    for (const auto& c : kCases) {
+    for (const auto& c : cases) {
       c.config != nullptr ? setenv("XDG_CONFIG_HOME", c.config, 1) : unsetenv("XDG_CONFIG_HOME");
       setenv("HOME", c.home, 1);
       if (SettingsDirectory() != c.expected) return 1;

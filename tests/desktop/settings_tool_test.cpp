@@ -30,6 +30,7 @@ class SettingsToolTest : public testing::Test {
   Outcome Run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "quorvale-settings");
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
     int ends[2];
@@ -60,13 +61,13 @@ class SettingsToolTest : public testing::Test {
 };
 
 TEST_F(SettingsToolTest, SetsAndGetsWhatTheProgramReads) {
-  const Outcome kQuiet{0, ""};
-  EXPECT_EQ(Run({"list"}), kQuiet);
+  const Outcome quiet{0, ""};
+  EXPECT_EQ(Run({"list"}), quiet);
   EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{1, ""}));
-  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}), kQuiet);
-  EXPECT_EQ(Run({"set", "Options", "Color", "-1"}), kQuiet);
-  EXPECT_EQ(Run({"set", "Options", "*", ""}), kQuiet);
-  EXPECT_EQ(Run({"set", "PictureFiles", "File0", " Sea.jpg   "}), kQuiet);
+  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}), quiet);
+  EXPECT_EQ(Run({"set", "Options", "Color", "-1"}), quiet);
+  EXPECT_EQ(Run({"set", "Options", "*", ""}), quiet);
+  EXPECT_EQ(Run({"set", "PictureFiles", "File0", " Sea.jpg   "}), quiet);
   EXPECT_EQ(Run({"get", "options", "INTERVAL"}), (Outcome{0, "7\n"}));
   EXPECT_EQ(Run({"get", "Options", "*"}), (Outcome{0, "\n"}));
   EXPECT_EQ(Run({"get", "PictureFiles", "File0"}), (Outcome{0, " Sea.jpg   \n"}));
@@ -80,31 +81,31 @@ TEST_F(SettingsToolTest, SetsAndGetsWhatTheProgramReads) {
   EXPECT_EQ(settings.GetSetting("PictureFiles", "File0"), " Sea.jpg   ");
   EXPECT_EQ(settings.GetSetting("Options", "*", "default"), "");
 
-  EXPECT_EQ(Run({"delete", "Options", "Interval"}), kQuiet);
+  EXPECT_EQ(Run({"delete", "Options", "Interval"}), quiet);
   EXPECT_EQ(Run({"delete", "Options", "Interval"}), (Outcome{1, ""}));
   EXPECT_EQ(settings.GetSetting("Options", "Interval", "5"), "5");
-  EXPECT_EQ(Run({"delete", "PictureFiles"}), kQuiet);
+  EXPECT_EQ(Run({"delete", "PictureFiles"}), quiet);
   EXPECT_EQ(Run({"list", "PictureFiles"}), (Outcome{1, ""}));
-  EXPECT_EQ(Run({"reset"}), kQuiet);
-  EXPECT_EQ(Run({"reset"}), kQuiet);
-  EXPECT_EQ(Run({"list"}), kQuiet);
+  EXPECT_EQ(Run({"reset"}), quiet);
+  EXPECT_EQ(Run({"reset"}), quiet);
+  EXPECT_EQ(Run({"list"}), quiet);
 }
 
 TEST_F(SettingsToolTest, ReachesOtherKeys) {
-  const std::string kKey = "Control Panel\\Desktop";
-  EXPECT_EQ(Run({"--key", kKey, "set", "", "ScreenSaveUsePassword", "1"}).status, 0);
+  const std::string key = R"(Control Panel\Desktop)";
+  EXPECT_EQ(Run({"--key", key, "set", "", "ScreenSaveUsePassword", "1"}).status, 0);
   EXPECT_EQ(Run({"--key", "Control Panel", "get", "Desktop", "ScreenSaveUsePassword"}), (Outcome{0, "1\n"}));
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 0);
   EXPECT_EQ(Run({"--key", "Control Panel", "reset"}).status, 0);
-  EXPECT_EQ(Run({"--key", kKey, "get", "", "ScreenSaveUsePassword"}).status, 1);
+  EXPECT_EQ(Run({"--key", key, "get", "", "ScreenSaveUsePassword"}).status, 1);
   EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{0, "7\n"}));
 }
 
 TEST_F(SettingsToolTest, RefusesWhatMakesNoSense) {
-  const std::vector<std::vector<std::string>> kCases = {
+  const std::vector<std::vector<std::string>> cases = {
       {},        {"show"},       {"get", "Options"},    {"set", "Options", "Interval"}, {"reset", "Options"},
       {"--key"}, {"--key", "x"}, {"--key", "", "reset"}};
-  for (const auto& arguments : kCases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << testing::PrintToString(arguments);
+  for (const auto& arguments : cases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << testing::PrintToString(arguments);
   EXPECT_EQ(Run({"--help"}).status, 0);
   directory_.Write("quorvale", "a file where the directory should be");
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 1);

@@ -50,19 +50,19 @@ TEST_F(SqliteRegistryTest, ReadingCreatesNothing) {
 }
 
 TEST_F(SqliteRegistryTest, KeysComeAndGoLevelByLevel) {
-  const RegistryKey product = Create("Software\\Maker\\Product");
-  const RegistryKey section = Create("SOFTWARE\\maker\\\\product\\Options\\");
-  EXPECT_EQ(Open("software\\MAKER"), kErrorSuccess);
-  EXPECT_EQ(Open("Software\\Mak"), kErrorFileNotFound);
+  const RegistryKey product = Create(R"(Software\Maker\Product)");
+  const RegistryKey section = Create(R"(SOFTWARE\maker\\product\Options\)");
+  EXPECT_EQ(Open(R"(software\MAKER)"), kErrorSuccess);
+  EXPECT_EQ(Open(R"(Software\Mak)"), kErrorFileNotFound);
 
   EXPECT_EQ(Set(section, "Interval", "7"), kErrorSuccess);
   EXPECT_EQ(registry_.RegDeleteKey(product, "Missing"), kErrorFileNotFound);
   EXPECT_EQ(registry_.RegDeleteKey(product, ""), kErrorAccessDenied) << "it has a key below it";
   EXPECT_EQ(registry_.RegDeleteKey(product, "OPTIONS"), kErrorSuccess);
-  EXPECT_EQ(Open("Software\\Maker\\Product\\Options"), kErrorFileNotFound);
+  EXPECT_EQ(Open(R"(Software\Maker\Product\Options)"), kErrorFileNotFound);
 
   // A key of the same name is another key, and has none of the old values.
-  const RegistryKey again = Create("Software\\Maker\\Product\\Options");
+  const RegistryKey again = Create(R"(Software\Maker\Product\Options)");
   EXPECT_EQ(Query(section, "Interval"), kErrorKeyDeleted);
   EXPECT_EQ(Set(section, "Interval", "8"), kErrorKeyDeleted);
   EXPECT_EQ(registry_.RegDeleteValue(section, "Interval"), kErrorKeyDeleted);
@@ -73,7 +73,7 @@ TEST_F(SqliteRegistryTest, KeysComeAndGoLevelByLevel) {
   EXPECT_EQ(Set(again, "Interval", "8"), kErrorInvalidHandle);
   RegistryKey key = 0;
   EXPECT_EQ(registry_.RegOpenKeyEx(kHkeyDynData + 1, "Software", kKeyRead, key), kErrorInvalidHandle);
-  EXPECT_EQ(registry_.RegOpenKeyEx(kHkeyLocalMachine, "Software\\Maker", kKeyRead, key), kErrorFileNotFound);
+  EXPECT_EQ(registry_.RegOpenKeyEx(kHkeyLocalMachine, R"(Software\Maker)", kKeyRead, key), kErrorFileNotFound);
 }
 
 TEST_F(SqliteRegistryTest, ValuesReadAsWindowsGivesThem) {
@@ -82,7 +82,7 @@ TEST_F(SqliteRegistryTest, ValuesReadAsWindowsGivesThem) {
     std::uint32_t type;
     std::string stored;
     std::string read;
-  } kCases[] = {
+  } cases[] = {
       {kRegSz, "text", "text\0"s},
       {kRegSz, "text\0"s, "text\0"s},
       {kRegSz, "", "\0"s},
@@ -93,7 +93,7 @@ TEST_F(SqliteRegistryTest, ValuesReadAsWindowsGivesThem) {
       {kRegSz, std::string(100'000, 'x'), std::string(100'000, 'x') + '\0'},
   };
   const RegistryKey key = Create("Software");
-  for (const auto& c : kCases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.stored.substr(0, 20));
     ASSERT_EQ(Set(key, "Name", c.stored, c.type), kErrorSuccess);
     std::uint32_t type = 0;
@@ -114,12 +114,12 @@ TEST_F(SqliteRegistryTest, ValuesReadAsWindowsGivesThem) {
 }
 
 TEST_F(SqliteRegistryTest, AKeyOutlivesItsLastValue) {
-  const RegistryKey key = Create("Software\\Maker");
+  const RegistryKey key = Create(R"(Software\Maker)");
   EXPECT_EQ(Set(key, "", "default"), kErrorSuccess);
   EXPECT_EQ(registry_.RegDeleteValue(key, "other"), kErrorFileNotFound);
   EXPECT_EQ(registry_.RegDeleteValue(key, ""), kErrorSuccess);
   EXPECT_EQ(registry_.RegDeleteValue(key, ""), kErrorFileNotFound);
-  EXPECT_EQ(Open("Software\\Maker"), kErrorSuccess);
+  EXPECT_EQ(Open(R"(Software\Maker)"), kErrorSuccess);
 }
 
 TEST_F(SqliteRegistryTest, AKeyOpenedForReadingTakesNoValues) {
@@ -132,9 +132,9 @@ TEST_F(SqliteRegistryTest, AKeyOpenedForReadingTakesNoValues) {
 }
 
 TEST_F(SqliteRegistryTest, EnumeratesInNameOrder) {
-  const RegistryKey key = Create("Software\\Maker");
-  Create("Software\\Maker\\sounds\\deep");
-  Create("Software\\Maker\\Pictures");
+  const RegistryKey key = Create(R"(Software\Maker)");
+  Create(R"(Software\Maker\sounds\deep)");
+  Create(R"(Software\Maker\Pictures)");
   Set(key, "b", "2");
   Set(key, "A", "1");
   Set(key, "B", "3");

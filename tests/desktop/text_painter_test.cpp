@@ -10,6 +10,9 @@ namespace {
 
 constexpr double kPixelsPerInch = 96;
 constexpr Pixel kPaper = 0xFF102030;
+constexpr int kWidth = 120;
+constexpr int kHeight = 60;
+constexpr int kEdge = 20;
 const Font kNames{"MS Serif", 12};
 const Font kTiny{"Small Fonts", 4.2F};
 
@@ -17,8 +20,8 @@ TEST(QtTextPainter, MakesALineAsHighAsItsPointsAtEveryScale) {
   QtTextPainter painter(kPixelsPerInch);
   const struct {
     Font font;
-    float scale;
-    double pixels;
+    float scale = 1;
+    double pixels = 0;
   } cases[] = {{kNames, 1, 16}, {kNames, 1.5, 24}, {kNames, 2, 32},
                {kTiny, 1, 5.6}, {kTiny, 1.5, 8.4}, {kTiny, 2, 11.2}};
   for (const auto& c : cases) {
@@ -49,9 +52,6 @@ TEST(QtTextPainter, TakesMoreRoomForALongerTextAndNoneForNone) {
 
 // Draws in the middle of a larger buffer, whose edge nothing may touch.
 TEST(QtTextPainter, DrawsOnlyWhereItSays) {
-  constexpr int kWidth = 120;
-  constexpr int kHeight = 60;
-  constexpr int kEdge = 20;
   const struct {
     const char* what;
     int left;
@@ -65,7 +65,8 @@ TEST(QtTextPainter, DrawsOnlyWhereItSays) {
   QtTextPainter painter(kPixelsPerInch);
   for (const auto& c : cases) {
     std::vector<Pixel> buffer(static_cast<std::size_t>(kWidth) * kHeight, kPaper);
-    const PixelView target{buffer.data() + kEdge * kWidth + kEdge, kWidth - 2 * kEdge, kHeight - 2 * kEdge, kWidth};
+    const PixelView target{&buffer[static_cast<std::size_t>(kEdge) * kWidth + kEdge], kWidth - 2 * kEdge,
+                           kHeight - 2 * kEdge, kWidth};
     const PixelRect changed = painter.Draw(target, c.left, c.top, "Wolken", kNames, 0x0000FF, 1);
     EXPECT_EQ(Intersect(changed, target.Bounds()), changed) << c.what;
     int inked = 0;

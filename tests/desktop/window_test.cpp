@@ -163,8 +163,8 @@ TEST_F(WindowTest, HidesTheCursorWhileItsCountIsBelowZero) {
 
 struct BoxCase {
   MessageBox box;
-  QMessageBox::StandardButton press;
-  MessageBoxAnswer answer;
+  QMessageBox::StandardButton press = QMessageBox::NoButton;
+  MessageBoxAnswer answer = MessageBoxAnswer::kNone;
 };
 
 TEST_F(WindowTest, AsksInABoxAboveTheShow) {

@@ -53,6 +53,8 @@ std::string_view WithoutNul(std::string_view text) {
 // A list entry is filled up with blanks, which would only widen the display.
 std::string_view WithoutBlanksAtEnd(std::string_view text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
+std::string Below(const std::string& path, const std::string& name) { return path + "\\" + name; }
+
 std::string ValueName(const std::string& key) { return key == "*" ? std::string() : key; }
 
 class SettingsTool {
@@ -110,7 +112,7 @@ class SettingsTool {
   }
 
  private:
-  std::string PathOf(const std::string& section) const { return section.empty() ? key_ : key_ + "\\" + section; }
+  std::string PathOf(const std::string& section) const { return section.empty() ? key_ : Below(key_, section); }
 
   std::int32_t ListKey(const std::string& section, bool with_subsections) {
     RegistryKey opened = 0;
@@ -127,7 +129,7 @@ class SettingsTool {
     std::vector<std::string> names;
     if (result == kErrorSuccess && with_subsections) result = registry_.EnumerateKeys(opened, names);
     for (const std::string& name : names) {
-      if (result == kErrorSuccess) result = ListKey(section.empty() ? name : section + "\\" + name, true);
+      if (result == kErrorSuccess) result = ListKey(section.empty() ? name : Below(section, name), true);
     }
     return result;
   }
@@ -140,7 +142,7 @@ class SettingsTool {
     std::vector<std::string> names;
     result = registry_.EnumerateKeys(opened, names);
     for (const std::string& name : names) {
-      if (result == kErrorSuccess) result = DeleteTree(path + "\\" + name);
+      if (result == kErrorSuccess) result = DeleteTree(Below(path, name));
     }
     return result == kErrorSuccess ? registry_.RegDeleteKey(opened, "") : result;
   }

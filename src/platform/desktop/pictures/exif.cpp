@@ -15,6 +15,7 @@ constexpr std::size_t kSegmentHead = 4;
 // The camera data come early; a file with more segments before them is not worth the search.
 constexpr int kMostSegments = 64;
 
+constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 constexpr std::uint8_t kApp1 = 0xE1;
 constexpr std::uint8_t kStartOfScan = 0xDA;
 constexpr std::uint16_t kOrientationTag = 0x0112;
@@ -69,7 +70,6 @@ class TagBlock {
 }  // namespace
 
 int ExifOrientation(PictureFile& file) {
-  static constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
     const auto head = Copy(file, offset, kSegmentHead);

@@ -52,6 +52,28 @@ class ImageRows : public RowSource {
   int left_ = 0;
 };
 
+[[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
+
+std::size_t Bytes(QSize size, int depth) {
+  return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) *
+         static_cast<std::size_t>(depth) / 8;
+}
+
+// The image to decode into, so that what a damaged file leaves out is not what memory happened to hold.
+// A size that the bytes of the file can't fill, packed as tightly as the format knows, is none.
+QImage Blank(const QImageReader& reader, std::size_t file_size) {
+  const QSize size = reader.size();
+  const QImage::Format format = reader.imageFormat();
+  if (!size.isValid() || format == QImage::Format_Invalid) return {};
+  const std::size_t pixels_to_byte = reader.format() == "bmp" ? 256 : 4096;
+  if (Bytes(size, 8) / pixels_to_byte > file_size) Fail("Damaged picture");
+  if (Bytes(size, 32) > kPictureMemoryLimit) Fail("Picture too large");
+  QImage image(size, format);
+  if (image.isNull()) throw std::bad_alloc();
+  image.fill(image.hasAlphaChannel() ? Qt::transparent : Qt::black);
+  return image;
+}
+
 }  // namespace
 
 ImagePicture::ImagePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), image_(Decode()) {
@@ -67,15 +89,11 @@ QImage ImagePicture::Decode() {
   QImageReader reader(&device);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  QImage image = reader.read();
-  if (image.isNull()) throw Failure(FailureNumber::kBadPicture, "Not a picture, or damaged", "LoadPicture");
+  QImage image = Blank(reader, file_->Size());
+  if (!reader.read(&image) || image.isNull()) Fail("Not a picture, or damaged");
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-  if (image.depth() != 32) {
-    // Both are there for a moment.
-    const auto pixels = static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height());
-    const std::size_t bytes = static_cast<std::size_t>(image.sizeInBytes()) + pixels * sizeof(Pixel);
-    if (bytes > kPictureMemoryLimit) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
-  }
+  // Another depth takes a second image for a moment.
+  if (image.depth() != 32 && Bytes(image.size(), image.depth() + 32) > kPictureMemoryLimit) Fail("Picture too large");
   image.convertTo(format);
   if (image.isNull()) throw std::bad_alloc();
   return image;

@@ -13,10 +13,13 @@ namespace {
 // one for this many blocks has lost nearly all, or never had it.
 constexpr std::size_t kBlocksPerBit = 8;
 
-// Every scan of a progressive file goes over all the blocks. No camera or tool writes more scans than
-// this, and the visits are what a hundred megapixels take, four times over.
+// Every scan of a progressive file goes over all the blocks. No camera or tool writes so many scans; the
+// visits are more than the usual ten scans of the largest file that fits in memory take.
 constexpr int kMostScans = 100;
-constexpr std::size_t kMostBlockVisits = 100'000'000;
+constexpr std::size_t kMostBlockVisits = 50'000'000;
+
+constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
+constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
 
 constexpr J_COLOR_SPACE kPixelSpace = std::endian::native == std::endian::little ? JCS_EXT_BGRA : JCS_EXT_ARGB;
 
@@ -74,7 +77,6 @@ void JpegDecoder::OnProgress(j_common_ptr common) {
 
 // At the end of the file the library gets an end mark, and makes do with what it has.
 boolean JpegDecoder::FillBuffer(j_decompress_ptr decoder) {
-  static constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
   auto& self = *static_cast<JpegDecoder*>(decoder->client_data);
   std::span<const std::uint8_t> bytes;
   if (self.next_offset_ < self.end_) {
@@ -110,10 +112,7 @@ bool JpegDecoder::ReadHeader() {
 }
 
 // Files in several scans are put together in memory before the first row comes out.
-std::size_t JpegDecoder::CoefficientBytes() {
-  constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
-  return jpeg_has_multiple_scans(&decoder_) ? blocks_ * kBlockBytes : 0;
-}
+std::size_t JpegDecoder::CoefficientBytes() { return jpeg_has_multiple_scans(&decoder_) ? blocks_ * kBlockBytes : 0; }
 
 // Whether anything but a mark stands where the pixels begin.
 bool JpegDecoder::HoldsPixels() {

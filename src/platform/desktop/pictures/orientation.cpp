@@ -6,17 +6,22 @@
 #include <utility>
 
 namespace quorvale {
+namespace {
+
+// By the number that cameras store.
+constexpr std::array<Orientation, 9> kOrientations{{{},
+                                                    {},
+                                                    {false, true, false},
+                                                    {false, true, true},
+                                                    {false, false, true},
+                                                    {true, false, false},
+                                                    {true, true, false},
+                                                    {true, true, true},
+                                                    {true, false, true}}};
+
+}  // namespace
 
 Orientation Orientation::FromExif(int number) {
-  static constexpr std::array<Orientation, 9> kOrientations{{{},
-                                                             {},
-                                                             {false, true, false},
-                                                             {false, true, true},
-                                                             {false, false, true},
-                                                             {true, false, false},
-                                                             {true, true, false},
-                                                             {true, true, true},
-                                                             {true, false, true}}};
   return number >= 1 && number <= 8 ? kOrientations[static_cast<std::size_t>(number)] : Orientation{};
 }
 

@@ -45,7 +45,11 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   }
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > kPictureMemoryLimit / sizeof(Pixel)) Fail("Picture too large");
-  Rendering rendering{box, part, std::make_unique_for_overwrite<Pixel[]>(count), source.IsOpaque()};
+  Rendering rendering;
+  rendering.box = box;
+  rendering.part = part;
+  rendering.pixels = std::make_unique_for_overwrite<Pixel[]>(count);
+  rendering.opaque = source.IsOpaque();
 
   const PixelSize stored_box = orientation.Turn(box);
   const PixelRect stored = orientation.ToStored(part, box);

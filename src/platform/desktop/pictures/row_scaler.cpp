@@ -52,7 +52,8 @@ void MixColumns(const ScaleAxis& across, const float* mix, float* scaled) {
     const std::span<const float> weights = across.Weights(x);
     const std::size_t taps = kTaps > 0 ? kTaps : weights.size();
     const float* from = mix + static_cast<std::size_t>(across.First(x) - across.Begin()) * kChannels;
-    float sum[kChannels] = {};
+    // Half a step more, since the result is cut to whole steps.
+    float sum[kChannels] = {0.5F, 0.5F, 0.5F, 0.5F};
     for (std::size_t tap = 0; tap < taps; ++tap) {
       for (std::size_t c = 0; c < kChannels; ++c) sum[c] += from[tap * kChannels + c] * weights[tap];
     }
@@ -75,9 +76,9 @@ void MixColumns(const ScaleAxis& across, const float* mix, float* scaled) {
   }
 }
 
-void Round(const std::vector<float>& scaled, std::vector<Pixel>& row) {
+void Cut(const std::vector<float>& scaled, std::vector<Pixel>& row) {
   auto* to = reinterpret_cast<std::uint8_t*>(row.data());
-  for (std::size_t i = 0; i < scaled.size(); ++i) to[i] = static_cast<std::uint8_t>(static_cast<int>(scaled[i] + 0.5F));
+  for (std::size_t i = 0; i < scaled.size(); ++i) to[i] = static_cast<std::uint8_t>(static_cast<int>(scaled[i]));
 }
 
 }  // namespace
@@ -100,7 +101,7 @@ void ScaleRows(RowSource& source, const ScaleAxis& across, const ScaleAxis& down
   for (int y = 0; y < down.Count(); ++y) {
     if (!MixRows(source, down.First(y), down.Weights(y), std::span(mix).first(columns))) return;
     MixColumns(across, mix.data(), scaled.data());
-    Round(scaled, row);
+    Cut(scaled, row);
     place(row.data(), y);
   }
 }

@@ -56,6 +56,7 @@ void DesktopPrograms::Start(const std::string& command_line, int /*window_style*
   std::vector<std::string> pieces = SplitCommandLine(command_line);
   if (pieces.empty()) throw Failure(FailureNumber::kNotFound, "No program to start", "DesktopPrograms");
   std::vector<char*> arguments;
+  arguments.reserve(pieces.size() + 1);
   for (std::string& piece : pieces) arguments.push_back(piece.data());
   arguments.push_back(nullptr);
 

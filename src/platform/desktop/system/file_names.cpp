@@ -1,10 +1,9 @@
 #include "platform/desktop/system/file_names.h"
 
-#include <locale.h>
-#include <wctype.h>
-
+#include <clocale>
 #include <cstddef>
 #include <cstdint>
+#include <cwctype>
 
 #include "base/text.h"
 
@@ -12,21 +11,22 @@ namespace quorvale {
 namespace {
 
 constexpr std::uint32_t kFirstSupplementary = 0x10000;
+// By the length of the character, what its first byte has of the code point.
+constexpr std::uint8_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
 
 bool IsContinuation(char c) { return (static_cast<std::uint8_t>(c) & 0xC0) == 0x80; }
 
 // The system's table of upper-case letters for all of Unicode, whatever locale the user has. Where it is
 // missing, only ASCII folds.
 std::uint32_t UpperCaseOf(std::uint32_t character) {
-  static const locale_t kUnicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  if (kUnicode == nullptr) return character;
-  const std::uint32_t upper = towupper_l(static_cast<wint_t>(character), kUnicode);
+  static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  if (unicode == nullptr) return character;
+  const std::uint32_t upper = towupper_l(static_cast<wint_t>(character), unicode);
   // The dotless i and the long s are letters of their own in a file name.
   return upper < 0x80 ? character : upper;
 }
 
 std::uint32_t Decode(std::string_view character) {
-  static constexpr std::uint8_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
   std::uint32_t value = static_cast<std::uint8_t>(character[0]) & kLeadBits[character.size()];
   for (const char c : character.substr(1)) value = value << 6 | (static_cast<std::uint8_t>(c) & 0x3F);
   return value;

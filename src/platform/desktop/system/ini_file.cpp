@@ -21,8 +21,9 @@
 namespace quorvale {
 namespace {
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 std::string_view Strip(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t first = text.find_first_not_of(kBlanks);
   return first == std::string_view::npos ? std::string_view()
                                          : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
@@ -59,7 +60,7 @@ std::optional<std::string> ReadAll(const std::string& path) {
   struct stat status {};
   if (fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
   std::string text;
-  std::array<char, 4096> buffer;
+  std::array<char, 4096> buffer{};
   while (true) {
     const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
     if (count < 0) return std::nullopt;

@@ -40,7 +40,7 @@ PRAGMA user_version = 1;
 
 bool HasSchema(SqliteDatabase& database) {
   SqliteQuery version = database.Query("PRAGMA user_version");
-  return version.Step() && version.Number(0) > 0;
+  return version.Step() && version.Number(0) != 0;
 }
 
 void CreateSchema(SqliteDatabase& database) {
@@ -76,7 +76,9 @@ bool IsDamaged(const std::string& path) {
     if (!IsThere(path)) return false;
     SqliteDatabase database(path, SQLITE_OPEN_READWRITE);
     SqliteQuery check = database.Query("PRAGMA integrity_check(1)");
-    return !check.Step() || check.Bytes(0) != "ok";
+    if (!check.Step() || check.Bytes(0) != "ok") return true;
+    database.Query("SELECT 1 FROM keys JOIN key_values ON key = id LIMIT 1").Step();
+    return false;
   } catch (const SqliteError& error) {
     return error.IsDamage();
   }

@@ -12,11 +12,20 @@
 namespace quorvale {
 
 // What SQLite answered to a call that it could not do. Never leaves the registry.
-struct SqliteError {
-  int code = SQLITE_ERROR;
+class SqliteError {
+ public:
+  explicit SqliteError(int code) : code_(code) {}
 
-  bool IsDamage() const { return (code & 0xFF) == SQLITE_CORRUPT || (code & 0xFF) == SQLITE_NOTADB; }
-  bool IsBusy() const { return (code & 0xFF) == SQLITE_BUSY; }
+  // A file that makes no sense, or whose tables or format are not those that a statement was made for.
+  bool IsDamage() const {
+    return Primary() == SQLITE_CORRUPT || Primary() == SQLITE_NOTADB || Primary() == SQLITE_ERROR;
+  }
+  bool IsBusy() const { return Primary() == SQLITE_BUSY; }
+
+ private:
+  int Primary() const { return code_ & 0xFF; }
+
+  int code_;
 };
 
 // One execution of a prepared statement. Its end resets the statement, and with it the read transaction.

@@ -81,9 +81,11 @@ bool SurfaceWindow::event(QEvent* event) {
 
 // A window learns of another ratio by being exposed anew.
 void SurfaceWindow::NoteRatio() {
-  if (std::exchange(ratio_, devicePixelRatio()) == devicePixelRatio()) return;
+  if (ratio_ == devicePixelRatio()) return;
+  const float scale = Scale();
+  ratio_ = devicePixelRatio();
   SetBounds(bounds_);
-  Deliver([this] { events_.OnScaleChanged(); });
+  if (Scale() != scale) Deliver([this] { events_.OnScaleChanged(); });
 }
 
 void SurfaceWindow::paintEvent(QPaintEvent* event) {

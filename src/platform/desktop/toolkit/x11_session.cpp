@@ -10,6 +10,8 @@
 namespace quorvale {
 namespace {
 
+constexpr char kWindowManagerCheck[] = "_NET_SUPPORTING_WM_CHECK";
+
 template <typename Reply>
 std::unique_ptr<Reply, void (*)(void*)> Own(Reply* reply) {
   return {reply, std::free};
@@ -31,9 +33,10 @@ xcb_connection_t* X11Connection() {
 }
 
 bool HasWindowManager(xcb_connection_t* connection) {
-  constexpr char kCheck[] = "_NET_SUPPORTING_WM_CHECK";
   const auto atom = Own(xcb_intern_atom_reply(
-      connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(std::strlen(kCheck)), kCheck), nullptr));
+      connection,
+      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(std::strlen(kWindowManagerCheck)), kWindowManagerCheck),
+      nullptr));
   if (!atom) return false;
   const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
   // A window manager that was killed leaves the property on the root, but not the window that it names.

@@ -1,0 +1,94 @@
+#include <dirent.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/random.h"
+#include "bench_files.h"
+#include "desktop_process.h"
+#include "groups.h"
+#include "measure.h"
+#include "playlist/list_entry.h"
+#include "playlist/media_collections.h"
+#include "playlist/shuffle.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kFiles = 100'000;
+constexpr int kEntries = 10'000;
+
+int CountByReaddir(const std::string& directory) {
+  struct CloseDirectory {
+    void operator()(DIR* stream) const { closedir(stream); }
+  };
+  const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
+  int count = 0;
+  while (stream && readdir(stream.get()) != nullptr) ++count;
+  return count;
+}
+
+void MeasureDirectory(Bench& bench, Process& core, int rounds) {
+  const std::string directory = DirectoryOfFiles(kFiles) + "/";
+  int found = 0;
+  const auto times = AlternatingMedians(rounds, {
+                                                    [&] {
+                                                      return MillisecondsOf([&] {
+                                                        Collection collection;
+                                                        AddDirectoryFiles(core, collection, directory, kPictureMask);
+                                                        found = collection.Count();
+                                                      });
+                                                    },
+                                                    [&] { return MillisecondsOf([&] { CountByReaddir(directory); }); },
+                                                });
+  bench.report.Begin("A directory of 100,000 files, ms", {{"list"}, {"readdir"}, {"ratio", 2}, {"pictures", 0}});
+  bench.report.Row("AddDirectoryFiles", {times[0], times[1], times[0] / times[1], static_cast<double>(found)});
+}
+
+double MillisecondsToShuffle(int count) {
+  std::vector<std::string> paths;
+  for (int i = 0; i < count; ++i) paths.push_back("/pictures/IMG_" + std::to_string(i) + ".jpg");
+  Collection collection(std::move(paths));
+  Random random;
+  return MillisecondsOf([&] { ShuffleCollection(collection, random); });
+}
+
+void MeasureShuffling(Bench& bench, int rounds) {
+  const auto times = AlternatingMedians(rounds, {
+                                                    [] { return MillisecondsToShuffle(100'000); },
+                                                    [] { return MillisecondsToShuffle(1'000'000); },
+                                                });
+  bench.report.Begin("Shuffling, ms", {{"100,000"}, {"1,000,000"}});
+  bench.report.Row("ShuffleCollection", times);
+}
+
+void SaveEntries(Process& core) {
+  core.Settings.DeleteSetting(kPictureSection);
+  for (int i = 0; i < kEntries; ++i) {
+    core.Settings.SaveSetting(kPictureSection, kFileKeyPrefix + std::to_string(i),
+                              MakeListEntry("IMG_" + std::to_string(i) + ".jpg", "/home/user/pictures/"));
+  }
+}
+
+void MeasureStore(Bench& bench, Process& core, int rounds) {
+  const auto times = AlternatingMedians(
+      rounds, {
+                  [&] { return MillisecondsOf([&] { SaveEntries(core); }); },
+                  [&] { return MillisecondsOf([&] { FillFromSettings(core, kPictureSection, kPictureMask); }); },
+              });
+  bench.report.Begin("10,000 list entries in the settings store, ms", {{"save"}, {"load"}});
+  bench.report.Row("SaveSetting, FillFromSettings", times);
+}
+
+}  // namespace
+
+void MeasureLists(Bench& bench) {
+  const int rounds = bench.quick ? 3 : 9;
+  DesktopProcess process;
+  MeasureDirectory(bench, process.core, rounds);
+  MeasureShuffling(bench, rounds);
+  MeasureStore(bench, process.core, rounds);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,55 @@
+#include "live_show.h"
+
+#include <QCoreApplication>
+
+#include "base/failure.h"
+#include "platform/desktop/toolkit/x11_session.h"
+#include "screen_states.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kNoTick = 60'000;  // milliseconds
+
+}  // namespace
+
+LiveShow::LiveShow(XDisplay& display, const PassLengths& pass_lengths)
+    : display_(display), desktop_(pass_lengths), form_(std::make_shared<MainForm>(desktop_.core)) {
+  form_->Show();
+  form_->tmrSwitch.Elapsed = [this, tick = form_->tmrSwitch.Elapsed] {
+    since_event_ = Stopwatch();
+    tick();
+    ticked_ = true;
+  };
+  form_->tmrSwitch.SetInterval(kNoTick);
+  WaitUntil("the show's window", [&] {
+    Present();
+    return ShowsBackground(display_);
+  });
+}
+
+double LiveShow::Tick() {
+  ticked_ = false;
+  form_->tmrSwitch.SetInterval(1);
+  while (!ticked_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  Present();
+  const double milliseconds = since_event_.Milliseconds();
+  form_->tmrSwitch.SetInterval(kNoTick);
+  RequirePicture();
+  return milliseconds;
+}
+
+void LiveShow::Present() {
+  desktop_.core.app.PumpEvents();
+  RoundTrip(X11Connection());
+}
+
+void LiveShow::RequirePicture() {
+  const Surface& surface = form_->PicBase.Pixels();
+  const Pixel drawn = surface.At(surface.Width() / 2, surface.Height() / 2) | 0xFF000000U;
+  if (drawn == ToPixel(kShowBackground) || display_.Centre() != drawn) {
+    throw Failure(FailureNumber::kInternal, "The picture is not on the screen", "bench");
+  }
+}
+
+}  // namespace quorvale

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quorvale {
+
+struct PictureSize {
+  const char* name;
+  int width = 0;
+  int height = 0;
+};
+
+// What cameras make, and made ten times as large.
+inline constexpr PictureSize kTestSizes[] = {
+    {"2 MP", 1920, 1080},
+    {"12 MP", 4000, 3000},
+    {"24 MP", 6000, 4000},
+    {"100 MP", 11500, 8700},
+};
+inline constexpr const PictureSize& kCameraSize = kTestSizes[1];
+
+// The path of a JPEG of that size, made when it is first asked for: soft shapes under the noise of a camera's
+// sensor, so that a decoder has as much to do as with a photograph. The same number gives the same picture.
+std::string TestPicture(const PictureSize& size, int number);
+
+// Several of a size.
+std::vector<std::string> TestPictures(const PictureSize& size, int count);
+
+}  // namespace quorvale

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <sys/types.h>
+#include <xcb/xcb.h>
+
+#include "toolkit/pixel_view.h"
+
+namespace quorvale {
+
+// Returns when the server has done all that this connection has asked of it.
+void RoundTrip(xcb_connection_t* connection);
+
+// A connection to the X server that DISPLAY names, and a look at its screen.
+class XDisplay {
+ public:
+  // Fails with kNotFound.
+  XDisplay();
+  ~XDisplay();
+  XDisplay(const XDisplay&) = delete;
+  XDisplay& operator=(const XDisplay&) = delete;
+
+  xcb_connection_t* Connection() const { return connection_; }
+  const xcb_screen_t& Screen() const { return *screen_; }
+  int Width() const { return screen_->width_in_pixels; }
+  int Height() const { return screen_->height_in_pixels; }
+  // The server's process, on this machine.
+  pid_t Server() const;
+
+  // The colour of the bare screen.
+  void SetBackground(Pixel colour);
+  // What the user sees in the middle of the screen at this moment.
+  Pixel Centre() const;
+
+ private:
+  xcb_connection_t* connection_;
+  xcb_screen_t* screen_;
+};
+
+}  // namespace quorvale
