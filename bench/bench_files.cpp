@@ -13,7 +13,7 @@ std::string BuiltProgram(const std::string& name) {
 }
 
 std::string BenchDirectory(const std::string& name) {
-  const std::string path = BuiltProgram("bench-files") + "/" + name;
+  std::string path = BuiltProgram("bench-files") + "/" + name;
   std::filesystem::create_directories(path);
   return path;
 }
@@ -22,7 +22,7 @@ std::string DirectoryOfFiles(int count) {
   constexpr std::array<const char*, 10> kEndings = {".JPG", ".JPG", ".jpg",  ".JPG", ".txt",
                                                     ".JPG", ".jpg", ".jpeg", ".JPG", ".bmp"};
   const std::string name = std::to_string(count) + "-files";
-  const std::string finished = BuiltProgram("bench-files") + "/" + name;
+  std::string finished = BuiltProgram("bench-files") + "/" + name;
   if (std::filesystem::exists(finished)) return finished;
   const std::string unfinished = BenchDirectory(name + "-unfinished");
   for (int i = 0; i < count; ++i) {

@@ -13,6 +13,7 @@ namespace quorvale {
 
 ChildProgram::ChildProgram(std::vector<std::string> arguments) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   posix_spawn_file_actions_t actions;

@@ -48,6 +48,7 @@ void MeasureDirectory(Bench& bench, Process& core, int rounds) {
 
 double MillisecondsToShuffle(int count) {
   std::vector<std::string> paths;
+  paths.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) paths.push_back("/pictures/IMG_" + std::to_string(i) + ".jpg");
   Collection collection(std::move(paths));
   Random random;

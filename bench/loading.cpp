@@ -13,6 +13,8 @@
 namespace quorvale {
 namespace {
 
+constexpr int kPixelsToLoad = 100'000'000;  // for each figure
+
 // One row in memory is all that it writes to: nothing but decoding.
 void DecodeOnly(const std::string& path, int divisor) {
   JpegRows jpeg(path);
@@ -83,9 +85,10 @@ void MeasureLoading(Bench& bench) {
                                                                                               {"on:decode", 2},
                                                                                               {"off:decode", 2}});
   for (const PictureSize& size : kTestSizes) {
-    const int rounds = std::max(bench.quick ? 3 : 9, bench.quick ? 3 : 100'000'000 / (size.width * size.height));
+    // What is over soon is disturbed more, and can be repeated more often.
+    const int rounds = bench.quick ? 3 : std::clamp(kPixelsToLoad / (size.width * size.height), 9, 31);
     LoadingRow row(bench, show, window, TestPicture(size, 0));
-    bench.report.Row(size.name, row.Measure(size, std::min(rounds, 31)));
+    bench.report.Row(size.name, row.Measure(size, rounds));
   }
   Report::Remark("on, off: Stretch. yard: the least a program must do, to the same box; yard in: in the picture's");
   Report::Remark("proportions. decode/n: the library alone at the yardstick's scale; decode: in full. Medians.");

@@ -38,6 +38,7 @@ std::vector<double> AlternatingMedians(int rounds, const std::vector<std::functi
     }
   }
   std::vector<double> medians;
+  medians.reserve(taken.size());
   for (auto& values : taken) medians.push_back(Median(std::move(values)));
   return medians;
 }

@@ -11,7 +11,7 @@ namespace quorvale {
 
 // The effects by their names, with the drawing calls that each makes a step.
 struct NamedEffect {
-  const char* name;
+  const char* name = "";
   int calls_a_step = 1;
 };
 inline constexpr NamedEffect kNamedEffects[] = {

@@ -37,8 +37,9 @@ class SensorNoise {
   explicit SensorNoise(int number) : generator_(static_cast<unsigned>(number)) {}
 
   float Next() {
-    constexpr float kStrength = 9;
-    const float last = std::exchange(die_, static_cast<float>(generator_()) / static_cast<float>(generator_.max()));
+    constexpr float kStrength = 15;
+    const float last =
+        std::exchange(die_, static_cast<float>(generator_()) / static_cast<float>(std::minstd_rand::max()));
     return (last + die_ - 1) * kStrength;
   }
 
@@ -104,7 +105,7 @@ void Make(const std::string& path, const PictureSize& size, int number) {
 std::string TestPicture(const PictureSize& size, int number) {
   const std::string name = std::to_string(size.width) + "x" + std::to_string(size.height);
   const std::string directory = BenchDirectory("pictures");
-  const std::string path = directory + "/" + name + "-" + std::to_string(number) + ".jpg";
+  std::string path = directory + "/" + name + "-" + std::to_string(number) + ".jpg";
   if (!std::filesystem::exists(path)) {
     const std::string unfinished = directory + "/unfinished.jpg";
     Make(unfinished, size, number);
@@ -115,6 +116,7 @@ std::string TestPicture(const PictureSize& size, int number) {
 
 std::vector<std::string> TestPictures(const PictureSize& size, int count) {
   std::vector<std::string> paths;
+  paths.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) paths.push_back(TestPicture(size, i));
   return paths;
 }

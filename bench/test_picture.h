@@ -6,7 +6,7 @@
 namespace quorvale {
 
 struct PictureSize {
-  const char* name;
+  const char* name = "";
   int width = 0;
   int height = 0;
 };

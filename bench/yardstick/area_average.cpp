@@ -1,6 +1,7 @@
 #include "yardstick/area_average.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -34,10 +35,11 @@ void AreaAverage(int width, int height, const std::function<const Pixel*()>& nex
       std::uint32_t blue = 0;
       std::uint32_t green = 0;
       std::uint32_t red = 0;
-      for (int i = columns[x]; i < columns[x + 1]; ++i) {
-        blue += sums[i * 4];
-        green += sums[i * 4 + 1];
-        red += sums[i * 4 + 2];
+      const std::uint32_t* sum = sums.data() + std::ptrdiff_t{columns[x]} * 4;
+      for (int i = columns[x]; i < columns[x + 1]; ++i, sum += 4) {
+        blue += sum[0];
+        green += sum[1];
+        red += sum[2];
       }
       const auto count = static_cast<std::uint32_t>((columns[x + 1] - columns[x]) * row_count);
       row[x] = blue / count | (green / count) << 8U | (red / count) << 16U;

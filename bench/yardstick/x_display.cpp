@@ -25,7 +25,7 @@ void RoundTrip(xcb_connection_t* connection) {
   Owned(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
-XDisplay::XDisplay() : connection_(xcb_connect(nullptr, nullptr)), screen_(nullptr) {
+XDisplay::XDisplay() : connection_(xcb_connect(nullptr, nullptr)) {
   if (xcb_connection_has_error(connection_) != 0) {
     xcb_disconnect(connection_);
     throw Failure(FailureNumber::kNotFound, "No X server to measure on", "bench");

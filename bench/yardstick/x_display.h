@@ -33,7 +33,7 @@ class XDisplay {
 
  private:
   xcb_connection_t* connection_;
-  xcb_screen_t* screen_;
+  xcb_screen_t* screen_ = nullptr;
 };
 
 }  // namespace quorvale

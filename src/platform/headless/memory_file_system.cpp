@@ -130,7 +130,24 @@ std::string MemoryFileSystem::Normalised(const std::string& path) const {
     }
   }
   if (result.ends_with('/')) result.pop_back();
-  return syntax_.separator == '\\' ? UpperCase(result) : result;
+  return syntax_.separator == '\\' ? WithLongNames(UpperCase(result)) : result;
+}
+
+// Every element may stand there in its short form.
+std::string MemoryFileSystem::WithLongNames(const std::string& normalised) const {
+  std::string result;
+  for (std::size_t first = 0; first <= normalised.size();) {
+    const std::size_t end = std::min(normalised.find('/', first), normalised.size());
+    std::string name = normalised.substr(first, end - first);
+    for (const auto& [path, entry] : tree_) {
+      const bool is_sibling = path == result + UpperCase(entry.name);
+      if (is_sibling && EqualsIgnoringCase(entry.short_name, name)) name = UpperCase(entry.name);
+    }
+    result += name;
+    if (end < normalised.size()) result += '/';
+    first = end + 1;
+  }
+  return result;
 }
 
 std::string MemoryFileSystem::ParentOf(const std::string& path) const {

@@ -66,6 +66,7 @@ class MemoryFileSystem : public FileSystem {
   bool IsSeparator(char c) const { return c == syntax_.separator || (syntax_.separator == '\\' && c == '/'); }
   // With "/" between the elements, none at the end, and in upper case where case does not count.
   std::string Normalised(const std::string& path) const;
+  std::string WithLongNames(const std::string& normalised) const;
   // The two parts of a path: what leads to its last element, and that element.
   std::string ParentOf(const std::string& path) const;
   std::string NameOf(const std::string& path) const;

@@ -16,9 +16,11 @@ class SqliteError {
  public:
   explicit SqliteError(int code) : code_(code) {}
 
-  // A file that makes no sense, or whose tables or format are not those that a statement was made for.
+  // A file that makes no sense, whose tables or format are not those that a statement was made for, or
+  // whose rows don't fit together.
   bool IsDamage() const {
-    return Primary() == SQLITE_CORRUPT || Primary() == SQLITE_NOTADB || Primary() == SQLITE_ERROR;
+    return Primary() == SQLITE_CORRUPT || Primary() == SQLITE_NOTADB || Primary() == SQLITE_ERROR ||
+           Primary() == SQLITE_CONSTRAINT;
   }
   bool IsBusy() const { return Primary() == SQLITE_BUSY; }
 

@@ -74,7 +74,9 @@ std::int64_t CreateKey(SqliteDatabase& database, std::uint32_t hive, const std::
     end = std::min(path.find('\\', end), path.size());
     const std::string level = path.substr(0, end);
     database.Query(kAddKey).Bind(1, hive).Bind(2, level).Bind(3, id).Step();
-    id = FindKey(database, hive, level).value();
+    const auto found = FindKey(database, hive, level);
+    if (!found) throw SqliteError(SQLITE_CORRUPT);
+    id = *found;
   }
   transaction.Commit();
   return id;

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "playlist/list_entry.h"
+#include "playlist/path_part.h"
+#include "playlist/token.h"
+
+namespace quorvale {
+namespace {
+
+constexpr PathSyntax kWindows{'\\'};
+constexpr PathSyntax kUnix{'/'};
+
+TEST(PathToolsTest, PathPartSplitsAtTheEdges) {
+  struct Case {
+    PathSyntax syntax;
+    const char* path;
+    std::vector<std::string> parts;
+  };
+  const std::vector<Case> cases = {
+      {kWindows, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
+      {kWindows, "a.b.jpg", {"", "", "a", ".b"}},
+      {kWindows, "C:sea.bmp", {"C:", "", "sea", ".bmp"}},
+      {kWindows, "sea", {"", "", "sea", ""}},
+      {kWindows, "sea.", {"", "", "sea", ""}},
+      {kWindows, ".jpg", {"", "", "", ".jpg"}},
+      {kWindows, "C:\\pics\\", {"C:", "\\", "pics\\", ""}},
+      {kWindows, "C:\\pics\\.jpg", {"C:", "\\", "pics\\", ".jpg"}},
+      {kWindows, "C:\\a.b\\sea", {"C:", "\\a.b\\", "sea", ""}},
+      {kWindows, "C:\\a.b\\", {"C:", "\\", "a", ".b\\"}},
+      {kWindows, "", {"", "", "", ""}},
+      {kWindows, "a/b.jpg", {"", "", "a/b", ".jpg"}},
+      {kWindows, "\xC3\xA9:x.jpg", {"\xC3\xA9:", "", "x", ".jpg"}},
+      {kUnix, "/home/me/sea.bmp", {"", "/home/me/", "sea", ".bmp"}},
+      {kUnix, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
+      {kUnix, "/a.b/c", {"", "/a.b/", "c", ""}},
+  };
+  for (const Case& c : cases) {
+    for (std::int32_t part = 0; part < 4; ++part) {
+      EXPECT_EQ(PathPart(c.path, part, c.syntax), c.parts[static_cast<std::size_t>(part)]) << c.path << " " << part;
+    }
+  }
+  for (const std::int32_t part : {-1, 4}) {
+    try {
+      PathPart("x", part, kWindows);
+      ADD_FAILURE() << part;
+    } catch (const Failure& failure) {
+      EXPECT_EQ(static_cast<int>(failure.Number()), 1);
+    }
+  }
+}
+
+TEST(PathToolsTest, CutTokenCutsTextAndDelimiterOff) {
+  struct Case {
+    std::string text;
+    std::string token;
+    std::string rest;
+  };
+  for (const Case& c : {Case{"a;b", "a", "b"}, {"a;", "a", ""}, {";b", "", "b"}, {"ab", "ab", ""}, {"", "", ""}}) {
+    std::string text = c.text;
+    EXPECT_EQ(CutToken(text, ';'), c.token) << c.text;
+    EXPECT_EQ(text, c.rest) << c.text;
+  }
+}
+
+TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
+  struct Case {
+    PathSyntax syntax;
+    std::string entry;
+    std::string path;
+  };
+  const std::string long_name(254, 'n');
+  const std::vector<Case> cases = {
+      {kWindows, MakeListEntry("sea.bmp", "C:\\pics\\"), "C:\\pics\\sea.bmp"},
+      {kWindows, MakeListEntry("C:\\pics\\", "C:\\pics\\"), "C:\\pics\\"},
+      {kWindows, "  C:\\pics\\sea.bmp ", "C:\\pics\\sea.bmp"},
+      {kWindows, "C:\\pics\\", "C:\\pics\\"},
+      {kWindows, "", ""},
+      {kWindows, MakeListEntry("x/", "C:\\"), "C:\\x/"},
+      {kWindows, MakeListEntry(long_name, "C:\\"), "C:\\" + long_name},
+      {kWindows, MakeListEntry(long_name + "no room", "C:\\"), "nC:\\oom" + long_name},
+      {kUnix, MakeListEntry("\xC3\xA9t\xC3\xA9 1.jpg", "/home/\xC3\xA9/"), "/home/\xC3\xA9/\xC3\xA9t\xC3\xA9 1.jpg"},
+      {kUnix, MakeListEntry("/a/", "/a/"), "/a/"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(EntryPath(c.entry, c.syntax), c.path);
+}
+
+TEST(PathToolsTest, AnEntryHasItsColumns) {
+  const std::string entry = MakeListEntry("sea.bmp", "C:\\Pics\\");
+  EXPECT_EQ(entry, "sea.bmp" + std::string(248, ' ') + "C:\\Pics\\" + std::string(249, ' '));
+}
+
+}  // namespace
+}  // namespace quorvale

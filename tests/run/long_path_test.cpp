@@ -1,0 +1,52 @@
+#include "run/long_path.h"
+
+#include "support/headless_fixture.h"
+
+namespace quorvale {
+namespace {
+
+class LongPathTest : public HeadlessTest {
+ protected:
+  void Fill(const PathSyntax& syntax) {
+    desktop.files.SetSyntax(syntax);
+    const std::string root = syntax.separator == '/' ? "" : "C:";
+    const std::string s(1, syntax.separator);
+    desktop.files.AddFile(root + s + "Long Folder" + s + "Long Name.jpg");
+    if (syntax.separator == '/') return;
+    desktop.files.SetShortName("C:\\Long Folder", "LONGFO~1");
+    desktop.files.SetShortName("C:\\Long Folder\\Long Name.jpg", "LONGNA~1.JPG");
+  }
+};
+
+TEST_F(LongPathTest, EachElementGetsItsLongName) {
+  Fill({'\\'});
+  const std::vector<std::pair<const char*, const char*>> cases = {
+      {"", ""},
+      {"C:\\LONGFO~1\\LONGNA~1.JPG", "C:\\Long Folder\\Long Name.jpg"},
+      {"c:\\longfo~1\\", "c:\\Long Folder\\"},
+      {"C:\\LONGFO~1", "C:\\Long Folder"},
+      {"C:\\gone\\x.jpg", "C:\\gone\\x.jpg"},
+      {"C:\\LONGFO~1\\gone\\", "C:\\LONGFO~1\\gone\\"},
+  };
+  for (const auto& [path, expected] : cases) EXPECT_EQ(GetLongPath(desktop.files, path), expected) << path;
+}
+
+TEST_F(LongPathTest, UnixPathsAreTheirOwnLongForm) {
+  Fill({'/'});
+  for (const char* path : {"/Long Folder/Long Name.jpg", "/Long Folder/", "/gone/x", "/"}) {
+    EXPECT_EQ(GetLongPath(desktop.files, path), path);
+  }
+}
+
+TEST_F(LongPathTest, ALookupThatFailsLeavesItsElementOut) {
+  Fill({'\\'});
+  desktop.files.failures.FailCall(FileCall::kFind, 1, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\LONGNA~1.JPG"), "");
+  desktop.files.failures.FailCall(FileCall::kFind, 1, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\"), "\\");
+  desktop.files.failures.FailCall(FileCall::kFind, 2, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\LONGNA~1.JPG"), "C:\\Long Name.jpg");
+}
+
+}  // namespace
+}  // namespace quorvale

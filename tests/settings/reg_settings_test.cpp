@@ -1,0 +1,102 @@
+#include "settings/reg_settings.h"
+
+#include "support/headless_fixture.h"
+
+namespace quorvale {
+namespace {
+
+constexpr char kKey[] = "Software\\Halvern Inc.\\Quorvale Customizable Screen Saver";
+
+class RegSettingsTest : public HeadlessTest {
+ protected:
+  CRegSettings settings{desktop.registry};
+};
+
+TEST_F(RegSettingsTest, WhatIsSavedIsReadBack) {
+  for (const std::string& text : {std::string("x"), std::string("  blanks at both ends "), std::string(512, ' '),
+                                  std::string("\xFF\xC3 odd bytes"), std::string()}) {
+    EXPECT_TRUE(settings.SaveSetting("Options", "Key", text));
+    EXPECT_EQ(settings.GetSetting("Options", "KEY", "default"), text);
+  }
+  EXPECT_TRUE(desktop.registry.HasKey(kHkeyCurrentUser, std::string(kKey) + "\\Options"));
+  EXPECT_EQ(desktop.registry.OpenKeys(), 0);
+}
+
+TEST_F(RegSettingsTest, WhatIsMissingReadsAsTheDefaultAndCreatesNothing) {
+  EXPECT_EQ(settings.GetSetting("Options", "Key", "default"), "default");
+  EXPECT_FALSE(desktop.registry.HasKey(kHkeyCurrentUser, kKey));
+  settings.SaveSetting("Options", "Other", "x");
+  EXPECT_EQ(settings.GetSetting("Options", "Key", "default"), "default");
+}
+
+TEST_F(RegSettingsTest, AStarIsTheDefaultValueAndOnlyAsTheWholeName) {
+  settings.SaveSetting("S", "*", "default value");
+  settings.SaveSetting("S", "a*", "other");
+  EXPECT_EQ(desktop.registry.Text(kHkeyCurrentUser, std::string(kKey) + "\\S", ""), "default value");
+  EXPECT_EQ(settings.GetSetting("S", "*"), "default value");
+  EXPECT_EQ(settings.GetSetting("S", "a*"), "other");
+  EXPECT_TRUE(settings.DeleteSetting("S", "*"));
+  EXPECT_EQ(settings.GetSetting("S", "*", "gone"), "gone");
+  EXPECT_EQ(settings.GetSetting("S", "a*"), "other");
+}
+
+TEST_F(RegSettingsTest, DeletingTakesAValueOrAWholeSection) {
+  settings.SaveSetting("S", "a", "1");
+  settings.SaveSetting("S", "b", "2");
+  settings.SaveSetting("T", "a", "3");
+  EXPECT_TRUE(settings.DeleteSetting("S", "a"));
+  EXPECT_FALSE(settings.DeleteSetting("S", "a"));
+  EXPECT_EQ(settings.GetSetting("S", "b"), "2");
+  EXPECT_TRUE(settings.DeleteSetting("S"));
+  EXPECT_FALSE(settings.DeleteSetting("S"));
+  EXPECT_FALSE(settings.DeleteSetting("Never", "a"));
+  EXPECT_EQ(settings.GetSetting("S", "b", "gone"), "gone");
+  EXPECT_EQ(settings.GetSetting("T", "a"), "3");
+}
+
+TEST_F(RegSettingsTest, AValueOfAnotherTypeIsItsBytesLessTheLast) {
+  settings.SaveSetting("S", "x", "");
+  desktop.registry.SetValue(kHkeyCurrentUser, std::string(kKey) + "\\S", "n", kRegDword, std::string("\1\2\3\4", 4));
+  EXPECT_EQ(settings.GetSetting("S", "n"), "\1\2\3");
+}
+
+TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {
+  settings.SaveSetting("S", "a", "1");
+  const auto fail = [&](RegistryCall call, int count) {
+    desktop.registry.failures.Forget();
+    desktop.registry.failures.FailCall(call, count, kErrorAccessDenied);
+  };
+  fail(RegistryCall::kOpen, 1);
+  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
+  fail(RegistryCall::kQuery, 1);
+  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
+  fail(RegistryCall::kQuery, 2);
+  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
+  fail(RegistryCall::kCreate, 1);
+  EXPECT_FALSE(settings.SaveSetting("S", "a", "2"));
+  fail(RegistryCall::kSet, 1);
+  EXPECT_FALSE(settings.SaveSetting("S", "a", "2"));
+  fail(RegistryCall::kOpen, 1);
+  EXPECT_FALSE(settings.DeleteSetting("S", "a"));
+  fail(RegistryCall::kDeleteValue, 1);
+  EXPECT_FALSE(settings.DeleteSetting("S", "a"));
+  fail(RegistryCall::kDeleteKey, 1);
+  EXPECT_FALSE(settings.DeleteSetting("S"));
+  desktop.registry.failures.Forget();
+  EXPECT_EQ(settings.GetSetting("S", "a"), "1");
+  EXPECT_EQ(desktop.registry.OpenKeys(), 0);
+}
+
+TEST_F(RegSettingsTest, NamesMakeThePathAndEmptyOnesRestoreIt) {
+  settings.SetCompany("  Us  ");
+  settings.SetAppName("It");
+  settings.SaveSetting("", "a", "1");
+  EXPECT_EQ(desktop.registry.Text(kHkeyCurrentUser, "Software\\Us\\It", "a"), "1");
+  settings.SetCompany("");
+  settings.SetAppName("");
+  EXPECT_EQ(settings.Company(), "Halvern Inc.");
+  EXPECT_EQ(settings.AppName(), "Quorvale Customizable Screen Saver");
+}
+
+}  // namespace
+}  // namespace quorvale
