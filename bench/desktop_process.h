@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop/system/desktop_host.h"
+#include "platform/desktop/system/desktop_password.h"
 #include "platform/desktop/system/desktop_programs.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sdl_sound_player.h"
@@ -29,7 +30,8 @@ class DesktopProcess {
   DesktopPrograms programs_;
 
  public:
-  Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_}};
+  DesktopPassword password_;
+  Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_, password_}};
 };
 
 }  // namespace quorvale

@@ -136,8 +136,8 @@ class Session:
         for number, path in enumerate(paths):
             self.settings("set", section, f"File{number}", entry(path))
 
-    def start(self, *arguments, **environment):
-        program = subprocess.Popen([PROGRAM, *arguments], env=dict(self.environment, **environment))
+    def start(self, *arguments, stderr=None, **environment):
+        program = subprocess.Popen([PROGRAM, *arguments], env=dict(self.environment, **environment), stderr=stderr)
         self._programs.append(program)
         return program
 

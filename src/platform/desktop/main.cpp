@@ -1,6 +1,7 @@
 // The Linux program: makes what the core runs on, and runs it.
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -10,6 +11,7 @@
 
 #include "base/text.h"
 #include "platform/desktop/system/desktop_host.h"
+#include "platform/desktop/system/desktop_password.h"
 #include "platform/desktop/system/desktop_programs.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sdl_sound_player.h"
@@ -51,7 +53,8 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   PosixFileSystem files(SettingsDirectory(), host.GetSystemDirectory(kLongestPath) + '/' + host.ProgramName() + ".SCR");
   SdlSoundPlayer sound;
   DesktopPrograms programs;
-  Process process(platform, {registry, files, platform.Windows(), sound, programs, host});
+  DesktopPassword password;
+  Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
   const EndingSignals signals([&process] { EndSaver(process); });
 
   process.app.LastFormGone = [] { QCoreApplication::quit(); };

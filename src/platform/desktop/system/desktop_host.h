@@ -19,6 +19,9 @@ class DesktopHost : public HostSystem {
   double SecondsSinceMidnight() override;
   std::uint64_t ClockSeed() override;
   [[noreturn]] void EndProcess() override;
+  std::int32_t PlatformId() override { return kPlatformLocksItself; }
+  // Linux has no state of a running saver to be told of.
+  void SystemParametersInfo(std::uint32_t /*action*/, std::uint32_t /*parameter*/) override {}
 
  private:
   std::function<void()> before_exit_;

@@ -109,8 +109,18 @@ std::uint32_t ActiveWindow(xcb_connection_t* connection) {
 }
 
 bool WindowExists(xcb_connection_t* connection, std::uint32_t window) {
+  int width = 0;
+  int height = 0;
+  return ReadWindowSize(connection, window, width, height);
+}
+
+bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& width, int& height) {
   const xcb_get_geometry_cookie_t cookie = xcb_get_geometry(connection, window);
-  return Owned<xcb_get_geometry_reply_t>(xcb_get_geometry_reply(connection, cookie, nullptr)) != nullptr;
+  const Owned<xcb_get_geometry_reply_t> reply(xcb_get_geometry_reply(connection, cookie, nullptr));
+  if (reply == nullptr) return false;
+  width = reply->width;
+  height = reply->height;
+  return true;
 }
 
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {

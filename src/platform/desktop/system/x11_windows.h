@@ -18,6 +18,9 @@ std::uint32_t ActiveWindow(xcb_connection_t* connection);
 
 bool WindowExists(xcb_connection_t* connection, std::uint32_t window);
 
+// A window's size in pixels; false when there is no such window.
+bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& width, int& height);
+
 // Asks the window manager to bring the window forward and give it the focus.
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window);
 

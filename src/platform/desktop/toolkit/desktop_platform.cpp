@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/desktop/toolkit/message_boxes.h"
+#include "platform/desktop/toolkit/message_hook_peer.h"
 #include "platform/desktop/toolkit/paced_run.h"
 #include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/timer_peer.h"
@@ -54,6 +55,10 @@ std::unique_ptr<SurfacePeer> DesktopPlatform::CreateSurfacePeer(WindowPeer& wind
 
 std::unique_ptr<TimerPeer> DesktopPlatform::CreateTimerPeer(std::function<void()> fired) {
   return std::make_unique<QtTimerPeer>(std::move(fired));
+}
+
+std::unique_ptr<MessageHookPeer> DesktopPlatform::CreateMessageHookPeer(std::function<void(int message)> arrived) {
+  return std::make_unique<QtMessageHookPeer>(std::move(arrived));
 }
 
 void DesktopPlatform::PumpEvents() { RunPass(); }

@@ -1,5 +1,7 @@
 #include "platform/desktop/toolkit/surface_window.h"
 
+#include <xcb/xcb.h>
+
 #include <QCoreApplication>
 #include <QImage>
 #include <QKeyEvent>
@@ -25,6 +27,13 @@ SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& ev
   setSurfaceType(QSurface::RasterSurface);
   create();
   top.OfferFocus(*this);
+}
+
+// A window of Qt deletes its children, and the host would take this one for one of them.
+SurfaceWindow::~SurfaceWindow() {
+  if (!host_) return;
+  destroy();
+  setParent(static_cast<QWindow*>(nullptr));
 }
 
 float SurfaceWindow::Scale() const { return static_cast<float>(ToolkitScale(top_.Pixels(), ratio_)); }
@@ -58,7 +67,23 @@ void SurfaceWindow::Present() {
 }
 
 // Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
+void SurfaceWindow::MoveInto(WindowHandle host) {
+  std::unique_ptr<QWindow> foreign(QWindow::fromWinId(static_cast<WId>(host)));
+  if (!foreign) return;
+  setParent(foreign.get());
+  host_ = std::move(foreign);
+  SetBounds(bounds_);
+}
+
+void SurfaceWindow::ReturnHome() {
+  if (!host_ || is_gone_) return;
+  setParent(&top_);
+  host_.reset();
+}
+
 bool SurfaceWindow::IsInSight() const {
+  if (is_gone_) return false;
+  if (host_) return isExposed();
   const QWindow* window = this;
   while (window->isVisible() && window->parent() != nullptr) window = window->parent();
   return window->isVisible() && window->isExposed();
@@ -74,9 +99,23 @@ bool SurfaceWindow::event(QEvent* event) {
     Present();
     return true;
   }
+  if (event->type() == QEvent::Close) {
+    event->ignore();
+    Q_EMIT CloseArrived();
+    return true;
+  }
   if (event->type() == QEvent::Enter) top_.NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
   if (event->type() == QEvent::Expose) NoteRatio();
   return QWindow::event(event);
+}
+
+bool SurfaceWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*result*/) {
+  constexpr std::uint8_t kEventBits = 0x7F;
+  if (kind == "xcb_generic_event_t" &&
+      (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) == XCB_DESTROY_NOTIFY) {
+    is_gone_ = true;
+  }
+  return false;
 }
 
 // A window learns of another ratio by being exposed anew.

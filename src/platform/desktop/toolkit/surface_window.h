@@ -4,6 +4,7 @@
 #include <QRegion>
 #include <QWindow>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "platform/desktop/toolkit/join_bands.h"
@@ -21,6 +22,9 @@ class SurfaceWindow : public QWindow {
  public:
   // `surface` and `events` outlive the window.
   SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events);
+  ~SurfaceWindow() override;
+  SurfaceWindow(const SurfaceWindow&) = delete;
+  SurfaceWindow& operator=(const SurfaceWindow&) = delete;
 
   float Scale() const;
   void SetBounds(const PixelRect& bounds);
@@ -31,14 +35,23 @@ class SurfaceWindow : public QWindow {
   // How often something has been presented.
   std::uint64_t Presentations() const { return presentations_; }
 
+  // Sits in a window of another program from now on, or in its form's window again.
+  void MoveInto(WindowHandle host);
+  void ReturnHome();
+
   // Whether it is on the screen, as far as the window system tells.
   bool IsInSight() const;
 
   void TakeFocus() { top_.Focus(*this); }
   void TakeKey(int qt_key);
 
+ Q_SIGNALS:
+  // The window system, or another program by its means, asks the window to close. Nothing else happens.
+  void CloseArrived();
+
  protected:
   bool event(QEvent* event) override;
+  bool nativeEvent(const QByteArray& kind, void* message, qintptr* result) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -59,6 +72,9 @@ class SurfaceWindow : public QWindow {
   double ratio_;
   std::uint64_t presentations_ = 0;
   bool present_is_posted_ = false;
+  std::unique_ptr<QWindow> host_;
+  // The host went and took the window along; Qt takes no notice of that.
+  bool is_gone_ = false;
 };
 
 }  // namespace quorvale

@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "platform/desktop/system/x11_windows.h"
+#include "platform/desktop/toolkit/surface_window.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "platform/desktop/toolkit/x11_session.h"
 
@@ -17,10 +18,11 @@ constexpr WindowHandle kWindowOfAnotherRun = std::numeric_limits<WindowHandle>::
 
 WindowHandle HandleOf(const QWindow& window) { return static_cast<WindowHandle>(window.winId()); }
 
-// One of our own windows, or null.
+// One of our own windows, or null. Qt also lists windows of others that we have taken for hosts.
 QWindow* FindOwn(WindowHandle handle) {
   for (QWindow* const window : QGuiApplication::allWindows()) {
-    if (handle != 0 && window->handle() != nullptr && HandleOf(*window) == handle) return window;
+    const bool is_ours = window->handle() != nullptr && window->type() != Qt::ForeignWindow;
+    if (handle != 0 && is_ours && HandleOf(*window) == handle) return window;
   }
   return nullptr;
 }
@@ -61,6 +63,25 @@ bool QtWindowSystem::IsWindow(WindowHandle window) {
   if (FindOwn(window) != nullptr) return true;
   xcb_connection_t* const x11 = X11Connection();
   return x11 != nullptr && IsX11Id(window) && WindowExists(x11, static_cast<std::uint32_t>(window));
+}
+
+void QtWindowSystem::GetClientRect(WindowHandle window, ClientRect& rect) {
+  xcb_connection_t* const x11 = X11Connection();
+  int width = 0;
+  int height = 0;
+  if (x11 != nullptr && IsX11Id(window) && ReadWindowSize(x11, static_cast<std::uint32_t>(window), width, height)) {
+    rect = {0, 0, width, height};
+  }
+}
+
+void QtWindowSystem::SetParent(WindowHandle window, WindowHandle parent) {
+  auto* const box = qobject_cast<SurfaceWindow*>(FindOwn(window));
+  if (box == nullptr) return;
+  if (FindOwn(parent) != nullptr || parent == 0) {
+    box->ReturnHome();
+  } else if (IsWindow(parent)) {
+    box->MoveInto(parent);
+  }
 }
 
 void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,

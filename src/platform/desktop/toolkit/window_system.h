@@ -20,6 +20,9 @@ class QtWindowSystem : public WindowSystem {
   bool IsWindow(WindowHandle window) override;
   void SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
                     std::uint32_t flags) override;
+  void GetClientRect(WindowHandle window, ClientRect& rect) override;
+  // Moves a picture box's window; the form's own window is where it came from.
+  void SetParent(WindowHandle window, WindowHandle parent) override;
   int ShowCursor(bool show) override { return cursor_.Show(show); }
   void ActivateWindow(const std::string& title) override;
 
