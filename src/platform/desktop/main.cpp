@@ -52,7 +52,11 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   SdlSoundPlayer sound;
   DesktopPrograms programs;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host});
-  const EndingSignals signals([&process] { EndSaver(process); });
+  const EndingSignals signals([&process] {
+    // The pass that `EndSaver` makes must not run another slide first.
+    process.StopRequested = true;
+    EndSaver(process);
+  });
 
   process.app.LastFormGone = [] { QCoreApplication::quit(); };
   Main(process, text);
