@@ -71,7 +71,11 @@ class Display:
         if window_manager:
             self._manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
                                              stderr=subprocess.DEVNULL)
-            wait_until(self._has_manager, "the window manager")
+            try:
+                wait_until(self._has_manager, "the window manager")
+            except AssertionError:
+                self.close()  # nobody has this object yet
+                raise
 
     def close(self):
         for process in (self._manager, self._server):
