@@ -15,16 +15,21 @@
 namespace quorvale {
 namespace {
 
-double PeakWithPicture(Bench& bench, const std::vector<std::string>& command) {
+// The peak comes when the second picture is loaded while the first is still there.
+double PeakOfShow(Bench& bench, const std::string& picture, bool stretch) {
+  ShowStore store;
+  store.Set({.pictures = {picture, picture}, .stretch = stretch, .interval = 1});
   ClearScreen(bench.display);
-  const ChildProgram program(command);
-  WaitForPicture(bench.display);
+  const ChildProgram program({BuiltProgram("quorvale"), "/S"});
+  WaitUntil("the second picture", [&] { return store.PicturesShown() == 2; });
   return PeakMegabytes(program.Pid());
 }
 
-double PeakOfShow(Bench& bench, const std::string& picture, bool stretch) {
-  ShowStore().Set({.pictures = {picture}, .stretch = stretch});
-  return PeakWithPicture(bench, {BuiltProgram("quorvale"), "/S"});
+double PeakOfYardstick(Bench& bench, const std::string& picture) {
+  ClearScreen(bench.display);
+  const ChildProgram program({BuiltProgram("quorvale-yardstick"), picture});
+  WaitForPicture(bench.display);
+  return PeakMegabytes(program.Pid());
 }
 
 double PeakOfEmptyShow(Bench& bench) {
@@ -46,7 +51,7 @@ void MeasureMemory(Bench& bench) {
   for (const PictureSize& size : kTestSizes) {
     const std::string picture = TestPicture(size, 0);
     bench.report.Row(size.name, {PeakOfShow(bench, picture, true), PeakOfShow(bench, picture, false),
-                                 PeakWithPicture(bench, {BuiltProgram("quorvale-yardstick"), picture})});
+                                 PeakOfYardstick(bench, picture)});
   }
 }
 

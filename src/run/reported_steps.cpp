@@ -1,5 +1,7 @@
 #include "run/reported_steps.h"
 
+#include <exception>
+#include <optional>
 #include <string>
 
 #include "base/failure.h"
@@ -17,20 +19,32 @@ MessageBoxAnswer Report(Application& app, const Failure& failure) {
   return app.ShowMessageBox(box);
 }
 
+// What ended the step, if anything did. An exception of a library's is reported like a failure of ours.
+std::optional<Failure> Run(const ReportedStep& step) {
+  try {
+    step();
+    return std::nullopt;
+  } catch (const Failure& failure) {
+    return failure;
+  } catch (const std::exception& error) {
+    return Failure(FailureNumber::kInternal, error.what(), "Main");
+  }
+}
+
 }  // namespace
 
 bool RunReportedSteps(Application& app, const std::vector<ReportedStep>& steps) {
   for (std::size_t i = 0; i < steps.size();) {
-    try {
-      steps[i]();
+    const std::optional<Failure> failure = Run(steps[i]);
+    if (!failure) {
       ++i;
-    } catch (const Failure& failure) {
-      const MessageBoxAnswer answer = Report(app, failure);
-      if (answer == MessageBoxAnswer::kIgnore) {
-        ++i;
-      } else if (answer != MessageBoxAnswer::kRetry) {
-        return false;
-      }
+      continue;
+    }
+    const MessageBoxAnswer answer = Report(app, *failure);
+    if (answer == MessageBoxAnswer::kIgnore) {
+      ++i;
+    } else if (answer != MessageBoxAnswer::kRetry) {
+      return false;
     }
   }
   return true;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 #include "base/failure.h"
@@ -104,6 +105,28 @@ TEST_F(WindowTest, BlackensTheOtherMonitorsWhileItShowsAndTakesTheirInput) {
   MoveMouse(*other, kSomewhere);
   EXPECT_THAT(told_, ElementsAre("key 17", "form press", "form move"));
   window_->SetVisible(false);
+  EXPECT_EQ(OtherMonitorsWindow(), nullptr);
+}
+
+class WindowEndedByAKeyTest : public WindowTest {
+ protected:
+  QPointer<QWindow> other_;
+  bool lived_on_ = false;
+
+ private:
+  void OnKeyDown(int /*key*/) override {
+    window_->SetVisible(false);
+    lived_on_ = !other_.isNull();
+  }
+};
+
+// The window that the event came to was destroyed while Qt was still delivering it.
+TEST_F(WindowEndedByAKeyTest, KeepsAnotherMonitorsWindowUntilItsEventIsOver) {
+  Show();
+  other_ = OtherMonitorsWindow();
+  ASSERT_NE(other_, nullptr);
+  PressKey(*other_, Qt::Key_A);
+  EXPECT_TRUE(lived_on_);
   EXPECT_EQ(OtherMonitorsWindow(), nullptr);
 }
 

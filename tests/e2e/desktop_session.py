@@ -56,8 +56,11 @@ class Display:
     def __init__(self, width=800, height=600, window_manager=True):
         self.width = width
         read_end, write_end = os.pipe()
+        # Without -noreset the server starts anew, and turns away who comes at that moment, whenever its last
+        # client leaves, as each question of a test does.
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+             "-noreset"],
             pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
@@ -68,14 +71,22 @@ class Display:
         if window_manager:
             self._manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
                                              stderr=subprocess.DEVNULL)
-            wait_until(lambda: b"window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                       "the window manager")
+            try:
+                wait_until(self._has_manager, "the window manager")
+            except AssertionError:
+                self.close()  # nobody has this object yet
+                raise
 
     def close(self):
         for process in (self._manager, self._server):
             if process:
                 process.kill()
                 process.wait()
+
+    def _has_manager(self):
+        """Whether it answers: it announces itself before it looks at events, and overlooks windows till then."""
+        self._output("xdotool", "set_num_desktops", "1")
+        return self._output("xdotool", "get_num_desktops").strip() == b"1"
 
     def _output(self, *command):
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,

@@ -55,7 +55,11 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPrograms programs;
   DesktopPassword password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
-  const EndingSignals signals([&process] { EndSaver(process); });
+  const EndingSignals signals([&process] {
+    // The pass that `EndSaver` makes must not run another slide first.
+    process.StopRequested = true;
+    EndSaver(process);
+  });
 
   process.app.LastFormGone = [] { QCoreApplication::quit(); };
   Main(process, text);

@@ -18,7 +18,13 @@ BlackWindows::BlackWindows(TopWindow& saver) : saver_(saver) {
 
 BlackWindows::~BlackWindows() = default;
 
+void BlackWindows::Hide() {
+  is_hidden_ = true;
+  for (const auto& window : windows_) window->hide();
+}
+
 void BlackWindows::CoverMonitors() {
+  if (is_hidden_) return;
   windows_.clear();
   const QScreen* const primary = QGuiApplication::primaryScreen();
   for (QScreen* const monitor : QGuiApplication::screens()) {

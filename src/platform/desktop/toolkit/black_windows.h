@@ -18,10 +18,15 @@ class BlackWindows : public QObject {
   explicit BlackWindows(TopWindow& saver);
   ~BlackWindows() override;
 
+  // Takes them off the screen for good. They are not destroyed yet: one of them may be delivering the very
+  // event that ends the show.
+  void Hide();
+
  private:
   void CoverMonitors();
 
   TopWindow& saver_;
+  bool is_hidden_ = false;
   std::vector<std::unique_ptr<BlackWindow>> windows_;
 };
 

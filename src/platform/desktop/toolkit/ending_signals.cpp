@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -15,7 +16,12 @@ constexpr std::array<int, 3> kSignals{SIGTERM, SIGINT, SIGHUP};
 // All that a signal handler can reach. Below 0 when nobody listens.
 volatile std::sig_atomic_t wake_up_fd = -1;
 
-void WakeUp(int /*signal*/) { [[maybe_unused]] const auto written = write(wake_up_fd, "", 1); }
+void WakeUp(int /*signal*/) {
+  // The signal may come between a call and the look at its error.
+  const int error = errno;
+  [[maybe_unused]] const auto written = write(wake_up_fd, "", 1);
+  errno = error;
+}
 
 void Handle(void (*handler)(int)) {
   struct sigaction action {};

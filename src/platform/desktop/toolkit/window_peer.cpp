@@ -23,7 +23,7 @@ void QtWindowPeer::SetVisible(bool visible) {
   if (visible == window_.isVisible()) return;
   if (!visible) {
     window_.hide();
-    black_windows_.reset();
+    if (black_windows_) black_windows_->Hide();
     if (kind_ == WindowKind::kSaver) titles_.Release(caption_);
   } else if (kind_ == WindowKind::kSaver) {
     ShowSaver();
