@@ -76,8 +76,11 @@ int main(int argc, char** argv) {
   options.application_title = kApplicationTitle;
   options.pixels = IsShow(text) ? PixelKind::kPhysical : PixelKind::kLogical;
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
+  // A preview's host may go at any moment, and what is drawn then is lost without anybody's fault.
+  QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
   std::optional<DisplayProbe> probe(std::in_place);
-  if (!probe->HasDisplay()) {
+  if (!probe->HasDisplay() && !IsShow(text)) qputenv("QT_QPA_PLATFORM", "offscreen");  // nothing to be shown
+  if (!probe->HasDisplay() && IsShow(text)) {
     std::fputs("quorvale: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }
