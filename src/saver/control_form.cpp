@@ -25,8 +25,8 @@ void ControlForm::Form_Load() {
   Msghook1.Report(kWmClose);
   windows.GetClientRect(host, process_.PreviewRect);
   const ClientRect& rect = process_.PreviewRect;
-  PicBase.Move(0, 0, static_cast<float>(rect.right - rect.left) * process_.ScreenTwipsX,
-               static_cast<float>(rect.bottom - rect.top) * process_.ScreenTwipsY);
+  PicBase.Move(0, 0, static_cast<float>((rect.right - rect.left) * process_.ScreenTwipsX),
+               static_cast<float>((rect.bottom - rect.top) * process_.ScreenTwipsY));
   windows.SetParent(PicBase.Hwnd(), host);
   process_.PreviewAlive = true;
   InitShow(process_, 1, *this);
