@@ -98,7 +98,7 @@ case "${1:-}" in
   build) build release ;;
   configure) build release && build/quorvale /C ;;
   bench) need $screen_packages $bench_packages && build release && scripts/bench.sh "${@:2}" ;;
-  package) build release && cpack --config build/CPackConfig.cmake -B build/packages ;;
+  package) need dpkg-dev && build release && cpack --config build/CPackConfig.cmake -B build/packages ;;
   lint) lint ;;
   *)
     cat <<'TEXT'
