@@ -3,7 +3,7 @@
 #include <QPointer>
 
 #include "platform/desktop/toolkit/event_wait.h"
-#include "platform/desktop/toolkit/pace_account.h"
+#include "toolkit/pace_account.h"
 #include "platform/desktop/toolkit/surface_window.h"
 #include "toolkit/platform.h"
 
