@@ -97,7 +97,7 @@ std::string_view FromFirstProgram(std::string_view list) {
   }
   if (first == list.size()) return {};
   const std::size_t line = list.rfind('\n', first);
-  return line == std::string_view::npos ? list.substr(first) : list.substr(line + 1);
+  return line == std::string_view::npos ? list : list.substr(line + 1);
 }
 
 std::string ProgramsSetting(std::string_view list, const std::string& command) {
