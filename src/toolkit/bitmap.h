@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "toolkit/pixel_view.h"
@@ -23,6 +25,9 @@ class Bitmap {
   int height_ = 0;
   std::vector<Pixel> pixels_;
 };
+
+// A drawing at any number of device pixels to the toolkit's pixel.
+using Artwork = std::function<Bitmap(float scale)>;
 
 // Raster operations of `BitBlt`, on red, green and blue.
 enum class RasterOperation { kSrcAnd, kSrcInvert };

@@ -19,9 +19,7 @@ class ListBox : public Widget {
 
   // The selection changed, by the user or not.
   std::function<void()> Click;
-  // Files or folders were dropped on it, as their paths.
   std::function<void(const std::vector<std::string>& paths)> Dropped;
-  // The user pressed Delete while it had the focus.
   std::function<void()> DeletePressed;
 
   int ListCount() const { return static_cast<int>(items_.size()); }
@@ -39,19 +37,23 @@ class ListBox : public Widget {
 
   // The user changed the selection: these items are selected and no others.
   void UserSelect(const std::vector<int>& indices);
+  // The user dropped files or folders on it.
+  void UserDrop(const std::vector<std::string>& paths);
+  // The user pressed Delete while it had the focus.
+  void UserDelete();
 
  protected:
-  void CreatePeer() override;
   void ReleasePeer() override;
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
 
  private:
-  void Require(int index) const;
-
   struct Item {
     std::string text;
     bool selected = false;
   };
+
+  Item& At(int index);
+  const Item& At(int index) const;
 
   std::vector<Item> items_;
   int selected_count_ = 0;

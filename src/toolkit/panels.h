@@ -71,11 +71,9 @@ class Rule : public Widget {
   Colour colour_;
 };
 
-// Shows artwork, which a drawing function gives at any number of device pixels to the pixel.
+// Shows artwork at the size of its place.
 class ImageView : public Widget {
  public:
-  using Artwork = std::function<Bitmap(float scale)>;
-
   // With a `Click` it is a link and shows a hand.
   ImageView(Form& parent, WidgetDesign design, Artwork artwork);
 

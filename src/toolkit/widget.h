@@ -16,10 +16,10 @@ class Frame;
 struct WidgetDesign {
   std::string name;
   // An "&" marks the access key, "&&" is an ampersand.
-  std::string caption;
+  std::string caption = {};
   // In twips, on the container.
-  TwipRect place;
-  std::string tool_tip;
+  TwipRect place = {};
+  std::string tool_tip = {};
   // The place in the tab order; -1 is none.
   int tab_index = -1;
   // Null is the form itself.
