@@ -18,8 +18,8 @@ enum class FailureNumber : int {
   kUnwritable = 9,       // something that can't be written
   kBadPicture = 10,      // a file that is no picture, or one too damaged or too large to show
   kListFull = 11,        // a list box that holds all that it can
-  kCancelled = 12,       // a dialog that the user cancelled
-  kInternal = 13,        // a failure of the program or of a library underneath
+  kInternal = 12,        // a failure of the program or of a library underneath
+  kCancelled = 13,       // a dialog that the user cancelled
 };
 
 // The one exception type by which an operation says that it could not be done.
