@@ -1,0 +1,71 @@
+#include "platform/win32/system/win32_file_system.h"
+
+#include <algorithm>
+
+#include "platform/win32/system/file_search.h"
+#include "platform/win32/system/system_error.h"
+#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/windows_api.h"
+
+namespace quorvale {
+namespace {
+
+bool IsBefore(const std::wstring& a, const std::wstring& b) {
+  return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
+         CSTR_LESS_THAN;
+}
+
+// A directory that is named with its separator, or a drive. The system's search finds neither.
+std::string FindDirectory(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {};
+  const std::string trimmed = path.substr(0, path.find_last_not_of('\\') + 1);
+  return trimmed.empty() || trimmed.back() == ':' ? path : trimmed.substr(trimmed.rfind('\\') + 1);
+}
+
+}  // namespace
+
+void Win32FileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
+                                     const std::function<void(const std::string& name)>& found) {
+  for (const std::string& pattern : patterns) {
+    std::vector<std::wstring> names;
+    FileSearch search(directory + pattern);
+    for (; search.HasEntry(); search.Next()) {
+      if (search.IsFoundBy(kAttributeNormal)) names.emplace_back(search.Name());
+    }
+    // Most disks give names in order, but not all do.
+    if (!std::is_sorted(names.begin(), names.end(), IsBefore)) std::sort(names.begin(), names.end(), IsBefore);
+    for (const std::wstring& name : names) found(FromWide(name));
+    // Not found is a directory without such a file.
+    if (search.Error() != ERROR_NO_MORE_FILES && search.Error() != ERROR_FILE_NOT_FOUND) {
+      throw FileFailure(search.Error(), directory, FailureNumber::kUnreadable);
+    }
+  }
+}
+
+std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
+  if (path.ends_with('\\')) return (attributes & kAttributeDirectory) != 0 ? FindDirectory(path) : std::string();
+  FileSearch search(path);
+  for (; search.HasEntry(); search.Next()) {
+    if (search.IsFoundBy(attributes)) return FromWide(search.Name());
+  }
+  if (search.Error() != ERROR_NO_MORE_FILES && !MeansMissing(search.Error())) {
+    throw FileFailure(search.Error(), path, FailureNumber::kUnreadable);
+  }
+  return {};
+}
+
+std::string Win32FileSystem::GetShortPathName(const std::string& path, std::uint32_t size) {
+  std::string result(size, '\0');
+  const DWORD length = GetShortPathNameA(path.c_str(), result.data(), size);
+  // For a buffer that is too small the length is the one that it would need.
+  result.resize(length < size ? length : 0);
+  return result;
+}
+
+bool Win32FileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
+                                                const std::string& value, const std::string& file) {
+  return WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), file.c_str()) != 0;
+}
+
+}  // namespace quorvale
