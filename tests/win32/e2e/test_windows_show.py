@@ -1,6 +1,7 @@
 """The show and the preview on Windows, as their user meets them."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -139,11 +140,10 @@ class Preview(WindowsTest):
 
     def host_corner(self):
         """Where the desktop of Wine's that stands for the host lies on the screen."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Wine desktop$", "getwindowgeometry",
-                                "--shell"], env=self.display.environment, stdout=subprocess.PIPE, text=True,
-                               check=False).stdout
-        geometry = dict(line.split("=") for line in found.splitlines() if "=" in line)
-        return (int(geometry["X"]), int(geometry["Y"])) if "X" in geometry else None
+        found = subprocess.run(["xwininfo", "-name", "preview - Wine desktop"], env=self.display.environment,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=False).stdout
+        corner = re.findall(r"Absolute upper-left [XY]: +(\d+)", found)
+        return tuple(map(int, corner)) if corner else None
 
     def is_running(self, name):
         return name in self.session.run("wine", "tasklist").decode(errors="replace")

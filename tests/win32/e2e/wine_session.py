@@ -112,7 +112,14 @@ class WineSession:
             command[1:1] = ["explorer", "/desktop=preview,152x112"]
         host = subprocess.Popen(command, env=environment, stdin=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self._programs.append(host)
-        return host, lambda: open(log, encoding="ascii").read().split("\n")[:-1] if os.path.exists(log) else []
+
+        def words():
+            if not os.path.exists(log):
+                return []
+            with open(log, encoding="ascii") as file:
+                return file.read().split("\n")[:-1]
+
+        return host, words
 
     def close_preview(self):
         self.run("wine", "explorer", "/desktop=preview,152x112", windows_path(HOST), "close")

@@ -68,6 +68,7 @@ class NativeControl {
 
  private:
   void GiveFocusAway() const;
+  void DetachFromWindow() const;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                     DWORD_PTR self);
 
