@@ -37,6 +37,16 @@ class FileSystem {
   // The short form of the path of an existing file, or empty when there is none. At most `size` - 1 bytes.
   virtual std::string GetShortPathName(const std::string& path, std::uint32_t size) = 0;
 
+  // All bytes of a plain file. Fails with kNotFound or kUnreadable and the system's description.
+  virtual std::string ReadFile(const std::string& path) = 0;
+
+  // Gives a file that content, and makes it where it is missing. Until the new content is whole the old
+  // one stays. Fails with kUnwritable and the system's description.
+  virtual void WriteFile(const std::string& path, const std::string& content) = 0;
+
+  // Text that is in no encoding of ours, read in the machine's older code page, as UTF-8.
+  virtual std::string FromOlderCodePage(const std::string& bytes) = 0;
+
   // Sets one line of an INI file. A file name without a directory leaves its place to the platform.
   // False when it could not be written.
   virtual bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,

@@ -123,6 +123,37 @@ bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& wid
   return true;
 }
 
+bool ReadWindowPlace(xcb_connection_t* connection, std::uint32_t window, int& x, int& y) {
+  const xcb_get_geometry_cookie_t asked = xcb_get_geometry(connection, window);
+  const Owned<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(connection, asked, nullptr));
+  if (geometry == nullptr) return false;
+  const xcb_translate_coordinates_cookie_t cookie = xcb_translate_coordinates(connection, window, geometry->root, 0, 0);
+  const Owned<xcb_translate_coordinates_reply_t> reply(xcb_translate_coordinates_reply(connection, cookie, nullptr));
+  if (reply == nullptr) return false;
+  x = reply->dst_x;
+  y = reply->dst_y;
+  return true;
+}
+
+bool IsViewable(xcb_connection_t* connection, std::uint32_t window) {
+  const xcb_get_window_attributes_cookie_t cookie = xcb_get_window_attributes(connection, window);
+  const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(connection, cookie, nullptr));
+  return reply != nullptr && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t parent) {
+  const xcb_void_cookie_t cookie = xcb_reparent_window_checked(connection, window, parent, 0, 0);
+  const Owned<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
+  return error == nullptr;
+}
+
+void PaintBlack(xcb_connection_t* connection, std::uint32_t window) {
+  const std::uint32_t black = 0;
+  xcb_change_window_attributes(connection, window, XCB_CW_BACK_PIXEL, &black);
+  xcb_clear_area(connection, 0, window, 0, 0, 0, 0);
+  xcb_flush(connection);
+}
+
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;

@@ -15,4 +15,7 @@ Handle OpenForReading(const std::string& path);
 // kUnreadable.
 std::size_t ReadSome(const Handle& file, std::span<std::uint8_t> to, const std::string& path);
 
+// Gives a file that content, all of it or none: until it is whole the old one stays. Fails with kUnwritable.
+void ReplaceFileContent(const std::string& path, const std::string& content);
+
 }  // namespace quorvale

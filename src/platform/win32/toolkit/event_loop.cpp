@@ -1,11 +1,22 @@
 #include "platform/win32/toolkit/event_loop.h"
 
-#include "platform/win32/windows_api.h"
+#include "platform/win32/toolkit/deliver.h"
+#include "platform/win32/toolkit/native_window.h"
 
 namespace quorvale {
 namespace {
 
-void Dispatch(const MSG& message) {
+// Keys of a dialog go to its window first.
+bool TranslateKey(MSG& message) {
+  bool is_done = false;
+  if (NativeWindow* const window = NativeWindow::Of(GetAncestor(message.hwnd, GA_ROOT))) {
+    Deliver([&] { is_done = window->TranslateKey(message); });
+  }
+  return is_done;
+}
+
+void Dispatch(MSG& message) {
+  if (TranslateKey(message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

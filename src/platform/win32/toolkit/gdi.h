@@ -52,4 +52,7 @@ class PixelBitmap {
   GdiObject<HBITMAP> bitmap_;
 };
 
+// Copies the pixels of `source` in `rect` to the same place of the context.
+void CopyPixels(HDC context, const PixelView& source, const PixelRect& rect);
+
 }  // namespace quorvale

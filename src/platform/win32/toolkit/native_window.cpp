@@ -19,6 +19,12 @@ NativeWindow::~NativeWindow() {
   DestroyWindow(window_);
 }
 
+NativeWindow* NativeWindow::Of(HWND window) {
+  const bool is_ours = window != nullptr &&
+                       reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC)) == &NativeWindow::Procedure;
+  return is_ours ? reinterpret_cast<NativeWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA)) : nullptr;
+}
+
 LRESULT NativeWindow::Default(UINT message, WPARAM first, LPARAM second) const {
   return DefWindowProcW(window_, message, first, second);
 }

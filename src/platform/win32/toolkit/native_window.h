@@ -4,6 +4,9 @@
 
 namespace quorvale {
 
+// Told to a dialog's windows without controls when it has come to a monitor of another resolution.
+inline constexpr UINT kScaleChanged = WM_APP + 1;
+
 // A window of the system's with a procedure of ours. The system, or a parent in another program, can
 // destroy it at any time.
 class NativeWindow {
@@ -11,6 +14,12 @@ class NativeWindow {
   virtual ~NativeWindow();
   NativeWindow(const NativeWindow&) = delete;
   NativeWindow& operator=(const NativeWindow&) = delete;
+
+  // The object behind that window, or null.
+  static NativeWindow* Of(HWND window);
+
+  // Carries a key out that means something to the window as a whole; false for every other message.
+  virtual bool TranslateKey(MSG& /*message*/) { return false; }
 
   // Null once the window has been destroyed.
   HWND Window() const { return window_; }

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/win32/toolkit/gdi.h"
 #include "platform/win32/toolkit/input_messages.h"
 
 namespace quorvale {
@@ -37,7 +38,7 @@ void SurfaceWindow::PresentSoon() {
 void SurfaceWindow::Present() {
   if (!IsInSight() || surface_.Dirty().IsEmpty()) return;
   const HDC context = GetDC(Window());
-  for (const PixelRect& rect : surface_.Dirty().Take()) CopyToScreen(context, rect);
+  for (const PixelRect& rect : surface_.Dirty().Take()) CopyPixels(context, surface_.Pixels(), rect);
   ReleaseDC(Window(), context);
   GdiFlush();
   ++presentations_;
@@ -47,6 +48,7 @@ bool SurfaceWindow::IsInSight() const {
   return Window() != nullptr && IsWindowVisible(Window()) != 0 && IsIconic(GetAncestor(Window(), GA_ROOT)) == 0;
 }
 
+// The toolkit gives it a new size then.
 void SurfaceWindow::FollowScale() {
   if (std::exchange(scale_, top_.Scale()) != top_.Scale()) events_.OnScaleChanged();
 }
@@ -67,6 +69,9 @@ LRESULT SurfaceWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     return 0;
   }
   switch (message) {
+    case kScaleChanged:
+      FollowScale();
+      return 0;
     case kPresent:
       present_is_posted_ = false;
       Present();
@@ -91,19 +96,6 @@ void SurfaceWindow::Paint() {
   surface_.Changed(Intersect({area.left, area.top, area.right - area.left, area.bottom - area.top}, surface_.Bounds()));
   EndPaint(Window(), &paint);
   Present();
-}
-
-void SurfaceWindow::CopyToScreen(HDC context, const PixelRect& rect) const {
-  const PixelView pixels = surface_.Pixels();
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof info.bmiHeader;
-  info.bmiHeader.biWidth = static_cast<LONG>(pixels.stride);
-  info.bmiHeader.biHeight = -rect.height;  // rows from the top
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
-  SetDIBitsToDevice(context, rect.left, rect.top, static_cast<DWORD>(rect.width), static_cast<DWORD>(rect.height),
-                    rect.left, 0, 0, static_cast<UINT>(rect.height), pixels.Row(rect.top), &info, DIB_RGB_COLORS);
 }
 
 }  // namespace quorvale

@@ -27,13 +27,10 @@ class SurfaceWindow : public NativeWindow {
   // Whether it is on the screen, as far as the system tells.
   bool IsInSight() const;
 
-  // The form's window has come to a monitor of another resolution.
-  void FollowScale();
-
  private:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
   void Paint();
-  void CopyToScreen(HDC context, const PixelRect& rect) const;
+  void FollowScale();
 
   TopWindow& top_;
   Surface& surface_;

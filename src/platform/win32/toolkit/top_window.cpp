@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <utility>
+
 #include "platform/win32/toolkit/black_windows.h"
 #include "platform/win32/toolkit/input_messages.h"
 
@@ -28,6 +30,12 @@ TopWindow::~TopWindow() = default;
 void TopWindow::SetBounds(const PixelRect& bounds) {
   bounds_ = bounds;
   Place();
+}
+
+void TopWindow::SetIcon(const Artwork& artwork) {
+  Icon icon = artwork ? MakeIcon(artwork(scale_)) : Icon();
+  SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon.get()));
+  icon_ = std::move(icon);
 }
 
 void TopWindow::Place() const {

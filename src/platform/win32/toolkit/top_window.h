@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/win32/toolkit/icon.h"
 #include "platform/win32/toolkit/native_window.h"
 #include "platform/win32/toolkit/pixel_scale.h"
 #include "toolkit/platform.h"
@@ -24,11 +25,13 @@ class TopWindow : public NativeWindow {
   // In the toolkit's pixels, from the corner of the primary monitor. A dialog's size is that of its
   // client area.
   void SetBounds(const PixelRect& bounds);
-  void Appear();
-  void Hide();
+  // The small picture in the title bar.
+  void SetIcon(const Artwork& artwork);
+  virtual void Appear();
+  virtual void Hide();
 
   // The first picture box of a form has the focus.
-  void OfferFocus(HWND child);
+  virtual void OfferFocus(HWND child);
 
   // Whether the pointer is elsewhere than it was at the last message. Windows that come, go or change under
   // a pointer at rest make the system tell of moves that nobody made.
@@ -39,10 +42,14 @@ class TopWindow : public NativeWindow {
   void TakeMouseDown() { events_.OnMouseDown(); }
   void TakeMouseMove();
 
- private:
+ protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
-  void Erase(HDC context) const;
+  WindowEvents& Events() const { return events_; }
+  void SetDpi(int dpi) { scale_ = ToolkitScale(pixels_, dpi); }
   void Place() const;
+
+ private:
+  void Erase(HDC context) const;
 
   WindowKind kind_;
   PixelKind pixels_;
@@ -50,6 +57,7 @@ class TopWindow : public NativeWindow {
   PixelRect bounds_;
   float scale_;
   HWND focus_ = nullptr;
+  Icon icon_;
   POINT pointer_{};
   std::unique_ptr<BlackWindows> black_windows_;
 };

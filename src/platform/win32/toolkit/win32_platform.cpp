@@ -10,8 +10,15 @@
 #include "platform/win32/toolkit/surface_peer.h"
 #include "platform/win32/toolkit/timer_peer.h"
 #include "platform/win32/toolkit/window_peer.h"
+#include "platform/win32/widgets/common_dialogs.h"
+#include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {
+namespace {
+
+TopWindow& WindowOf(WindowPeer& peer) { return static_cast<Win32WindowPeer&>(peer).Window(); }
+
+}  // namespace
 
 Win32Platform::Win32Platform(Win32Options options, PictureLoader& pictures)
     : options_(std::move(options)),
@@ -27,12 +34,15 @@ ScreenInfo Win32Platform::Screen() {
 }
 
 std::unique_ptr<WindowPeer> Win32Platform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
-  return std::make_unique<Win32WindowPeer>(kind, options_.pixels, events);
+  if (kind == WindowKind::kDialog) {
+    return std::make_unique<Win32WindowPeer>(std::make_unique<DialogWindow>(options_.pixels, events));
+  }
+  return std::make_unique<Win32WindowPeer>(std::make_unique<TopWindow>(kind, options_.pixels, events));
 }
 
 std::unique_ptr<SurfacePeer> Win32Platform::CreateSurfacePeer(WindowPeer& window, Surface& surface,
                                                               SurfaceEvents& events) {
-  return std::make_unique<Win32SurfacePeer>(static_cast<Win32WindowPeer&>(window).Window(), surface, events);
+  return std::make_unique<Win32SurfacePeer>(WindowOf(window), surface, events);
 }
 
 std::unique_ptr<TimerPeer> Win32Platform::CreateTimerPeer(std::function<void()> fired) {
@@ -50,8 +60,23 @@ std::unique_ptr<PacedRun> Win32Platform::OpenPacedRun(SurfacePeer& surface) {
                                          wait_);
 }
 
+// Only dialogs are modal.
+void Win32Platform::RunModal(WindowPeer& window) { static_cast<DialogWindow&>(WindowOf(window)).RunModal(); }
+
 MessageBoxAnswer Win32Platform::ShowMessageBox(const MessageBox& box) {
   return ShowWin32MessageBox(box, options_.application_title);
+}
+
+std::string Win32Platform::ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) {
+  return ShowWin32FileDialog(WindowOf(owner).Window(), dialog);
+}
+
+Colour Win32Platform::ShowColourDialog(WindowPeer& owner, Colour start) {
+  return ShowWin32ColourDialog(WindowOf(owner).Window(), start);
+}
+
+std::string Win32Platform::BrowseForFolder(WindowPeer& owner, const std::string& title) {
+  return BrowseWin32Folder(WindowOf(owner).Window(), title);
 }
 
 }  // namespace quorvale

@@ -6,6 +6,7 @@
 #include "platform/win32/toolkit/pixel_scale.h"
 #include "platform/win32/toolkit/text_painter.h"
 #include "platform/win32/toolkit/window_system.h"
+#include "platform/win32/widgets/widget_factory.h"
 #include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
 
@@ -32,7 +33,12 @@ class Win32Platform : public Platform {
   TextPainter& Text() override { return text_; }
   void PumpEvents() override;
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  WidgetFactory& Widgets() override { return widgets_; }
+  void RunModal(WindowPeer& window) override;
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) override;
+  std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) override;
+  Colour ShowColourDialog(WindowPeer& owner, Colour start) override;
+  std::string BrowseForFolder(WindowPeer& owner, const std::string& title) override;
 
   WindowSystem& Windows() { return windows_; }
 
@@ -42,6 +48,7 @@ class Win32Platform : public Platform {
   PictureLoader& pictures_;
   GdiTextPainter text_;
   EventWait wait_;
+  Win32WidgetFactory widgets_;
 };
 
 }  // namespace quorvale

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/toolkit/wide_text.h"
@@ -10,23 +12,24 @@ namespace quorvale {
 
 class Win32WindowPeer : public WindowPeer {
  public:
-  Win32WindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events) : window_(kind, pixels, events) {}
+  explicit Win32WindowPeer(std::unique_ptr<TopWindow> window) : window_(std::move(window)) {}
 
-  WindowHandle Handle() const override { return reinterpret_cast<WindowHandle>(window_.Window()); }
-  void SetCaption(const std::string& caption) override { SetWindowTextW(window_.Window(), ToWide(caption).c_str()); }
-  void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
+  WindowHandle Handle() const override { return reinterpret_cast<WindowHandle>(window_->Window()); }
+  void SetCaption(const std::string& caption) override { SetWindowTextW(window_->Window(), ToWide(caption).c_str()); }
+  void SetBounds(const PixelRect& bounds) override { window_->SetBounds(bounds); }
   void SetVisible(bool visible) override {
     if (visible) {
-      window_.Appear();
+      window_->Appear();
     } else {
-      window_.Hide();
+      window_->Hide();
     }
   }
+  void SetIcon(const Artwork& icon) override { window_->SetIcon(icon); }
 
-  TopWindow& Window() { return window_; }
+  TopWindow& Window() { return *window_; }
 
  private:
-  TopWindow window_;
+  std::unique_ptr<TopWindow> window_;
 };
 
 }  // namespace quorvale

@@ -1,0 +1,29 @@
+#include "platform/win32/widgets/button_peers.h"
+
+#include "platform/win32/widgets/dialog_window.h"
+
+namespace quorvale {
+namespace {
+
+ControlKind KindOf(const Button& button) {
+  return {L"BUTTON",
+          (button.Default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
+}
+
+}  // namespace
+
+ButtonControl::ButtonControl(DialogWindow& dialog, Button& button)
+    : ControlPeer(dialog, button, KindOf(button)), button_(button) {
+  if (button.Cancel) dialog.SetCancelButton(*this);
+  if (!button.Default) return;
+  dialog.SetDefaultButton(*this);
+  SetWindowLongPtrW(Window(), GWLP_ID, IDOK);
+}
+
+ButtonControl::~ButtonControl() { Dialog().ForgetButton(*this); }
+
+void ButtonControl::OnCommand(int code) {
+  if (code == BN_CLICKED) Press();
+}
+
+}  // namespace quorvale

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/win32/windows_api.h"
+
+namespace quorvale {
+
+// Brings the controls on `parent`, and those on its frames, into the order of their tab indices, which for
+// the system is the order in which windows lie on each other. Pictures lie above all controls, and what is
+// in no order below those that are.
+void ArrangeTabOrder(HWND parent);
+
+}  // namespace quorvale
