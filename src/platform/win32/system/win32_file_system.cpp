@@ -17,7 +17,7 @@ bool IsBefore(const std::wstring& a, const std::wstring& b) {
          CSTR_LESS_THAN;
 }
 
-std::wstring ToWide(const std::string& bytes, UINT code_page) {
+std::wstring InCodePage(const std::string& bytes, UINT code_page) {
   const int length = static_cast<int>(bytes.size());
   std::wstring wide(bytes.size(), L'\0');
   const int used = MultiByteToWideChar(code_page, 0, bytes.data(), length, wide.data(), length);
@@ -100,7 +100,7 @@ void Win32FileSystem::WriteFile(const std::string& path, const std::string& cont
 }
 
 std::string Win32FileSystem::FromOlderCodePage(const std::string& bytes) {
-  return FromWide(ToWide(bytes, OlderCodePage()));
+  return FromWide(InCodePage(bytes, OlderCodePage()));
 }
 
 bool Win32FileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
