@@ -1,7 +1,9 @@
 #include "platform/win32/system/win32_file_system.h"
 
 #include <algorithm>
+#include <array>
 
+#include "platform/win32/system/file_content.h"
 #include "platform/win32/system/file_search.h"
 #include "platform/win32/system/system_error.h"
 #include "platform/win32/toolkit/wide_text.h"
@@ -13,6 +15,24 @@ namespace {
 bool IsBefore(const std::wstring& a, const std::wstring& b) {
   return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
          CSTR_LESS_THAN;
+}
+
+std::wstring InCodePage(const std::string& bytes, UINT code_page) {
+  const int length = static_cast<int>(bytes.size());
+  std::wstring wide(bytes.size(), L'\0');
+  const int used = MultiByteToWideChar(code_page, 0, bytes.data(), length, wide.data(), length);
+  wide.resize(static_cast<std::size_t>(used));
+  return wide;
+}
+
+// What programs of this machine use that don't ask for UTF-8.
+UINT OlderCodePage() {
+  DWORD code_page = 0;
+  GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                 reinterpret_cast<wchar_t*>(&code_page), sizeof code_page / sizeof(wchar_t));
+  // Some languages have none.
+  constexpr UINT kWesternEuropean = 1252;
+  return code_page == 0 || code_page == CP_UTF8 ? kWesternEuropean : code_page;
 }
 
 // A directory that is named with its separator, or a drive. The system's search finds neither.
@@ -61,6 +81,26 @@ std::string Win32FileSystem::GetShortPathName(const std::string& path, std::uint
   // For a buffer that is too small the length is the one that it would need.
   result.resize(length < size ? length : 0);
   return result;
+}
+
+std::string Win32FileSystem::ReadFile(const std::string& path) {
+  const Handle file = OpenForReading(path);
+  constexpr std::size_t kPiece = 65536;
+  std::string content;
+  while (true) {
+    std::array<std::uint8_t, kPiece> piece{};
+    const std::size_t got = ReadSome(file, piece, path);
+    if (got == 0) return content;
+    content.append(reinterpret_cast<const char*>(piece.data()), got);
+  }
+}
+
+void Win32FileSystem::WriteFile(const std::string& path, const std::string& content) {
+  ReplaceFileContent(path, content);
+}
+
+std::string Win32FileSystem::FromOlderCodePage(const std::string& bytes) {
+  return FromWide(InCodePage(bytes, OlderCodePage()));
 }
 
 bool Win32FileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,

@@ -12,6 +12,9 @@ class Win32FileSystem : public FileSystem {
                       const std::function<void(const std::string& name)>& found) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
+  std::string ReadFile(const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override;
+  std::string FromOlderCodePage(const std::string& bytes) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;
   PathSyntax Syntax() const override { return {}; }

@@ -3,9 +3,13 @@
 #include <vector>
 
 #include "platform/win32/system/handle.h"
+#include "platform/win32/system/help_page.h"
 #include "platform/win32/system/system_error.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
+// Behind the header that it builds on.
+#include <shellapi.h>
+#undef ShellExecute
 
 namespace quorvale {
 namespace {
@@ -57,6 +61,22 @@ void Win32Programs::Start(const std::string& command_line, int window_style) {
 
 void Win32Programs::OpenDisplaySettings() {
   Start("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,1", kWindowMinimisedFocus);
+}
+
+void Win32Programs::ShellExecute(const std::string& verb, const std::string& target, int show_command) {
+  const HINSTANCE result = ShellExecuteA(nullptr, verb.c_str(), target.c_str(), nullptr, nullptr, show_command);
+  // By old custom no handle, but a number that says how it went.
+  constexpr std::intptr_t kLastError = 32;
+  const auto number = reinterpret_cast<std::intptr_t>(result);
+  if (number <= kLastError) throw FileFailure(static_cast<std::uint32_t>(number), target, FailureNumber::kNotFound);
+}
+
+void Win32Programs::WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) {
+  if (IsFile(file)) {
+    WinHelpA(reinterpret_cast<HWND>(owner), file.c_str(), command, data);
+  } else {
+    ShellExecute("open", FindHelpPage(file, command, data), kWindowNormalFocus);
+  }
 }
 
 void Win32Programs::SendKeys(const std::string& keys) {

@@ -8,6 +8,9 @@ class Win32Programs : public Programs {
  public:
   void Start(const std::string& command_line, int window_style) override;
   void OpenDisplaySettings() override;
+  void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
+  // A help file that is not there has its pages in the folder "help", beside it or beside the program.
+  void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
   void SendKeys(const std::string& keys) override;
 };
 
