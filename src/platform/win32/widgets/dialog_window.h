@@ -39,6 +39,9 @@ class DialogWindow : public TopWindow {
   void SetDefaultButton(NativeControl& button) { default_button_ = &button; }
   void SetCancelButton(NativeControl& button) { cancel_button_ = &button; }
   void ForgetButton(const NativeControl& button);
+  // Shows which button Enter presses: the one that has the focus, else the default button.
+  void MarkDefault(const NativeControl& focused) const;
+  void UnmarkDefault(const NativeControl& focused) const;
   // Null takes it away.
   void SetMenuBar(Win32MenuBar* bar);
 
@@ -49,9 +52,9 @@ class DialogWindow : public TopWindow {
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  bool OnCommand(int id);
+  bool TranslateDialogKey(const MSG& message);
+  void PressDefault() const;
   void FollowScale(int dpi);
-  void SetFirstFocus();
   void LetOthersTakeInput();
 
   std::unique_ptr<DialogFonts> fonts_;

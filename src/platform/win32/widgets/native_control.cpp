@@ -8,6 +8,7 @@
 #include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
+#include "platform/win32/widgets/tab_order.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
@@ -107,7 +108,7 @@ void NativeControl::Refresh(WidgetAspect aspect) {
 void NativeControl::GiveFocusAway() const {
   const HWND focus = GetFocus();
   if (focus != window_ && IsChild(window_, focus) == 0) return;
-  SetFocus(GetNextDlgTabItem(dialog_.Window(), window_, FALSE));
+  SetFocus(NextTabStop(dialog_.Window(), focus, false));
 }
 
 void NativeControl::DetachFromWindow() const {

@@ -38,7 +38,8 @@ class NativeControl {
   virtual bool IsOptionButton() const { return false; }
   // Whether what overlaps it stands before it, whatever the order of the two.
   virtual bool IsBackground() const { return false; }
-  // Enter or Escape stand for a press of it.
+  // Enter presses the button that has the focus.
+  virtual bool IsButton() const { return false; }
   virtual void Press() {}
 
   // Looks at that aspect of the toolkit's control again.
