@@ -8,7 +8,7 @@ import tempfile
 import time
 import unittest
 
-from wine_session import BUILD, Display, WineSession, wait_until
+from wine_session import BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, wait_until
 
 RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
 
@@ -103,6 +103,28 @@ class Show(WindowsTest):
         for arguments in (["/X"], ["/install", "x"], ["/P"], ["/P:123"], ["/P", "123"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
+
+
+class Password(WindowsTest):
+    def test_a_wrong_password_lets_the_show_go_on_and_the_right_one_ends_it(self):
+        for file in (PROGRAM, PASSWORD):
+            shutil.copy(file, self.session.folder)
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}, WINE: {"Version": "win98"}})
+        program = self.session.start_show(os.path.join(self.session.folder, os.path.basename(PROGRAM)))
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.wait_for_colour(BLUE)
+        self.assert_runs(program)
+        self.keep_screenshot("windows-password")
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_the_nt_family_leaves_it_to_the_system(self):
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}})
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
 
 
 class Preview(WindowsTest):

@@ -43,6 +43,18 @@ BOOL CALLBACK AddIfTakingInput(HWND window, LPARAM others) {
   return TRUE;
 }
 
+struct AccessKey {
+  wchar_t key;
+  bool is_taken;
+};
+
+BOOL CALLBACK OfferAccessKey(HWND window, LPARAM pressed) {
+  auto& access = *reinterpret_cast<AccessKey*>(pressed);
+  NativeControl* const control = NativeControl::Of(window);
+  if (control != nullptr) Deliver([&] { access.is_taken = control->TakeAccessKey(access.key); });
+  return access.is_taken ? FALSE : TRUE;
+}
+
 BOOL CALLBACK FollowScaleOf(HWND window, LPARAM /*unused*/) {
   if (NativeControl* const control = NativeControl::Of(window)) {
     Deliver([&] { control->FollowScale(); });
@@ -131,6 +143,7 @@ bool DialogWindow::TranslateKey(MSG& message) {
     Events().OnHelpRequested();
     return true;
   }
+  if (message.message == WM_SYSCHAR && TakeAccessKey(static_cast<wchar_t>(message.wParam))) return true;
   return TranslateDialogKey(message) || IsDialogMessageW(Window(), &message) != 0;
 }
 
@@ -143,15 +156,26 @@ bool DialogWindow::TranslateDialogKey(const MSG& message) {
   const LRESULT wishes = SendMessageW(message.hwnd, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message));
   if ((wishes & (DLGC_WANTALLKEYS | DLGC_WANTMESSAGE)) != 0) return false;
   if (key == VK_TAB) {
-    const HWND next = NextTabStop(Window(), GetFocus(), GetKeyState(VK_SHIFT) < 0);
-    SetFocus(next);
-    if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(next, EM_SETSEL, 0, -1);
+    MoveFocus(GetKeyState(VK_SHIFT) < 0);
   } else if (key == VK_RETURN) {
     PressDefault();
   } else if (cancel_button_ != nullptr) {
     cancel_button_->Press();
   }
   return true;
+}
+
+void DialogWindow::MoveFocus(bool backwards) const {
+  const HWND next = NextTabStop(Window(), GetFocus(), backwards);
+  SetFocus(next);
+  if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(next, EM_SETSEL, 0, -1);
+}
+
+// For what the system gives no access keys.
+bool DialogWindow::TakeAccessKey(wchar_t key) const {
+  AccessKey pressed{key, false};
+  EnumChildWindows(Window(), &OfferAccessKey, reinterpret_cast<LPARAM>(&pressed));
+  return pressed.is_taken;
 }
 
 void DialogWindow::PressDefault() const {
@@ -183,6 +207,14 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       break;
     case WM_INITMENUPOPUP:
       if (menu_bar_ != nullptr) menu_bar_->Opens(reinterpret_cast<HMENU>(first));
+      return 0;
+    case WM_NEXTDLGCTL:
+      // The access key of a label gives the focus to the label and moves it on.
+      if (LOWORD(second) != 0) {
+        SetFocus(reinterpret_cast<HWND>(first));
+      } else {
+        MoveFocus(first != 0);
+      }
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(first) == WA_INACTIVE && IsChild(Window(), GetFocus()) != 0) focus_ = GetFocus();

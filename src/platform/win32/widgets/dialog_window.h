@@ -53,6 +53,8 @@ class DialogWindow : public TopWindow {
 
  private:
   bool TranslateDialogKey(const MSG& message);
+  void MoveFocus(bool backwards) const;
+  bool TakeAccessKey(wchar_t key) const;
   void PressDefault() const;
   void FollowScale(int dpi);
   void LetOthersTakeInput();

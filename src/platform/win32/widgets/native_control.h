@@ -42,6 +42,9 @@ class NativeControl {
   virtual bool IsButton() const { return false; }
   virtual void Press() {}
 
+  // The user pressed Alt and that key. True when it means something to the control that the system doesn't know.
+  virtual bool TakeAccessKey(wchar_t /*key*/) { return false; }
+
   // Looks at that aspect of the toolkit's control again.
   virtual void Refresh(WidgetAspect aspect);
   void TakeFocus();

@@ -118,6 +118,7 @@ void ImageViewControl::Paint() {
   Bitmap artwork = view_.GetArtwork() ? view_.GetArtwork()(Dialog().Scale()) : Bitmap();
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(Window(), &paint);
+  Fill(Window(), context, GetSysColorBrush(COLOR_BTNFACE));
   if (artwork.Width() > 0) {
     LayOn(artwork.View(), GetSysColor(COLOR_BTNFACE));
     CopyPixels(context, artwork.View(), artwork.View().Bounds());

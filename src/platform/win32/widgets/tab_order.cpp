@@ -77,10 +77,15 @@ HWND NextTabStop(HWND dialog, HWND from, bool backwards) {
   std::stable_sort(stops.begin(), stops.end(), [](HWND a, HWND b) { return OrderOf(a) < OrderOf(b); });
   const auto found =
       std::find_if(stops.begin(), stops.end(), [from](HWND stop) { return stop == from || IsChild(stop, from) != 0; });
-  if (found == stops.end()) return stops.front();
   const std::size_t count = stops.size();
-  const auto at = static_cast<std::size_t>(found - stops.begin());
-  return stops[(at + (backwards ? count - 1 : 1)) % count];
+  if (found != stops.end()) {
+    const auto at = static_cast<std::size_t>(found - stops.begin());
+    return stops[(at + (backwards ? count - 1 : 1)) % count];
+  }
+  if (NativeControl::Of(from) == nullptr) return stops.front();
+  const auto after =
+      std::find_if(stops.begin(), stops.end(), [from](HWND stop) { return OrderOf(from) < OrderOf(stop); });
+  return after != stops.end() ? *after : stops.front();
 }
 
 }  // namespace quorvale
