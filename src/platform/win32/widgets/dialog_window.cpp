@@ -15,6 +15,8 @@
 namespace quorvale {
 namespace {
 
+constexpr UINT kLeave = WM_APP + 20;
+
 // Enough for a line of explanation before it wraps.
 constexpr int kToolTipWidth = 300;
 
@@ -125,6 +127,21 @@ void DialogWindow::Focus(HWND control) {
   if (IsWindowVisible(Window()) != 0) SetFocus(control);
 }
 
+void DialogWindow::LeaveSoon(HWND control) const {
+  const HWND focus = GetFocus();
+  if (focus == control || IsChild(control, focus) != 0) {
+    PostMessageW(Window(), kLeave, reinterpret_cast<WPARAM>(control), 0);
+  }
+}
+
+// The handler may have given the focus to another itself, or the control back its own.
+void DialogWindow::Leave(HWND control) const {
+  const HWND focus = GetFocus();
+  const bool is_well = focus != nullptr && IsWindowVisible(focus) != 0 && IsWindowEnabled(focus) != 0 &&
+                       (GetWindowLongW(focus, GWL_STYLE) & WS_TABSTOP) != 0;
+  if (!is_well) SetFocus(NextTabStop(Window(), control, false));
+}
+
 void DialogWindow::ForgetButton(const NativeControl& button) {
   if (default_button_ == &button) default_button_ = nullptr;
   if (cancel_button_ == &button) cancel_button_ = nullptr;
@@ -207,6 +224,9 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       break;
     case WM_INITMENUPOPUP:
       if (menu_bar_ != nullptr) menu_bar_->Opens(reinterpret_cast<HMENU>(first));
+      return 0;
+    case kLeave:
+      Leave(reinterpret_cast<HWND>(first));
       return 0;
     case WM_NEXTDLGCTL:
       // The access key of a label gives the focus to the label and moves it on.

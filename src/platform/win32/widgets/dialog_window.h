@@ -35,6 +35,9 @@ class DialogWindow : public TopWindow {
   HFONT FontOf(float points, bool bold) { return fonts_->Get(points, bold); }
   // At once, or when the window comes on the screen.
   void Focus(HWND control);
+  // That control is about to go or to be disabled: if it has the focus, another takes it once the handler that runs
+  // has done all that it does.
+  void LeaveSoon(HWND control) const;
   // What Enter and Escape press.
   void SetDefaultButton(NativeControl& button) { default_button_ = &button; }
   void SetCancelButton(NativeControl& button) { cancel_button_ = &button; }
@@ -53,6 +56,7 @@ class DialogWindow : public TopWindow {
 
  private:
   bool TranslateDialogKey(const MSG& message);
+  void Leave(HWND control) const;
   void MoveFocus(bool backwards) const;
   bool TakeAccessKey(wchar_t key) const;
   void PressDefault() const;

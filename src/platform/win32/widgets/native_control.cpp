@@ -8,7 +8,6 @@
 #include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
-#include "platform/win32/widgets/tab_order.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
@@ -88,11 +87,11 @@ void NativeControl::Refresh(WidgetAspect aspect) {
       break;
     }
     case WidgetAspect::kVisible:
-      if (!widget_.Visible()) GiveFocusAway();
+      if (!widget_.Visible()) dialog_.LeaveSoon(window_);
       ShowWindow(window_, widget_.Visible() ? SW_SHOWNA : SW_HIDE);
       break;
     case WidgetAspect::kEnabled:
-      if (!widget_.Enabled()) GiveFocusAway();
+      if (!widget_.Enabled()) dialog_.LeaveSoon(window_);
       EnableWindow(window_, widget_.Enabled() ? TRUE : FALSE);
       break;
     case WidgetAspect::kCaption:
@@ -102,13 +101,6 @@ void NativeControl::Refresh(WidgetAspect aspect) {
       InvalidateRect(window_, nullptr, TRUE);
       break;
   }
-}
-
-// A control that can't take keys would keep them from all others.
-void NativeControl::GiveFocusAway() const {
-  const HWND focus = GetFocus();
-  if (focus != window_ && IsChild(window_, focus) == 0) return;
-  SetFocus(NextTabStop(dialog_.Window(), focus, false));
 }
 
 void NativeControl::DetachFromWindow() const {

@@ -71,7 +71,6 @@ class NativeControl {
   void SetFont(float points, bool bold);
 
  private:
-  void GiveFocusAway() const;
   void DetachFromWindow() const;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                     DWORD_PTR self);
