@@ -45,9 +45,11 @@ std::int32_t Win32Registry::RegQueryValueEx(RegistryKey key, const std::string& 
 
 std::int32_t Win32Registry::RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type,
                                           const char* data, std::uint32_t size) {
-  // The system looks at the byte behind a text: only if that is its NUL does a later query count it.
-  const std::string bytes(data, size);
-  return RegSetValueExA(ToHkey(key), name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.c_str()), size);
+  // With its NUL a text is queried with it on every Windows; without, that hangs on the bytes behind it.
+  std::string bytes(data, size);
+  if (type == REG_SZ && !bytes.ends_with('\0')) bytes += '\0';
+  return RegSetValueExA(ToHkey(key), name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                        static_cast<DWORD>(bytes.size()));
 }
 
 std::int32_t Win32Registry::RegDeleteValue(RegistryKey key, const std::string& name) {

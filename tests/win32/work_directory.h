@@ -1,0 +1,43 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "platform/win32/system/program_path.h"
+
+namespace quorvale {
+
+// A directory of a test's own beside the test program, gone with the object.
+class WorkDirectory {
+ public:
+  WorkDirectory() : path_(ProgramPath() + ".work\\") {
+    std::filesystem::remove_all(path_);
+    std::filesystem::create_directories(path_);
+  }
+  ~WorkDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  WorkDirectory(const WorkDirectory&) = delete;
+  WorkDirectory& operator=(const WorkDirectory&) = delete;
+
+  // With its separator.
+  const std::string& Path() const { return path_; }
+  std::string Path(const std::string& name) const { return path_ + name; }
+
+  std::string Write(const std::string& name, const std::string& content) const {
+    std::ofstream(std::filesystem::path(Path(name)), std::ios::binary) << content;
+    return Path(name);
+  }
+  std::string MakeDirectory(const std::string& name) const {
+    std::filesystem::create_directories(Path(name));
+    return Path(name);
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace quorvale
