@@ -73,7 +73,9 @@ Prefix DecimalPrefix(std::string_view text) {
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
-    value = exponent.starts_with("e-") ? 0.0 : std::numeric_limits<double>::infinity();
+    const bool is_fraction = number.find_first_not_of('0') == number.find('.');
+    const bool is_tiny = exponent.empty() ? is_fraction : exponent.starts_with("e-");
+    value = is_tiny ? 0.0 : std::numeric_limits<double>::infinity();
   }
   return {negative ? -value : value, at};
 }

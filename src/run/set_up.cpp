@@ -1,6 +1,5 @@
 #include "run/set_up.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -35,8 +34,8 @@ constexpr char kProductKeys[] = "Qu";
 
 // What stands behind the switch and one more character, without the blanks at its ends.
 std::string PathText(const std::string& text) {
-  const std::size_t behind = text.find(kSetUpSwitch) + std::string_view(kSetUpSwitch).size() + 1;
-  return Trim(std::string_view(text).substr(std::min(behind, text.size())));
+  const std::size_t behind = text.find(kSetUpSwitch) + std::string_view(kSetUpSwitch).size();
+  return Trim(Mid(std::string_view(text).substr(behind), 2));
 }
 
 // Built, not asked of the running process: the saver file has to stand in the system directory.

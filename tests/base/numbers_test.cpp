@@ -2,20 +2,68 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "base/failure.h"
 #include "base/random.h"
+#include "support/failure_of.h"
 
 namespace quorvale {
 namespace {
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
 TEST(NumbersTest, LenientParseTakesTheNumberInFront) {
   const std::vector<std::pair<const char*, double>> cases = {
-      {"", 0},     {"abc", 0},  {"12", 12},     {"  12 ", 12}, {"1 2", 12},        {"-7x", -7},         {"+5", 5},
-      {".5", 0.5}, {"5.", 5},   {"1.2.3", 1.2}, {"1e3", 1000}, {"1e", 1},          {"1e+2", 100},       {"25e-1", 2.5},
-      {"-", 0},    {".", 0},    {"&HFF&", 255}, {"&hff", 255}, {"&H00000000&", 0}, {"&HFFFFFFFF&", -1}, {"&H", 0},
-      {"&HG", 0},  {"12&", 12}, {"07", 7},
+      {"", 0},
+      {"abc", 0},
+      {"12", 12},
+      {"  12 ", 12},
+      {"1 2", 12},
+      {"-7x", -7},
+      {"+5", 5},
+      {".5", 0.5},
+      {"5.", 5},
+      {"1.2.3", 1.2},
+      {"1e3", 1000},
+      {"1e", 1},
+      {"1e+2", 100},
+      {"25e-1", 2.5},
+      {"-", 0},
+      {".", 0},
+      {"&HFF&", 255},
+      {"&hff", 255},
+      {"&H00000000&", 0},
+      {"&HFFFFFFFF&", -1},
+      {"&H", 0},
+      {"&HG", 0},
+      {"12&", 12},
+      {"07", 7},
+      {"\t1\n2", 12},
+      {"1 e 3", 1000},
+      {"& H F F &1", 255},
+      {"&H7FFFFFFF&", 2147483647},
+      {"&HFFFFFFFFF&", 0},
+      {"-&H1&", 0},
+      {"1,5", 1},
+      {"- 3", -3},
+      {"1e-400", 0},
+      {"1e400", kInfinity},
+      {"-1e400", -kInfinity},
   };
   for (const auto& [text, value] : cases) EXPECT_EQ(LenientParse(text), value) << '"' << text << '"';
+}
+
+// A fraction of four hundred digits was taken for a huge number.
+TEST(NumbersTest, WhatIsTooSmallForADoubleIsZeroAndWhatIsTooLargeInfinite) {
+  const std::string zeros(400, '0');
+  EXPECT_EQ(LenientParse("0." + zeros + "1"), 0);
+  EXPECT_EQ(LenientParse("." + zeros + "1"), 0);
+  EXPECT_EQ(LenientParse("1" + zeros), kInfinity);
+  EXPECT_EQ(LenientParse("-1" + zeros + ".5"), -kInfinity);
 }
 
 TEST(NumbersTest, StrictNumberTakesNothingElse) {
@@ -24,7 +72,7 @@ TEST(NumbersTest, StrictNumberTakesNothingElse) {
     EXPECT_EQ(StrictNumber(text), value) << '"' << text << '"';
   }
   for (const char* text : {"", " ", "two", "12x", "1 2", "&HFFx", "--1", "1e"}) {
-    EXPECT_THROW(StrictNumber(text), Failure) << '"' << text << '"';
+    EXPECT_EQ(FailureOf([&] { StrictNumber(text); }), FailureNumber::kNotANumber) << '"' << text << '"';
   }
 }
 
@@ -35,10 +83,13 @@ TEST(NumbersTest, RoundingIsToTheNearestAndTiesToEven) {
     EXPECT_EQ(RoundToInt32(value), rounded) << value;
   }
   EXPECT_EQ(RoundToInt32(2147483647.4), 2147483647);
-  for (const double value : {32767.5, -32769.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
-    EXPECT_THROW(RoundToInt16(value), Failure) << value;
+  EXPECT_EQ(RoundToInt32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
+  for (const double value : {32767.5, -32768.6, 1e300}) {
+    EXPECT_EQ(FailureOf([&] { RoundToInt16(value); }), FailureNumber::kOverflow) << value;
   }
-  EXPECT_THROW(RoundToInt32(2147483647.5), Failure);
+  for (const double value : {2147483647.5, -2147483648.6, kInfinity, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_EQ(FailureOf([&] { RoundToInt32(value); }), FailureNumber::kOverflow) << value;
+  }
 }
 
 TEST(NumbersTest, ASwitchIsOnAtExactlyOne) {

@@ -1,6 +1,5 @@
 #include "playlist/media_collections.h"
 
-#include "playlist/list_store.h"
 #include "support/show_fixture.h"
 #include "toolkit/list_box.h"
 
@@ -110,17 +109,59 @@ TEST_F(MediaCollectionsTest, OnlyAOneShuffles) {
   }
 }
 
-TEST_F(MediaCollectionsTest, ASavedListReplacesTheStoredOne) {
-  Store("PictureFiles", {"1", "2", "3", "4", "5"});
-  form->pictures.AddItem(MakeListEntry("a.jpg", "C:\\"));
-  form->pictures.AddItem("b");
-  SaveList(process.Settings, form->pictures, "PictureFiles", "File");
-  LoadList(process.Settings, form->sounds, "PictureFiles", "File");
-  ASSERT_EQ(form->sounds.ListCount(), 2);
-  EXPECT_EQ(form->sounds.List(0), form->pictures.List(0));
-  form->pictures.Clear();
-  SaveList(process.Settings, form->pictures, "PictureFiles", "File");
-  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", "File0", "none"), "none");
+TEST_F(MediaCollectionsTest, EachShuffleStartsFromTheClock) {
+  const auto order = [&](std::uint64_t seed, const char* pictures, const char* sounds) {
+    desktop.host.clock_seed = seed;
+    process.SetOption("PicRandom", pictures);
+    process.SetOption("SoundRandom", sounds);
+    InitShow(process, 1, *form);
+    return std::pair(process.PictureList.TakeItems(), process.SoundList.TakeItems());
+  };
+  std::vector<std::string> entries;
+  for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
+  Store("PictureFiles", entries);
+  Store("SoundFiles", entries);
+  const auto [pictures, sounds] = order(1, "1", "1");
+  EXPECT_NE(pictures, entries);
+  EXPECT_EQ(pictures, sounds) << "both draw from the same beginning";
+  EXPECT_NE(order(2, "1", "1").first, pictures);
+  EXPECT_EQ(order(1, "0", "1"), std::pair(entries, sounds));
+}
+
+TEST_F(MediaCollectionsTest, AnOptionOutOfRangeStopsTheStartWhereItStands) {
+  Store("PictureFiles", {"C:\\new.jpg"});
+  process.SetOption("LastPicture", "7");
+  process.SetOption("BackColor", "99999999999");
+  form->tmrSwitch.SetInterval(9000);
+  form->tmrSwitch.SetEnabled(true);
+  EXPECT_THROW(InitShow(process, 1, *form), Failure);
+  EXPECT_FALSE(form->tmrSwitch.Enabled());
+  EXPECT_EQ(process.PictureList.Count(), 1);
+  process.SetOption("BackColor", "&H0000FF&");
+  process.SetOption("TransSpeed", "99999999999");
+  EXPECT_THROW(InitShow(process, 1, *form), Failure);
+  EXPECT_TRUE(form->tmrSwitch.Enabled());
+  EXPECT_EQ(form->PicBase.BackColor(), 0xFFU);
+  EXPECT_EQ(process.TransitionSpeed, 0);
+  EXPECT_EQ(process.Option("LastPicture", ""), "7");
+}
+
+TEST_F(MediaCollectionsTest, AListBoxMayHoldTheEndMarkAndEverythingElse) {
+  for (const char* entry : {"C:\\a", "EOF", "", "C:\\d\\", "C:\\gone\\", "C:\\a"}) form->sounds.AddItem(entry);
+  EXPECT_THAT(FillFromList(process, form->sounds, "*.gif;*.WAV").TakeItems(),
+              ElementsAre("C:\\a", "EOF", "", "C:\\d\\f.gif", "C:\\d\\song.wav", "C:\\a"));
+}
+
+TEST_F(HeadlessTest, UnixDirectoriesExpandWithoutRegardToCase) {
+  desktop.files.SetSyntax({'/'});
+  for (const char* name : {"B.BMP", "a.Jpg", "A.jpg", "x.jpg~", "no\nise.gif", "sub/c.jpg"}) {
+    desktop.files.AddFile(std::string("/d/") + name);
+  }
+  desktop.files.AddFile("/d/.hidden.jpg", "", kAttributeHidden);
+  Process process(desktop, desktop.Services());
+  process.Settings.SaveSetting("PictureFiles", "File0", MakeListEntry("/d/", "/d/"));
+  EXPECT_THAT(FillFromSettings(process, "PictureFiles", kPictureMask).TakeItems(),
+              ElementsAre("/d/B.BMP", "/d/no\nise.gif", "/d/A.jpg", "/d/a.Jpg"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
+#include "base/text.h"
 #include "playlist/list_entry.h"
 #include "playlist/path_part.h"
 #include "playlist/token.h"
@@ -10,6 +11,13 @@ namespace {
 
 constexpr PathSyntax kWindows{'\\'};
 constexpr PathSyntax kUnix{'/'};
+
+// So many characters of two bytes each.
+std::string Wide(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += "\xC3\xA9";
+  return text;
+}
 
 TEST(PathToolsTest, PathPartSplitsAtTheEdges) {
   struct Case {
@@ -61,6 +69,9 @@ TEST(PathToolsTest, CutTokenCutsTextAndDelimiterOff) {
     EXPECT_EQ(CutToken(text, ';'), c.token) << c.text;
     EXPECT_EQ(text, c.rest) << c.text;
   }
+  std::string from_system("C:\\WINDOWS\0junk\0", 16);
+  EXPECT_EQ(CutToken(from_system, '\0'), "C:\\WINDOWS");
+  EXPECT_EQ(from_system, std::string("junk\0", 5));
 }
 
 TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
@@ -81,6 +92,17 @@ TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
       {kWindows, MakeListEntry(long_name + "no room", "C:\\"), "nC:\\oom" + long_name},
       {kUnix, MakeListEntry("\xC3\xA9t\xC3\xA9 1.jpg", "/home/\xC3\xA9/"), "/home/\xC3\xA9/\xC3\xA9t\xC3\xA9 1.jpg"},
       {kUnix, MakeListEntry("/a/", "/a/"), "/a/"},
+      {kUnix, "C:\\pics\\", "C:\\pics\\"},
+      {kUnix, MakeListEntry("a b\nc.jpg", "/d e/"), "/d e/a b\nc.jpg"},
+      {kUnix, MakeListEntry("\xFF\xC3.jpg", "/\xE2\x82/"), "/\xE2\x82/\xFF\xC3.jpg"},
+      {kUnix, "\t/x.jpg\t ", "\t/x.jpg\t"},
+      // 250 characters of two bytes each fit the name's columns, and as many the directory's.
+      {kUnix, MakeListEntry(Wide(250), "/" + Wide(250) + "/"), "/" + Wide(250) + "/" + Wide(250)},
+      // A directory of 254 characters still ends in its separator, a longer one is no directory any more.
+      {kWindows, MakeListEntry(long_name.substr(1) + "\\", long_name.substr(1) + "\\"), long_name.substr(1) + "\\"},
+      {kWindows, MakeListEntry(long_name + "\\", long_name + "\\"), "\\" + long_name + "\\" + long_name},
+      {kWindows, long_name, long_name},
+      {kWindows, long_name + "x", "x" + long_name},
   };
   for (const Case& c : cases) EXPECT_EQ(EntryPath(c.entry, c.syntax), c.path);
 }
@@ -88,6 +110,11 @@ TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
 TEST(PathToolsTest, AnEntryHasItsColumns) {
   const std::string entry = MakeListEntry("sea.bmp", "C:\\Pics\\");
   EXPECT_EQ(entry, "sea.bmp" + std::string(248, ' ') + "C:\\Pics\\" + std::string(249, ' '));
+  for (const std::string& name : {std::string(), Wide(255), std::string(600, 'n'), std::string("\xFF\xFE")}) {
+    const std::string made = MakeListEntry(name, "/" + name);
+    EXPECT_EQ(Length(made), 512U);
+    EXPECT_EQ(Left(Mid(made, 256), 2), Left("/" + name + "  ", 2));
+  }
 }
 
 }  // namespace

@@ -42,6 +42,22 @@ TEST(ShuffleTest, DrawsWhatADrawByHandDraws) {
   }
 }
 
+// With two left the middle of the range is a tie, and goes to the even position.
+TEST(ShuffleTest, ATieGoesToTheEvenPosition) {
+  std::map<std::string, int> drawn;
+  for (std::uint64_t seed = 0; seed < 4000; ++seed) {
+    Random random;
+    Random same;
+    random.Seed(seed);
+    same.Seed(seed);
+    Collection collection = Numbers(2);
+    ShuffleCollection(collection, random);
+    EXPECT_EQ(collection.Item(1) == "2", same.Next() > 0.5F) << seed;
+    ++drawn[collection.Item(1)];
+  }
+  EXPECT_NEAR(drawn["1"], 2000, 150);
+}
+
 TEST(ShuffleTest, TheEndsComeFirstHalfAsOftenAsTheRest) {
   Random random;
   std::map<std::string, int> first;

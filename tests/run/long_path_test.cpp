@@ -46,6 +46,46 @@ TEST_F(LongPathTest, ALookupThatFailsLeavesItsElementOut) {
   EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\"), "\\");
   desktop.files.failures.FailCall(FileCall::kFind, 2, 1);
   EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\LONGNA~1.JPG"), "C:\\Long Name.jpg");
+  desktop.files.AddFile("C:\\Long Folder\\Inner\\x.jpg");
+  desktop.files.failures.FailCall(FileCall::kFind, 2, 1);
+  desktop.files.failures.FailCall(FileCall::kFind, 3, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "C:\\LONGFO~1\\Inner\\x.jpg"), "C:\\x.jpg");
+}
+
+TEST_F(LongPathTest, OnUnixAFailedLookupLeavesItsElementOutToo) {
+  Fill({'/'});
+  desktop.files.failures.FailCall(FileCall::kFind, 1, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "/Long Folder/"), "/");
+  desktop.files.failures.FailCall(FileCall::kFind, 2, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "/Long Folder/Long Name.jpg"), "/Long Name.jpg");
+}
+
+// The files in memory take the root for the current directory.
+TEST_F(LongPathTest, APathWithoutSeparatorIsItsLookup) {
+  Fill({'/'});
+  for (const auto& [path, expected] : std::vector<std::pair<const char*, const char*>>{
+           {"Long Folder", "Long Folder"}, {"Long Folder/", "Long Folder/"}, {"gone", ""}, {"gone/", "/"}}) {
+    EXPECT_EQ(GetLongPath(desktop.files, path), expected) << path;
+  }
+  desktop.files.failures.FailCall(FileCall::kFind, 1, 1);
+  EXPECT_EQ(GetLongPath(desktop.files, "Long Folder/"), "/");
+}
+
+TEST_F(LongPathTest, HiddenElementsAndBothSeparatorsAreFound) {
+  Fill({'\\'});
+  desktop.files.AddDirectory("C:\\Hidden Folder", kAttributeHidden | kAttributeSystem);
+  desktop.files.SetShortName("C:\\Hidden Folder", "HIDDEN~1");
+  EXPECT_EQ(GetLongPath(desktop.files, "C:\\HIDDEN~1"), "C:\\Hidden Folder");
+  Fill({'/'});
+  EXPECT_EQ(GetLongPath(desktop.files, "/Long Folder\\"), "/Long Folder\\");
+}
+
+TEST_F(LongPathTest, TheShortPathOfWhatIsNotThereIsEmpty) {
+  Fill({'\\'});
+  EXPECT_EQ(GetShortPath(desktop.files, "C:\\Long Folder\\Long Name.jpg"), "C:\\LONGFO~1\\LONGNA~1.JPG");
+  EXPECT_EQ(GetShortPath(desktop.files, "C:\\Long Folder\\gone.jpg"), "");
+  desktop.files.failures.FailCall(FileCall::kShortName, 1, 1);
+  EXPECT_EQ(GetShortPath(desktop.files, "C:\\Long Folder\\Long Name.jpg"), "");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "run/main_procedure.h"
 
-#include "process/end_saver.h"
+#include <algorithm>
+
 #include "support/show_fixture.h"
 
 namespace quorvale {
@@ -22,6 +23,8 @@ TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
   };
   for (const Case& c : {Case{"", "/C", false, false},
                         {"/C:1234", "/C", false, false},
+                        {"/C /INSTALL C:\\x\\", "/C", false, false},
+                        {"/a /INSTALL C:\\x\\", "/A", false, false},
                         {"/s", "/S", true, false},
                         {"/S/INSTALL C:\\", "/S", true, false},
                         {"/INSTALL C:\\x\\", "/I", false, true},
@@ -45,8 +48,10 @@ TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
 
 TEST_F(MainTest, ASecondShowEndsSilently) {
   const WindowHandle first = desktop.windows.CreateForeign("Screen Saver Main Form");
+  desktop.registry.calls.clear();
   Main(process, "/S");
   EXPECT_EQ(process.app.Forms.Count(), 0);
+  EXPECT_TRUE(desktop.registry.calls.empty());
   EXPECT_EQ(desktop.windows.cursor_count, 0);
   desktop.windows.Destroy(first);
   Main(process, "/S");
@@ -109,15 +114,157 @@ TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-TEST_F(MainTest, EndSaverShowsTheCursorAndGivesTheDialogBack) {
-  process.ConfigDialogHwnd = desktop.windows.CreateForeign("Display Properties");
-  desktop.windows.EnableWindow(process.ConfigDialogHwnd, false);
-  ForceCursorOff(process);
-  EXPECT_EQ(desktop.windows.cursor_count, -6);
-  EXPECT_THROW(EndSaver(process), ProcessEnded);
-  EXPECT_EQ(desktop.windows.cursor_count, 6);
-  EXPECT_TRUE(desktop.windows.Find(process.ConfigDialogHwnd)->enabled);
-  EXPECT_EQ(desktop.queue.PumpCount(), 1);
+// A platform that notes what the set-up writes, in its order, and can fail where it can.
+class NotingRegistry : public MemoryRegistry {
+ public:
+  explicit NotingRegistry(CallLog& log) : log_(log) {}
+  std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                              RegistryKey& key) override {
+    section_ = path.substr(path.rfind('\\') + 1);
+    return MemoryRegistry::RegCreateKeyEx(hive, path, access, key);
+  }
+  std::int32_t RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type, const char* data,
+                             std::uint32_t size) override {
+    log_.push_back(section_ + " " + name);
+    return MemoryRegistry::RegSetValueEx(key, name, type, data, size);
+  }
+
+ private:
+  CallLog& log_;
+  std::string section_;
+};
+
+class NotingFiles : public MemoryFileSystem {
+ public:
+  explicit NotingFiles(CallLog& log) : log_(log) {}
+  bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
+                                 const std::string& file) override {
+    log_.push_back(section + " " + key + " " + file);
+    return MemoryFileSystem::WritePrivateProfileString(section, key, value, file);
+  }
+
+ private:
+  CallLog& log_;
+};
+
+class FailingPrograms : public RecordedPrograms {
+ public:
+  explicit FailingPrograms(CallLog& log) : RecordedPrograms(log) {}
+  void OpenDisplaySettings() override {
+    RecordedPrograms::OpenDisplaySettings();
+    if (failures_left-- > 0) throw Failure(FailureNumber::kNotFound, "No such program", "Programs");
+  }
+  int failures_left = 0;
+};
+
+class FailingHost : public ScriptedHost {
+ public:
+  using ScriptedHost::ScriptedHost;
+  std::string GetSystemDirectory(std::uint32_t size) override {
+    ++asked;
+    if (failures_left-- > 0) throw Failure(FailureNumber::kUnreadable, "Nowhere.", "Host");
+    return ScriptedHost::GetSystemDirectory(size);
+  }
+  int failures_left = 0;
+  int asked = 0;
+};
+
+class MainStepsTest : public HeadlessTest {
+ protected:
+  System Services() {
+    const System real = desktop.Services();
+    return {registry, files, real.windows, real.sound, programs, host, real.password};
+  }
+
+  NotingRegistry registry{desktop.calls};
+  NotingFiles files{desktop.calls};
+  FailingPrograms programs{desktop.calls};
+  FailingHost host{desktop.queue, desktop.calls};
+  Process process{desktop, Services()};
+};
+
+TEST_F(MainStepsTest, TheSetUpWritesInItsOrder) {
+  files.failures.FailEvery(FileCall::kWriteIni, 1);
+  Main(process, "/INSTALL C:\\x\\");
+  EXPECT_THAT(desktop.calls, ElementsAre("Options InstallPath", "PictureFiles File0", "PictureFiles File1",
+                                         "PictureFiles File2", "SoundFiles File0", "SoundFiles File1",
+                                         "boot SCRNSAVE.EXE SYSTEM.INI", "OpenDisplaySettings", "SendKeys Qu"));
+  EXPECT_TRUE(desktop.boxes.shown.empty());
+}
+
+TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
+  for (const auto& [text, path] :
+       std::vector<std::pair<std::string, std::string>>{{"/INSTALL C:\\Program Files\\x\\ ", "C:\\Program Files\\x\\"},
+                                                        {"/INSTALL=C:\\x\\", "C:\\x\\"},
+                                                        {"/INSTALL\xC3\xA9/x/", "/x/"},
+                                                        {"/INSTALL   /a /INSTALL b", "/a /INSTALL b"},
+                                                        {"/INSTALL\t\tx", "\tx"},
+                                                        {"/INSTALLx", ""},
+                                                        {"/INSTALL", ""}}) {
+    Main(process, text);
+    EXPECT_EQ(process.Option("InstallPath", "none"), path) << text;
+  }
+}
+
+TEST_F(MainStepsTest, AFailedSetUpStepIsTheOnlyOneThatIsRepeatedOrLeftOut) {
+  using Answer = MessageBoxAnswer;
+  for (const auto& [answer, opened, keys, stored] :
+       std::vector<std::tuple<Answer, int, int, int>>{{Answer::kAbort, 1, 0, 1},
+                                                      {Answer::kNone, 1, 0, 1},
+                                                      {Answer::kIgnore, 1, 1, 1},
+                                                      {Answer::kRetry, 2, 1, 1}}) {
+    desktop.calls.clear();
+    programs.failures_left = 1;
+    desktop.boxes.Answer(answer);
+    Main(process, "/INSTALL C:\\x\\");
+    EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "OpenDisplaySettings"), opened);
+    EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "SendKeys Qu"), keys);
+    EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "Options InstallPath"), stored);
+  }
+}
+
+TEST_F(MainStepsTest, AFailedStartUpStepGetsTheSameBox) {
+  using Answer = MessageBoxAnswer;
+  struct Case {
+    std::vector<Answer> answers;
+    int asked;
+    const char* mode;
+    const char* directory;
+    bool show;
+  };
+  for (const Case& c : {Case{{Answer::kAbort}, 1, "", "", false},
+                        {{Answer::kNone}, 1, "", "", false},
+                        {{Answer::kCancel}, 1, "", "", false},
+                        {{Answer::kIgnore}, 1, "/S", "", true},
+                        {{Answer::kRetry, Answer::kRetry}, 3, "/S", "C:\\WINDOWS\\SYSTEM", true},
+                        {{Answer::kRetry, Answer::kAbort}, 2, "", "", false}}) {
+    Process fresh(desktop, Services());
+    desktop.boxes.shown.clear();
+    host.asked = 0;
+    host.failures_left = static_cast<int>(c.answers.size());
+    for (const Answer answer : c.answers) desktop.boxes.Answer(answer);
+    Main(fresh, "/S");
+    ASSERT_EQ(desktop.boxes.shown.size(), c.answers.size());
+    EXPECT_EQ(desktop.boxes.shown[0].text,
+              "The following error was encountered:\r8: Nowhere.Host\r"
+              "Please report this error to the manufacturer.");
+    EXPECT_EQ(host.asked, c.asked);
+    EXPECT_EQ(fresh.ScreenTwipsX, 15);
+    EXPECT_EQ(fresh.RunMode, c.mode);
+    EXPECT_EQ(fresh.SystemDirectory, c.directory);
+    EXPECT_EQ(fresh.app.Forms.Count(), c.show ? 1 : 0);
+  }
+}
+
+TEST_F(MainStepsTest, TheSystemDirectoryEndsAtANulOrAfter143Bytes) {
+  for (const auto& [given, taken] :
+       std::vector<std::pair<std::string, std::string>>{{"/usr/bin", "/usr/bin"},
+                                                        {std::string("C:\\W\0junk", 9), "C:\\W"},
+                                                        {std::string(200, 'd'), std::string(143, 'd')}}) {
+    host.system_directory = given;
+    Main(process, "x");
+    EXPECT_EQ(process.SystemDirectory, taken);
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/failure.h"
+#include "support/failure_of.h"
 #include "toolkit/application.h"
 #include "toolkit/form.h"
 #include "toolkit/image_control.h"
@@ -59,16 +60,5 @@ class ScriptedForm : public Form {
   void Form_MouseDown() override { events.emplace_back("MouseDown"); }
   void Form_MouseMove() override { events.emplace_back("MouseMove"); }
 };
-
-// The number of the failure that `body` ends with.
-inline FailureNumber FailureOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const Failure& failure) {
-    return failure.Number();
-  }
-  ADD_FAILURE() << "no failure";
-  return FailureNumber::kInternal;
-}
 
 }  // namespace quorvale
