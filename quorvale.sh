@@ -7,6 +7,7 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsql
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 test_packages="libgtest-dev libgmock-dev python3 sox"
+saver_packages="xscreensaver"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -71,7 +72,7 @@ run_tests() {
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
 run_all_tests() {
-  need $screen_packages
+  need $screen_packages $saver_packages
   build sanitize
   build release
   say "Testing core and headless platform under the sanitizers"
@@ -81,6 +82,15 @@ run_all_tests() {
   say "Under the sanitizers: $(count_of build/sanitize)"
   count_of build
 }
+
+# Whatever the user's umask is, everybody may read what the package brings.
+package() (
+  need dpkg-dev desktop-file-utils
+  build release
+  umask 022
+  desktop-file-validate packaging/*.desktop
+  cpack --config build/CPackConfig.cmake -B build/packages
+)
 
 lint() {
   need $lint_packages
@@ -98,7 +108,7 @@ case "${1:-}" in
   build) build release ;;
   configure) build release && build/quorvale /C ;;
   bench) need $screen_packages $bench_packages && build release && scripts/bench.sh "${@:2}" ;;
-  package) need dpkg-dev && build release && cpack --config build/CPackConfig.cmake -B build/packages ;;
+  package) package ;;
   lint) lint ;;
   *)
     cat <<'TEXT'
