@@ -2,6 +2,7 @@
 # Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+source scripts/play-list.sh
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libxcb1-dev libxcb-shm0-dev"
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
@@ -36,9 +37,6 @@ build() {
   rm -f build-log.txt
   cmake --build --preset "$1"
 }
-
-# A play list entry: the name from column 1, the directory from column 256, 512 columns in all.
-entry() { printf '%-255s%-257s' "$2" "$1/"; }
 
 # A settings store of the show's own, with the samples in both lists.
 prepare_show() {
