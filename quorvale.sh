@@ -7,8 +7,8 @@ source scripts/play-list.sh
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libxcb1-dev libxcb-shm0-dev"
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
-test_packages="libgtest-dev libgmock-dev python3 sox"
 saver_packages="xscreensaver"
+test_packages="libgtest-dev libgmock-dev python3 sox"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -70,12 +70,13 @@ run_tests() {
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
 run_all_tests() {
-  need $screen_packages $saver_packages
+  need $screen_packages
   build sanitize
   build release
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
   say "Testing everything"
+  need $saver_packages
   run_tests build
   say "Under the sanitizers: $(count_of build/sanitize)"
   count_of build
