@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/win32/system/program_path.h"
+#include "platform/win32/windows_api.h"
 
 namespace quorvale {
 
@@ -32,7 +33,7 @@ class WorkDirectory {
     return Path(name);
   }
   std::string MakeDirectory(const std::string& name) const {
-    std::filesystem::create_directories(Path(name));
+    CreateDirectoryA(Path(name).c_str(), nullptr);
     return Path(name);
   }
 
