@@ -13,8 +13,8 @@ namespace quorvale {
 // A directory of a test's own beside the test program, gone with the object.
 class WorkDirectory {
  public:
-  WorkDirectory() : path_(ProgramPath() + ".work\\") {
-    std::filesystem::remove_all(path_);
+  WorkDirectory()
+      : path_(ProgramPath() + "." + std::to_string(GetTickCount64()) + "." + std::to_string(++made_) + "\\") {
     std::filesystem::create_directories(path_);
   }
   ~WorkDirectory() {
@@ -38,6 +38,7 @@ class WorkDirectory {
   }
 
  private:
+  inline static int made_ = 0;
   std::string path_;
 };
 
