@@ -1,13 +1,14 @@
 """The show and the preview on Windows, as their user meets them."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
 import time
 import unittest
 
-from wine_session import BUILD, Display, WineSession, wait_until
+from wine_session import BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, wait_until
 
 RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
 
@@ -104,6 +105,28 @@ class Show(WindowsTest):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
 
 
+class Password(WindowsTest):
+    def test_a_wrong_password_lets_the_show_go_on_and_the_right_one_ends_it(self):
+        for file in (PROGRAM, PASSWORD):
+            shutil.copy(file, self.session.folder)
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}, WINE: {"Version": "win98"}})
+        program = self.session.start_show(os.path.join(self.session.folder, os.path.basename(PROGRAM)))
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.wait_for_colour(BLUE)
+        self.assert_runs(program)
+        self.keep_screenshot("windows-password")
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_the_nt_family_leaves_it_to_the_system(self):
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}})
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+
 class Preview(WindowsTest):
     def test_shows_its_pictures_in_the_host_and_leaves_at_the_close_message(self):
         self.session.options(Stretch="1")
@@ -139,11 +162,10 @@ class Preview(WindowsTest):
 
     def host_corner(self):
         """Where the desktop of Wine's that stands for the host lies on the screen."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Wine desktop$", "getwindowgeometry",
-                                "--shell"], env=self.display.environment, stdout=subprocess.PIPE, text=True,
-                               check=False).stdout
-        geometry = dict(line.split("=") for line in found.splitlines() if "=" in line)
-        return (int(geometry["X"]), int(geometry["Y"])) if "X" in geometry else None
+        found = subprocess.run(["xwininfo", "-name", "preview - Wine desktop"], env=self.display.environment,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=False).stdout
+        corner = re.findall(r"Absolute upper-left [XY]: +(\d+)", found)
+        return tuple(map(int, corner)) if corner else None
 
     def is_running(self, name):
         return name in self.session.run("wine", "tasklist").decode(errors="replace")

@@ -3,14 +3,20 @@
 import os
 import subprocess
 import sys
+import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "e2e"))
 from desktop_session import BUILD, Display, wait_until, write_bmp  # noqa: E402
 
 PROGRAM = os.path.join(BUILD, "Quorvale.scr")
+PASSWORD = os.path.join(BUILD, "scripted_password", "password.cpl")
 HOST = os.path.join(BUILD, "preview_host.exe")
 PREFIX = os.path.join(BUILD, "wine-e2e")
 KEY = r"HKEY_CURRENT_USER\Software\Halvern Inc.\Quorvale Customizable Screen Saver"
+
+
+WINE = r"HKEY_CURRENT_USER\Software\Wine"
+DESKTOP = r"HKEY_CURRENT_USER\Control Panel\Desktop"
 
 
 def windows_path(path):
@@ -39,7 +45,8 @@ class WineSession:
             os.makedirs(PREFIX, exist_ok=True)
             self.run("wineboot", "--init")
             self.run("wineserver", "-w")
-        self.write({"": None})
+        self.write({"": None, WINE: {"Version": "win10"},
+                    DESKTOP: {"ScreenSaveUsePassword": "0"}})
         self.options(SwapAffect="None", Interval="2")
 
     def close(self):
@@ -57,11 +64,11 @@ class WineSession:
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               check=False).stdout
 
-    def write(self, values, key=KEY):
-        """Text values by section and name, below `key`; a section with None in place of values is deleted."""
+    def write(self, values):
+        """Text values by section, or by a key of its own, and name; what has None in place of values is deleted."""
         lines = ["REGEDIT4"]
         for section, names in values.items():
-            path = f"{key}\\{section}" if section else key
+            path = section if section.startswith("HKEY_") else f"{KEY}\\{section}".rstrip("\\")
             lines += ["", f"[-{path}]" if names is None else f"[{path}]"]
             lines += [f'"{name}"="{escaped(value)}"' for name, value in (names or {}).items()]
         path = os.path.join(self.folder, "settings.reg")
@@ -98,10 +105,16 @@ class WineSession:
         self._programs.append(started)
         return started
 
-    def start_show(self):
-        program = self.start("/S")
+    def start_show(self, program=PROGRAM):
+        program = self.start("/S", program=program)
         wait_until(self.display.window, "the show's window")
         return program
+
+    def wait_for_window(self, title):
+        """Until it takes keys: Wine needs a moment from the window manager's word to its own focus."""
+        wait_until(lambda: self.run("xdotool", "getactivewindow", "getwindowname").decode().strip() == title,
+                   f"the window {title}")
+        time.sleep(0.5)
 
     def start_host(self, kind):
         """A preview in a host of that kind; gives the host, and a function that gives its words so far."""
@@ -112,7 +125,14 @@ class WineSession:
             command[1:1] = ["explorer", "/desktop=preview,152x112"]
         host = subprocess.Popen(command, env=environment, stdin=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self._programs.append(host)
-        return host, lambda: open(log, encoding="ascii").read().split("\n")[:-1] if os.path.exists(log) else []
+
+        def words():
+            if not os.path.exists(log):
+                return []
+            with open(log, encoding="ascii") as file:
+                return file.read().split("\n")[:-1]
+
+        return host, words
 
     def close_preview(self):
         self.run("wine", "explorer", "/desktop=preview,152x112", windows_path(HOST), "close")

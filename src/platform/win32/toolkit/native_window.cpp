@@ -48,6 +48,7 @@ const wchar_t* NativeWindow::ClassName() {
     window_class.cbSize = sizeof window_class;
     window_class.lpfnWndProc = &NativeWindow::Procedure;
     window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(1));
     window_class.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
     window_class.lpszClassName = kName;
     return RegisterClassExW(&window_class) != 0;

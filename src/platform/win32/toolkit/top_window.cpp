@@ -34,7 +34,9 @@ void TopWindow::SetBounds(const PixelRect& bounds) {
 
 void TopWindow::SetIcon(const Artwork& artwork) {
   Icon icon = artwork ? MakeIcon(artwork(scale_)) : Icon();
-  SendMessageW(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon.get()));
+  for (const WPARAM size : {ICON_SMALL, ICON_BIG}) {
+    SendMessageW(Window(), WM_SETICON, size, reinterpret_cast<LPARAM>(icon.get()));
+  }
   icon_ = std::move(icon);
 }
 

@@ -15,12 +15,16 @@ ControlKind KindOf(const Button& button) {
 ButtonControl::ButtonControl(DialogWindow& dialog, Button& button)
     : ControlPeer(dialog, button, KindOf(button)), button_(button) {
   if (button.Cancel) dialog.SetCancelButton(*this);
-  if (!button.Default) return;
-  dialog.SetDefaultButton(*this);
-  SetWindowLongPtrW(Window(), GWLP_ID, IDOK);
+  if (button.Default) dialog.SetDefaultButton(*this);
 }
 
 ButtonControl::~ButtonControl() { Dialog().ForgetButton(*this); }
+
+LRESULT ButtonControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_SETFOCUS) Dialog().MarkDefault(*this);
+  if (message == WM_KILLFOCUS) Dialog().UnmarkDefault(*this);
+  return Default(message, first, second);
+}
 
 void ButtonControl::OnCommand(int code) {
   if (code == BN_CLICKED) Press();

@@ -14,9 +14,11 @@ class ButtonControl : public ControlPeer<> {
   ButtonControl(const ButtonControl&) = delete;
   ButtonControl& operator=(const ButtonControl&) = delete;
 
+  bool IsButton() const override { return true; }
   void Press() override { button_.UserClick(); }
 
  protected:
+  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
   void OnCommand(int code) override;
 
  private:

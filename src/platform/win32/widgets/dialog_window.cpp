@@ -15,6 +15,8 @@
 namespace quorvale {
 namespace {
 
+constexpr UINT kLeave = WM_APP + 20;
+
 // Enough for a line of explanation before it wraps.
 constexpr int kToolTipWidth = 300;
 
@@ -23,6 +25,11 @@ HWND MakeToolTips(HWND owner) {
                                     0, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr);
   SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kToolTipWidth);
   return tips;
+}
+
+void ShowDefault(const NativeControl* button, bool is_default) {
+  if (button == nullptr) return;
+  SendMessageW(button->Window(), BM_SETSTYLE, is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }
 
 struct Others {
@@ -36,6 +43,18 @@ BOOL CALLBACK AddIfTakingInput(HWND window, LPARAM others) {
     Deliver([&] { list.windows.push_back(window); });
   }
   return TRUE;
+}
+
+struct AccessKey {
+  wchar_t key;
+  bool is_taken;
+};
+
+BOOL CALLBACK OfferAccessKey(HWND window, LPARAM pressed) {
+  auto& access = *reinterpret_cast<AccessKey*>(pressed);
+  NativeControl* const control = NativeControl::Of(window);
+  if (control != nullptr) Deliver([&] { access.is_taken = control->TakeAccessKey(access.key); });
+  return access.is_taken ? FALSE : TRUE;
 }
 
 BOOL CALLBACK FollowScaleOf(HWND window, LPARAM /*unused*/) {
@@ -63,8 +82,8 @@ void DialogWindow::Appear() {
   if (active != nullptr && active != Window() && IsWindowVisible(active) != 0) {
     SetWindowLongPtrW(Window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(active));
   }
-  SetFirstFocus();
   TopWindow::Appear();
+  if (focus_ == nullptr) Focus(NextTabStop(Window(), nullptr, false));
 }
 
 // The others take input again first, or the system would make another program's window the active one.
@@ -108,6 +127,21 @@ void DialogWindow::Focus(HWND control) {
   if (IsWindowVisible(Window()) != 0) SetFocus(control);
 }
 
+void DialogWindow::LeaveSoon(HWND control) const {
+  const HWND focus = GetFocus();
+  if (focus == control || IsChild(control, focus) != 0) {
+    PostMessageW(Window(), kLeave, reinterpret_cast<WPARAM>(control), 0);
+  }
+}
+
+// The handler may have given the focus to another itself, or the control back its own.
+void DialogWindow::Leave(HWND control) const {
+  const HWND focus = GetFocus();
+  const bool is_well = focus != nullptr && IsWindowVisible(focus) != 0 && IsWindowEnabled(focus) != 0 &&
+                       (GetWindowLongW(focus, GWL_STYLE) & WS_TABSTOP) != 0;
+  if (!is_well) SetFocus(NextTabStop(Window(), control, false));
+}
+
 void DialogWindow::ForgetButton(const NativeControl& button) {
   if (default_button_ == &button) default_button_ = nullptr;
   if (cancel_button_ == &button) cancel_button_ = nullptr;
@@ -126,7 +160,55 @@ bool DialogWindow::TranslateKey(MSG& message) {
     Events().OnHelpRequested();
     return true;
   }
-  return IsDialogMessageW(Window(), &message) != 0;
+  if (message.message == WM_SYSCHAR && TakeAccessKey(static_cast<wchar_t>(message.wParam))) return true;
+  return TranslateDialogKey(message) || IsDialogMessageW(Window(), &message) != 0;
+}
+
+// The keys for which the system needs its own kind of dialog, whose frames are in the tab order one by one.
+bool DialogWindow::TranslateDialogKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN) return false;
+  const WPARAM key = message.wParam;
+  if (key != VK_TAB && key != VK_RETURN && key != VK_ESCAPE) return false;
+  // An open list takes them for itself.
+  const LRESULT wishes = SendMessageW(message.hwnd, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message));
+  if ((wishes & (DLGC_WANTALLKEYS | DLGC_WANTMESSAGE)) != 0) return false;
+  if (key == VK_TAB) {
+    MoveFocus(GetKeyState(VK_SHIFT) < 0);
+  } else if (key == VK_RETURN) {
+    PressDefault();
+  } else if (cancel_button_ != nullptr) {
+    cancel_button_->Press();
+  }
+  return true;
+}
+
+void DialogWindow::MoveFocus(bool backwards) const {
+  const HWND next = NextTabStop(Window(), GetFocus(), backwards);
+  SetFocus(next);
+  if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(next, EM_SETSEL, 0, -1);
+}
+
+// For what the system gives no access keys.
+bool DialogWindow::TakeAccessKey(wchar_t key) const {
+  AccessKey pressed{key, false};
+  EnumChildWindows(Window(), &OfferAccessKey, reinterpret_cast<LPARAM>(&pressed));
+  return pressed.is_taken;
+}
+
+void DialogWindow::PressDefault() const {
+  NativeControl* const focused = NativeControl::Of(GetFocus());
+  NativeControl* const button = focused != nullptr && focused->IsButton() ? focused : default_button_;
+  if (button != nullptr) button->Press();
+}
+
+void DialogWindow::MarkDefault(const NativeControl& focused) const {
+  ShowDefault(default_button_, false);
+  ShowDefault(&focused, true);
+}
+
+void DialogWindow::UnmarkDefault(const NativeControl& focused) const {
+  ShowDefault(&focused, false);
+  ShowDefault(default_button_, true);
 }
 
 LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
@@ -134,7 +216,7 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (NativeControl::Reflect(message, first, second, result)) return result;
   switch (message) {
     case WM_COMMAND:
-      if (OnCommand(LOWORD(first))) return 0;
+      if (menu_bar_ != nullptr && menu_bar_->Choose(LOWORD(first))) return 0;
       break;
     case WM_ENTERMENULOOP:
     case WM_EXITMENULOOP:
@@ -143,8 +225,17 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_INITMENUPOPUP:
       if (menu_bar_ != nullptr) menu_bar_->Opens(reinterpret_cast<HMENU>(first));
       return 0;
-    case DM_GETDEFID:
-      return default_button_ != nullptr ? MAKELONG(IDOK, DC_HASDEFID) : 0;
+    case kLeave:
+      Leave(reinterpret_cast<HWND>(first));
+      return 0;
+    case WM_NEXTDLGCTL:
+      // The access key of a label gives the focus to the label and moves it on.
+      if (LOWORD(second) != 0) {
+        SetFocus(reinterpret_cast<HWND>(first));
+      } else {
+        MoveFocus(first != 0);
+      }
+      return 0;
     case WM_ACTIVATE:
       if (LOWORD(first) == WA_INACTIVE && IsChild(Window(), GetFocus()) != 0) focus_ = GetFocus();
       break;
@@ -160,25 +251,12 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   return TopWindow::OnMessage(message, first, second);
 }
 
-bool DialogWindow::OnCommand(int id) {
-  NativeControl* const button = id == IDOK ? default_button_ : id == IDCANCEL ? cancel_button_ : nullptr;
-  if (button != nullptr) {
-    button->Press();
-    return true;
-  }
-  return menu_bar_ != nullptr && menu_bar_->Choose(id);
-}
-
 // The fonts that the controls give up go only when all have new ones.
 void DialogWindow::FollowScale(int dpi) {
   SetDpi(dpi);
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
   Place();
   EnumChildWindows(Window(), &FollowScaleOf, 0);
-}
-
-void DialogWindow::SetFirstFocus() {
-  if (focus_ == nullptr) focus_ = GetNextDlgTabItem(Window(), nullptr, FALSE);
 }
 
 }  // namespace quorvale

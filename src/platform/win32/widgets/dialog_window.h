@@ -35,10 +35,16 @@ class DialogWindow : public TopWindow {
   HFONT FontOf(float points, bool bold) { return fonts_->Get(points, bold); }
   // At once, or when the window comes on the screen.
   void Focus(HWND control);
+  // That control is about to go or to be disabled: if it has the focus, another takes it once the handler that runs
+  // has done all that it does.
+  void LeaveSoon(HWND control) const;
   // What Enter and Escape press.
   void SetDefaultButton(NativeControl& button) { default_button_ = &button; }
   void SetCancelButton(NativeControl& button) { cancel_button_ = &button; }
   void ForgetButton(const NativeControl& button);
+  // Shows which button Enter presses: the one that has the focus, else the default button.
+  void MarkDefault(const NativeControl& focused) const;
+  void UnmarkDefault(const NativeControl& focused) const;
   // Null takes it away.
   void SetMenuBar(Win32MenuBar* bar);
 
@@ -49,9 +55,12 @@ class DialogWindow : public TopWindow {
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  bool OnCommand(int id);
+  bool TranslateDialogKey(const MSG& message);
+  void Leave(HWND control) const;
+  void MoveFocus(bool backwards) const;
+  bool TakeAccessKey(wchar_t key) const;
+  void PressDefault() const;
   void FollowScale(int dpi);
-  void SetFirstFocus();
   void LetOthersTakeInput();
 
   std::unique_ptr<DialogFonts> fonts_;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "base/failure.h"
 #include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
@@ -11,8 +13,9 @@
 namespace quorvale {
 namespace {
 
-// By it our subclass is known among those of others.
-constexpr UINT_PTR kSubclass = 0x51;
+constexpr UINT_PTR kSubclass = 1;
+// The property of a window that leads to its control.
+constexpr wchar_t kControl[] = L"QuorvaleControl";
 
 DWORD StyleOf(const Widget& widget, DWORD kind_style) {
   DWORD style = kind_style | WS_CHILD | WS_CLIPSIBLINGS;
@@ -30,6 +33,7 @@ NativeControl::NativeControl(DialogWindow& dialog, Widget& widget, const Control
                             StyleOf(widget, kind.style), place.left, place.top, place.width, place.height,
                             dialog.ContainerOf(widget), nullptr, GetModuleHandleW(nullptr), nullptr);
   if (window_ == nullptr) throw Failure(FailureNumber::kInternal, "A control could not be made", widget.Name());
+  SetPropW(window_, kControl, this);
   SetWindowSubclass(window_, &NativeControl::Procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   SetFont(0, false);
   dialog.AddToolTip(window_, widget.Design().tool_tip);
@@ -37,16 +41,11 @@ NativeControl::NativeControl(DialogWindow& dialog, Widget& widget, const Control
 
 NativeControl::~NativeControl() {
   if (window_ == nullptr) return;
-  RemoveWindowSubclass(window_, &NativeControl::Procedure, kSubclass);
-  DestroyWindow(window_);
+  DetachFromWindow();
+  DestroyWindow(std::exchange(window_, nullptr));
 }
 
-NativeControl* NativeControl::Of(HWND window) {
-  DWORD_PTR self = 0;
-  return GetWindowSubclass(window, &NativeControl::Procedure, kSubclass, &self) != 0
-             ? reinterpret_cast<NativeControl*>(self)
-             : nullptr;
-}
+NativeControl* NativeControl::Of(HWND window) { return static_cast<NativeControl*>(GetPropW(window, kControl)); }
 
 bool NativeControl::Reflect(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
   const auto control_of = [](LPARAM window) { return Of(reinterpret_cast<HWND>(window)); };
@@ -88,11 +87,11 @@ void NativeControl::Refresh(WidgetAspect aspect) {
       break;
     }
     case WidgetAspect::kVisible:
-      if (!widget_.Visible()) GiveFocusAway();
+      if (!widget_.Visible()) dialog_.LeaveSoon(window_);
       ShowWindow(window_, widget_.Visible() ? SW_SHOWNA : SW_HIDE);
       break;
     case WidgetAspect::kEnabled:
-      if (!widget_.Enabled()) GiveFocusAway();
+      if (!widget_.Enabled()) dialog_.LeaveSoon(window_);
       EnableWindow(window_, widget_.Enabled() ? TRUE : FALSE);
       break;
     case WidgetAspect::kCaption:
@@ -104,11 +103,9 @@ void NativeControl::Refresh(WidgetAspect aspect) {
   }
 }
 
-// A control that can't take keys would keep them from all others.
-void NativeControl::GiveFocusAway() const {
-  const HWND focus = GetFocus();
-  if (focus != window_ && IsChild(window_, focus) == 0) return;
-  SetFocus(GetNextDlgTabItem(dialog_.Window(), window_, FALSE));
+void NativeControl::DetachFromWindow() const {
+  RemoveWindowSubclass(window_, &NativeControl::Procedure, kSubclass);
+  RemovePropW(window_, kControl);
 }
 
 void NativeControl::TakeFocus() { dialog_.Focus(window_); }
@@ -126,11 +123,11 @@ void NativeControl::SetFont(float points, bool bold) {
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(dialog_.FontOf(points, bold)), TRUE);
 }
 
-LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
+LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR /*id*/,
                                           DWORD_PTR self) {
   auto* const control = reinterpret_cast<NativeControl*>(self);
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, &NativeControl::Procedure, id);
+    control->DetachFromWindow();
     control->window_ = nullptr;
     return DefSubclassProc(window, message, first, second);
   }

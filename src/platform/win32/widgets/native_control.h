@@ -38,8 +38,12 @@ class NativeControl {
   virtual bool IsOptionButton() const { return false; }
   // Whether what overlaps it stands before it, whatever the order of the two.
   virtual bool IsBackground() const { return false; }
-  // Enter or Escape stand for a press of it.
+  // Enter presses the button that has the focus.
+  virtual bool IsButton() const { return false; }
   virtual void Press() {}
+
+  // The user pressed Alt and that key. True when it means something to the control that the system doesn't know.
+  virtual bool TakeAccessKey(wchar_t /*key*/) { return false; }
 
   // Looks at that aspect of the toolkit's control again.
   virtual void Refresh(WidgetAspect aspect);
@@ -67,7 +71,7 @@ class NativeControl {
   void SetFont(float points, bool bold);
 
  private:
-  void GiveFocusAway() const;
+  void DetachFromWindow() const;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                     DWORD_PTR self);
 

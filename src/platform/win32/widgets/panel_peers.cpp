@@ -16,6 +16,24 @@ ControlKind KindOf(const Label& label) {
           label.Style().border ? WS_EX_CLIENTEDGE : 0U};
 }
 
+// What the artwork lets through shows `background`.
+void LayOn(const PixelView& artwork, Colour background) {
+  const Pixel below = ToPixel(background);
+  const auto mix = [](Pixel upper, Pixel lower, unsigned shift, unsigned opacity) {
+    const unsigned a = upper >> shift & 0xFFU;
+    const unsigned b = lower >> shift & 0xFFU;
+    return (a * opacity + b * (0xFFU - opacity)) / 0xFFU << shift;
+  };
+  for (int y = 0; y < artwork.height; ++y) {
+    for (int x = 0; x < artwork.width; ++x) {
+      Pixel& pixel = artwork.Row(y)[x];
+      const unsigned opacity = pixel >> 24U;
+      pixel =
+          0xFF000000U | mix(pixel, below, 16, opacity) | mix(pixel, below, 8, opacity) | mix(pixel, below, 0, opacity);
+    }
+  }
+}
+
 void Fill(HWND window, HDC context, HBRUSH brush) {
   RECT client{};
   GetClientRect(window, &client);
@@ -75,6 +93,13 @@ LRESULT ImageViewControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_PAINT:
       Paint();
       return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      InvalidateRect(Window(), nullptr, FALSE);
+      break;
+    case WM_KEYDOWN:
+      if (first == VK_SPACE) view_.UserClick();
+      break;
     case WM_SETCURSOR:
       if (!view_.Click) break;
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_HAND)));
@@ -93,7 +118,13 @@ void ImageViewControl::Paint() {
   Bitmap artwork = view_.GetArtwork() ? view_.GetArtwork()(Dialog().Scale()) : Bitmap();
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(Window(), &paint);
-  if (artwork.Width() > 0) CopyPixels(context, artwork.View(), artwork.View().Bounds());
+  Fill(Window(), context, GetSysColorBrush(COLOR_BTNFACE));
+  if (artwork.Width() > 0) {
+    LayOn(artwork.View(), GetSysColor(COLOR_BTNFACE));
+    CopyPixels(context, artwork.View(), artwork.View().Bounds());
+  }
+  RECT client{};
+  if (GetFocus() == Window() && GetClientRect(Window(), &client) != 0) DrawFocusRect(context, &client);
   EndPaint(Window(), &paint);
 }
 

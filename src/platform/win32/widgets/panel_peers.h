@@ -43,7 +43,7 @@ class RuleControl : public ControlPeer<> {
 class ImageViewControl : public ControlPeer<> {
  public:
   ImageViewControl(DialogWindow& dialog, ImageView& view)
-      : ControlPeer(dialog, view, {L"STATIC", SS_NOTIFY}), view_(view) {}
+      : ControlPeer(dialog, view, {L"STATIC", SS_NOTIFY | (view.Click ? WS_TABSTOP : 0U)}), view_(view) {}
 
   bool IsBackground() const override { return true; }
 

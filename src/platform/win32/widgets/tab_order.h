@@ -9,4 +9,8 @@ namespace quorvale {
 // in no order below those that are.
 void ArrangeTabOrder(HWND parent);
 
+// The control that the Tab key leads to, in the order of the tab indices across all frames: the one after
+// `from`, or before it; the first where `from` is no control. Null when none can take the focus.
+HWND NextTabStop(HWND dialog, HWND from, bool backwards);
+
 }  // namespace quorvale

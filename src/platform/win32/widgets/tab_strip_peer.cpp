@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <cwctype>
+
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
@@ -19,6 +21,20 @@ TabStripControl::TabStripControl(DialogWindow& dialog, TabStrip& strip)
     Send(TCM_INSERTITEMW, static_cast<WPARAM>(position++), reinterpret_cast<LPARAM>(&item));
   }
   ShowSelected();
+}
+
+bool TabStripControl::TakeAccessKey(wchar_t key) {
+  if (IsWindowVisible(Window()) == 0 || IsWindowEnabled(Window()) == 0) return false;
+  const auto upper = [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); };
+  for (std::size_t i = 0; i < strip_.Tabs().size(); ++i) {
+    const std::wstring caption = ToWide(strip_.Tabs()[i].caption);
+    const std::size_t mark = caption.find(L'&');
+    if (mark == std::wstring::npos || mark + 1 == caption.size() || upper(caption[mark + 1]) != upper(key)) continue;
+    TakeFocus();
+    strip_.UserSelect(static_cast<int>(i) + 1);
+    return true;
+  }
+  return false;
 }
 
 void TabStripControl::Refresh(WidgetAspect aspect) {

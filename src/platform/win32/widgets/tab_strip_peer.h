@@ -12,6 +12,7 @@ class TabStripControl : public ControlPeer<> {
   TabStripControl(DialogWindow& dialog, TabStrip& strip);
 
   bool IsBackground() const override { return true; }
+  bool TakeAccessKey(wchar_t key) override;
   void Refresh(WidgetAspect aspect) override;
 
  protected:
