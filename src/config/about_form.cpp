@@ -3,7 +3,6 @@
 #include <array>
 
 #include "base/failure.h"
-#include "base/numbers.h"
 #include "config/application_info.h"
 #include "config/artwork.h"
 #include "config/center_form.h"
@@ -30,22 +29,22 @@ constexpr char kDisclaimer[] =
 
 constexpr std::uint32_t kInfoAccess = 0x2003F;
 constexpr std::size_t kValueSize = 1024;
-constexpr char kInfoKey[] = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
+constexpr char kInfoKey[] = R"(SOFTWARE\Microsoft\Shared Tools\MSINFO)";
 constexpr char kInfoPathValue[] = "PATH";
-constexpr char kToolsKey[] = "SOFTWARE\\Microsoft\\Shared Tools Location";
+constexpr char kToolsKey[] = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 constexpr char kInfoFolderValue[] = "MSINFO";
 constexpr char kInfoProgram[] = "\\MSINFO32.EXE";
 
-// The bytes of a number, the lowest first, in decimal.
+// A 32-bit number, whose lowest byte comes first, in decimal. Bytes that are missing are 0.
 std::string DecimalOf(const std::string& bytes) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string text = "&H";
-  for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-    const auto value = static_cast<unsigned char>(*byte);
-    text += kDigits[value / 16];
-    text += kDigits[value % 16];
+  constexpr std::size_t kNumberSize = 4;
+  std::uint32_t number = 0;
+  std::uint32_t shift = 0;
+  for (const char byte : bytes.substr(0, kNumberSize)) {
+    number |= static_cast<std::uint32_t>(static_cast<unsigned char>(byte)) << shift;
+    shift += 8;
   }
-  return std::to_string(RoundToInt32(LenientParse(text)));
+  return std::to_string(static_cast<std::int32_t>(number));
 }
 
 }  // namespace
@@ -109,9 +108,9 @@ std::string frmAbout::FindSysInfo() {
 bool frmAbout::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
                            std::string& KeyVal) {
   Registry& registry = process_.system.registry;
-  RegistryKey handle = 0;
-  const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, handle);
-  const OpenRegistryKey key(registry, handle);
+  RegistryKey info_key = 0;
+  const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, info_key);
+  const OpenRegistryKey key(registry, info_key);
 
   std::uint32_t type = 0;
   std::array<char, kValueSize> buffer = {};

@@ -134,8 +134,9 @@ Pixel MeanOf(const Shade& shade, int x, int y, double per_pixel) {
   constexpr int kGrid = 4;
   std::array<std::uint32_t, 3> sums = {};
   for (int i = 0; i < kGrid * kGrid; ++i) {
+    const int row = i / kGrid;
     const double dx = (i % kGrid + 0.5) / kGrid;
-    const double dy = (static_cast<double>(i / kGrid) + 0.5) / kGrid;
+    const double dy = (row + 0.5) / kGrid;
     const Pixel pixel = shade({(x + dx) * per_pixel, (y + dy) * per_pixel});
     for (std::size_t channel = 0; channel < sums.size(); ++channel) sums[channel] += pixel >> (8 * channel) & 0xFFU;
   }
