@@ -58,12 +58,17 @@ QWidget& DialogWindow::ContainerOf(const Frame* frame) const {
   return found != containers_.end() ? *found->second : *client_;
 }
 
+void DialogWindow::AddControl(const Widget& control, QWidget& widget) {
+  controls_.push_back({&control, &widget});
+  widget.installEventFilter(this);
+}
+
 QMenuBar& DialogWindow::AddMenuBar() {
-  auto* const bar = new QMenuBar(this);
+  menu_bar_ = new QMenuBar(this);
   // A desktop may keep menus elsewhere, where they would be out of place while a dialog is open.
-  bar->setNativeMenuBar(false);
-  layout()->setMenuBar(bar);
-  return *bar;
+  menu_bar_->setNativeMenuBar(false);
+  layout()->setMenuBar(menu_bar_);
+  return *menu_bar_;
 }
 
 void DialogWindow::CloseMenusSoon() {
@@ -82,6 +87,20 @@ void DialogWindow::CloseMenus() {
 // Escape.
 void DialogWindow::reject() {
   if (cancel_button_ && cancel_button_->isEnabled()) cancel_button_->click();
+}
+
+// An access key that a menu and a control share opens the menu; Qt would go from the one to the other.
+bool DialogWindow::eventFilter(QObject* control, QEvent* event) {
+  const auto* const shortcut = event->type() == QEvent::Shortcut ? static_cast<QShortcutEvent*>(event) : nullptr;
+  if (shortcut == nullptr || !shortcut->isAmbiguous() || menu_bar_ == nullptr) {
+    return QDialog::eventFilter(control, event);
+  }
+  for (QAction* const menu : menu_bar_->actions()) {
+    if (QKeySequence::mnemonic(menu->text()) != shortcut->key()) continue;
+    menu_bar_->setActiveAction(menu);
+    return true;
+  }
+  return QDialog::eventFilter(control, event);
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {

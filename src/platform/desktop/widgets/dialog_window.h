@@ -33,7 +33,7 @@ class DialogWindow : public QDialog {
   void AddContainer(const Frame& frame, QWidget& widget) { containers_[&frame] = &widget; }
 
   // Gives the widget its place in the tab order, counted when the window appears.
-  void AddControl(const Widget& control, QWidget& widget) { controls_.push_back({&control, &widget}); }
+  void AddControl(const Widget& control, QWidget& widget);
   // Escape presses that button.
   void SetCancelButton(QPushButton& button) { cancel_button_ = &button; }
 
@@ -45,6 +45,7 @@ class DialogWindow : public QDialog {
   void CloseMenus();
 
   void reject() override;
+  bool eventFilter(QObject* control, QEvent* event) override;
 
  Q_SIGNALS:
   void MenusClosed();
@@ -68,6 +69,7 @@ class DialogWindow : public QDialog {
   std::map<const Frame*, QWidget*> containers_;
   std::vector<Control> controls_;
   QPointer<QPushButton> cancel_button_;
+  QMenuBar* menu_bar_ = nullptr;
   bool menus_are_open_ = false;
   bool is_arranged_ = false;
 };

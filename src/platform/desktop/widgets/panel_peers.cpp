@@ -61,7 +61,10 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Rule& rule) {
   palette.setColor(QPalette::Window, ToQt(rule.LineColor()));
   widget->setPalette(palette);
   widget->setMinimumHeight(Scaled(1));
-  return std::make_unique<ControlPeer>(window, rule, std::move(widget), [] {});
+  auto* const it = widget.get();
+  auto peer = std::make_unique<ControlPeer>(window, rule, std::move(widget), [] {});
+  it->lower();
+  return peer;
 }
 
 std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, ImageView& view) {
