@@ -1,5 +1,6 @@
 #include "platform/desktop/widgets/panel_widgets.h"
 
+#include <QAbstractButton>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -19,14 +20,26 @@ void FrameBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const QFontMetrics metrics(font());
   const int top = title().isEmpty() ? 0 : metrics.height() / 2;
+  const QRect text(Scaled(kCaptionLeft), 0, metrics.horizontalAdvance(WithoutAccessKey(title())), metrics.height());
+  QRegion free = QRegion(rect()) - CoveredByOthers();
+  if (!title().isEmpty()) free -= text.adjusted(-Scaled(2), 0, Scaled(2), 0);
+  painter.setClipRegion(free);
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawRect(rect().adjusted(0, top, -1, -1));
-  if (title().isEmpty()) return;
-  const int gap = Scaled(2);
-  const QRect text(Scaled(kCaptionLeft), 0, metrics.horizontalAdvance(WithoutAccessKey(title())), metrics.height());
-  painter.fillRect(text.adjusted(-gap, 0, gap, 0), palette().window());
+  painter.setClipping(false);
   style()->drawItemText(&painter, text, Qt::AlignLeft | Qt::TextShowMnemonic | Qt::TextDontClip, palette(), isEnabled(),
                         title(), QPalette::WindowText);
+}
+
+// A control may lie over the edge in place of a caption.
+QRegion FrameBox::CoveredByOthers() const {
+  QRegion covered;
+  for (const QWidget* const other : parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (qobject_cast<const QAbstractButton*>(other) == nullptr || other->isHidden()) continue;
+    const QSize seen = other->sizeHint().boundedTo(other->size());
+    covered += QRect(other->pos() - pos(), QSize(seen.width(), other->height()));
+  }
+  return covered;
 }
 
 ArtworkWidget::ArtworkWidget(ImageView& view) : view_(view) {

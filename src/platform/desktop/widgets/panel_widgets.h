@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QImage>
+#include <QRegion>
 #include <QTabBar>
 #include <QWidget>
 
@@ -17,6 +19,9 @@ class FrameBox : public QGroupBox {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QRegion CoveredByOthers() const;
 };
 
 // Artwork, drawn for the pixels that are there.
