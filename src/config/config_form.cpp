@@ -1,10 +1,15 @@
 #include "config/config_form.h"
 
+#include <memory>
+#include <utility>
+
 #include "base/text.h"
+#include "config/about_form.h"
 #include "config/application_info.h"
 #include "config/center_form.h"
 #include "config/help_commands.h"
 #include "config/list_editing.h"
+#include "config/options_form.h"
 #include "config/stored_play_lists.h"
 #include "config/told_failure.h"
 #include "playlist/list_entry.h"
@@ -59,8 +64,10 @@ void frmConfig::ConnectMenus() {
       view->SetFocus();
     };
   }
+  connect("mnuOptions", &frmConfig::mnuOptions_Click);
   connect("mnuHelpContents", &frmConfig::mnuHelpContents_Click);
   connect("mnuHelpSearchForHelpOn", &frmConfig::mnuHelpSearchForHelpOn_Click);
+  connect("mnuHelpAbout", &frmConfig::mnuHelpAbout_Click);
 }
 
 void frmConfig::Form_Load() {
@@ -124,6 +131,24 @@ void frmConfig::mnuExit_Click() {
   const SaveAnswer answer = PromptSaveChanges();
   if (answer == SaveAnswer::kSaved) cmdOK_Click();
   if (answer == SaveAnswer::kGivenUp) Unload();
+}
+
+void frmConfig::mnuOptions_Click() {
+  PausePreview(true);
+  Attempt([this] {
+    const auto options = std::make_shared<frmOptions>(process_);
+    options->SetIcon(Icon());
+    options->ShowModal();
+  });
+  PausePreview(false);
+  Attempt([this] { RefreshPreview(); });
+  UpdateCommandStates();
+}
+
+void frmConfig::mnuHelpAbout_Click() {
+  PausePreview(true);
+  Attempt([this] { std::make_shared<frmAbout>(process_)->ShowModal(); });
+  PausePreview(false);
 }
 
 void frmConfig::mnuHelpContents_Click() { ShowHelp(process_, *this, kHelpFile, kHelpContents); }

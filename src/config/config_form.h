@@ -60,6 +60,8 @@ class frmConfig : public ConfigControls {
   void cmdOK_Click();
   void cmdCancel_Click();
   void mnuExit_Click();
+  void mnuOptions_Click();
+  void mnuHelpAbout_Click();
   void mnuHelpContents_Click();
   void mnuHelpSearchForHelpOn_Click();
 

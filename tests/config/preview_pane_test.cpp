@@ -49,6 +49,21 @@ TEST_F(ConfigTest, AnOpenMenuHoldsThePreviewForThatTimeAndNoLonger) {
   }
 }
 
+TEST_F(ConfigTest, DialogsHoldThePreviewAndTheOptionsRestartIt) {
+  OpenWith({"a"});
+  form->lstList[0].AddItem("b");
+  Select({0});
+  for (const bool fails : {false, true}) {
+    if (fails) process.SetOption("TransSpeed", "99999999999");
+    for (const char* const item : {"mnuOptions", "mnuHelpAbout"}) {
+      desktop.dialogs.WorkModal([this](WindowHandle) { EXPECT_TRUE(IsPaused()); });
+      EXPECT_EQ(Restarts([&] { Choose(item); }), item == std::string("mnuOptions"));
+      EXPECT_FALSE(IsPaused());
+      EXPECT_TRUE(form->cmdImages[kMoveDown].Enabled());
+    }
+  }
+}
+
 TEST(MonitorArtworkTest, TheParts) {
   const std::set<Pixel> usual = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0x808080,
                                  0xC0C0C0, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
