@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QImage>
-#include <QRegion>
 #include <QTabBar>
 #include <QWidget>
 
@@ -21,7 +19,8 @@ class FrameBox : public QGroupBox {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QRegion CoveredByOthers() const;
+  // What of it no control that stands over it takes, such as a check box in the place of the title.
+  QRegion OutsideSiblings() const;
 };
 
 // Artwork, drawn for the pixels that are there.
