@@ -87,7 +87,7 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
       {"an access key",
        [&] {
          Press(Qt::Key_A, Qt::AltModifier);
-         QTest::qWaitFor([&] { return !form_->told.empty(); });  // the button shows that it is pressed
+         EXPECT_TRUE(QTest::qWaitFor([&] { return !form_->told.empty(); }));  // the button shows that it is pressed
        },
        {"cmdAdd"}},
       {"a check box", [&] { Click("chk"), Click("chk"); }, {"chk", "chk"}},
