@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "decode_only.h"
 #include "groups.h"
 #include "live_show.h"
 #include "measure.h"
@@ -14,14 +15,6 @@ namespace quorvale {
 namespace {
 
 constexpr int kPixelsToLoad = 100'000'000;  // for each figure
-
-// One row in memory is all that it writes to: nothing but decoding.
-void DecodeOnly(const std::string& path, int divisor) {
-  JpegRows jpeg(path);
-  jpeg.Start(divisor);
-  std::vector<Pixel> row(static_cast<std::size_t>(jpeg.Width()));
-  for (int y = 0; y < jpeg.Height(); ++y) jpeg.Read(row.data());
-}
 
 class LoadingRow {
  public:
