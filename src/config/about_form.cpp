@@ -19,6 +19,8 @@ constexpr float kClientWidth = 6120;
 constexpr float kClientHeight = 3948;
 constexpr TwipRect kFilmPlace = {240, 240, 624, 1812};
 constexpr TwipRect kIconPlace = {1080, 2160, 624, 624};
+// Less than its place, so that the rule below stays clear of it.
+constexpr float kIconSide = 32;
 constexpr Colour kBlue = 0xFF0000;
 constexpr Colour kGrey = 0x808080;
 constexpr Colour kLightGrey = 0xE0E0E0;
@@ -56,7 +58,7 @@ frmAbout::frmAbout(Process& process)
       lblTitle(*this, {.name = "lblTitle", .caption = "Application Title", .place = {1056, 240, 4236, 480}}),
       lblVersion(*this, {.name = "lblVersion", .caption = "Version", .place = {1080, 780, 3612, 228}}),
       Image1(*this, {.name = "Image1", .place = kIconPlace, .tool_tip = kWebPageHint, .tab_index = 2},
-             IconArtwork(kIconPlace.width / kTwipsPerPixel)),
+             IconArtwork(kIconSide)),
       Label2(*this, {.name = "Label2", .caption = kWebAddress, .place = {1920, 2280, 2292, 228}}),
       Line1_0(*this, {.name = "Line1(0)", .place = {100, 2688, 5560, 0}}, kGrey),
       Line1_1(*this, {.name = "Line1(1)", .place = {100, 2712, 5560, 0}}, kLightGrey),
@@ -67,6 +69,7 @@ frmAbout::frmAbout(Process& process)
           {.name = "cmdSysInfo", .caption = "&System Info...", .place = {4260, 3312, 1245, 345}, .tab_index = 1}),
       process_(process) {
   SetClientSize(kClientWidth, kClientHeight);
+  SetIcon(IconArtwork(kIconSide));
   Label2.SetForeColor(kBlue);
   cmdOK.Default = true;
   cmdOK.Cancel = true;

@@ -22,7 +22,9 @@ struct Patch {
 // What a drawing shows at a point of its own plane.
 using Shade = std::function<Pixel(Point)>;
 
-constexpr double kIconSide = 128;
+// The icon shows a square of its plane.
+constexpr double kIconStart = 14;
+constexpr double kIconSide = 100;
 constexpr Pixel kMount = 0xFFF4F1EA;
 constexpr Pixel kMountEdge = 0xFFB9B2A4;
 constexpr Pixel kPictureEdge = 0xFF3A3A3A;
@@ -91,11 +93,12 @@ Pixel Night(Point at) {
   return ColourAt(kPatches, at, 0xFF0E1A38);
 }
 
-Pixel IconShade(Point at) {
+Pixel IconShade(Point in_icon) {
   constexpr double kEdge = 2;
+  const Point at = {in_icon.x + kIconStart, in_icon.y + kIconStart};
   // Where the new picture begins: a sweep that leans.
   const double sweep = 78 - (at.y - kPictureTop) * 0.35;
-  if (at.x < kEdge || at.y < kEdge || at.x > kIconSide - kEdge || at.y > kIconSide - kEdge) return kMountEdge;
+  if (std::min(in_icon.x, in_icon.y) < kEdge || std::max(in_icon.x, in_icon.y) > kIconSide - kEdge) return kMountEdge;
   const double outside = std::max(std::max(kPictureLeft - at.x, at.x - kPictureRight),
                                   std::max(kPictureTop - at.y, at.y - kPictureBottom));
   if (outside > kEdge) return kMount;

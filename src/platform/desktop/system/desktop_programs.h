@@ -20,6 +20,9 @@ class DesktopPrograms : public Programs {
   // With the desktop's program for it, whatever the verb.
   void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
 
+  // That of the big desktops, or one that stands alone, if it is installed.
+  std::string SystemInformationTool() override;
+
   // The pages for Linux lie in a folder near the help file or the program.
   void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
 

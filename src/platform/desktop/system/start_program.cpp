@@ -6,7 +6,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
+#include <sstream>
 #include <system_error>
 #include <thread>
 
@@ -82,6 +84,15 @@ void StartProgram(const std::vector<std::string>& arguments, int input) {
                   pieces[0] + ": " + std::strerror(error), "DesktopPrograms");
   }
   WaitInBackground(child);
+}
+
+bool IsInstalled(const std::string& program) {
+  const char* const path = std::getenv("PATH");
+  std::istringstream directories(path == nullptr ? "" : path);
+  for (std::string directory; std::getline(directories, directory, ':');) {
+    if (access((directory + '/' + program).c_str(), X_OK) == 0) return true;
+  }
+  return false;
 }
 
 }  // namespace quorvale

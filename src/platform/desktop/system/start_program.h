@@ -10,4 +10,7 @@ namespace quorvale {
 // such program.
 void StartProgram(const std::vector<std::string>& arguments, int input = -1);
 
+// Whether PATH leads to a program of that name.
+bool IsInstalled(const std::string& program);
+
 }  // namespace quorvale

@@ -1,9 +1,9 @@
 #include "platform/desktop/system/x11_windows.h"
 
-#include <cstdlib>
-#include <memory>
 #include <string_view>
 #include <vector>
+
+#include "platform/desktop/system/x11_requests.h"
 
 namespace quorvale {
 namespace {
@@ -12,20 +12,7 @@ constexpr int kLevels = 3;
 // The source of a request to activate; window managers may deny the focus to any other.
 constexpr std::uint32_t kFromPager = 2;
 
-struct FreeReply {
-  void operator()(void* reply) const { std::free(reply); }
-};
-template <typename Reply>
-using Owned = std::unique_ptr<Reply, FreeReply>;
-
 using PropertyReply = Owned<xcb_get_property_reply_t>;
-
-xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
-  const xcb_intern_atom_cookie_t cookie =
-      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 std::vector<xcb_window_t> Roots(xcb_connection_t* connection) {
   std::vector<xcb_window_t> roots;
@@ -100,12 +87,7 @@ std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::strin
 }
 
 std::uint32_t ActiveWindow(xcb_connection_t* connection) {
-  const xcb_atom_t net_active_window = Atom(connection, "_NET_ACTIVE_WINDOW");
-  const xcb_get_property_cookie_t cookie =
-      xcb_get_property(connection, 0, FirstRoot(connection), net_active_window, XCB_ATOM_WINDOW, 0, 1);
-  const PropertyReply reply(xcb_get_property_reply(connection, cookie, nullptr));
-  if (!reply || reply->format != 32 || reply->value_len == 0) return XCB_WINDOW_NONE;
-  return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
+  return WindowProperty(connection, FirstRoot(connection), Atom(connection, "_NET_ACTIVE_WINDOW"));
 }
 
 bool WindowExists(xcb_connection_t* connection, std::uint32_t window) {

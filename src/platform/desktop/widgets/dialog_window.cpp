@@ -41,7 +41,6 @@ void DialogWindow::SetBounds(const PixelRect& bounds) {
 void DialogWindow::Appear() {
   if (!std::exchange(is_arranged_, true)) ArrangeControls();
   show();
-  raise();
   activateWindow();
 }
 

@@ -18,15 +18,29 @@ void FrameBox::paintEvent(QPaintEvent* /*event*/) {
   constexpr double kCaptionLeft = 8;
   QPainter painter(this);
   const QFontMetrics metrics(font());
-  const int top = title().isEmpty() ? 0 : metrics.height() / 2;
-  painter.setPen(palette().color(QPalette::Mid));
-  painter.drawRect(rect().adjusted(0, top, -1, -1));
-  if (title().isEmpty()) return;
+  const bool has_title = !title().isEmpty();
   const int gap = Scaled(2);
   const QRect text(Scaled(kCaptionLeft), 0, metrics.horizontalAdvance(WithoutAccessKey(title())), metrics.height());
-  painter.fillRect(text.adjusted(-gap, 0, gap, 0), palette().window());
+  QRegion line = OutsideSiblings();
+  if (has_title) line -= text.adjusted(-gap, 0, gap, 0);
+  painter.setClipRegion(line);
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(rect().adjusted(0, has_title ? metrics.height() / 2 : 0, -1, -1));
+  if (!has_title) return;
+  painter.setClipping(false);
   style()->drawItemText(&painter, text, Qt::AlignLeft | Qt::TextShowMnemonic | Qt::TextDontClip, palette(), isEnabled(),
                         title(), QPalette::WindowText);
+}
+
+QRegion FrameBox::OutsideSiblings() const {
+  QRegion region = rect();
+  bool above = false;
+  for (const QObject* const sibling : parent()->children()) {
+    const auto* const widget = qobject_cast<const QWidget*>(sibling);
+    if (above && widget != nullptr && !widget->isHidden()) region -= widget->geometry().translated(-pos());
+    above = above || sibling == this;
+  }
+  return region;
 }
 
 ArtworkWidget::ArtworkWidget(ImageView& view) : view_(view) {

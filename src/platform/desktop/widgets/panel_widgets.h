@@ -17,6 +17,10 @@ class FrameBox : public QGroupBox {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  // What of it no control that stands over it takes, such as a check box in the place of the title.
+  QRegion OutsideSiblings() const;
 };
 
 // Artwork, drawn for the pixels that are there.
