@@ -108,7 +108,7 @@ class Display:
 
     def focused_title(self):
         """Of the window that has the keyboard."""
-        return self._output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+        return self.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
 
     def screenshot(self):
         return Screenshot(self.output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
