@@ -76,10 +76,10 @@ TEST(HelpPage, IsFoundBesideTheHelpFile) {
   const WorkDirectory directory;
   const std::string file = directory.Path("QVSAVER.HLP");
   EXPECT_EQ(FailureOf([&] { FindHelpPage(file, kHelpContents, 0); }), FailureNumber::kNotFound);
-  directory.MakeDirectory("help");
-  const std::string contents = directory.Write("help\\index.html", "");
-  const std::string topic = directory.Write("help\\topic-7.html", "");
-  const std::string search = directory.Write("help\\search.html", "");
+  directory.MakeDirectory("Quorvale");
+  const std::string contents = directory.Write("Quorvale\\index.html", "");
+  const std::string topic = directory.Write("Quorvale\\topic-7.html", "");
+  const std::string search = directory.Write("Quorvale\\search.html", "");
   EXPECT_EQ(FindHelpPage(file, kHelpContents, 0), contents);
   EXPECT_EQ(FindHelpPage(file, kHelpContext, 7), topic);
   EXPECT_EQ(FindHelpPage(file, kHelpContext, 8), contents);
