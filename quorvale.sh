@@ -8,6 +8,8 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsql
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 saver_packages="xscreensaver"
+windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
+wine_packages="wine wine64"
 test_packages="libgtest-dev libgmock-dev python3 sox"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
@@ -29,13 +31,13 @@ need() {
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures and builds one of the presets.
+# Configures and builds one of the presets: build PRESET [ARGUMENTS OF THE BUILD].
 build() {
   need $build_packages $run_packages $test_packages
   say "Building ($1)"
   cmake --preset "$1" -Wno-dev >build-log.txt 2>&1 || { cat build-log.txt; return 1; }
   rm -f build-log.txt
-  cmake --build --preset "$1"
+  cmake --build --preset "$@"
 }
 
 # A settings store of the show's own, with the samples in both lists.
@@ -69,6 +71,18 @@ run_tests() {
 # The last line is the runner's own count.
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
+# The cross-compiled tests under Wine, where there is one to be had.
+test_windows() {
+  if ! need $windows_packages $wine_packages; then
+    say "There is no Wine to install here: the tests of the Windows program are left out"
+    return
+  fi
+  build windows-64
+  say "Testing the Windows program"
+  run_tests build/windows-64
+  WINEPREFIX=$PWD/build/wine wineserver -k || true
+}
+
 run_all_tests() {
   need $screen_packages
   build sanitize
@@ -78,7 +92,9 @@ run_all_tests() {
   say "Testing everything"
   need $saver_packages
   run_tests build
+  test_windows
   say "Under the sanitizers: $(count_of build/sanitize)"
+  [ ! -f build/windows-64/tests.txt ] || say "Under Wine: $(count_of build/windows-64)"
   count_of build
 }
 
@@ -89,6 +105,10 @@ package() (
   umask 022
   desktop-file-validate packaging/*.desktop
   cpack --config build/CPackConfig.cmake -B build/packages
+  need $windows_packages
+  build windows-64 --target quorvale
+  build windows-32 --target quorvale
+  scripts/package-windows.sh
 )
 
 lint() {
@@ -117,7 +137,7 @@ Usage: ./quorvale.sh COMMAND. Each command installs what is missing and builds f
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it
-  package    make a Debian package in build/packages
+  package    make a Debian package and a zip for Windows in build/packages
   lint       check format and code
 TEXT
     [ -z "${1:-}" ] || exit 2

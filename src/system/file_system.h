@@ -30,7 +30,8 @@ class FileSystem {
                               const std::function<void(const std::string& name)>& found) = 0;
 
   // The name, in its long form and without directory, of the file or directory that `path` names, if
-  // `attributes` lets the search find it; empty when nothing matches. Fails with kUnreadable where the
+  // `attributes` lets the search find it; empty when nothing matches. A path that ends in a separator names a
+  // directory, the root too. Fails with kUnreadable where the
   // search itself can't be made.
   virtual std::string FindFile(const std::string& path, int attributes) = 0;
 

@@ -30,6 +30,10 @@ class Programs {
   // kNotFound when there is none.
   virtual void ShellExecute(const std::string& verb, const std::string& target, int show_command) = 0;
 
+  // The command line of the desktop's own tool that shows what the machine is. Empty where there is none, and where
+  // the registry is to name it.
+  virtual std::string SystemInformationTool() { return {}; }
+
   // Opens the help: `file` is the help file's full path. Fails with kNotFound when there is nothing to show.
   virtual void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) = 0;
 

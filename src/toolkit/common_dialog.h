@@ -12,6 +12,8 @@ namespace quorvale {
 // The file and colour dialogs of a form. Everything is set anew before each use.
 class CommonDialog : public Control {
  public:
+  static constexpr int kUsualMaxFileSize = 260;
+
   using Control::Control;
 
   std::string DialogTitle;
@@ -22,7 +24,7 @@ class CommonDialog : public Control {
   int FilterIndex = 0;
   std::uint32_t Flags = 0;
   // Room for the file name, in characters. A platform may give more.
-  int MaxFileSize = 260;
+  int MaxFileSize = kUsualMaxFileSize;
   // Cancel is then a failure with kCancelled.
   bool CancelError = false;
   // The colour to start from; the chosen one comes out, and after Cancel the same.

@@ -8,6 +8,12 @@
 
 namespace quorvale {
 
+std::string LiteralCaption(const std::string& text) {
+  std::string caption;
+  for (const char c : text) caption.append(c == '&' ? 2 : 1, c);
+  return caption;
+}
+
 Widget::Widget(Form& parent, WidgetDesign design) : Control(parent, design.name), design_(std::move(design)) {}
 
 void Widget::SetCaption(std::string caption) {

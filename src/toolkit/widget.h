@@ -12,6 +12,9 @@ namespace quorvale {
 
 class Frame;
 
+// A text as a caption that shows it as it is, with no access key.
+std::string LiteralCaption(const std::string& text);
+
 // How a control stands on its form when the form is loaded.
 struct WidgetDesign {
   std::string name;

@@ -27,6 +27,8 @@ TEST(Win32SoundPlayer, AnswersForTheFile) {
   const ULONGLONG start = GetTickCount64();
   EXPECT_TRUE(player.PlaySound(directory.Write("wave.wav", MakeWave()), kSndFilename | kSndNoDefault | kSndAsync));
   EXPECT_LT(GetTickCount64() - start, 900U) << "returns while it plays";
+  // Its file stays open until it has played, or another one does.
+  player.PlaySound(directory.Path("none.wav"), kSndFilename | kSndNoDefault);
 }
 
 TEST(Win32Host, KnowsWhereItRuns) {
@@ -74,10 +76,10 @@ TEST(HelpPage, IsFoundBesideTheHelpFile) {
   const WorkDirectory directory;
   const std::string file = directory.Path("QVSAVER.HLP");
   EXPECT_EQ(FailureOf([&] { FindHelpPage(file, kHelpContents, 0); }), FailureNumber::kNotFound);
-  directory.MakeDirectory("help");
-  const std::string contents = directory.Write("help\\index.html", "");
-  const std::string topic = directory.Write("help\\topic-7.html", "");
-  const std::string search = directory.Write("help\\search.html", "");
+  directory.MakeDirectory("Quorvale");
+  const std::string contents = directory.Write("Quorvale\\index.html", "");
+  const std::string topic = directory.Write("Quorvale\\topic-7.html", "");
+  const std::string search = directory.Write("Quorvale\\search.html", "");
   EXPECT_EQ(FindHelpPage(file, kHelpContents, 0), contents);
   EXPECT_EQ(FindHelpPage(file, kHelpContext, 7), topic);
   EXPECT_EQ(FindHelpPage(file, kHelpContext, 8), contents);

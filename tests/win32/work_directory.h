@@ -6,14 +6,15 @@
 #include <string>
 
 #include "platform/win32/system/program_path.h"
+#include "platform/win32/windows_api.h"
 
 namespace quorvale {
 
 // A directory of a test's own beside the test program, gone with the object.
 class WorkDirectory {
  public:
-  WorkDirectory() : path_(ProgramPath() + ".work\\") {
-    std::filesystem::remove_all(path_);
+  WorkDirectory()
+      : path_(ProgramPath() + "." + std::to_string(GetTickCount64()) + "." + std::to_string(++made_) + "\\") {
     std::filesystem::create_directories(path_);
   }
   ~WorkDirectory() {
@@ -32,11 +33,12 @@ class WorkDirectory {
     return Path(name);
   }
   std::string MakeDirectory(const std::string& name) const {
-    std::filesystem::create_directories(Path(name));
+    CreateDirectoryA(Path(name).c_str(), nullptr);
     return Path(name);
   }
 
  private:
+  inline static int made_ = 0;
   std::string path_;
 };
 

@@ -46,6 +46,11 @@ void MemoryFileSystem::EnumerateFiles(const std::string& directory, const std::v
 
 std::string MemoryFileSystem::FindFile(const std::string& path, int attributes) {
   if (failures.Next(FileCall::kFind)) throw Unreadable(path);
+  if (!path.empty() && IsSeparator(path.back())) {
+    const Entry* const directory = Find(path);
+    if (directory == nullptr || !directory->IsDirectory() || !Finds(attributes, directory->attributes)) return {};
+    return directory->name.empty() ? path : directory->name;
+  }
   const std::string pattern = NameOf(path);
   for (const Entry* const entry : EntriesOf(ParentOf(path))) {
     const bool named = MatchesWildcard(entry->name, pattern) ||

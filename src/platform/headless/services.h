@@ -45,7 +45,10 @@ class RecordedPrograms : public Programs {
   void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
   void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
   void SendKeys(const std::string& keys) override;
+  std::string SystemInformationTool() override { return information_tool; }
 
+  // The desktop's own tool, if it has one.
+  std::string information_tool;
   // Whether what is to be started or opened is found; if not, the call fails with kNotFound.
   bool found = true;
 

@@ -1,6 +1,5 @@
 #include "platform/win32/pictures/wic_picture.h"
 
-#include <array>
 #include <utility>
 
 #include "base/failure.h"
@@ -16,31 +15,15 @@ namespace {
 // A size that a file can't fill even packed as tightly as the formats know is not believed.
 constexpr std::uint64_t kMostPixelsToByte = 4096;
 
-// The places in a file where cameras put the orientation, as the system names them.
-constexpr std::array<const wchar_t*, 2> kOrientationNames{L"/app1/ifd/{ushort=274}", L"/ifd/{ushort=274}"};
-
 bool IsJpeg(const PictureBytes& bytes) { return WordAt(bytes, 0) == 0xD8FF; }
 
-void CheckSize(PixelSize size, const PictureBytes& bytes) {
+void CheckSize(PixelSize size, const PictureBytes& bytes, bool is_progressive) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
   if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
   // Photos in one scan are the only ones that are never in memory as a whole.
-  if (IsJpeg(bytes) && !IsProgressiveJpeg(bytes)) return;
+  if (IsJpeg(bytes) && !is_progressive) return;
   if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
-}
-
-int OrientationOf(const WicFrame& frame) {
-  ComPointer<IWICMetadataQueryReader> reader;
-  if (FAILED(frame->GetMetadataQueryReader(reader.Out()))) return 1;
-  for (const wchar_t* name : kOrientationNames) {
-    PROPVARIANT value{};
-    if (FAILED(reader->GetMetadataByName(name, &value))) continue;
-    const int orientation = value.vt == VT_UI2 ? value.uiVal : 1;
-    PropVariantClear(&value);
-    return orientation;
-  }
-  return 1;
 }
 
 bool IsOpaque(const WicFactory& factory, const WicFrame& frame) {
@@ -97,8 +80,9 @@ WicPicture::WicPicture(PictureBytes bytes)
   frame_size_ = {static_cast<int>(width), static_cast<int>(height)};
   const bool on_canvas = canvas_.width > 0;
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
-  CheckSize(size, bytes_);
-  Describe(size, Orientation::FromExif(OrientationOf(frame_)));
+  const JpegHead head = ReadJpegHead(bytes_);
+  CheckSize(size, bytes_, head.is_progressive);
+  Describe(size, Orientation::FromExif(head.orientation));
 }
 
 std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {

@@ -41,12 +41,9 @@ class DraftFile {
            written == content.size() && FlushFileBuffers(file.Get()) != 0;
   }
 
-  // An old file keeps its rights and its other attributes.
   bool MoveTo(const std::wstring& path) {
     const bool moved =
-        ReplaceFileW(path.c_str(), name_.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0 ||
-        (GetLastError() == ERROR_FILE_NOT_FOUND &&
-         MoveFileExW(name_.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH) != 0);
+        MoveFileExW(name_.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     if (moved) name_.clear();
     return moved;
   }

@@ -26,8 +26,8 @@ class FileSearch {
  private:
   void Take(bool succeeded);
 
-  HANDLE search_;
   WIN32_FIND_DATAW entry_{};
+  HANDLE search_;
   bool has_entry_ = false;
   DWORD error_ = ERROR_SUCCESS;
 };

@@ -14,7 +14,7 @@ std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind
 
 std::string FindHelpFolder(const std::string& file) {
   const std::string beside = FolderOf(file);
-  for (const std::string& folder : {FolderOf(ProgramPath()) + "help\\", beside + "help\\", beside}) {
+  for (const std::string& folder : {FolderOf(ProgramPath()) + "help\\", beside + "Quorvale\\", beside}) {
     if (IsFile(folder + kContentsPage)) return folder;
   }
   throw Failure(FailureNumber::kNotFound, "The help files are not installed", "WinHelp");

@@ -9,7 +9,7 @@ class Win32Programs : public Programs {
   void Start(const std::string& command_line, int window_style) override;
   void OpenDisplaySettings() override;
   void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
-  // A help file that is not there has its pages in the folder "help", beside it or beside the program.
+  // Shows the page of `FindHelpPage` where there is no help file, as on every Windows of today.
   void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
   void SendKeys(const std::string& keys) override;
 };
