@@ -100,7 +100,7 @@ class Show(WindowsTest):
         self.keep_screenshot("windows-frame")
 
     def test_other_texts_end_quietly(self):
-        for arguments in (["/X"], ["/install", "x"], ["/P"], ["/P:123"], ["/P", "123"]):
+        for arguments in (["/X"], ["/install", "x"], ["/A"], ["/A", "5"], ["/P"], ["/P:123"], ["/P", "123"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
 
