@@ -9,7 +9,7 @@ class DialogWindow;
 
 // The system's class of a control, and how it is made.
 struct ControlKind {
-  const wchar_t* class_name;
+  const wchar_t* class_name = nullptr;
   DWORD style = 0;
   DWORD extended_style = 0;
 };
