@@ -4,12 +4,14 @@
 // Behind the header that it builds on.
 #include <wincodec.h>
 
-// A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out.
+// A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out. Like every
+// component it destroys itself.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 struct IWICBitmapSourceTransform : public IUnknown {
   virtual HRESULT STDMETHODCALLTYPE CopyPixels(const WICRect* rect, UINT width, UINT height, WICPixelFormatGUID* format,
                                                WICBitmapTransformOptions transform, UINT stride, UINT size,
                                                BYTE* pixels) = 0;
-  // The size nearest to the wanted one, and no smaller, that the decoder can make.
+  // The size nearest to the wanted one that the decoder can make.
   virtual HRESULT STDMETHODCALLTYPE GetClosestSize(UINT* width, UINT* height) = 0;
   virtual HRESULT STDMETHODCALLTYPE GetClosestPixelFormat(WICPixelFormatGUID* format) = 0;
   virtual HRESULT STDMETHODCALLTYPE DoesSupportTransform(WICBitmapTransformOptions transform, BOOL* supported) = 0;
