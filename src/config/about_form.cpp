@@ -111,15 +111,15 @@ std::string frmAbout::FindSysInfo() {
 bool frmAbout::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
                            std::string& KeyVal) {
   Registry& registry = process_.system.registry;
-  RegistryKey info_key = 0;
-  const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, info_key);
-  const OpenRegistryKey key(registry, info_key);
+  RegistryKey key = 0;
+  const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, key);
+  const OpenRegistryKey open_key(registry, key);
 
   std::uint32_t type = 0;
   std::array<char, kValueSize> buffer = {};
   std::uint32_t size = kValueSize;
   if (opened != kErrorSuccess ||
-      registry.RegQueryValueEx(key.Get(), SubKeyRef, type, buffer.data(), size) != kErrorSuccess) {
+      registry.RegQueryValueEx(open_key.Get(), SubKeyRef, type, buffer.data(), size) != kErrorSuccess) {
     KeyVal.clear();
     return false;
   }

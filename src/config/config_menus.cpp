@@ -8,9 +8,9 @@ namespace quorvale {
 namespace {
 
 struct MenuRow {
-  std::size_t depth;  // 0 is a top menu; an item belongs to the last row above it that is one less deep
-  const char* name;
-  const char* caption;
+  std::size_t depth = 0;  // 0 is a top menu; an item belongs to the last row above it that is one less deep
+  const char* name = "";
+  const char* caption = "";
   const char* shortcut = "";
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,7 +14,7 @@
 
 namespace quorvale {
 
-// The configuration window on a desktop of its own, over lists in the settings store.
+// The configuration window on a desktop of its own. Lists are written as their names, divided by blanks.
 class ConfigTest : public HeadlessTest {
  protected:
   Process process{desktop, desktop.Services()};
@@ -20,52 +22,50 @@ class ConfigTest : public HeadlessTest {
 
   void SetUp() override {
     process.RunMode = "/C";
-    process.ScreenTwipsX = 15;
-    process.ScreenTwipsY = 15;
+    process.ScreenTwipsX = process.ScreenTwipsY = 15;
     process.SetOption("SwapAffect", "None");
   }
 
-  // Stores files of C:\Pics\ with those names, which exist, in one of the two lists.
-  void Store(const std::string& section, const std::vector<std::string>& names) {
-    process.Settings.DeleteSetting(section);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      desktop.files.AddFile("C:\\Pics\\" + names[i]);
-      process.Settings.SaveSetting(section, "File" + std::to_string(i), MakeListEntry(names[i], "C:\\Pics\\"));
-    }
+  // Opens the window over lists of files of C:\Pics\, which exist.
+  frmConfig& OpenWith(const std::string& pictures = "", const std::string& sounds = "") {
+    Store("PictureFiles", pictures);
+    Store("SoundFiles", sounds);
+    return Open();
   }
-  std::vector<std::string> Stored(const std::string& section) {
-    std::vector<std::string> names;
-    for (std::string entry;; names.push_back(NameOf(entry))) {
-      entry = process.Settings.GetSetting(section, "File" + std::to_string(names.size()), "EOF");
-      if (entry == "EOF") return names;
-    }
-  }
-
   frmConfig& Open() {
     form = std::make_shared<frmConfig>(process);
     form->Show();
     return *form;
   }
-  frmConfig& OpenWith(const std::vector<std::string>& pictures, const std::vector<std::string>& sounds = {}) {
-    Store("PictureFiles", pictures);
-    Store("SoundFiles", sounds);
-    return Open();
+  void Store(const std::string& section, const std::string& names) {
+    process.Settings.DeleteSetting(section);
+    std::istringstream words(names);
+    int i = 0;
+    for (std::string name; words >> name; ++i) {
+      desktop.files.AddFile("C:\\Pics\\" + name);
+      process.Settings.SaveSetting(section, "File" + std::to_string(i), MakeListEntry(name, "C:\\Pics\\"));
+    }
   }
 
-  // The name part of each item of a list.
-  std::vector<std::string> Names(int list) {
+  std::string Stored(const std::string& section) {
+    std::vector<std::string> names;
+    for (std::string entry;; names.push_back(entry)) {
+      entry = process.Settings.GetSetting(section, "File" + std::to_string(names.size()), "EOF");
+      if (entry == "EOF") return Joined(names);
+    }
+  }
+  std::string Names(int list) {
     std::vector<std::string> names;
     const ListBox& box = form->lstList.at(static_cast<std::size_t>(list));
-    for (int i = 0; i < box.ListCount(); ++i) names.push_back(NameOf(box.List(i)));
-    return names;
+    for (int i = 0; i < box.ListCount(); ++i) names.push_back(box.List(i));
+    return Joined(names);
   }
+
   void Select(const std::vector<int>& indices) { form->ListOnView().UserSelect(indices); }
   void Press(int button) { form->cmdImages.at(static_cast<std::size_t>(button)).UserClick(); }
   void Choose(const std::string& item) { form->Menus.Item(item).UserClick(); }
-  bool ItemEnabled(const std::string& item) { return form->Menus.Item(item).Enabled(); }
   bool IsPaused() { return !form->tmrSwitch.Enabled(); }
-
-  // Whether what `command` does restarts the show: that alone sets this interval.
+  // Whether `command` restarts the show: that alone sets this interval.
   bool Restarts(const std::function<void()>& command) {
     form->tmrSwitch.SetInterval(4321);
     command();
@@ -73,7 +73,11 @@ class ConfigTest : public HeadlessTest {
   }
 
  private:
-  static std::string NameOf(const std::string& entry) { return Trim(Left(entry, 254)); }
+  static std::string Joined(const std::vector<std::string>& entries) {
+    std::string text;
+    for (const std::string& entry : entries) text += (text.empty() ? "" : " ") + Trim(Left(entry, 254));
+    return text;
+  }
 };
 
 }  // namespace quorvale

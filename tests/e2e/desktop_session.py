@@ -106,6 +106,10 @@ class Display:
         found = self.output("xdotool", "search", "--onlyvisible", "--name", "^Screen Saver Main Form$").split()
         return found[0].decode() if found else None
 
+    def focused_title(self):
+        """Of the window that has the keyboard."""
+        return self.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
     def screenshot(self):
         return Screenshot(self.output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
 
