@@ -11,7 +11,6 @@
 #include "config/config_form.h"
 #include "config/monitor_artwork.h"
 #include "config/stored_play_lists.h"
-#include "decode_only.h"
 #include "desktop_process.h"
 #include "groups.h"
 #include "measure.h"

@@ -2,7 +2,6 @@
 #include <string>
 #include <vector>
 
-#include "decode_only.h"
 #include "groups.h"
 #include "live_show.h"
 #include "measure.h"

@@ -106,10 +106,6 @@ class Display:
         found = self._output("xdotool", "search", "--onlyvisible", "--name", "^Screen Saver Main Form$").split()
         return found[0].decode() if found else None
 
-    def focused_title(self):
-        """Of the window that has the keyboard."""
-        return self._output("xdotool", "getactivewindow", "getwindowname").decode().strip()
-
     def screenshot(self):
         return Screenshot(self._output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
 
