@@ -84,12 +84,7 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
       {"F1", [&] { Press(Qt::Key_F1); }, {"help"}},
       {"F1 from the program", [&] { QtPrograms().SendKeys("{F1}"), platform_.PumpEvents(); }, {"help"}},
       {"a disabled button", [&] { form_->cmdAdd.SetEnabled(false), Click("cmdAdd"); }, {}},
-      {"an access key",
-       [&] {
-         Press(Qt::Key_A, Qt::AltModifier);
-         EXPECT_TRUE(QTest::qWaitFor([&] { return !form_->told.empty(); }));  // the button shows that it is pressed
-       },
-       {"cmdAdd"}},
+      {"an access key", [&] { Press(Qt::Key_A, Qt::AltModifier); }, {"cmdAdd"}},
       {"a check box", [&] { Click("chk"), Click("chk"); }, {"chk", "chk"}},
       {"the option that is on", [&] { Click("opt1"); }, {}},
       {"the other option", [&] { Click("opt2"); }, {"opt2"}},

@@ -1,5 +1,6 @@
 #include "platform/desktop/widgets/dialog_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -88,18 +89,27 @@ void DialogWindow::reject() {
   if (cancel_button_ && cancel_button_->isEnabled()) cancel_button_->click();
 }
 
-// An access key that a menu and a control share opens the menu; Qt would go from the one to the other.
+// An access key that a menu and a control share opens the menu; Qt would go from the one to the other. And it
+// presses a button at once, not after a while in which the window has become another.
 bool DialogWindow::eventFilter(QObject* control, QEvent* event) {
-  const auto* const shortcut = event->type() == QEvent::Shortcut ? static_cast<QShortcutEvent*>(event) : nullptr;
-  if (shortcut == nullptr || !shortcut->isAmbiguous() || menu_bar_ == nullptr) {
-    return QDialog::eventFilter(control, event);
-  }
+  if (event->type() != QEvent::Shortcut) return QDialog::eventFilter(control, event);
+  const auto* const shortcut = static_cast<QShortcutEvent*>(event);
+  auto* const button = qobject_cast<QAbstractButton*>(control);
+  if (shortcut->isAmbiguous()) return OpenMenu(shortcut->key());
+  if (button == nullptr) return QDialog::eventFilter(control, event);
+  button->setFocus(Qt::ShortcutFocusReason);
+  button->click();
+  return true;
+}
+
+bool DialogWindow::OpenMenu(const QKeySequence& access_key) {
+  if (menu_bar_ == nullptr) return false;
   for (QAction* const menu : menu_bar_->actions()) {
-    if (QKeySequence::mnemonic(menu->text()) != shortcut->key()) continue;
+    if (QKeySequence::mnemonic(menu->text()) != access_key) continue;
     menu_bar_->setActiveAction(menu);
     return true;
   }
-  return QDialog::eventFilter(control, event);
+  return false;
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {

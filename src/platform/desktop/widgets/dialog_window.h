@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QKeySequence>
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
@@ -63,6 +64,8 @@ class DialogWindow : public QDialog {
   };
 
   void ArrangeControls();
+  // False when no menu has that key.
+  bool OpenMenu(const QKeySequence& access_key);
 
   WindowEvents& events_;
   QWidget* client_;
