@@ -41,7 +41,7 @@ class ConfigurationTest(unittest.TestCase):
         self.assertEqual(program.wait(timeout=20), 0)
 
     def active(self):
-        return self.display.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+        return self.display.focused_title()
 
     def wait_for(self, title):
         wait_until(lambda: self.active() == title, f"the window {title}")
