@@ -85,6 +85,7 @@ class Lists(ConfigurationTest):
         self.press("ctrl+s")
         self.answer("Save Play List", self.file)
         lines = [entry(self.blue), entry(self.green), directory_entry(self.session.folder)]
+        wait_until(lambda: os.path.exists(self.file), "the play list file")
         with open(self.file, "rb") as file:
             self.assertEqual(file.read(), play_list_text(*lines))
         self.press("Return")
