@@ -41,7 +41,7 @@ class ConfigurationTest(unittest.TestCase):
         self.assertEqual(program.wait(timeout=20), 0)
 
     def active(self):
-        return self.display.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+        return self.display.focused_title()
 
     def wait_for(self, title):
         wait_until(lambda: self.active() == title, f"the window {title}")
@@ -85,6 +85,7 @@ class Lists(ConfigurationTest):
         self.press("ctrl+s")
         self.answer("Save Play List", self.file)
         lines = [entry(self.blue), entry(self.green), directory_entry(self.session.folder)]
+        wait_until(lambda: os.path.exists(self.file), "the play list file")
         with open(self.file, "rb") as file:
             self.assertEqual(file.read(), play_list_text(*lines))
         self.press("Return")

@@ -104,12 +104,12 @@ bool DialogWindow::eventFilter(QObject* control, QEvent* event) {
 
 bool DialogWindow::OpenMenu(const QKeySequence& access_key) {
   if (menu_bar_ == nullptr) return false;
-  for (QAction* const menu : menu_bar_->actions()) {
-    if (QKeySequence::mnemonic(menu->text()) != access_key) continue;
-    menu_bar_->setActiveAction(menu);
-    return true;
-  }
-  return false;
+  const QList<QAction*> menus = menu_bar_->actions();
+  const auto found = std::ranges::find_if(
+      menus, [&access_key](const QAction* menu) { return QKeySequence::mnemonic(menu->text()) == access_key; });
+  if (found == menus.end()) return false;
+  menu_bar_->setActiveAction(*found);
+  return true;
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {
