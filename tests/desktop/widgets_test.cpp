@@ -147,6 +147,7 @@ TEST_F(WidgetsTest, ShowWhatTheProgramSetsAndTellNothingOfIt) {
   EXPECT_EQ(Find<QLineEdit>("txt").text(), "12");
   EXPECT_EQ(Find("lblText").geometry(), QRect(0, 0, 40, 20));
   EXPECT_EQ(Find("txt").accessibleName(), "Text:");
+  EXPECT_EQ(Find("cbo").accessibleName(), "Frame") << "that of the frame around it";
   EXPECT_THAT(form_->told, IsEmpty());
 }
 

@@ -1,6 +1,8 @@
 """The configuration window on a real X server, worked by mouse and keyboard as its user does."""
 
 import os
+import re
+import subprocess
 import time
 import unittest
 
@@ -113,6 +115,20 @@ class Lists(ConfigurationTest):
         self.assert_ends(program)
         self.assertEqual(self.stored(), [entry(self.red)])
         self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
+
+
+class Window(unittest.TestCase):
+    def test_fits_a_screen_of_few_pixels_and_a_large_scale(self):
+        display = Display(1024, 600)
+        self.addCleanup(display.close)
+        session = Session(display)
+        self.addCleanup(session.close)
+        session.start("/C", QT_SCALE_FACTOR="1.5")
+        wait_until(lambda: display.focused_title() == WINDOW, "the window")
+        frame = subprocess.run(["xwininfo", "-frame", "-name", WINDOW], env=display.environment, check=True,
+                               stdout=subprocess.PIPE, text=True).stdout
+        top, height = (int(re.search(name + r":\s+(\d+)", frame)[1]) for name in ("Absolute upper-left Y", "Height"))
+        self.assertLessEqual(top + height, 600)
 
 
 class Pane(ConfigurationTest):

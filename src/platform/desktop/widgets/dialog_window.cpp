@@ -130,7 +130,8 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Labels lead to the control behind them, whose name they are for who can't see them.
+// Labels lead to the control behind them, whose name they are for who can't see them. One without a label has the
+// name of the frame around it.
 void DialogWindow::ArrangeControls() {
   std::erase_if(controls_, [](const Control& c) { return !c.widget || c.control->Design().tab_index < 0; });
   std::stable_sort(controls_.begin(), controls_.end(), [](const Control& a, const Control& b) {
@@ -145,7 +146,10 @@ void DialogWindow::ArrangeControls() {
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();
     if (label != nullptr) label->LeadTo(*widget);
-    if (label != nullptr && widget->accessibleName().isEmpty()) widget->setAccessibleName(label->PlainText());
+    if (widget->accessibleName().isEmpty() && label != nullptr) widget->setAccessibleName(label->PlainText());
+    if (widget->accessibleName().isEmpty()) {
+      widget->setAccessibleName(ContainerOf(control.control->Design().container).accessibleName());
+    }
     label = nullptr;
     last = widget;
   }
