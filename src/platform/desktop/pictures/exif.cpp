@@ -21,17 +21,6 @@ constexpr std::uint8_t kStartOfScan = 0xDA;
 constexpr std::uint16_t kOrientationTag = 0x0112;
 constexpr std::uint16_t kShortType = 3;
 
-std::vector<std::uint8_t> Copy(PictureFile& file, std::size_t offset, std::size_t count) {
-  std::vector<std::uint8_t> bytes;
-  while (bytes.size() < count) {
-    auto piece = file.From(offset + bytes.size());
-    if (piece.empty()) break;
-    piece = piece.first(std::min(piece.size(), count - bytes.size()));
-    bytes.insert(bytes.end(), piece.begin(), piece.end());
-  }
-  return bytes;
-}
-
 // A block of tagged values in the byte order that its first two bytes tell.
 class TagBlock {
  public:
@@ -72,12 +61,13 @@ class TagBlock {
 int ExifOrientation(PictureFile& file) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
-    const auto head = Copy(file, offset, kSegmentHead);
-    if (head.size() < kSegmentHead || head[0] != 0xFF || head[1] == kStartOfScan) break;
+    std::array<std::uint8_t, kSegmentHead> head{};
+    if (!file.Copy(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
     const std::size_t length = std::size_t{head[2]} << 8U | head[3];
     if (length < 2) break;
     if (head[1] == kApp1) {
-      const auto data = Copy(file, offset + kSegmentHead, length - 2);
+      std::vector<std::uint8_t> data(length - 2);
+      file.Copy(offset + kSegmentHead, data);
       if (data.size() > kSignature.size() && std::equal(kSignature.begin(), kSignature.end(), data.begin())) {
         return TagBlock(std::span(data).subspan(kSignature.size())).Orientation().value_or(1);
       }

@@ -3,7 +3,6 @@
 #include <QIODevice>
 #include <QImageReader>
 #include <algorithm>
-#include <cstring>
 #include <new>
 #include <utility>
 
@@ -23,7 +22,7 @@ class FileDevice : public QIODevice {
   qint64 readData(char* to, qint64 most) override {
     const auto bytes = file_.From(static_cast<std::size_t>(pos()));
     const auto count = std::min(bytes.size(), static_cast<std::size_t>(most));
-    if (count > 0) std::memcpy(to, bytes.data(), count);
+    std::copy_n(bytes.begin(), count, to);
     return static_cast<qint64>(count);
   }
   qint64 writeData(const char* /*from*/, qint64 /*count*/) override { return -1; }
@@ -40,6 +39,8 @@ class ImageRows : public RowSource {
   Side Down() const override { return {image_.height(), static_cast<double>(image_.height())}; }
   bool IsOpaque() const override { return !image_.hasAlphaChannel(); }
 
+  std::size_t Memory() const override { return static_cast<std::size_t>(image_.sizeInBytes()); }
+
   bool Start(int left, int /*right*/, int /*top*/) override {
     left_ = left;
     return true;
@@ -54,19 +55,21 @@ class ImageRows : public RowSource {
 
 [[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
 
+// The most that either format packs into a byte.
+constexpr std::size_t kPixelsToByte = 8300;
+
 std::size_t Bytes(QSize size, int depth) {
   return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) *
          static_cast<std::size_t>(depth) / 8;
 }
 
 // The image to decode into, so that what a damaged file leaves out is not what memory happened to hold.
-// A size that the bytes of the file can't fill, packed as tightly as the format knows, is none.
+// A size that the bytes of the file can't fill is none.
 QImage Blank(const QImageReader& reader, std::size_t file_size) {
   const QSize size = reader.size();
   const QImage::Format format = reader.imageFormat();
   if (!size.isValid() || format == QImage::Format_Invalid) return {};
-  const std::size_t pixels_to_byte = reader.format() == "bmp" ? 256 : 4096;
-  if (Bytes(size, 8) / pixels_to_byte > file_size) Fail("Damaged picture");
+  if (Bytes(size, 8) / kPixelsToByte > file_size) Fail("Damaged picture");
   if (Bytes(size, 32) > kPictureMemoryLimit) Fail("Picture too large");
   QImage image(size, format);
   if (image.isNull()) throw std::bad_alloc();
@@ -75,6 +78,11 @@ QImage Blank(const QImageReader& reader, std::size_t file_size) {
 }
 
 }  // namespace
+
+const char* ImagePicture::FormatOf(PictureFile& file) {
+  if (file.BeginsWith("GIF8")) return "gif";
+  return file.BeginsWith("\x89PNG") ? "png" : nullptr;
+}
 
 ImagePicture::ImagePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), image_(Decode()) {
   Describe({image_.width(), image_.height()}, {});
@@ -86,11 +94,10 @@ std::unique_ptr<RowSource> ImagePicture::Open(PixelSize /*stored_box*/) {
 
 QImage ImagePicture::Decode() {
   FileDevice device(*file_);
-  QImageReader reader(&device);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
+  QImageReader reader(&device, FormatOf(*file_));
+  reader.setAutoDetectImageFormat(false);
   QImage image = Blank(reader, file_->Size());
-  if (!reader.read(&image) || image.isNull()) Fail("Not a picture, or damaged");
+  if (!reader.read(&image) || image.isNull()) Fail("Damaged picture");
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   // Another depth takes a second image for a moment.
   if (image.depth() != 32 && Bytes(image.size(), image.depth() + 32) > kPictureMemoryLimit) Fail("Picture too large");

@@ -18,6 +18,9 @@ constexpr std::size_t kBlocksPerBit = 8;
 constexpr int kMostScans = 100;
 constexpr std::size_t kMostBlockVisits = 50'000'000;
 
+// A slide can't take for ever to come: by then nothing more of its file is read.
+constexpr std::chrono::seconds kTimeToRead{3};
+
 constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
 constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
 
@@ -33,7 +36,8 @@ void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
 
 }  // namespace
 
-JpegDecoder::JpegDecoder(PictureFile& file) : file_(file), end_(file.Size()) {
+JpegDecoder::JpegDecoder(PictureFile& file)
+    : file_(file), end_(file.Size()), latest_(std::chrono::steady_clock::now() + kTimeToRead) {
   decoder_.err = jpeg_std_error(&errors_);
   errors_.error_exit = OnError;
   errors_.emit_message = OnMessage;
@@ -75,11 +79,11 @@ void JpegDecoder::OnProgress(j_common_ptr common) {
   self.last_progress_ = self.next_offset_ - self.source_.bytes_in_buffer - marker_size;
 }
 
-// At the end of the file the library gets an end mark, and makes do with what it has.
+// At the end of the file, or of the time, the library gets an end mark, and makes do with what it has.
 boolean JpegDecoder::FillBuffer(j_decompress_ptr decoder) {
   auto& self = *static_cast<JpegDecoder*>(decoder->client_data);
   std::span<const std::uint8_t> bytes;
-  if (self.next_offset_ < self.end_) {
+  if (self.next_offset_ < self.end_ && std::chrono::steady_clock::now() < self.latest_) {
     bytes = self.file_.From(self.next_offset_);
     bytes = bytes.first(std::min(bytes.size(), self.end_ - self.next_offset_));
   }
@@ -105,14 +109,14 @@ void JpegDecoder::SkipBytes(j_decompress_ptr decoder, long count) {
 
 bool JpegDecoder::ReadHeader() {
   if (decoder_.src == nullptr || !Guarded([this] { jpeg_read_header(&decoder_, TRUE); })) return false;
+  several_scans_ = jpeg_has_multiple_scans(&decoder_) != FALSE;
   for (int i = 0; i < decoder_.num_components; ++i) {
     blocks_ += std::size_t{decoder_.comp_info[i].width_in_blocks} * decoder_.comp_info[i].height_in_blocks;
   }
-  return file_.Size() >= blocks_ / kBlocksPerBit / 8 && CoefficientBytes() <= kPictureMemoryLimit && HoldsPixels();
+  return file_.Size() >= blocks_ / kBlocksPerBit / 8 && HoldsPixels();
 }
 
-// Files in several scans are put together in memory before the first row comes out.
-std::size_t JpegDecoder::CoefficientBytes() { return jpeg_has_multiple_scans(&decoder_) ? blocks_ * kBlockBytes : 0; }
+std::size_t JpegDecoder::Memory() const { return several_scans_ ? blocks_ * kBlockBytes : 0; }
 
 // Whether anything but a mark stands where the pixels begin.
 bool JpegDecoder::HoldsPixels() {

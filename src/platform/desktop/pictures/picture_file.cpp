@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 
 #include "base/failure.h"
 
@@ -54,6 +55,23 @@ std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
     Read(offset, std::min(kPieceSize, size_ - offset));
   }
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
+}
+
+bool PictureFile::Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept {
+  while (!to.empty()) {
+    const auto bytes = From(offset);
+    if (bytes.empty()) return false;
+    const std::size_t count = std::min(bytes.size(), to.size());
+    std::copy_n(bytes.begin(), count, to.begin());
+    to = to.subspan(count);
+    offset += count;
+  }
+  return true;
+}
+
+bool PictureFile::BeginsWith(std::string_view bytes) noexcept {
+  const auto start = From(0);
+  return start.size() >= bytes.size() && std::memcmp(start.data(), bytes.data(), bytes.size()) == 0;
 }
 
 // The file may have shrunk, or its disk fail: then the bytes end where they end. After the first call

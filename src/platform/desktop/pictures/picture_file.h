@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
@@ -26,6 +27,11 @@ class PictureFile {
   // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
   // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
   std::span<const std::uint8_t> From(std::size_t offset) noexcept;
+
+  // Fills `to` from `offset` on. False if the file ends before, with what there is in `to`.
+  bool Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept;
+
+  bool BeginsWith(std::string_view bytes) noexcept;
 
  private:
   void Read(std::size_t offset, std::size_t count);

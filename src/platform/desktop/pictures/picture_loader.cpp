@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "platform/desktop/pictures/bmp_picture.h"
 #include "platform/desktop/pictures/image_picture.h"
 #include "platform/desktop/pictures/jpeg_picture.h"
 #include "platform/desktop/pictures/picture_file.h"
@@ -14,7 +15,9 @@ namespace {
 
 std::shared_ptr<BitmapPicture> Open(std::unique_ptr<PictureFile> file) {
   if (JpegPicture::Recognizes(*file)) return std::make_shared<JpegPicture>(std::move(file));
-  return std::make_shared<ImagePicture>(std::move(file));
+  if (BmpPicture::Recognizes(*file)) return std::make_shared<BmpPicture>(std::move(file));
+  if (ImagePicture::Recognizes(*file)) return std::make_shared<ImagePicture>(std::move(file));
+  throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
 }
 
 }  // namespace
