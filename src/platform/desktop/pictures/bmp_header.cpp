@@ -52,6 +52,8 @@ class HeaderReader {
   // Whether the header reaches over a field that all but the first kind have.
   bool Has(std::size_t offset, std::size_t size) const { return !IsCore() && offset + size <= kFileHead + size_; }
 
+  std::int64_t Signed(std::size_t offset) const { return static_cast<std::int32_t>(Number(offset, 4)); }
+
   // What lies beyond the file's end is 0.
   std::uint32_t Number(std::size_t offset, std::size_t size) const {
     std::uint32_t number = 0;
@@ -60,8 +62,8 @@ class HeaderReader {
   }
 
   void ReadSize() {
-    const std::int64_t width = IsCore() ? Number(18, 2) : static_cast<std::int32_t>(Number(18, 4));
-    const std::int64_t height = IsCore() ? Number(20, 2) : static_cast<std::int32_t>(Number(22, 4));
+    const std::int64_t width = IsCore() ? std::int64_t{Number(18, 2)} : Signed(18);
+    const std::int64_t height = IsCore() ? std::int64_t{Number(20, 2)} : Signed(22);
     header_.top_down = height < 0;
     const std::int64_t rows = header_.top_down ? -height : height;
     if (width <= 0 || rows == 0) Fail("Damaged picture");

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "desktop/picture_samples.h"
+#include "desktop/pictures/samples.h"
 
 namespace quorvale {
 namespace {

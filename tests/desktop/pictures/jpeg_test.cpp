@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "base/failure.h"
-#include "desktop/picture_samples.h"
+#include "desktop/pictures/samples.h"
 
 namespace quorvale {
 namespace {

@@ -1,4 +1,4 @@
-#include "desktop/picture_samples.h"
+#include "desktop/pictures/samples.h"
 
 #include <QBuffer>
 #include <QImageReader>
