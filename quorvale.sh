@@ -7,6 +7,7 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsql
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 test_packages="libgtest-dev libgmock-dev python3 sox"
+fuzz_packages="clang libclang-rt-dev"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -70,12 +71,30 @@ run_tests() {
 # The last line is the runner's own count.
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
+# Each fuzzer goes on from its seeds; what it makes of them stays in the build directory.
+fuzz() {
+  local fuzzer name
+  for fuzzer in build/fuzz/*_fuzzer; do
+    name=$(basename "$fuzzer" _fuzzer)
+    mkdir -p "build/fuzz/corpus/$name"
+    "$fuzzer" -max_total_time="$1" -timeout=5 -max_len=4096 -rss_limit_mb=4000 -artifact_prefix="build/fuzz/$name-" \
+      "build/fuzz/corpus/$name" "fuzz/seeds/$name" >"build/fuzz/$name.log" 2>&1 ||
+      { tail -n 50 "build/fuzz/$name.log"; return 1; }
+    say "$name: $(tail -n 1 "build/fuzz/$name.log")"
+  done
+}
+
 run_all_tests() {
-  need $screen_packages
+  need $screen_packages $fuzz_packages
   build sanitize
   build release
+  build fuzz
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
+  say "Testing pictures under the sanitizers"
+  QT_QPA_PLATFORM=offscreen build/fuzz/quorvale_picture_tests --gtest_brief=1
+  say "Fuzzing for 20 seconds each"
+  fuzz 20
   say "Testing everything"
   run_tests build
   say "Under the sanitizers: $(count_of build/sanitize)"

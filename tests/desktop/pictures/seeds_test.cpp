@@ -1,8 +1,9 @@
 // The seeds of the fuzzer: one small picture, stored in every way there is.
 
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
-#include <array>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +11,7 @@
 
 #include "base/failure.h"
 #include "desktop/pictures/samples.h"
+#include "platform/desktop/system/file_descriptor.h"
 #include "platform/headless/headless_desktop.h"
 #include "process/process.h"
 #include "saver/main_form.h"
@@ -39,18 +41,17 @@ Bytes Read(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// A file that is written over again and again.
+// A file in memory that is written over again and again.
 class ChangingFile {
  public:
-  explicit ChangingFile(const TemporaryDirectory& folder) : path_(folder.Path("changed")) {}
-  const std::string& With(const Bytes& bytes, std::size_t length) const {
-    std::ofstream(path_, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(length));
-    return path_;
+  std::string With(const Bytes& bytes, std::size_t length) const {
+    EXPECT_EQ(ftruncate(file_.Get(), static_cast<off_t>(length)), 0);
+    EXPECT_EQ(pwrite(file_.Get(), bytes.data(), length, 0), static_cast<ssize_t>(length));
+    return "/proc/self/fd/" + std::to_string(file_.Get());
   }
 
  private:
-  std::string path_;
+  FileDescriptor file_{memfd_create("changing", MFD_CLOEXEC)};
 };
 
 // What the sanitizers and the clock have to say is asked of every load, whether it fails or not.
@@ -138,8 +139,7 @@ TEST(PictureSeeds, PixelsThatRunsLeaveOutHaveTheFirstColour) {
 }
 
 TEST(PictureSeeds, CutOffAtAnyLengthOrWithAnyBitWrongAreShownOrFail) {
-  const TemporaryDirectory folder;
-  const ChangingFile file(folder);
+  const ChangingFile file;
   for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) {
     const std::string name = seed.path().filename();
     Bytes bytes = Read(seed.path());
