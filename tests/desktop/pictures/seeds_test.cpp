@@ -109,8 +109,7 @@ TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
   }
 }
 
-// Transparent pixels leave the screen's background; around a small frame is the file's own.
-TEST(PictureSeeds, WhatAGifLeavesOutIsBackground) {
+TEST(PictureSeeds, WhatAGifLeavesOutIsTheBackground) {
   Screen transparent(kWidth, kHeight);
   Show(Seed("transparent.gif"), kBounds, transparent);
   Screen inset(kWidth + 6, kHeight + 5);
@@ -123,8 +122,18 @@ TEST(PictureSeeds, WhatAGifLeavesOutIsBackground) {
       EXPECT_EQ(inset.At(x + 3, y + 2), ColourOf(index)) << x << ", " << y;
     }
   }
-  EXPECT_EQ(inset.At(0, 0), ColourOf(0));
-  EXPECT_EQ(inset.At(kWidth + 5, kHeight + 4), ColourOf(0));
+  EXPECT_EQ(inset.At(0, 0), background);
+  EXPECT_EQ(inset.At(kWidth + 5, kHeight + 4), background);
+}
+
+TEST(PictureSeeds, ABitmapsAlphaMixesWithTheBackground) {
+  Screen screen(kWidth, kHeight, 0xFF000000);
+  Show(Seed("32-alpha.bmp"), kBounds, screen);
+  const Pixel half = screen.At(0, 0);
+  const QRgb colour = ColourOf(IndexAt(0, 0, 16));
+  EXPECT_NEAR(qBlue(half), qBlue(colour) / 2, 1);
+  EXPECT_EQ(screen.At(1, 0), 0xFF000000);
+  EXPECT_EQ(screen.At(2, 0), ColourOf(IndexAt(2, 0, 16)));
 }
 
 // A jump over two rows and the rest of a third, and an end before the last rows.

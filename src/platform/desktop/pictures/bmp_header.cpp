@@ -21,6 +21,9 @@ constexpr std::size_t kLongestHeader = 124;
 constexpr std::int64_t kLongestSide = 1 << 20;
 constexpr std::int64_t kMostPixels = 1 << 30;
 
+// Two bytes make a run of 255 pixels. Jumps might leave out more, but no program draws so sparsely.
+constexpr std::size_t kPixelsToByte = 256;
+
 enum Compression : std::uint32_t { kPlain = 0, kRuns8 = 1, kRuns4 = 2, kMasks = 3, kMasksWithAlpha = 6 };
 
 [[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
@@ -39,6 +42,8 @@ class HeaderReader {
     if (Has(30, 4)) compression_ = Number(30, 4);
     Check();
     header_.runs = compression_ == kRuns8 || compression_ == kRuns4;
+    const std::size_t pixels = static_cast<std::size_t>(header_.width) * static_cast<std::size_t>(header_.height);
+    if (header_.runs && pixels / kPixelsToByte > file_.Size()) Fail("Damaged picture");
     ReadMasks();
     ReadPalette();
     const std::size_t rows = Number(10, 4);
@@ -98,17 +103,18 @@ class HeaderReader {
     if (!depth_known || !packing_known) Fail("Not a known kind of bitmap");
   }
 
-  // Later headers hold the masks, the early one has them behind it: at the same place. An alpha is let
-  // be: programs that know none fill it with zeros.
+  // Later headers hold the masks, the early one has them behind it: at the same place.
   void ReadMasks() {
     palette_end_ = kFileHead + size_;
     if (compression_ == kMasks || compression_ == kMasksWithAlpha) {
-      for (std::size_t i = 0; i < 3; ++i) header_.masks[i] = Number(kFileHead + kInfoHeader + 4 * i, 4);
-      if (size_ == kInfoHeader) palette_end_ += compression_ == kMasks ? 12 : 16;
+      const std::size_t masks = kFileHead + kInfoHeader;
+      const std::size_t count = compression_ == kMasksWithAlpha || size_ >= kInfoHeader + 16 ? 4 : 3;
+      for (std::size_t i = 0; i < count; ++i) header_.masks[i] = Number(masks + 4 * i, 4);
+      palette_end_ = std::max(palette_end_, masks + 4 * count);
     } else if (header_.bits == 16) {
-      header_.masks = {0x7C00, 0x03E0, 0x001F};
+      header_.masks = {0x7C00, 0x03E0, 0x001F, 0};
     } else {
-      header_.masks = {0xFF0000, 0x00FF00, 0x0000FF};
+      header_.masks = {0xFF0000, 0x00FF00, 0x0000FF, 0};
     }
   }
 

@@ -12,6 +12,7 @@ namespace quorvale {
 // What the head of a bitmap file says, of Windows or OS/2.
 struct BmpHeader {
   bool IsPalette() const { return bits <= 8; }
+  bool IsOpaque() const { return masks[3] == 0; }
 
   int width = 0;
   int height = 0;
@@ -24,8 +25,8 @@ struct BmpHeader {
   std::size_t rows = 0;
   // 2 to the power of `bits` colours, where there are up to 8.
   std::vector<Pixel> palette;
-  // The bits of red, green and blue, where there are 16 or 32.
-  std::array<Pixel, 3> masks{};
+  // The bits of red, green and blue, where there are 16 or 32, and of what may be 0: alpha.
+  std::array<Pixel, 4> masks{};
 };
 
 // Fails with kBadPicture, also for a size beyond all that makes sense. Whether the rows are there is

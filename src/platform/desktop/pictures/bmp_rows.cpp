@@ -7,47 +7,23 @@
 #include <span>
 #include <vector>
 
+#include "platform/desktop/pictures/byte_stream.h"
+#include "platform/desktop/pictures/sequential_rows.h"
+
 namespace quorvale {
 namespace {
 
-// One row after the other, of which two are kept.
-class BmpRows : public RowSource {
+class BmpRows : public SequentialRows {
  public:
-  explicit BmpRows(const BmpHeader& header) : header_(header) {}
+  explicit BmpRows(const BmpHeader& header) : SequentialRows({header.width, header.height}), header_(header) {}
 
-  Side Across() const override { return {header_.width, static_cast<double>(header_.width)}; }
-  Side Down() const override { return {header_.height, static_cast<double>(header_.height)}; }
-  bool IsOpaque() const override { return true; }
-
-  bool Start(int left, int right, int top) override {
-    left_ = left;
-    for (auto& row : rows_) row.resize(static_cast<std::size_t>(right - left));
-    return GoTo(top);
-  }
-
-  const Pixel* Row(int y) override {
-    for (; next_ <= y; ++next_) {
-      if (!Decode(next_, rows_[static_cast<std::size_t>(next_) % 2])) return nullptr;
-    }
-    return rows_[static_cast<std::size_t>(y) % 2].data();
-  }
+  bool IsOpaque() const override { return header_.IsOpaque(); }
 
  protected:
-  // False where the file ends.
-  virtual bool GoTo(int top) {
-    next_ = top;
-    return true;
-  }
-  virtual bool Decode(int y, std::span<Pixel> row) = 0;
-
   const BmpHeader& Header() const { return header_; }
-  int Left() const { return left_; }
 
  private:
   const BmpHeader& header_;
-  int left_ = 0;
-  int next_ = 0;
-  std::array<std::vector<Pixel>, 2> rows_;
 };
 
 // Spreads the bits of one colour over a byte.
@@ -64,6 +40,12 @@ class Channel {
   double factor_ = 0;
 };
 
+// A colour by an alpha, which joins it.
+Pixel Multiplied(Pixel colour, Pixel alpha) {
+  const auto channel = [&](unsigned shift) { return ((colour >> shift & 0xFFU) * alpha + 127U) / 255U << shift; };
+  return alpha << 24U | channel(16) | channel(8) | channel(0);
+}
+
 // Every row takes the same number of bytes: only those that are seen are read.
 class PlainRows : public BmpRows {
  public:
@@ -72,9 +54,12 @@ class PlainRows : public BmpRows {
         file_(file),
         bits_(static_cast<std::size_t>(header.bits)),
         row_bytes_((static_cast<std::size_t>(header.width) * bits_ + 31) / 32 * 4),
-        channels_{Channel(header.masks[0]), Channel(header.masks[1]), Channel(header.masks[2])} {}
+        channels_{Channel(header.masks[0]), Channel(header.masks[1]), Channel(header.masks[2]),
+                  Channel(header.masks[3])} {}
 
  protected:
+  bool GoTo(int /*top*/) override { return true; }
+
   bool Decode(int y, std::span<Pixel> row) override {
     const std::size_t first_bit = static_cast<std::size_t>(Left()) * bits_;
     bytes_.resize((first_bit % 8 + row.size() * bits_ + 7) / 8);
@@ -102,7 +87,8 @@ class PlainRows : public BmpRows {
     for (Pixel& pixel : row) {
       Pixel stored = 0;
       for (std::size_t i = 0; i < kSize; ++i) stored |= Pixel{*from++} << 8 * i;
-      pixel = 0xFF000000U | channels_[0].Of(stored) << 16U | channels_[1].Of(stored) << 8U | channels_[2].Of(stored);
+      pixel = channels_[0].Of(stored) << 16U | channels_[1].Of(stored) << 8U | channels_[2].Of(stored);
+      pixel = Header().IsOpaque() ? pixel | 0xFF000000U : Multiplied(pixel, channels_[3].Of(stored));
     }
   }
 
@@ -125,21 +111,21 @@ class PlainRows : public BmpRows {
   PictureFile& file_;
   std::size_t bits_;
   std::size_t row_bytes_;
-  std::array<Channel, 3> channels_;
+  std::array<Channel, 4> channels_;
   std::vector<std::uint8_t> bytes_;
 };
 
 // Runs of one colour, rows of several, and jumps, which leave out pixels: those get the first colour.
 class RunRows : public BmpRows {
  public:
-  RunRows(PictureFile& file, const BmpHeader& header) : BmpRows(header), file_(file), offset_(header.rows) {}
+  RunRows(PictureFile& file, const BmpHeader& header) : BmpRows(header), bytes_(file, header.rows) {}
 
  protected:
   bool GoTo(int top) override {
     for (int y = 0; y < top; ++y) {
       if (!Decode(y, {})) return false;
     }
-    return BmpRows::GoTo(top);
+    return true;
   }
 
   // A row that the file's end cuts off counts if it has begun.
@@ -150,8 +136,8 @@ class RunRows : public BmpRows {
       return true;
     }
     for (bool begun = ended_; !ended_; begun = true) {
-      const int count = Next();
-      const int value = Next();
+      const int count = bytes_.Next();
+      const int value = bytes_.Next();
       if (value < 0) return begun;
       if (count > 0) {
         Repeat(row, count, value);
@@ -169,22 +155,11 @@ class RunRows : public BmpRows {
   static constexpr int kEndOfPicture = 1;
   static constexpr int kJump = 2;
 
-  // The next byte, or -1 at the end.
-  int Next() {
-    if (at_ == bytes_.size()) {
-      bytes_ = file_.From(offset_);
-      offset_ += bytes_.size();
-      at_ = 0;
-      if (bytes_.empty()) return -1;
-    }
-    return bytes_[at_++];
-  }
-
   // Whether the row goes on.
   bool Obey(int command) {
     if (command == kJump) {
-      x_ += std::max(0, Next());
-      left_out_ = Next() - 1;
+      x_ += std::max(0, bytes_.Next());
+      left_out_ = bytes_.Next() - 1;
       return left_out_ < 0;
     }
     if (command == kEndOfRow) x_ = 0;
@@ -210,18 +185,15 @@ class RunRows : public BmpRows {
     const bool halves = Header().bits == 4;
     const int bytes = halves ? (count + 1) / 2 : count;
     for (int i = 0; i < bytes; ++i) {
-      const int value = Next();
+      const int value = bytes_.Next();
       if (value < 0) return;
       Put(row, halves ? value >> 4 : value);
       if (halves && 2 * i + 1 < count) Put(row, value & 15);
     }
-    if (bytes % 2 != 0) Next();
+    if (bytes % 2 != 0) bytes_.Next();
   }
 
-  PictureFile& file_;
-  std::size_t offset_;
-  std::span<const std::uint8_t> bytes_;
-  std::size_t at_ = 0;
+  ByteStream bytes_;
   // Where the next pixel goes; a row may be longer than it should.
   std::int64_t x_ = 0;
   // Rows that a jump leaves out.

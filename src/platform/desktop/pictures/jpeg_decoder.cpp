@@ -19,7 +19,7 @@ constexpr int kMostScans = 100;
 constexpr std::size_t kMostBlockVisits = 50'000'000;
 
 // A slide can't take for ever to come: by then nothing more of its file is read.
-constexpr std::chrono::seconds kTimeToRead{3};
+constexpr std::chrono::seconds kTimeToRead{4};
 
 constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
 constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};

@@ -6,9 +6,10 @@
 
 #include "base/failure.h"
 #include "platform/desktop/pictures/bmp_picture.h"
-#include "platform/desktop/pictures/image_picture.h"
+#include "platform/desktop/pictures/gif_picture.h"
 #include "platform/desktop/pictures/jpeg_picture.h"
 #include "platform/desktop/pictures/picture_file.h"
+#include "platform/desktop/pictures/png_picture.h"
 
 namespace quorvale {
 namespace {
@@ -16,7 +17,8 @@ namespace {
 std::shared_ptr<BitmapPicture> Open(std::unique_ptr<PictureFile> file) {
   if (JpegPicture::Recognizes(*file)) return std::make_shared<JpegPicture>(std::move(file));
   if (BmpPicture::Recognizes(*file)) return std::make_shared<BmpPicture>(std::move(file));
-  if (ImagePicture::Recognizes(*file)) return std::make_shared<ImagePicture>(std::move(file));
+  if (GifPicture::Recognizes(*file)) return std::make_shared<GifPicture>(std::move(file));
+  if (PngPicture::Recognizes(*file)) return std::make_shared<PngPicture>(std::move(file));
   throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
 }
 

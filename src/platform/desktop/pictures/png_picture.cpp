@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/image_picture.h"
+#include "platform/desktop/pictures/png_picture.h"
 
 #include <QIODevice>
 #include <QImageReader>
@@ -55,7 +55,7 @@ class ImageRows : public RowSource {
 
 [[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
 
-// The most that either format packs into a byte.
+// The most that the format packs into a byte.
 constexpr std::size_t kPixelsToByte = 8300;
 
 std::size_t Bytes(QSize size, int depth) {
@@ -68,7 +68,7 @@ std::size_t Bytes(QSize size, int depth) {
 QImage Blank(const QImageReader& reader, std::size_t file_size) {
   const QSize size = reader.size();
   const QImage::Format format = reader.imageFormat();
-  if (!size.isValid() || format == QImage::Format_Invalid) return {};
+  if (!size.isValid() || format == QImage::Format_Invalid) Fail("Damaged picture");
   if (Bytes(size, 8) / kPixelsToByte > file_size) Fail("Damaged picture");
   if (Bytes(size, 32) > kPictureMemoryLimit) Fail("Picture too large");
   QImage image(size, format);
@@ -79,22 +79,21 @@ QImage Blank(const QImageReader& reader, std::size_t file_size) {
 
 }  // namespace
 
-const char* ImagePicture::FormatOf(PictureFile& file) {
-  if (file.BeginsWith("GIF8")) return "gif";
-  return file.BeginsWith("\x89PNG") ? "png" : nullptr;
-}
+bool PngPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
 
-ImagePicture::ImagePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), image_(Decode()) {
+PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), image_(Decode()) {
   Describe({image_.width(), image_.height()}, {});
 }
 
-std::unique_ptr<RowSource> ImagePicture::Open(PixelSize /*stored_box*/) {
+std::unique_ptr<RowSource> PngPicture::Open(PixelSize /*stored_box*/) {
   return std::make_unique<ImageRows>(image_.isNull() ? Decode() : std::exchange(image_, {}));
 }
 
-QImage ImagePicture::Decode() {
+QImage PngPicture::Decode() {
   FileDevice device(*file_);
-  QImageReader reader(&device, FormatOf(*file_));
+  // Qt isn't left to look for a format itself: its plugins, of which any program may bring more, would
+  // all get to see what a stranger's file holds.
+  QImageReader reader(&device, "png");
   reader.setAutoDetectImageFormat(false);
   QImage image = Blank(reader, file_->Size());
   if (!reader.read(&image) || image.isNull()) Fail("Damaged picture");

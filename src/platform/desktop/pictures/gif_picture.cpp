@@ -1,0 +1,17 @@
+#include "platform/desktop/pictures/gif_picture.h"
+
+#include <utility>
+
+#include "platform/desktop/pictures/gif_rows.h"
+
+namespace quorvale {
+
+bool GifPicture::Recognizes(PictureFile& file) { return file.BeginsWith("GIF8"); }
+
+GifPicture::GifPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), header_(ReadGifHeader(*file_)) {
+  Describe(header_.size, {});
+}
+
+std::unique_ptr<RowSource> GifPicture::Open(PixelSize /*stored_box*/) { return OpenGifRows(*file_, header_); }
+
+}  // namespace quorvale
