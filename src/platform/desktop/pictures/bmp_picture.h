@@ -20,7 +20,6 @@ class BmpPicture : public BitmapPicture {
   std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
 
  private:
-  std::unique_ptr<PictureFile> file_;
   BmpHeader header_;
 };
 

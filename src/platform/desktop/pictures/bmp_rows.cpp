@@ -32,7 +32,11 @@ class Channel {
   explicit Channel(Pixel mask) : mask_(mask), shift_(mask == 0 ? 0 : std::countr_zero(mask)) {
     if (mask != 0) factor_ = 255.0 / (mask >> shift_);
   }
-  Pixel Of(Pixel stored) const { return static_cast<Pixel>(((stored & mask_) >> shift_) * factor_ + 0.5); }
+  Pixel Of(Pixel stored) const {
+    // Half a step more, since the result is cut to whole steps.
+    const double level = ((stored & mask_) >> shift_) * factor_ + 0.5;
+    return static_cast<Pixel>(level);
+  }
 
  private:
   Pixel mask_;

@@ -21,7 +21,6 @@ class GifPicture : public BitmapPicture {
   std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
 
  private:
-  std::unique_ptr<PictureFile> file_;
   GifHeader header_;
 };
 

@@ -18,9 +18,6 @@ constexpr std::size_t kBlocksPerBit = 8;
 constexpr int kMostScans = 100;
 constexpr std::size_t kMostBlockVisits = 50'000'000;
 
-// A slide can't take for ever to come: by then nothing more of its file is read.
-constexpr std::chrono::seconds kTimeToRead{4};
-
 constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
 constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
 
@@ -36,8 +33,7 @@ void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
 
 }  // namespace
 
-JpegDecoder::JpegDecoder(PictureFile& file)
-    : file_(file), end_(file.Size()), latest_(std::chrono::steady_clock::now() + kTimeToRead) {
+JpegDecoder::JpegDecoder(PictureFile& file) : file_(file), end_(file.Size()) {
   decoder_.err = jpeg_std_error(&errors_);
   errors_.error_exit = OnError;
   errors_.emit_message = OnMessage;
@@ -79,11 +75,11 @@ void JpegDecoder::OnProgress(j_common_ptr common) {
   self.last_progress_ = self.next_offset_ - self.source_.bytes_in_buffer - marker_size;
 }
 
-// At the end of the file, or of the time, the library gets an end mark, and makes do with what it has.
+// At the end of the file the library gets an end mark, and makes do with what it has.
 boolean JpegDecoder::FillBuffer(j_decompress_ptr decoder) {
   auto& self = *static_cast<JpegDecoder*>(decoder->client_data);
   std::span<const std::uint8_t> bytes;
-  if (self.next_offset_ < self.end_ && std::chrono::steady_clock::now() < self.latest_) {
+  if (self.next_offset_ < self.end_) {
     bytes = self.file_.From(self.next_offset_);
     bytes = bytes.first(std::min(bytes.size(), self.end_ - self.next_offset_));
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <chrono>
 #include <csetjmp>
 #include <cstddef>
 #include <cstdint>
@@ -63,7 +62,6 @@ class JpegDecoder {
 
   PictureFile& file_;
   std::size_t end_;
-  std::chrono::steady_clock::time_point latest_;
   std::size_t next_offset_ = 0;
   // Where the library stood when it last reported progress.
   std::size_t last_progress_ = 0;

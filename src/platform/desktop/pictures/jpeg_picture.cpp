@@ -53,12 +53,12 @@ class JpegRows : public RowSource {
 
 bool JpegPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\xFF\xD8"); }
 
-JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), decoder_(ReadHeader()) {
-  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(*file_)));
+JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : BitmapPicture(std::move(file)), decoder_(ReadHeader()) {
+  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(File())));
 }
 
 std::unique_ptr<JpegDecoder> JpegPicture::ReadHeader() {
-  auto decoder = std::make_unique<JpegDecoder>(*file_);
+  auto decoder = std::make_unique<JpegDecoder>(File());
   if (!decoder->ReadHeader()) throw Failure(FailureNumber::kBadPicture, "Damaged picture", "LoadPicture");
   return decoder;
 }

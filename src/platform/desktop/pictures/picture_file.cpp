@@ -18,6 +18,9 @@ constexpr std::size_t kHeldSize = std::size_t{8} << 20U;
 // How much of a larger one is read at a time.
 constexpr std::size_t kPieceSize = std::size_t{256} << 10U;
 
+// Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
+constexpr std::chrono::seconds kTimeToRead{3};
+
 [[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
 
 // Doesn't wait for anybody at the other end of a pipe.
@@ -40,6 +43,7 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
     Fail(FailureNumber::kBadPicture, "Picture file too large");
   }
   size_ = static_cast<std::size_t>(status.st_size);
+  StartClock();
   const bool held = size_ <= kHeldSize;
   Read(0, held ? size_ : kPieceSize);
   if (size_ > 0 && buffer_.empty()) Fail(FailureNumber::kUnreadable, "File can't be read");
@@ -49,9 +53,12 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
   }
 }
 
+void PictureFile::StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
+
 std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
   if (offset >= size_) return {};
   if (file_.IsOpen() && (offset < buffer_offset_ || offset >= buffer_offset_ + buffer_.size())) {
+    if (std::chrono::steady_clock::now() > latest_) return {};
     Read(offset, std::min(kPieceSize, size_ - offset));
   }
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));

@@ -81,7 +81,7 @@ QImage Blank(const QImageReader& reader, std::size_t file_size) {
 
 bool PngPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
 
-PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), image_(Decode()) {
+PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : BitmapPicture(std::move(file)), image_(Decode()) {
   Describe({image_.width(), image_.height()}, {});
 }
 
@@ -90,12 +90,12 @@ std::unique_ptr<RowSource> PngPicture::Open(PixelSize /*stored_box*/) {
 }
 
 QImage PngPicture::Decode() {
-  FileDevice device(*file_);
+  FileDevice device(File());
   // Qt isn't left to look for a format itself: its plugins, of which any program may bring more, would
   // all get to see what a stranger's file holds.
   QImageReader reader(&device, "png");
   reader.setAutoDetectImageFormat(false);
-  QImage image = Blank(reader, file_->Size());
+  QImage image = Blank(reader, File().Size());
   if (!reader.read(&image) || image.isNull()) Fail("Damaged picture");
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   // Another depth takes a second image for a moment.

@@ -22,7 +22,6 @@ class PngPicture : public BitmapPicture {
  private:
   QImage Decode();
 
-  std::unique_ptr<PictureFile> file_;
   // Waits for the first `Open`.
   QImage image_;
 };
