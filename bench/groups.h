@@ -20,6 +20,7 @@ void MeasureEffects(Bench& bench);    // steps a second and the time that each e
 void MeasureSpotlight(Bench& bench);  // beside filling its pixels
 void MeasureLists(Bench& bench);      // directories, shuffling, the settings store
 void MeasureShow(Bench& bench);       // CPU time of a running show
+void MeasurePreview(Bench& bench);    // the show in miniature in a window of another program
 void MeasureStart(Bench& bench);      // the window's coming and going
 
 }  // namespace quorvale

@@ -22,7 +22,7 @@ struct Group {
 
 constexpr Group kGroups[] = {
     {"load", MeasureLoading}, {"memory", MeasureMemory}, {"effects", MeasureEffects}, {"spotlight", MeasureSpotlight},
-    {"lists", MeasureLists},  {"show", MeasureShow},     {"start", MeasureStart},
+    {"lists", MeasureLists},  {"show", MeasureShow},     {"preview", MeasurePreview}, {"start", MeasureStart},
 };
 
 struct CommandLine {

@@ -6,8 +6,6 @@
 namespace quorvale {
 namespace {
 
-bool IsContinuation(char c) { return (static_cast<std::uint8_t>(c) & 0xC0) == 0x80; }
-
 // Bytes of the character that begins at `at`; 1 for a byte that begins no valid character.
 std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   const auto lead = static_cast<std::uint8_t>(text[at]);

@@ -11,6 +11,9 @@ namespace quorvale {
 
 std::size_t Length(std::string_view text);
 
+// Whether the byte goes on with a character that another began.
+inline bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
 // The first `count` characters, or all of them if there are fewer.
 std::string Left(std::string_view text, std::size_t count);
 

@@ -77,6 +77,11 @@ class Display:
                 self.close()  # nobody has this object yet
                 raise
 
+    @property
+    def server(self):
+        """The X server's process."""
+        return self._server.pid
+
     def close(self):
         for process in (self._manager, self._server):
             if process:

@@ -63,8 +63,10 @@ bool Exists(const std::string& path) {
 
 }  // namespace
 
-PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string saver_file)
-    : settings_directory_(std::move(settings_directory)), saver_file_(std::move(saver_file)) {}
+PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string saver_file, std::function<void()> chosen)
+    : settings_directory_(std::move(settings_directory)),
+      saver_file_(std::move(saver_file)),
+      chosen_(std::move(chosen)) {}
 
 void PosixFileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                                      const std::function<void(const std::string& name)>& found) {
@@ -101,6 +103,7 @@ std::string PosixFileSystem::GetShortPathName(const std::string& path, std::uint
 
 bool PosixFileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
                                                 const std::string& value, const std::string& file) {
+  if (chosen_ && section == "boot" && key == "SCRNSAVE.EXE" && IsSaverFile(value)) chosen_();
   if (file.find('/') != std::string::npos) return WriteIniValue(file, section, key, value);
   if (!CreateDirectories(settings_directory_)) return false;
   return WriteIniValue(settings_directory_ + "/" + file, section, key, value);

@@ -45,7 +45,7 @@ ScreenInfo DesktopPlatform::Screen() {
 }
 
 std::unique_ptr<WindowPeer> DesktopPlatform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
-  return std::make_unique<QtWindowPeer>(kind, options_.pixels, events, titles_);
+  return std::make_unique<QtWindowPeer>(kind, options_.pixels, events, titles_, options_.daemon_window);
 }
 
 std::unique_ptr<SurfacePeer> DesktopPlatform::CreateSurfacePeer(WindowPeer& window, Surface& surface,

@@ -19,6 +19,8 @@ struct DesktopOptions {
   // By how much the desktop wants text larger than its resolution says, where Qt's scaling is off.
   double text_scale = 1;
   PassLengths pass_lengths;
+  // The window of a screen saver daemon that the show runs in; 0 is none.
+  WindowHandle daemon_window = 0;
 };
 
 // The Linux desktop by Qt. Needs a QApplication, which outlives it.
@@ -42,7 +44,7 @@ class DesktopPlatform : public Platform {
  private:
   DesktopOptions options_;
   TitleLock titles_;
-  QtWindowSystem windows_{titles_};
+  QtWindowSystem windows_{titles_, options_.daemon_window != 0};
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
   EventWait wait_;

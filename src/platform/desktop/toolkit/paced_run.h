@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <chrono>
 
 #include "platform/desktop/toolkit/event_wait.h"
 #include "platform/desktop/toolkit/pace_account.h"
@@ -28,6 +29,7 @@ class QtPacedRun : public PacedRun {
   PassLengths lengths_;
   EventWait& wait_;
   PaceAccount account_;
+  std::chrono::steady_clock::time_point next_unseen_pass_;
 };
 
 }  // namespace quorvale

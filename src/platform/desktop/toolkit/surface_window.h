@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBackingStore>
+#include <QElapsedTimer>
 #include <QRegion>
 #include <QWindow>
 #include <cstdint>
@@ -58,6 +59,7 @@ class SurfaceWindow : public QWindow {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  bool IsHostInSight() const;
   void NoteRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
   void CopyTo(QImage& image, const QRegion& region) const;
@@ -75,6 +77,9 @@ class SurfaceWindow : public QWindow {
   std::unique_ptr<QWindow> host_;
   // The host went and took the window along; Qt takes no notice of that.
   bool is_gone_ = false;
+  // What the window system last said of the host, and when.
+  mutable bool host_is_in_sight_ = true;
+  mutable QElapsedTimer host_was_asked_;
 };
 
 }  // namespace quorvale

@@ -12,8 +12,9 @@ namespace quorvale {
 
 class QtWindowPeer : public WindowPeer {
  public:
-  // `titles` outlives the peer; a saver window claims its title there while it shows.
-  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles);
+  // `titles` outlives the peer; a saver window claims its title there while it shows, unless it lies in a
+  // `daemon_window`: the daemon alone decides how many shows there are and what is on the other monitors.
+  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles, WindowHandle daemon_window);
   ~QtWindowPeer() override;
   QtWindowPeer(const QtWindowPeer&) = delete;
   QtWindowPeer& operator=(const QtWindowPeer&) = delete;
@@ -28,7 +29,7 @@ class QtWindowPeer : public WindowPeer {
  private:
   void ShowSaver();
 
-  WindowKind kind_;
+  bool rules_the_screen_;
   WindowEvents& events_;
   TitleLock& titles_;
   std::string caption_;
