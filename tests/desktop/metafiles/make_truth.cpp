@@ -3,10 +3,14 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -98,6 +102,20 @@ HDC BitmapDc(const Bitmap& bitmap) {
   return dc;
 }
 
+// What a bitmap shows where each of its points lands.
+template <typename Back>
+void DrawByPoints(HDC dc, const Bitmap& bitmap, Back back) {
+  HDC source = BitmapDc(bitmap);
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) {
+      const auto [u, v] = back(x + 0.5, y + 0.5);
+      const int from_x = static_cast<int>(std::floor(u)), from_y = static_cast<int>(std::floor(v));
+      if (from_x < 0 || from_y < 0 || from_x >= bitmap.header.biWidth || from_y >= bitmap.header.biHeight) continue;
+      ::SetPixel(dc, x, y, GetPixel(source, from_x, from_y));
+    }
+  }
+}
+
 void Ground(HDC dc) {
   Use(dc, GetStockObject(NULL_PEN));
   for (int i = 0; i < 5; ++i) {
@@ -131,32 +149,81 @@ void Pens(HDC dc, bool) {
   }
 }
 
+// Wine writes a geometric pen as a plain one: the right records are put in its place.
+std::vector<std::vector<DWORD>> extended_pens;
+
+void ExtendedPen(HDC dc, DWORD style, DWORD width, LOGBRUSH brush, const std::vector<DWORD>& dashes = {}) {
+  Use(dc, CreatePen(PS_SOLID, static_cast<int>(width), brush.lbColor));
+  std::vector<DWORD> record{0,
+                            0,
+                            0,
+                            0,
+                            style,
+                            width,
+                            brush.lbStyle,
+                            brush.lbColor,
+                            static_cast<DWORD>(brush.lbHatch),
+                            static_cast<DWORD>(dashes.size())};
+  record.insert(record.end(), dashes.begin(), dashes.end());
+  extended_pens.push_back(record);
+}
+
 void GeometricPens(HDC dc, bool) {
   const DWORD caps[] = {PS_ENDCAP_ROUND, PS_ENDCAP_SQUARE, PS_ENDCAP_FLAT};
   const DWORD joins[] = {PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER};
+  const DWORD styles[] = {PS_DASH, PS_DOT, PS_DASHDOT};
   for (int i = 0; i < 3; ++i) {
     const LOGBRUSH brush{BS_SOLID, RGB(80 * i, 100, 200 - 60 * i), 0};
-    Use(dc, ExtCreatePen(PS_GEOMETRIC | PS_SOLID | caps[i] | joins[i], 12, &brush, 0, nullptr));
-    const POINT hook[] = {{20 + i * 60, 60}, {40 + i * 60, 15}, {60 + i * 60, 60}};
+    ExtendedPen(dc, PS_GEOMETRIC | PS_SOLID | caps[i] | joins[i], 13, brush);
+    const POINT hook[] = {{10 + i * 62, 65}, {10 + i * 62, 15}, {55 + i * 62, 15}};
     Polyline(dc, hook, 3);
-    Use(dc, ExtCreatePen(PS_GEOMETRIC |
-                             (i == 0   ? PS_DASH
-                              : i == 1 ? PS_DOT
-                                       : PS_DASHDOT) |
-                             PS_ENDCAP_FLAT,
-                         6, &brush, 0, nullptr));
+    ExtendedPen(dc, PS_GEOMETRIC | styles[i] | PS_ENDCAP_FLAT, 7, brush);
     MoveToEx(dc, 10, 85 + i * 14, nullptr);
     LineTo(dc, 190, 85 + i * 14);
   }
-  const DWORD dashes[] = {20, 5, 4, 5};
-  const LOGBRUSH brush{BS_SOLID, RGB(200, 0, 0), 0};
-  Use(dc, ExtCreatePen(PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT, 4, &brush, 4, dashes));
-  MoveToEx(dc, 10, 130, nullptr);
-  LineTo(dc, 190, 130);
-  const LOGBRUSH hatch{BS_HATCHED, RGB(0, 0, 200), HS_DIAGCROSS};
-  Use(dc, ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_FLAT, 10, &hatch, 0, nullptr));
-  MoveToEx(dc, 10, 142, nullptr);
-  LineTo(dc, 190, 142);
+  ExtendedPen(dc, PS_GEOMETRIC | PS_USERSTYLE | PS_ENDCAP_FLAT, 5, {BS_SOLID, RGB(200, 0, 0), 0}, {20, 5, 4, 5});
+  MoveToEx(dc, 10, 128, nullptr);
+  LineTo(dc, 190, 128);
+  ExtendedPen(dc, PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_FLAT, 11, {BS_HATCHED, RGB(0, 0, 200), HS_DIAGCROSS});
+  MoveToEx(dc, 10, 140, nullptr);
+  LineTo(dc, 190, 140);
+}
+
+void DashTruth(HDC dc, int y, int width, const std::vector<int>& dashes) {
+  std::size_t dash = 0;
+  for (int x = 10; x < 190; x += dashes[dash++ % dashes.size()]) {
+    if (dash % 2 != 0) continue;
+    Rectangle(dc, x, y - width / 2, std::min(190, x + dashes[dash % dashes.size()]) + 1, y + width / 2 + 2);
+  }
+}
+
+// Dashes, caps and joins as areas.
+void GeometricPenTruth(HDC dc, bool) {
+  const std::vector<int> dashes[] = {{21, 7}, {7, 7}, {21, 7, 7, 7}};
+  for (int i = 0; i < 3; ++i) {
+    const COLORREF colour = RGB(80 * i, 100, 200 - 60 * i);
+    Brush(dc, colour);
+    const int x = 10 + i * 62;
+    const int beyond = i == 1 ? 6 : 0;
+    if (i == 0) {
+      Pen(dc, PS_SOLID, 13, colour);
+      const POINT hook[] = {{x, 65}, {x, 15}, {x + 45, 15}};
+      Polyline(dc, hook, 3);
+    }
+    Use(dc, GetStockObject(NULL_PEN));
+    if (i > 0) {
+      const POINT bevel[] = {{x - 6, 65 + beyond}, {x - 6, 15},           {x, 9},
+                             {x + 45 + beyond, 9}, {x + 45 + beyond, 22}, {x + 7, 22},
+                             {x + 7, 65 + beyond}};
+      const POINT miter[] = {{x - 6, 65}, {x - 6, 9}, {x + 45, 9}, {x + 45, 22}, {x + 7, 22}, {x + 7, 65}};
+      Polygon(dc, i == 1 ? bevel : miter, i == 1 ? 7 : 6);
+    }
+    DashTruth(dc, 85 + i * 14, 7, dashes[i]);
+  }
+  Brush(dc, RGB(200, 0, 0));
+  DashTruth(dc, 128, 5, {20, 5, 4, 5});
+  Use(dc, CreateHatchBrush(HS_DIAGCROSS, RGB(0, 0, 200)));
+  DashTruth(dc, 140, 11, {180});
 }
 
 void Brushes(HDC dc, bool) {
@@ -384,6 +451,17 @@ void FixedMappings(HDC dc, bool) {
   }
 }
 
+// Wine turns what is part of a path, and no box by itself.
+template <bool path, typename Shape>
+void DrawShape(HDC dc, Shape shape) {
+  if (path) BeginPath(dc);
+  shape();
+  if (!path) return;
+  EndPath(dc);
+  StrokeAndFillPath(dc);
+}
+
+template <bool path>
 void WorldTransforms(HDC dc, bool) {
   SetGraphicsMode(dc, GM_ADVANCED);
   Brush(dc, RGB(250, 200, 100));
@@ -392,14 +470,29 @@ void WorldTransforms(HDC dc, bool) {
   const float s = 0.6F;
   const XFORM turn{c, s, -s, c, 80, 10};
   SetWorldTransform(dc, &turn);
-  Rectangle(dc, 0, 0, 60, 40);
-  Ellipse(dc, 10, 50, 70, 90);
+  DrawShape<path>(dc, [&] { Rectangle(dc, 0, 0, 60, 40); });
+  DrawShape<path>(dc, [&] { Ellipse(dc, 10, 50, 70, 90); });
   const XFORM shear{1, 0, 0.5F, 1, 30, -20};
   ModifyWorldTransform(dc, &shear, MWT_LEFTMULTIPLY);
-  RoundRect(dc, 20, 0, 60, 30, 10, 10);
-  Pie(dc, 30, 50, 90, 100, 90, 75, 60, 50);
-  const Bitmap bitmap = MakeBitmap(20, 20, 24);
-  Stretch(dc, 60, 0, 20, 40, bitmap);
+  DrawShape<path>(dc, [&] { RoundRect(dc, 20, 0, 60, 30, 10, 10); });
+  DrawShape<path>(dc, [&] { Pie(dc, 30, 50, 90, 100, 90, 75, 60, 50); });
+  const POINT hook[] = {{100, -40}, {120, 0}, {80, 20}};
+  Polygon(dc, hook, 3);
+}
+
+void TurnedBitmaps(HDC dc, bool) {
+  SetGraphicsMode(dc, GM_ADVANCED);
+  const XFORM turn{0.8F, 0.6F, -0.6F, 0.8F, 80, 10};
+  SetWorldTransform(dc, &turn);
+  Stretch(dc, 0, 0, 100, 80, MakeBitmap(20, 20, 24));
+}
+
+void TurnedBitmapTruth(HDC dc, bool) {
+  DrawByPoints(dc, MakeBitmap(20, 20, 24), [](double x, double y) {
+    const double across = (x - 80) * 0.8 + (y - 10) * 0.6;
+    const double down = (y - 10) * 0.8 - (x - 80) * 0.6;
+    return std::pair(across / 5, down / 4);
+  });
 }
 
 void SaveAndRestore(HDC dc, bool) {
@@ -541,8 +634,20 @@ void Masks(HDC dc, bool) {
   HBITMAP mask = CreateBitmap(60, 60, 1, 1, rows);
   MaskBlt(dc, 5, 5, 60, 60, source, 0, 0, mask, 0, 0, MAKEROP4(SRCCOPY, 0x00AA0029));
   MaskBlt(dc, 70, 5, 60, 60, source, 0, 0, mask, 0, 0, MAKEROP4(SRCINVERT, SRCCOPY));
-  const POINT corners[] = {{20, 80}, {90, 70}, {40, 140}};
-  PlgBlt(dc, corners, source, 0, 0, 60, 60, nullptr, 0, 0);
+}
+
+void Parallelograms(HDC dc, bool) {
+  const POINT corners[] = {{20, 20}, {140, 50}, {60, 120}};
+  PlgBlt(dc, corners, BitmapDc(MakeBitmap(60, 60, 24)), 0, 0, 60, 60, nullptr, 0, 0);
+}
+
+void ParallelogramTruth(HDC dc, bool) {
+  DrawByPoints(dc, MakeBitmap(60, 60, 24), [](double x, double y) {
+    const double whole = 120 * 100 - 40 * 30;
+    const double across = ((x - 20) * 100 - (y - 20) * 40) / whole;
+    const double down = ((y - 20) * 120 - (x - 20) * 30) / whole;
+    return std::pair(across * 60, down * 60);
+  });
 }
 
 void Blends(HDC dc, bool) {
@@ -584,8 +689,8 @@ void PaletteTruth(HDC dc, bool) {
   Use(dc, GetStockObject(NULL_PEN));
   for (int y = 0; y < 16; ++y) {
     for (int x = 0; x < 16; ++x) {
-      const int number = x % 2 == 0 ? x / 2 : y;
-      Brush(dc, number < 8 ? PaletteColour(7 - number) : 0);
+      const int number = x % 2 == 0 ? x / 2 : y / 2;
+      Brush(dc, PaletteColour(7 - number));
       Rectangle(dc, 20 + x * 4, 70 + (15 - y) * 4, 25 + x * 4, 75 + (15 - y) * 4);
     }
   }
@@ -630,11 +735,11 @@ void Floods(HDC dc, bool) {
 
 constexpr Family kFamilies[] = {
     {"lines", Lines, true, true},
-    {"pens", Pens, true, true},
-    {"geometric_pens", GeometricPens, false, true},
-    {"brushes", Brushes, true, true},
+    {"pens", Pens, true, true, Pens},
+    {"geometric_pens", GeometricPens, false, true, GeometricPenTruth},
+    {"brushes", Brushes, true, true, Brushes},
     {"polygons", Polygons, true, true},
-    {"boxes", Boxes, true, true},
+    {"boxes", Boxes, true, true, Boxes},
     {"arcs", Arcs, true, true},
     {"curves", Curves, false, true},
     {"paths", Paths, false, true},
@@ -644,7 +749,8 @@ constexpr Family kFamilies[] = {
     {"mapping", Mapping, true, true},
     {"isotropic", IsotropicMapping, true, true},
     {"fixed_mappings", FixedMappings, false, true},
-    {"world", WorldTransforms, false, true},
+    {"world", WorldTransforms<false>, false, true, WorldTransforms<true>},
+    {"turned_bitmaps", TurnedBitmaps, false, true, TurnedBitmapTruth},
     {"saved", SaveAndRestore, true, true},
     {"texts", Texts, true, true},
     {"wide_texts", WideTexts, false, true},
@@ -653,6 +759,7 @@ constexpr Family kFamilies[] = {
     {"raster_ops", RasterOps, true, true},
     {"dib_raster_ops", DibRasterOps, true, true},
     {"masks", Masks, false, true, Masks},
+    {"parallelograms", Parallelograms, false, true, ParallelogramTruth},
     {"blends", Blends, false, true, Blends},
     {"gradients", Gradients, false, true},
     {"palettes", Palettes, true, false, PaletteTruth},
@@ -703,6 +810,34 @@ struct Placeable {
 };
 #pragma pack(pop)
 
+// Puts the extended pens in the places of plain ones.
+void PutExtendedPens(std::vector<std::uint8_t>& bytes) {
+  std::vector<std::uint8_t> made;
+  std::size_t next = 0;
+  for (std::size_t at = 0; at + 8 <= bytes.size();) {
+    DWORD head[3];
+    memcpy(head, bytes.data() + at, sizeof(head));
+    const DWORD size = head[1];
+    if (head[0] == EMR_CREATEPEN && next < extended_pens.size()) {
+      const std::vector<DWORD>& pen = extended_pens[next++];
+      head[0] = EMR_EXTCREATEPEN;
+      head[1] = static_cast<DWORD>(sizeof(head) + pen.size() * sizeof(DWORD));
+      const auto append = [&](const void* data, std::size_t count) {
+        made.insert(made.end(), static_cast<const std::uint8_t*>(data), static_cast<const std::uint8_t*>(data) + count);
+      };
+      append(head, sizeof(head));
+      append(pen.data(), pen.size() * sizeof(DWORD));
+    } else {
+      made.insert(made.end(), bytes.begin() + at, bytes.begin() + at + size);
+    }
+    at += size;
+  }
+  const auto size = static_cast<DWORD>(made.size());
+  memcpy(made.data() + offsetof(ENHMETAHEADER, nBytes), &size, sizeof(size));
+  bytes = made;
+  extended_pens.clear();
+}
+
 void MakeWmf(const Family& family) {
   HDC dc = CreateMetaFileA(nullptr);
   family.draw(dc, false);
@@ -737,6 +872,7 @@ void MakeEmf(const Family& family) {
   HENHMETAFILE made = CloseEnhMetaFile(dc);
   std::vector<std::uint8_t> bytes(GetEnhMetaFileBits(made, 0, nullptr));
   GetEnhMetaFileBits(made, static_cast<UINT>(bytes.size()), bytes.data());
+  if (!extended_pens.empty()) PutExtendedPens(bytes);
   Save(std::string(family.name) + ".emf", nullptr, 0, bytes.data(), bytes.size());
   Sheet sheet;
   const RECT box{0, 0, kWidth, kHeight};

@@ -216,6 +216,7 @@ void MetafileCanvas::ArcTo(const QRectF& box, QPointF from, QPointF to) {
   QPainterPath line;
   QPainterPath& path = path_open_ ? path_ : line;
   Continue(path);
+  path.lineTo(arc.elementAt(0));
   path.connectPath(arc);
   state_.position = ToMiddles().inverted().map(arc.currentPosition());
   if (!path_open_) Paint(line, PathUse::kStroke);
@@ -234,7 +235,9 @@ void MetafileCanvas::AngleArc(QPointF centre, double radius, double start, doubl
   const QPointF end = arc.currentPosition();
   const QTransform map = ToMiddles();
   if (Clamped(map.mapRect(box)) != map.mapRect(box)) return;
-  path.connectPath(map.map(arc));
+  arc = map.map(arc);
+  path.lineTo(arc.elementAt(0));
+  path.connectPath(arc);
   state_.position = end;
   if (!path_open_) Paint(line, PathUse::kStroke);
 }

@@ -7,13 +7,15 @@
 
 namespace quorvale {
 
+// What a bitmap's colour table holds, by the numbers of the records.
+enum class ColourTable : unsigned { kColours, kPaletteNumbers, kNone };
+
 struct DibSource {
   // The header and the colour table.
   ByteSpan info;
   // The rows. Empty if they follow on the colour table.
   ByteSpan bits;
-  // The colour table holds numbers of the palette's colours.
-  bool numbers = false;
+  ColourTable table = ColourTable::kColours;
   const Palette* palette = nullptr;
   // The fourth byte of a 32-bit pixel is its alpha, by which the colours are multiplied already.
   bool alpha = false;

@@ -11,12 +11,21 @@ constexpr std::int64_t kMostPixels = std::int64_t{64} << 20U;
 enum Compression : unsigned { kPlain, kRuns8, kRuns4, kMasks };
 
 void ReadColours(DibHeader& header, ByteReader& reader, const DibSource& source, std::size_t count, bool core) {
-  const std::size_t size = source.numbers ? 2 : (core ? 3 : 4);
+  const bool numbers = source.table == ColourTable::kPaletteNumbers;
+  if (source.table == ColourTable::kNone) {
+    // From black to white.
+    for (std::size_t i = 0; i < count && i < 256; ++i) {
+      const auto level = static_cast<int>(i * 255 / (count - 1));
+      header.colours.push_back(qRgb(level, level, level));
+    }
+    return;
+  }
+  const std::size_t size = numbers ? 2 : (core ? 3 : 4);
   count = reader.Capped(count, size);
   header.colours.reserve(std::min<std::size_t>(count, 256));
   for (std::size_t i = 0; i < count; ++i) {
     QRgb colour = 0xFF000000U;
-    if (source.numbers) {
+    if (numbers) {
       const std::size_t number = reader.U16();
       if (source.palette != nullptr && number < source.palette->colours.size()) {
         colour = source.palette->colours[number];

@@ -32,7 +32,7 @@ BlitStart ReadStart(ByteReader& reader) {
   start.from = EmfPoint(reader);
   start.page = EmfTransform(reader);
   reader.Skip(4);
-  start.bitmap.numbers = reader.U32() == 1;
+  start.bitmap.table = static_cast<ColourTable>(reader.U32());
   start.bitmap.ReadPlace(reader);
   return start;
 }
@@ -58,7 +58,7 @@ void StretchBlit(const Playback& playback, ByteReader& reader) {
 void ReadMask(const Playback& playback, ByteReader& reader, BlitRequest& request) {
   request.mask_at = EmfPoint(reader);
   EmfBitmap mask;
-  mask.numbers = reader.U32() == 1;
+  mask.table = static_cast<ColourTable>(reader.U32());
   mask.ReadPlace(reader);
   if (mask.Exists()) request.mask = mask.Read(playback, reader).image;
 }
@@ -79,7 +79,7 @@ void ParallelogramBlit(const Playback& playback, ByteReader& reader) {
   const QTransform page = EmfTransform(reader);
   reader.Skip(4);
   EmfBitmap bitmap;
-  bitmap.numbers = reader.U32() == 1;
+  bitmap.table = static_cast<ColourTable>(reader.U32());
   bitmap.ReadPlace(reader);
   ReadMask(playback, reader, request);
   request.source = bitmap.Read(playback, reader).image;
@@ -94,7 +94,7 @@ void SetDib(const Playback& playback, ByteReader& reader) {
   const QSizeF size = EmfSize(reader);
   EmfBitmap bitmap;
   bitmap.ReadPlace(reader);
-  bitmap.numbers = reader.U32() == 1;
+  bitmap.table = static_cast<ColourTable>(reader.U32());
   const int start = reader.I32();
   const int rows = reader.I32();
   BlitRequest request;
@@ -117,7 +117,7 @@ void StretchDib(const Playback& playback, ByteReader& reader) {
   const QSizeF size = EmfSize(reader);
   EmfBitmap bitmap;
   bitmap.ReadPlace(reader);
-  bitmap.numbers = reader.U32() == 1;
+  bitmap.table = static_cast<ColourTable>(reader.U32());
   BlitRequest request;
   request.op = TernaryOp(reader.U32());
   request.target = QRectF(at, EmfSize(reader));

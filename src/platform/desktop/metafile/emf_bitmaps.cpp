@@ -12,7 +12,7 @@ void EmfBitmap::ReadPlace(ByteReader& reader) {
 Dib EmfBitmap::Read(const Playback& playback, const ByteReader& reader, bool alpha, int rows) const {
   return ReadDib({.info = reader.Piece(info_at, info_size),
                   .bits = reader.Piece(bits_at, bits_size),
-                  .numbers = numbers,
+                  .table = table,
                   .palette = playback.canvas.State().palette.get(),
                   .alpha = alpha,
                   .rows = rows});

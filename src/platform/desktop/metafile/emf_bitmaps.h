@@ -11,7 +11,7 @@ struct EmfBitmap {
   std::size_t info_size = 0;
   std::size_t bits_at = 0;
   std::size_t bits_size = 0;
-  bool numbers = false;
+  ColourTable table = ColourTable::kColours;
 
   // The four numbers in a row.
   void ReadPlace(ByteReader& reader);

@@ -32,7 +32,7 @@ Blend ReadBlend(ByteReader& reader) {
   blend.from = EmfPoint(reader);
   blend.page = EmfTransform(reader);
   reader.Skip(4);
-  blend.bitmap.numbers = reader.U32() == 1;
+  blend.bitmap.table = static_cast<ColourTable>(reader.U32());
   blend.bitmap.ReadPlace(reader);
   blend.size = EmfSize(reader);
   blend.request.part = SourcePart(blend.page, QRectF(blend.from, blend.size));

@@ -33,22 +33,22 @@ void CreateBrush(const Playback& playback, ByteReader& reader) {
   playback.objects.Set(place, SimpleBrush(style, colour, reader.U32()));
 }
 
-Dib ReadDibOf(const Playback& playback, ByteReader& reader, bool numbers) {
+Dib ReadDibOf(const Playback& playback, ByteReader& reader, ColourTable table) {
   const std::size_t info_at = reader.U32();
   const std::size_t info_size = reader.U32();
   const std::size_t bits_at = reader.U32();
   const std::size_t bits_size = reader.U32();
   return ReadDib({.info = reader.Piece(info_at, info_size),
                   .bits = reader.Piece(bits_at, bits_size),
-                  .numbers = numbers,
+                  .table = table,
                   .palette = playback.canvas.State().palette.get()});
 }
 
 template <bool two_colours>
 void CreatePatternBrush(const Playback& playback, ByteReader& reader) {
   const std::uint32_t place = reader.U32();
-  const bool numbers = reader.U32() == 1;
-  playback.objects.Set(place, PatternBrush(ReadDibOf(playback, reader, numbers).image, two_colours));
+  const auto table = static_cast<ColourTable>(reader.U32());
+  playback.objects.Set(place, PatternBrush(ReadDibOf(playback, reader, table).image, two_colours));
 }
 
 void CreateExtendedPen(const Playback& playback, ByteReader& reader) {
@@ -66,7 +66,7 @@ void CreateExtendedPen(const Playback& playback, ByteReader& reader) {
   pen.geometric = (style & kGeometric) != 0;
   constexpr unsigned kDibPattern = 5;
   if (brush_style == 3 || brush_style == kDibPattern) {
-    pen.brush = PatternBrush(ReadDibOf(playback, bitmap, false).image, brush_style == 3);
+    pen.brush = PatternBrush(ReadDibOf(playback, bitmap, ColourTable::kColours).image, brush_style == 3);
   } else {
     pen.brush = SimpleBrush(brush_style, colour, hatch);
   }

@@ -31,6 +31,7 @@ constexpr double kTwipsPerScreenPixel = 15;
 
 // Averages squares of pixels.
 QImage Smaller(const QImage& image, int samples) {
+  if (image.isNull()) return image;
   QImage small(image.width() / samples, image.height() / samples, image.format());
   if (small.isNull()) return small;
   const auto area = static_cast<unsigned>(samples * samples);
@@ -50,20 +51,6 @@ QImage Smaller(const QImage& image, int samples) {
     }
   }
   return small;
-}
-
-// The picture that comes out black over black and white over white is transparent there.
-void FindTransparency(QImage& on_black, const QImage& on_white) {
-  for (int y = 0; y < on_black.height(); ++y) {
-    auto* black = reinterpret_cast<QRgb*>(on_black.scanLine(y));
-    const auto* white = reinterpret_cast<const QRgb*>(on_white.constScanLine(y));
-    for (int x = 0; x < on_black.width(); ++x) {
-      const int through = std::clamp(qGreen(white[x]) - qGreen(black[x]), 0, 255);
-      const int alpha = 255 - through;
-      const auto channel = [&](int value) { return std::min(value, alpha); };
-      black[x] = qRgba(channel(qRed(black[x])), channel(qGreen(black[x])), channel(qBlue(black[x])), alpha);
-    }
-  }
 }
 
 }  // namespace
@@ -159,7 +146,7 @@ Metafile::Played Metafile::Play(QImage& target, const QTransform& to_target, dou
   return played;
 }
 
-QImage Metafile::Render(QSize size, const QRect& part) const {
+MetafileImage Metafile::Render(QSize size, const QRect& part) const {
   if (size.isEmpty() || part.isEmpty() || header_.frame.isEmpty()) return {};
   const std::int64_t pixels = std::int64_t{part.width()} * part.height();
   const int samples = pixels * kSamples * kSamples <= kMostSampledPixels ? kSamples : 1;
@@ -168,34 +155,30 @@ QImage Metafile::Render(QSize size, const QRect& part) const {
                                QTransform::fromScale(size.width() / frame.width(), size.height() / frame.height()) *
                                QTransform::fromTranslate(-part.x(), -part.y()) *
                                QTransform::fromScale(samples, samples);
-  QImage image(part.size() * samples, QImage::Format_ARGB32_Premultiplied);
-  if (image.isNull()) return image;
-  image.fill(Qt::transparent);
-  Pass pass{Clock::now() + kPlayingTime, kMostRecords, false};
-  if (Play(image, to_target, samples, pass).needs_background) {
-    image = RenderOverBackgrounds(image.size(), to_target, samples, pass);
+  MetafileImage made{QImage(part.size() * samples, QImage::Format_ARGB32_Premultiplied), {}};
+  if (made.image.isNull()) return {};
+  made.image.fill(Qt::transparent);
+  const Pass pass{Clock::now() + kPlayingTime, kMostRecords, false};
+  if (Play(made.image, to_target, samples, pass).needs_background) {
+    made = RenderOverBackgrounds(made.image.size(), to_target, samples, pass);
   }
-  return samples == 1 ? image : Smaller(image, samples);
+  if (samples == 1) return made;
+  return {Smaller(made.image, samples), Smaller(made.on_white, samples)};
 }
 
-// What is drawn by an operation on the background depends on it. Over black and over white, both are
-// known: between them stands how much of any background shows through.
-QImage Metafile::RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const {
-  QImage on_black(size, QImage::Format_RGB32);
-  QImage on_white(size, QImage::Format_RGB32);
-  if (on_black.isNull() || on_white.isNull()) return {};
-  on_black.fill(Qt::black);
-  on_white.fill(Qt::white);
+MetafileImage Metafile::RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const {
+  MetafileImage made{QImage(size, QImage::Format_RGB32), QImage(size, QImage::Format_RGB32)};
+  if (made.image.isNull() || made.on_white.isNull()) return {};
+  made.image.fill(Qt::black);
+  made.on_white.fill(Qt::white);
   const auto now = Clock::now();
   pass.over_background = true;
   pass.until = now + (pass.until - now) / 2;
   // Both must end with the same record.
-  pass.most_records = Play(on_black, to_target, unit, pass).records;
+  pass.most_records = Play(made.image, to_target, unit, pass).records;
   pass.until = now + kPlayingTime;
-  Play(on_white, to_target, unit, pass);
-  on_black.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
-  FindTransparency(on_black, on_white);
-  return on_black;
+  Play(made.on_white, to_target, unit, pass);
+  return made;
 }
 
 }  // namespace quorvale

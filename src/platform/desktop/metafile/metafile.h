@@ -11,6 +11,15 @@
 
 namespace quorvale {
 
+// What a metafile draws.
+struct MetafileImage {
+  // ARGB32_Premultiplied. Null if there is no memory for it.
+  QImage image;
+  // Some operations make of the background something else altogether, like its inverse. Then `image` is
+  // what comes out on black, and this, on white; null otherwise.
+  QImage on_white;
+};
+
 // A metafile's bytes and what is known of them.
 class Metafile {
  public:
@@ -19,9 +28,9 @@ class Metafile {
 
   TwipSize NaturalSize() const { return header_.natural; }
 
-  // The pixels of `part` of the picture scaled to `size`: RGB32 or ARGB32_Premultiplied. Takes two
-  // seconds at the most; what was drawn by then is the picture. Null if there is no memory.
-  QImage Render(QSize size, const QRect& part) const;
+  // The pixels of `part` of the picture scaled to `size`. Takes two seconds at the most; what was drawn
+  // by then is the picture.
+  MetafileImage Render(QSize size, const QRect& part) const;
 
  private:
   struct Pass {
@@ -40,7 +49,7 @@ class Metafile {
   void FindWmfSize();
   DeviceState InitialState() const;
   Played Play(QImage& target, const QTransform& to_target, double unit, const Pass& pass) const;
-  QImage RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const;
+  MetafileImage RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const;
 
   std::vector<std::uint8_t> bytes_;
   MetafileHeader header_;

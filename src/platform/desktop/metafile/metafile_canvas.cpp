@@ -1,6 +1,7 @@
 #include "platform/desktop/metafile/metafile_canvas.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "platform/desktop/metafile/raster_op.h"
 
@@ -121,9 +122,12 @@ void MetafileCanvas::StrokePath(const QPainterPath& path) {
   if (!pen) return;
   const double reach = pen->widthF() * (pen->joinStyle() == Qt::MiterJoin ? std::max(1.0, pen->miterLimit()) : 1.0);
   const QRectF bounds = path.controlPointRect().adjusted(-reach, -reach, reach, reach);
+  // A line of an even number of pixels has its middle between two of them.
+  const bool even = std::lround(pen->widthF() / setting_.unit) % 2 == 0;
+  const QPainterPath line = even ? path.translated(-setting_.unit / 2, -setting_.unit / 2) : path;
   PaintBy(TernaryOfMode(state_.raster_op), bounds, [&](QPainter& painter) {
-    if (const std::optional<QPen> gaps = GapPen(*pen)) painter.strokePath(path, *gaps);
-    painter.strokePath(path, *pen);
+    if (const std::optional<QPen> gaps = GapPen(*pen)) painter.strokePath(line, *gaps);
+    painter.strokePath(line, *pen);
   });
 }
 

@@ -17,6 +17,17 @@ PixelRect Within(const PixelRect& box, PixelRect rect) {
   return rect;
 }
 
+// Where `ground` lies between black and white, channel by channel.
+Pixel Between(Pixel on_black, Pixel on_white, Pixel ground) {
+  const auto channel = [&](unsigned shift) {
+    const auto black = static_cast<int>(on_black >> shift & 0xFFU);
+    const auto white = static_cast<int>(on_white >> shift & 0xFFU);
+    const auto level = static_cast<int>(ground >> shift & 0xFFU);
+    return static_cast<Pixel>(black + (white - black) * level / 255) << shift;
+  };
+  return 0xFF000000U | channel(16) | channel(8) | channel(0);
+}
+
 [[noreturn]] void FailTooLarge() { throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture"); }
 
 }  // namespace
@@ -42,16 +53,34 @@ void MetafilePicture::Paint(const PixelView& target, const PixelRect& box, const
       return;
     }
   }
-  rendering_.Paint(target, box.left, box.top, wanted);
+  if (on_white_.isNull()) {
+    rendering_.Paint(target, box.left, box.top, wanted);
+  } else {
+    PaintByBackground(target, box.left, box.top, wanted);
+  }
+}
+
+void MetafilePicture::PaintByBackground(const PixelView& target, int left, int top, const PixelRect& clip) const {
+  const PixelRect& part = rendering_.part;
+  for (int y = clip.top; y < clip.Bottom(); ++y) {
+    const int from_y = y - top - part.top;
+    const int from_x = clip.left - left - part.left;
+    const Pixel* black = rendering_.View().Row(from_y) + from_x;
+    const Pixel* white = reinterpret_cast<const Pixel*>(on_white_.constScanLine(from_y)) + from_x;
+    Pixel* to = target.Row(y) + clip.left;
+    for (int x = 0; x < clip.width; ++x) to[x] = Between(black[x], white[x], to[x]);
+  }
 }
 
 void MetafilePicture::RenderFor(PixelSize box, const PixelRect& part) {
   rendering_ = {};
+  on_white_ = {};
   if (part.IsEmpty()) return;
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > kPictureMemoryLimit / sizeof(Pixel)) FailTooLarge();
   try {
-    const QImage image = metafile_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
+    const auto [image, on_white] =
+        metafile_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
     if (image.isNull()) FailTooLarge();
     Rendering made;
     made.box = box;
@@ -62,6 +91,7 @@ void MetafilePicture::RenderFor(PixelSize box, const PixelRect& part) {
       std::copy_n(reinterpret_cast<const Pixel*>(image.constScanLine(y)), part.width, made.View().Row(y));
     }
     rendering_ = std::move(made);
+    on_white_ = on_white;
   } catch (const std::bad_alloc&) {
     FailTooLarge();
   }

@@ -23,10 +23,13 @@ class MetafilePicture : public Picture {
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
 
  private:
+  void PaintByBackground(const PixelView& target, int left, int top, const PixelRect& clip) const;
   void RenderFor(PixelSize box, const PixelRect& part);
 
   Metafile metafile_;
   Rendering rendering_;
+  // What comes out on white, if the drawing takes account of its background; `rendering_` then is on black.
+  QImage on_white_;
 };
 
 }  // namespace quorvale

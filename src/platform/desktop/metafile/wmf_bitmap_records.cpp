@@ -16,10 +16,10 @@ QRectF ReadTarget(ByteReader& reader) {
   return {WmfPoint(reader), QSizeF(size.x(), size.y())};
 }
 
-Dib ReadDibOf(const Playback& playback, ByteReader& reader, bool numbers, int rows = -1) {
+Dib ReadDibOf(const Playback& playback, ByteReader& reader, ColourTable table, int rows = -1) {
   return ReadDib({.info = reader.Rest(),
                   .bits = {},
-                  .numbers = numbers,
+                  .table = table,
                   .palette = playback.canvas.State().palette.get(),
                   .rows = rows});
 }
@@ -47,7 +47,7 @@ void BitBlit(const Playback& playback, ByteReader& reader) {
   if (!has_bitmap) reader.Skip(2);
   request.target = ReadTarget(reader);
   if (has_bitmap) {
-    request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, false).image;
+    request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, ColourTable::kColours).image;
     request.part = QRectF(from, request.target.size());
   }
   playback.canvas.Blit(request);
@@ -63,7 +63,7 @@ void StretchBlit(const Playback& playback, ByteReader& reader) {
   if (!has_bitmap) reader.Skip(2);
   request.target = ReadTarget(reader);
   if (has_bitmap) {
-    request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, false).image;
+    request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, ColourTable::kColours).image;
     request.part = QRectF(from, QSizeF(size.x(), size.y()));
   }
   playback.canvas.Blit(request);
@@ -72,22 +72,22 @@ void StretchBlit(const Playback& playback, ByteReader& reader) {
 void StretchDib(const Playback& playback, ByteReader& reader) {
   BlitRequest request;
   request.op = TernaryOp(reader.U32());
-  const bool numbers = reader.U16() == 1;
+  const auto table = static_cast<ColourTable>(reader.U16());
   const QPointF size = WmfPoint(reader);
   const QPointF from = WmfPoint(reader);
   request.target = ReadTarget(reader);
-  request.SetDibPart(ReadDibOf(playback, reader, numbers), QRectF(from, QSizeF(size.x(), size.y())), 0);
+  request.SetDibPart(ReadDibOf(playback, reader, table), QRectF(from, QSizeF(size.x(), size.y())), 0);
   playback.canvas.Blit(request);
 }
 
 void SetDib(const Playback& playback, ByteReader& reader) {
-  const bool numbers = reader.U16() == 1;
+  const auto table = static_cast<ColourTable>(reader.U16());
   const int rows = reader.U16();
   const int start = reader.U16();
   const QPointF from = WmfPoint(reader);
   BlitRequest request;
   request.target = ReadTarget(reader);
-  request.SetDibPart(ReadDibOf(playback, reader, numbers, rows), QRectF(from, request.target.size()), start);
+  request.SetDibPart(ReadDibOf(playback, reader, table, rows), QRectF(from, request.target.size()), start);
   playback.canvas.Blit(request);
 }
 

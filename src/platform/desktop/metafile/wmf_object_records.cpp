@@ -1,6 +1,8 @@
 // Pens, brushes, fonts, palettes and regions of WMF files.
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "platform/desktop/metafile/dib.h"
 #include "platform/desktop/metafile/object_records.h"
@@ -44,8 +46,10 @@ void CreateFont(const Playback& playback, ByteReader& reader) {
 
 void CreatePatternBrush(const Playback& playback, ByteReader& reader) {
   const unsigned style = reader.U16();
-  DibSource source{
-      .info = {}, .bits = {}, .numbers = reader.U16() == 1, .palette = playback.canvas.State().palette.get()};
+  DibSource source{.info = {},
+                   .bits = {},
+                   .table = static_cast<ColourTable>(reader.U16()),
+                   .palette = playback.canvas.State().palette.get()};
   source.info = reader.Rest();
   Dib dib = ReadDib(source);
   const bool two_colours = style == kPatternStyle && dib.depth == 1;
@@ -106,16 +110,24 @@ Brush BrushAt(const Playback& playback, std::uint32_t place) {
 void SelectClipRegion(const Playback& playback, ByteReader& reader) {
   playback.canvas.SelectClip(RegionAt(playback, reader.U16()), ClipMode::kCopy, true);
 }
+// Writers don't agree which comes first, the region or the brush, as they do elsewhere.
 void FillRegion(const Playback& playback, ByteReader& reader) {
-  const Region* region = RegionAt(playback, reader.U16());
-  if (region != nullptr) playback.canvas.FillRegion(*region, BrushAt(playback, reader.U16()));
+  std::uint32_t first = reader.U16();
+  std::uint32_t second = reader.U16();
+  if (RegionAt(playback, first) == nullptr) std::swap(first, second);
+  if (const Region* region = RegionAt(playback, first)) {
+    playback.canvas.FillRegion(*region, BrushAt(playback, second));
+  }
 }
 void FrameRegion(const Playback& playback, ByteReader& reader) {
-  const Region* region = RegionAt(playback, reader.U16());
-  const Brush brush = BrushAt(playback, reader.U16());
-  const double height = reader.I16();
-  const double width = reader.I16();
-  if (region != nullptr) playback.canvas.FrameRegion(*region, brush, {width, height});
+  std::array<std::uint16_t, 4> numbers{};
+  for (std::uint16_t& number : numbers) number = reader.U16();
+  if (RegionAt(playback, numbers[0]) == nullptr) numbers = {numbers[3], numbers[2], numbers[0], numbers[1]};
+  const double height = numbers[2];
+  const double width = numbers[3];
+  if (const Region* region = RegionAt(playback, numbers[0])) {
+    playback.canvas.FrameRegion(*region, BrushAt(playback, numbers[1]), {width, height});
+  }
 }
 void PaintRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
