@@ -451,33 +451,59 @@ void FixedMappings(HDC dc, bool) {
   }
 }
 
-// Wine turns what is part of a path, and no box by itself.
-template <bool path, typename Shape>
-void DrawShape(HDC dc, Shape shape) {
-  if (path) BeginPath(dc);
-  shape();
-  if (!path) return;
-  EndPath(dc);
-  StrokeAndFillPath(dc);
+// Some degrees of an ellipse, against the clock.
+void AddArc(std::vector<POINT>& points, double x, double y, double across, double down, double from, double to) {
+  for (double degree = from; degree <= to; degree += 1) {
+    const double angle = degree * 3.14159265 / 180;
+    // A hundred units to the pixel.
+    points.push_back(
+        {std::lround(100 * (x + across * std::cos(angle))), std::lround(100 * (y - down * std::sin(angle)))});
+  }
 }
 
-template <bool path>
-void WorldTransforms(HDC dc, bool) {
+void StartWorld(HDC dc) {
   SetGraphicsMode(dc, GM_ADVANCED);
   Brush(dc, RGB(250, 200, 100));
+}
+
+const XFORM kTurn{0.8F, 0.6F, -0.6F, 0.8F, 80, 10};
+const XFORM kShear{1, 0, 0.5F, 1, 30, -20};
+
+void WorldTransforms(HDC dc, bool) {
+  StartWorld(dc);
   Pen(dc, PS_SOLID, 3, RGB(0, 0, 120));
-  const float c = 0.8F;
-  const float s = 0.6F;
-  const XFORM turn{c, s, -s, c, 80, 10};
-  SetWorldTransform(dc, &turn);
-  DrawShape<path>(dc, [&] { Rectangle(dc, 0, 0, 60, 40); });
-  DrawShape<path>(dc, [&] { Ellipse(dc, 10, 50, 70, 90); });
-  const XFORM shear{1, 0, 0.5F, 1, 30, -20};
-  ModifyWorldTransform(dc, &shear, MWT_LEFTMULTIPLY);
-  DrawShape<path>(dc, [&] { RoundRect(dc, 20, 0, 60, 30, 10, 10); });
-  DrawShape<path>(dc, [&] { Pie(dc, 30, 50, 90, 100, 90, 75, 60, 50); });
-  const POINT hook[] = {{100, -40}, {120, 0}, {80, 20}};
-  Polygon(dc, hook, 3);
+  SetWorldTransform(dc, &kTurn);
+  Rectangle(dc, 0, 0, 60, 40);
+  Ellipse(dc, 10, 50, 70, 90);
+  ModifyWorldTransform(dc, &kShear, MWT_LEFTMULTIPLY);
+  RoundRect(dc, 20, 0, 60, 30, 10, 10);
+  Pie(dc, 30, 50, 90, 100, 90, 75, 60, 50);
+}
+
+// Wine turns polygons, and no boxes.
+void WorldTruth(HDC dc, bool) {
+  StartWorld(dc);
+  Pen(dc, PS_SOLID, 300, RGB(0, 0, 120));
+  const XFORM fine{0.01F, 0, 0, 0.01F, 0, 0};
+  SetWorldTransform(dc, &kTurn);
+  ModifyWorldTransform(dc, &fine, MWT_LEFTMULTIPLY);
+  const POINT box[] = {{0, 0}, {6000, 0}, {6000, 4000}, {0, 4000}};
+  Polygon(dc, box, 4);
+  std::vector<POINT> points;
+  AddArc(points, 40, 70, 30, 20, 0, 360);
+  Polygon(dc, points.data(), static_cast<int>(points.size()));
+  SetWorldTransform(dc, &kTurn);
+  ModifyWorldTransform(dc, &kShear, MWT_LEFTMULTIPLY);
+  ModifyWorldTransform(dc, &fine, MWT_LEFTMULTIPLY);
+  points.clear();
+  AddArc(points, 55, 5, 5, 5, 0, 90);
+  AddArc(points, 25, 5, 5, 5, 90, 180);
+  AddArc(points, 25, 25, 5, 5, 180, 270);
+  AddArc(points, 55, 25, 5, 5, 270, 360);
+  Polygon(dc, points.data(), static_cast<int>(points.size()));
+  points = {{6000, 7500}};
+  AddArc(points, 60, 75, 30, 25, 0, 90);
+  Polygon(dc, points.data(), static_cast<int>(points.size()));
 }
 
 void TurnedBitmaps(HDC dc, bool) {
@@ -749,14 +775,14 @@ constexpr Family kFamilies[] = {
     {"mapping", Mapping, true, true},
     {"isotropic", IsotropicMapping, true, true},
     {"fixed_mappings", FixedMappings, false, true},
-    {"world", WorldTransforms<false>, false, true, WorldTransforms<true>},
+    {"world", WorldTransforms, false, true, WorldTruth},
     {"turned_bitmaps", TurnedBitmaps, false, true, TurnedBitmapTruth},
     {"saved", SaveAndRestore, true, true},
     {"texts", Texts, true, true},
     {"wide_texts", WideTexts, false, true},
     {"text_paths", TextPaths, false, true},
     {"bitmaps", Bitmaps, true, true},
-    {"raster_ops", RasterOps, true, true},
+    {"raster_ops", RasterOps, true, true, RasterOps},
     {"dib_raster_ops", DibRasterOps, true, true},
     {"masks", Masks, false, true, Masks},
     {"parallelograms", Parallelograms, false, true, ParallelogramTruth},

@@ -106,26 +106,23 @@ void MetafileCanvas::Draw(const QPainterPath& path, PathUse use) {
 
 void MetafileCanvas::Paint(const QPainterPath& path, PathUse use) {
   if (path.isEmpty()) return;
-  if (use != PathUse::kStroke && state_.brush.style != Brush::Style::kNone) FillPath(path, MakeBrush(state_.brush));
-  if (use != PathUse::kFill) StrokePath(path);
-}
-
-void MetafileCanvas::FillPath(const QPainterPath& path, const QBrush& brush) {
-  QPainterPath filled = path;
-  filled.setFillRule(state_.fill_rule);
-  PaintBy(TernaryOfMode(state_.raster_op), path.controlPointRect(),
-          [&](QPainter& painter) { painter.fillPath(filled, brush); });
-}
-
-void MetafileCanvas::StrokePath(const QPainterPath& path) {
-  const std::optional<QPen> pen = MakePen();
-  if (!pen) return;
-  const double reach = pen->widthF() * (pen->joinStyle() == Qt::MiterJoin ? std::max(1.0, pen->miterLimit()) : 1.0);
+  QPainterPath area = path;
+  area.setFillRule(state_.fill_rule);
+  const QBrush brush = use == PathUse::kStroke ? QBrush() : MakeBrush(state_.brush);
+  const std::optional<QPen> pen = use == PathUse::kFill ? std::nullopt : MakePen();
+  double reach = 0;
+  QPainterPath line = path;
+  if (pen) {
+    reach = pen->widthF() * (pen->joinStyle() == Qt::MiterJoin ? std::max(1.0, pen->miterLimit()) : 1.0);
+    // A line of an even number of pixels has its middle between two of them.
+    const bool even = std::lround(pen->widthF() / setting_.unit) % 2 == 0;
+    if (even) line.translate(-setting_.unit / 2, -setting_.unit / 2);
+  }
   const QRectF bounds = path.controlPointRect().adjusted(-reach, -reach, reach, reach);
-  // A line of an even number of pixels has its middle between two of them.
-  const bool even = std::lround(pen->widthF() / setting_.unit) % 2 == 0;
-  const QPainterPath line = even ? path.translated(-setting_.unit / 2, -setting_.unit / 2) : path;
+  // At once, since an operation must not meet a pixel twice.
   PaintBy(TernaryOfMode(state_.raster_op), bounds, [&](QPainter& painter) {
+    if (brush.style() != Qt::NoBrush) painter.fillPath(area, brush);
+    if (!pen) return;
     if (const std::optional<QPen> gaps = GapPen(*pen)) painter.strokePath(line, *gaps);
     painter.strokePath(line, *pen);
   });

@@ -148,8 +148,6 @@ class MetafileCanvas {
   // Draws the path, or adds it to the one that is being made.
   void Draw(const QPainterPath& path, PathUse use);
   void Paint(const QPainterPath& path, PathUse use);
-  void FillPath(const QPainterPath& path, const QBrush& brush);
-  void StrokePath(const QPainterPath& path);
   std::optional<QPen> MakePen() const;
   std::optional<QPen> GapPen(const QPen& pen) const;
   double PenWidth() const;
