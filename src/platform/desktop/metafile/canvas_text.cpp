@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "platform/desktop/metafile/canvas_limits.h"
 #include "platform/desktop/metafile/metafile_canvas.h"
@@ -16,6 +17,9 @@ namespace {
 constexpr double kLargestFont = 300;
 constexpr double kLargestScale = 1e4;
 constexpr double kDefaultHeight = 16;
+// By how much letters may exceed the space that they are told, and how far they are narrowed then.
+constexpr double kTooWide = 1.05;
+constexpr double kNarrowest = 0.5;
 enum Align : unsigned {
   kMovesPosition = 1,
   kRight = 2,
@@ -25,7 +29,7 @@ enum Align : unsigned {
 };
 
 QFont MakeFont(const Font& font, double pixels) {
-  QFont made(font.family);
+  QFont made(QStringList{font.family, font.stand_in});
   made.setPixelSize(static_cast<int>(std::clamp(std::round(pixels), 1.0, kLargestFont)));
   made.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight <= 0 ? 400 : font.weight, 1, 1000)));
   made.setItalic(font.italic);
@@ -92,15 +96,22 @@ MetafileCanvas::TextLayout MetafileCanvas::LayOut(const TextRun& run) const {
   layout.underline = metrics.underlinePos();
   layout.strike_out = -metrics.strikeOutPos();
   layout.stroke = metrics.lineWidth();
-  layout.map = QTransform::fromScale(scale * stretch, scale) * QTransform().rotate(-font.escapement / 10) * device;
-
   // From units along the line to the font's own.
-  const double unit = page_x / letter_x / (scale * stretch);
+  double unit = page_x / letter_x / (scale * stretch);
+  const double told = std::accumulate(run.advances.begin(), run.advances.end(), 0.0) * unit;
+  const double own = metrics.horizontalAdvance(run.text);
+  if (told > 0 && own > told * kTooWide) {
+    // A typeface that stands in for another is often wider, and its letters would lie on each other.
+    const double narrowed = std::max(told / own, kNarrowest);
+    stretch *= narrowed;
+    unit /= narrowed;
+  }
+  layout.map = QTransform::fromScale(scale * stretch, scale) * QTransform().rotate(-font.escapement / 10) * device;
   double x = 0;
   const bool own_widths = run.advances.empty() && state_.extra_space == 0 && state_.justification == 0;
   if (own_widths) {
     layout.pieces.push_back({run.text, 0});
-    x = metrics.horizontalAdvance(run.text);
+    x = own;
   } else {
     for (qsizetype at = 0; at < run.text.size();) {
       const qsizetype end = ClusterEnd(run.text, at);

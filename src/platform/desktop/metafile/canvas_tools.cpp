@@ -76,6 +76,7 @@ std::optional<QPen> MetafileCanvas::MakePen() const {
   if (thin) {
     made.setCapStyle(Qt::FlatCap);
     made.setJoinStyle(Qt::MiterJoin);
+    made.setMiterLimit(1);
   }
   QList<double> dashes;
   double dash_unit = pen.geometric ? width : setting_.unit;

@@ -29,7 +29,11 @@ void ReadRun(const Playback& playback, ByteReader& reader, bool wide) {
   run.clip_to_rect = (options & kClipped) != 0;
   const Font& font = playback.canvas.State().font;
   const ByteSpan bytes = count < reader.Size() ? reader.Piece(text_at, wide ? count * 2 : count) : ByteSpan{};
-  if ((options & kGlyphNumbers) == 0) run.text = wide ? DecodeWide(bytes) : DecodeText(bytes, font);
+  if ((options & kGlyphNumbers) != 0) {
+    run.text = DecodeGlyphs(bytes);
+  } else {
+    run.text = wide ? DecodeWide(bytes) : DecodeText(bytes, font);
+  }
   const std::size_t step = (options & kAdvancesDown) != 0 ? 8 : 4;
   if (advances_at != 0 && !bytes.empty() && (wide || !IsMultiByte(font))) {
     const ByteSpan advances = reader.Piece(advances_at, count * step);

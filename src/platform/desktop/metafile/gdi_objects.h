@@ -59,6 +59,8 @@ struct Font {
   bool strike_out = false;
   unsigned charset = 1;
   QString family = QStringLiteral("Arial");
+  // What is as near to it as can be, if it is not there.
+  QString stand_in = QStringLiteral("Arial");
 };
 
 // Rectangles of a region, in units or device pixels.

@@ -52,7 +52,15 @@ void ReadFontFlags(Font& font, ByteReader& reader) {
   font.underline = reader.U8() != 0;
   font.strike_out = reader.U8() != 0;
   font.charset = reader.U8();
-  reader.Skip(4);
+  reader.Skip(3);
+  enum : unsigned { kFixedPitch = 1, kRoman = 1, kModern = 3 };
+  const unsigned pitch_and_kind = reader.U8();
+  const unsigned kind = pitch_and_kind >> 4U;
+  if (kind == kModern || (pitch_and_kind & 3U) == kFixedPitch) {
+    font.stand_in = QStringLiteral("Courier New");
+  } else if (kind == kRoman) {
+    font.stand_in = QStringLiteral("Times New Roman");
+  }
 }
 
 std::shared_ptr<const Palette> ReadPalette(ByteReader& reader, std::size_t count) {

@@ -12,7 +12,7 @@ Pen SimplePen(unsigned style, double width, ColourReference colour);
 Brush SimpleBrush(unsigned style, ColourReference colour, unsigned hatch);
 // Nothing is drawn with a brush without an image.
 Brush PatternBrush(const QImage& image, bool two_colours);
-// From the slant to the pitch: eight bytes.
+// From the slant to the pitch and the kind of typeface: eight bytes.
 void ReadFontFlags(Font& font, ByteReader& reader);
 
 std::shared_ptr<const Palette> ReadPalette(ByteReader& reader, std::size_t count);

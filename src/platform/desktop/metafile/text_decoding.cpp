@@ -100,6 +100,19 @@ QString DecodeWide(ByteSpan bytes) {
   return text;
 }
 
+QString DecodeGlyphs(ByteSpan bytes) {
+  constexpr unsigned kFirst = 3;
+  constexpr unsigned kLast = 97;
+  constexpr unsigned kToCharacter = 29;
+  ByteReader reader(bytes);
+  QString text;
+  for (std::size_t i = 0; i < bytes.size() / 2; ++i) {
+    const unsigned glyph = reader.U16();
+    text += glyph >= kFirst && glyph <= kLast ? QChar(static_cast<char16_t>(glyph + kToCharacter)) : QChar(u' ');
+  }
+  return text;
+}
+
 bool IsMultiByte(const Font& font) { return font.charset >= 128 && font.charset <= 136; }
 
 QString FamilyName(QString name) {

@@ -11,6 +11,9 @@ namespace quorvale {
 QString DecodeText(ByteSpan bytes, const Font& font);
 // Two bytes to the character.
 QString DecodeWide(ByteSpan bytes);
+// Numbers of glyphs, two bytes each. What they mean is the typeface's own, but most agree on the Latin
+// letters.
+QString DecodeGlyphs(ByteSpan bytes);
 // Whether characters may take two bytes, so that bytes and characters don't go together.
 bool IsMultiByte(const Font& font);
 
