@@ -64,24 +64,11 @@ show() {
 }
 
 run_tests() {
-  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" | tee "$1/tests.txt"
+  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" "${@:2}" | tee "$1/tests.txt"
 }
 
 # The last line is the runner's own count.
 count_of() { grep 'tests passed' "$1/tests.txt"; }
-
-# Each fuzzer goes on from its seeds; what it makes of them stays in the build directory.
-fuzz() {
-  local fuzzer name
-  for fuzzer in build/fuzz/*_fuzzer; do
-    name=$(basename "$fuzzer" _fuzzer)
-    mkdir -p "build/fuzz/corpus/$name"
-    "$fuzzer" -max_total_time="$1" -timeout=5 -max_len=4096 -rss_limit_mb=4000 -artifact_prefix="build/fuzz/$name-" \
-      "build/fuzz/corpus/$name" "fuzz/seeds/$name" >"build/fuzz/$name.log" 2>&1 ||
-      { tail -n 50 "build/fuzz/$name.log"; return 1; }
-    say "$name: $(tail -n 1 "build/fuzz/$name.log")"
-  done
-}
 
 run_all_tests() {
   need $screen_packages $fuzz_packages
@@ -90,14 +77,13 @@ run_all_tests() {
   build fuzz
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
-  say "Testing pictures under the sanitizers"
-  QT_QPA_PLATFORM=offscreen build/fuzz/quorvale_picture_tests --gtest_brief=1
-  say "Fuzzing for 20 seconds each"
-  fuzz 20
+  say "Testing pictures under the sanitizers, and fuzzing for 20 seconds each"
+  run_tests build/fuzz -R '^(Picture|Metafile|fuzz|sweep)'
   say "Testing everything"
   need $saver_packages
   run_tests build
   say "Under the sanitizers: $(count_of build/sanitize)"
+  say "Pictures under the sanitizers: $(count_of build/fuzz)"
   count_of build
 }
 

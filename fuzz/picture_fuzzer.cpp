@@ -1,7 +1,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <array>
+#include <QGuiApplication>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -42,6 +42,13 @@ void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(con
 
 }  // namespace
 }  // namespace quorvale
+
+// Text in metafiles needs it.
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static const QGuiApplication application(*argc, *argv);
+  return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace quorvale;

@@ -85,6 +85,20 @@ TEST(PictureJpeg, IsUprightInAllOrientationsAtAnyScale) {
   }
 }
 
+// Some programs store the orientation as a longer number than they should, or as one with a sign.
+TEST(PictureJpeg, AnOrientationIsAnyWholeNumber) {
+  const TemporaryDirectory folder;
+  Bytes bytes = MakeJpeg(MakeWaves(40, 30), {.name = "", .exif = 6});
+  const std::array<std::uint8_t, 4> entry{0x12, 0x01, 3, 0};
+  const auto kind = std::search(bytes.begin(), bytes.end(), entry.begin(), entry.end()) + 2;
+  for (const std::uint8_t number : {3, 4, 8, 9}) {
+    *kind = number;
+    Screen screen(30, 40);
+    const auto picture = Show(WritePicture(folder, "turned.jpg", bytes), screen.Bounds(), screen);
+    EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel) << int{number};
+  }
+}
+
 TEST(PictureJpeg, ShrinksToTheMeanOfWhatEachPixelCovers) {
   const TemporaryDirectory folder;
   const QImage waves = MakeWaves(801, 603);

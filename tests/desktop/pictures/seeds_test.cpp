@@ -1,17 +1,12 @@
 // The seeds of the fuzzer: one small picture, stored in every way there is.
 
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
-#include "base/failure.h"
 #include "desktop/pictures/samples.h"
-#include "platform/desktop/system/file_descriptor.h"
 #include "platform/headless/headless_desktop.h"
 #include "process/process.h"
 #include "saver/main_form.h"
@@ -39,33 +34,6 @@ QImage SeedPicture(int colours) {
 Bytes Read(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
-}
-
-// A file in memory that is written over again and again.
-class ChangingFile {
- public:
-  std::string With(const Bytes& bytes, std::size_t length) const {
-    EXPECT_EQ(ftruncate(file_.Get(), static_cast<off_t>(length)), 0);
-    EXPECT_EQ(pwrite(file_.Get(), bytes.data(), length, 0), static_cast<ssize_t>(length));
-    return "/proc/self/fd/" + std::to_string(file_.Get());
-  }
-
- private:
-  FileDescriptor file_{memfd_create("changing", MFD_CLOEXEC)};
-};
-
-// What the sanitizers and the clock have to say is asked of every load, whether it fails or not.
-void TryToShow(const std::string& path, const std::string& what) {
-  const auto start = std::chrono::steady_clock::now();
-  for (const PixelRect box : {PixelRect{0, 0, 24, 16}, {-3, -2, kWidth, kHeight}}) {
-    Screen screen(24, 16);
-    try {
-      Show(path, box, screen);
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.Number(), FailureNumber::kBadPicture) << what;
-    }
-  }
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << what;
 }
 
 TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
@@ -145,23 +113,6 @@ TEST(PictureSeeds, PixelsThatRunsLeaveOutHaveTheFirstColour) {
   for (int x = 0; x < 3; ++x) wanted.setPixel(x, kHeight - 1, ColourOf(1));
   for (int x = 7; x < 9; ++x) wanted.setPixel(x, kHeight - 4, ColourOf(2));
   EXPECT_EQ(Difference(screen, kBounds, kBounds, wanted), 0);
-}
-
-TEST(PictureSeeds, CutOffAtAnyLengthOrWithAnyBitWrongAreShownOrFail) {
-  const ChangingFile file;
-  for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) {
-    const std::string name = seed.path().filename();
-    Bytes bytes = Read(seed.path());
-    for (std::size_t length = 0; length < bytes.size(); ++length) {
-      TryToShow(file.With(bytes, length), name + " cut at " + std::to_string(length));
-    }
-    for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
-      const auto mask = static_cast<std::uint8_t>(1U << bit % 8);
-      bytes[bit / 8] ^= mask;
-      TryToShow(file.With(bytes, bytes.size()), name + " with bit " + std::to_string(bit));
-      bytes[bit / 8] ^= mask;
-    }
-  }
 }
 
 // A desktop in memory that reads pictures as the real one does.
