@@ -21,8 +21,9 @@ struct Group {
 };
 
 constexpr Group kGroups[] = {
-    {"load", MeasureLoading}, {"memory", MeasureMemory}, {"effects", MeasureEffects}, {"spotlight", MeasureSpotlight},
-    {"lists", MeasureLists},  {"show", MeasureShow},     {"preview", MeasurePreview}, {"start", MeasureStart},
+    {"load", MeasureLoading},    {"metafiles", MeasureMetafiles}, {"memory", MeasureMemory},
+    {"effects", MeasureEffects}, {"spotlight", MeasureSpotlight}, {"lists", MeasureLists},
+    {"show", MeasureShow},       {"preview", MeasurePreview},     {"start", MeasureStart},
 };
 
 struct CommandLine {

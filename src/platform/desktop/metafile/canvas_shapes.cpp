@@ -213,6 +213,7 @@ void MetafileCanvas::Arc(ArcKind kind, const QRectF& box, QPointF from, QPointF 
 
 void MetafileCanvas::ArcTo(const QRectF& box, QPointF from, QPointF to) {
   const QPainterPath arc = ArcPath(ArcKind::kOpen, box, from, to);
+  if (arc.elementCount() == 0) return;
   QPainterPath line;
   QPainterPath& path = path_open_ ? path_ : line;
   Continue(path);
@@ -228,13 +229,13 @@ void MetafileCanvas::AngleArc(QPointF centre, double radius, double start, doubl
   arc.arcMoveTo(box, start);
   // More than a round adds nothing, but it ends where it says.
   arc.arcTo(box, start, std::abs(sweep) > 360 ? std::fmod(sweep, 360) + std::copysign(360, sweep) : sweep);
-  state_.position = Clamped(state_.position);
+  const QTransform map = ToMiddles();
+  const QRectF mapped = map.mapRect(box);
+  if (arc.elementCount() == 0 || Clamped(mapped) != mapped) return;
   QPainterPath line;
   QPainterPath& path = path_open_ ? path_ : line;
   Continue(path);
   const QPointF end = arc.currentPosition();
-  const QTransform map = ToMiddles();
-  if (Clamped(map.mapRect(box)) != map.mapRect(box)) return;
   arc = map.map(arc);
   path.lineTo(arc.elementAt(0));
   path.connectPath(arc);

@@ -68,8 +68,7 @@ Dib ReadDib(const DibSource& source) {
   dib.top_down = header.top_down;
   if (source.rows >= 0) header.height = std::min(header.height, source.rows);
   const ByteSpan bits = source.bits.empty() ? source.info.subspan(header.size) : source.bits;
-  const std::size_t stride =
-      (static_cast<std::size_t>(header.width) * static_cast<unsigned>(header.depth) + 31) / 32 * 4;
+  const std::size_t stride = RowSize(header);
   const std::size_t row_size = (static_cast<std::size_t>(header.width) * static_cast<unsigned>(header.depth) + 7) / 8;
   const auto rows = static_cast<std::size_t>(header.height);
   if (rows == 0) return dib;

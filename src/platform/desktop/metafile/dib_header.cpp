@@ -10,14 +10,27 @@ constexpr std::size_t kInfoHeader = 40;
 constexpr std::int64_t kMostPixels = std::int64_t{64} << 20U;
 enum Compression : unsigned { kPlain, kRuns8, kRuns4, kMasks };
 
+// The palette's, or from black to white.
+std::vector<QRgb> ColoursWithoutTable(const DibSource& source, std::size_t count) {
+  if (source.palette != nullptr && count > 2) return source.palette->colours;
+  std::vector<QRgb> colours;
+  for (std::size_t i = 0; i < count && i < 256; ++i) {
+    const auto level = static_cast<int>(i * 255 / (count - 1));
+    colours.push_back(qRgb(level, level, level));
+  }
+  return colours;
+}
+
+// Some writers leave the table out, and count on the palette.
+bool LacksTable(const DibHeader& header, const DibSource& source, std::size_t at) {
+  if (!source.bits.empty() || header.depth > 8 || header.run_length || at > source.info.size()) return false;
+  return source.info.size() - at == RowSize(header) * static_cast<std::size_t>(header.height);
+}
+
 void ReadColours(DibHeader& header, ByteReader& reader, const DibSource& source, std::size_t count, bool core) {
   const bool numbers = source.table == ColourTable::kPaletteNumbers;
-  if (source.table == ColourTable::kNone) {
-    // From black to white.
-    for (std::size_t i = 0; i < count && i < 256; ++i) {
-      const auto level = static_cast<int>(i * 255 / (count - 1));
-      header.colours.push_back(qRgb(level, level, level));
-    }
+  if (source.table == ColourTable::kNone || LacksTable(header, source, reader.At())) {
+    header.colours = ColoursWithoutTable(source, count);
     return;
   }
   const std::size_t size = numbers ? 2 : (core ? 3 : 4);

@@ -22,6 +22,11 @@ struct DibHeader {
   std::size_t size = 0;
 };
 
+// Bytes from one row to the next, unless encoded.
+inline std::size_t RowSize(const DibHeader& header) {
+  return (static_cast<std::size_t>(header.width) * static_cast<unsigned>(header.depth) + 31) / 32 * 4;
+}
+
 DibHeader ReadDibHeader(const DibSource& source);
 
 }  // namespace quorvale

@@ -82,10 +82,10 @@ void Metafile::FindWmfSize() {
     ByteReader reader(record->bytes, record->head);
     if (record->type == kMapModeRecord) {
       mapping.SetMode(reader.U16());
-    } else if (record->type == kWindowRecord && window.isNull()) {
+    } else if (record->type == kWindowRecord && window.isEmpty()) {
       const QPointF extent = WmfPoint(reader);
       window = {std::abs(extent.x()), std::abs(extent.y())};
-    } else if (record->type == kViewportRecord && viewport.isNull()) {
+    } else if (record->type == kViewportRecord && viewport.isEmpty()) {
       const QPointF extent = WmfPoint(reader);
       viewport = {std::abs(extent.x()), std::abs(extent.y())};
     }
