@@ -2,10 +2,12 @@
 # Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+source scripts/play-list.sh
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libxcb1-dev libxcb-shm0-dev"
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
+saver_packages="xscreensaver"
 test_packages="libgtest-dev libgmock-dev python3 sox"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
@@ -35,9 +37,6 @@ build() {
   rm -f build-log.txt
   cmake --build --preset "$1"
 }
-
-# A play list entry: the name from column 1, the directory from column 256, 512 columns in all.
-entry() { printf '%-255s%-257s' "$2" "$1/"; }
 
 # A settings store of the show's own, with the samples in both lists.
 prepare_show() {
@@ -77,10 +76,20 @@ run_all_tests() {
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
   say "Testing everything"
+  need $saver_packages
   run_tests build
   say "Under the sanitizers: $(count_of build/sanitize)"
   count_of build
 }
+
+# Whatever the user's umask is, everybody may read what the package brings.
+package() (
+  need dpkg-dev desktop-file-utils
+  build release
+  umask 022
+  desktop-file-validate packaging/*.desktop
+  cpack --config build/CPackConfig.cmake -B build/packages
+)
 
 lint() {
   need $lint_packages
@@ -98,7 +107,7 @@ case "${1:-}" in
   build) build release ;;
   configure) build release && build/quorvale /C ;;
   bench) need $screen_packages $bench_packages && build release && scripts/bench.sh "${@:2}" ;;
-  package) need dpkg-dev && build release && cpack --config build/CPackConfig.cmake -B build/packages ;;
+  package) package ;;
   lint) lint ;;
   *)
     cat <<'TEXT'

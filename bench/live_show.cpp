@@ -3,7 +3,10 @@
 #include <QCoreApplication>
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "platform/desktop/toolkit/x11_session.h"
+#include "saver/control_form.h"
+#include "saver/main_form.h"
 #include "screen_states.h"
 
 namespace quorvale {
@@ -13,9 +16,9 @@ constexpr int kNoTick = 60'000;  // milliseconds
 
 }  // namespace
 
-LiveShow::LiveShow(XDisplay& display, const PassLengths& pass_lengths)
-    : display_(display), desktop_(pass_lengths), form_(std::make_shared<MainForm>(desktop_.core)) {
-  form_->Show();
+LiveShow::LiveShow(XDisplay& display, const PassLengths& pass_lengths, WindowHandle host)
+    : display_(display), desktop_(pass_lengths) {
+  ShowForms(host);
   form_->tmrSwitch.Elapsed = [this, tick = form_->tmrSwitch.Elapsed] {
     since_event_ = Stopwatch();
     tick();
@@ -26,6 +29,20 @@ LiveShow::LiveShow(XDisplay& display, const PassLengths& pass_lengths)
     Present();
     return ShowsBackground(display_);
   });
+}
+
+void LiveShow::ShowForms(WindowHandle host) {
+  if (host == 0) {
+    form_ = std::make_shared<MainForm>(Core());
+    form_->Show();
+    return;
+  }
+  Core().RunMode = "/P";
+  Core().ScreenTwipsX = RoundToInt16(Core().app.Screen().TwipsPerPixelX);
+  Core().ScreenTwipsY = RoundToInt16(Core().app.Screen().TwipsPerPixelY);
+  Core().SystemHwnd = static_cast<std::int32_t>(host);
+  form_ = std::make_shared<ControlForm>(Core());
+  form_->Load();
 }
 
 double LiveShow::Tick() {

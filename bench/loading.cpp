@@ -15,14 +15,6 @@ namespace {
 
 constexpr int kPixelsToLoad = 100'000'000;  // for each figure
 
-// One row in memory is all that it writes to: nothing but decoding.
-void DecodeOnly(const std::string& path, int divisor) {
-  JpegRows jpeg(path);
-  jpeg.Start(divisor);
-  std::vector<Pixel> row(static_cast<std::size_t>(jpeg.Width()));
-  for (int y = 0; y < jpeg.Height(); ++y) jpeg.Read(row.data());
-}
-
 class LoadingRow {
  public:
   LoadingRow(Bench& bench, LiveShow& show, SharedWindow& window, std::string path)

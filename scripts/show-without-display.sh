@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/virtual-display.sh
+source scripts/play-list.sh
 
 shots=build/screenshots
 interval=3 # seconds between two pictures, the effect apart
@@ -32,8 +33,7 @@ start_virtual_display 1920x1080
 # The third picture is a smaller copy, so that its frame can be seen.
 mkdir -p "$XDG_CONFIG_HOME/small"
 convert build/samples/Sample3.jpg -resize 1280x720 -quality 92 "$XDG_CONFIG_HOME/small/Sample3.jpg"
-build/quorvale-settings set PictureFiles File2 \
-  "$(printf '%-255s%-257s' Sample3.jpg "$XDG_CONFIG_HOME/small/")"
+build/quorvale-settings set PictureFiles File2 "$(entry "$XDG_CONFIG_HOME/small" Sample3.jpg)"
 option Interval "$interval"
 option Stretch 1
 option SwapAffect "Sweep Right"

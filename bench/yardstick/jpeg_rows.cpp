@@ -40,6 +40,13 @@ void JpegRows::Read(Pixel* row) {
   jpeg_read_scanlines(&decoder_, &samples, 1);
 }
 
+void DecodeOnly(const std::string& path, int divisor) {
+  JpegRows jpeg(path);
+  jpeg.Start(divisor);
+  std::vector<Pixel> row(static_cast<std::size_t>(jpeg.Width()));
+  for (int y = 0; y < jpeg.Height(); ++y) jpeg.Read(row.data());
+}
+
 int NearestDivisor(int width, int height, int least_width, int least_height) {
   const auto holds = [](int size, int divisor, int least) { return (size + divisor - 1) / divisor >= least; };
   int divisor = 8;

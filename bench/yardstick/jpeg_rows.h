@@ -39,6 +39,9 @@ class JpegRows {
   std::size_t size_ = 0;
 };
 
+// Nothing but decoding: one row in memory is all that it writes to.
+void DecodeOnly(const std::string& path, int divisor);
+
 // The greatest divisor at which a picture of `width` by `height` still has so many pixels.
 int NearestDivisor(int width, int height, int least_width, int least_height);
 

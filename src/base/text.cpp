@@ -6,8 +6,6 @@
 namespace quorvale {
 namespace {
 
-bool IsContinuation(char c) { return (static_cast<std::uint8_t>(c) & 0xC0) == 0x80; }
-
 // Bytes of the character that begins at `at`; 1 for a byte that begins no valid character.
 std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   const auto lead = static_cast<std::uint8_t>(text[at]);
@@ -41,6 +39,15 @@ std::size_t Length(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t at = 0; at < text.size(); at += CharacterBytes(text, at)) ++count;
   return count;
+}
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t bytes = CharacterBytes(text, at);
+    if (bytes == 1 && static_cast<std::uint8_t>(text[at]) >= 0x80) return false;
+    at += bytes;
+  }
+  return true;
 }
 
 std::string Left(std::string_view text, std::size_t count) {

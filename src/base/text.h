@@ -11,11 +11,17 @@ namespace quorvale {
 
 std::size_t Length(std::string_view text);
 
+// Whether the byte goes on with a character that another began.
+inline bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
 // The first `count` characters, or all of them if there are fewer.
 std::string Left(std::string_view text, std::size_t count);
 
 // Everything from the character at `start` (1 or more) on; empty when the text is shorter.
 std::string Mid(std::string_view text, std::size_t start);
+
+// Whether no byte stands outside a valid character.
+bool IsUtf8(std::string_view text);
 
 // Without the spaces at both ends. Tabs and the like stay.
 std::string Trim(std::string_view text);

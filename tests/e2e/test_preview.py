@@ -1,14 +1,16 @@
 """The preview inside a window of another program."""
 
-import signal
+import os
+import re
 import subprocess
 
-from desktop_session import wait_until
+from desktop_session import BUILD, wait_until
 from test_show import BLACK, BLUE, GREEN, RED, ShowTest
 
-BORDER = 2  # of the host's window
-HOST = (100 + BORDER, 80 + BORDER)  # where the host's client area lies on the screen
+HOST = (100, 80)  # where the host lies on the screen
 MIDDLE = (HOST[0] + 76, HOST[1] + 56)
+CORNERS = (HOST, (HOST[0] + 151, HOST[1] + 111))
+QUIETLY = (0, b"")
 
 
 class PreviewTest(ShowTest):
@@ -16,27 +18,35 @@ class PreviewTest(ShowTest):
 
     def setUp(self):
         super().setUp()
-        self.host = subprocess.Popen(["xev", "-geometry", f"152x112+{HOST[0] - BORDER}+{HOST[1] - BORDER}", "-event", "button"],
-                                     env=self.display.environment, stdout=subprocess.DEVNULL)
+        self.new_host()
+
+    def new_host(self, depth=24):
+        """A window that stands for the settings dialog's."""
+        self.host = subprocess.Popen([os.path.join(BUILD, "preview_host"), str(depth), *map(str, HOST), "152", "112"],
+                                     env=self.display.environment, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(self.host.stdout.close)
         self.addCleanup(self.host.wait)
         self.addCleanup(self.host.kill)
-        self.window = wait_until(self.host_window, "the host's window")
+        self.window = self.host.stdout.readline().strip()
 
-    def host_window(self):
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Event Tester"],
-                               env=self.display.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                               check=False).stdout.split()
-        return found[0].decode() if found else None
-
-    def preview(self):
-        program = self.session.start("/P", self.window, stderr=subprocess.PIPE)
+    def preview(self, **environment):
+        program = self.session.start("/P", self.window, stderr=subprocess.PIPE, **environment)
         self.addCleanup(program.stderr.close)
         return program
 
-    def assert_ends_quietly(self, program):
-        self.assertEqual(program.wait(timeout=15), 0)
-        with program.stderr:
-            self.assertEqual(program.stderr.read(), b"")
+    def end_of(self, program):
+        """The exit code, and what was said on the way."""
+        return program.wait(timeout=15), program.stderr.read()
+
+    def kill_host(self):
+        self.host.kill()
+        self.host.wait()
+
+    def destroy_window(self):
+        self.display.xdotool("windowclose", self.window)
+
+    def ask(self, *command):
+        return subprocess.run(command, env=self.display.environment, stdout=subprocess.PIPE, text=True, check=True).stdout
 
 
 class InTheHost(PreviewTest):
@@ -45,9 +55,25 @@ class InTheHost(PreviewTest):
         program = self.preview()
         for colour in (RED, BLUE):
             self.wait_for_colour(colour, MIDDLE)
-            self.assertEqual(self.pixels(HOST, (HOST[0] + 151, HOST[1] + 111)), [colour] * 2)
+            self.assertEqual(self.pixels(*CORNERS), [colour] * 2)
         self.display.xdotool("mousemove", *MIDDLE, "click", 1, "key", "space")
         self.assert_runs(program)
+
+    def test_the_hosts_pixels_are_the_screens_at_every_scale_and_depth(self):
+        self.session.option("Stretch", "1")
+        for depth, environment, dpi in ((24, {"QT_SCALE_FACTOR": "2"}, 96), (24, {"QT_SCALE_FACTOR": "1.5"}, 96),
+                                        (24, {"QT_SCREEN_SCALE_FACTORS": "2"}, 96), (24, {}, 192), (32, {}, 96),
+                                        (32, {"QT_SCALE_FACTOR": "2"}, 144)):
+            with self.subTest(depth=depth, environment=environment, dpi=dpi):
+                self.kill_host()
+                self.new_host(depth)
+                self.ask("xprop", "-root", "-format", "RESOURCE_MANAGER", "8s", "-set", "RESOURCE_MANAGER",
+                         f"Xft.dpi:\t{dpi}\n")
+                program = self.preview(**environment)
+                wait_until(lambda: self.pixels(*CORNERS) in ([RED] * 2, [BLUE] * 2), "a picture")
+                self.assertRegex(self.ask("xwininfo", "-children", "-id", self.window), r"\s152x112\+0\+0\s")
+                program.terminate()
+                self.assertEqual(self.end_of(program), QUIETLY)
 
     def test_an_effect_wipes_inside_it(self):
         self.session.option("SwapAffect", "Sweep Right")
@@ -60,23 +86,62 @@ class InTheHost(PreviewTest):
 
 
 class TheHostsEnd(PreviewTest):
+    def ends(self):
+        return (self.kill_host, self.destroy_window)
+
     def test_ends_the_preview_at_the_next_tick(self):
-        program = self.preview()
-        self.wait_for_colour(RED, MIDDLE)
-        self.host.send_signal(signal.SIGKILL)
-        self.assert_ends_quietly(program)
+        for end in self.ends():
+            with self.subTest(end=end.__name__):
+                self.new_host()
+                program = self.preview()
+                wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
+                end()
+                self.assertEqual(self.end_of(program), QUIETLY)
 
     def test_ends_it_in_the_middle_of_an_effect(self):
         self.session.option("SwapAffect", "Spotlight")
         self.session.option("TransSpeed", "1")
-        program = self.preview()
-        self.wait_for_colour(RED, MIDDLE)
-        self.wait_for_colour(BLACK, MIDDLE)
-        self.host.send_signal(signal.SIGKILL)
-        self.assert_ends_quietly(program)
+        for end in self.ends():
+            with self.subTest(end=end.__name__):
+                self.new_host()
+                program = self.preview()
+                wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
+                self.wait_for_colour(BLACK, MIDDLE)
+                end()
+                self.assertEqual(self.end_of(program), QUIETLY)
 
     def test_a_handle_that_is_no_window_ends_at_once(self):
         for arguments in (["/P"], ["/P:123"], ["/P", "123"], ["/A", "5"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
 
+
+class AHundredRounds(PreviewTest):
+    def left_behind(self):
+        """Windows, connections of the X server, and files of the user."""
+        windows = len(re.findall(r"^\s+0x", self.ask("xwininfo", "-root", "-tree"), re.MULTILINE))
+        connections = len(os.listdir(f"/proc/{self.display.server}/fd"))
+        return windows, connections, [name for _, _, names in sorted(os.walk(self.session.folder)) for name in names]
+
+    def server_memory(self):
+        with open(f"/proc/{self.display.server}/status", encoding="utf-8") as status:
+            return int(re.search(r"VmRSS:\s+(\d+)", status.read())[1])
+
+    def test_leave_no_process_and_no_growth(self):
+        def terminate():
+            for program in programs:
+                program.terminate()
+
+        for number in range(10):
+            self.kill_host()
+            self.new_host()
+            programs = [self.preview() for _ in range(10)]
+            wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
+            (self.kill_host, self.destroy_window, terminate)[number % 3]()
+            for program in programs:
+                self.assertEqual(self.end_of(program), QUIETLY)
+            self.kill_host()
+            if number == 2:
+                before, memory = self.left_behind(), self.server_memory()
+        self.assertEqual(self.left_behind(), before)
+        self.assertLess(self.server_memory(), memory + 1024)  # kilobytes

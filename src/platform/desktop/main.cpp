@@ -12,13 +12,16 @@
 #include "base/text.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/desktop_password.h"
-#include "platform/desktop/system/desktop_programs.h"
+#include "platform/desktop/system/invocation.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sdl_sound_player.h"
 #include "platform/desktop/system/settings_location.h"
 #include "platform/desktop/system/sqlite_registry.h"
+#include "platform/desktop/system/xscreensaver_file.h"
+#include "platform/desktop/toolkit/daemon_window.h"
 #include "platform/desktop/toolkit/desktop_platform.h"
 #include "platform/desktop/toolkit/ending_signals.h"
+#include "platform/desktop/toolkit/qt_programs.h"
 #include "platform/desktop/toolkit/start_up.h"
 #include "process/end_saver.h"
 #include "process/process.h"
@@ -30,29 +33,20 @@ namespace {
 
 constexpr std::uint32_t kLongestPath = 4096;
 
-// The arguments joined by one blank.
-std::string CommandLineText(int count, char** arguments) {
-  std::string text;
-  for (int i = 1; i < count; ++i) {
-    if (i > 1) text += ' ';
-    text += arguments[i];
-  }
-  return text;
-}
+bool IsPreview(std::string_view text) { return UpperCase(Left(text, 2)) == "/P"; }
 
 // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
-bool IsShow(std::string_view text) {
-  const std::string mode = UpperCase(Left(text, 2));
-  return mode == "/S" || mode == "/P";
-}
+bool IsShow(std::string_view text) { return UpperCase(Left(text, 2)) == "/S" || IsPreview(text); }
 
 int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPlatform platform(options);
   SqliteRegistry registry(SettingsDirectory());
   DesktopHost host([&registry] { registry.Close(); });
-  PosixFileSystem files(SettingsDirectory(), host.GetSystemDirectory(kLongestPath) + '/' + host.ProgramName() + ".SCR");
+  const std::string directory = host.GetSystemDirectory(kLongestPath);
+  PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR",
+                        [&] { BecomeSaverOfUser(directory, host.ProgramName()); });
   SdlSoundPlayer sound;
-  DesktopPrograms programs;
+  QtPrograms programs;
   DesktopPassword password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
   const EndingSignals signals([&process] {
@@ -71,13 +65,20 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
 
 int main(int argc, char** argv) {
   using namespace quorvale;
-  const std::string text = CommandLineText(argc, argv);
+  const Invocation invocation = ReadInvocation({argv + 1, argv + argc}, std::getenv("XSCREENSAVER_WINDOW"));
+  const std::string& text = invocation.text;
+  if (invocation.daemon_window == 0U) {
+    std::fputs("quorvale: XSCREENSAVER_WINDOW names no window to show anything in\n", stderr);
+    return EXIT_FAILURE;
+  }
   DesktopOptions options;
   options.application_title = kApplicationTitle;
+  options.daemon_window = invocation.daemon_window.value_or(0);
   options.pixels = IsShow(text) ? PixelKind::kPhysical : PixelKind::kLogical;
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
   // A preview's host may go at any moment, and what is drawn then is lost without anybody's fault.
   QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
+  if (invocation.daemon_window || IsPreview(text)) PreferX11();
   std::optional<DisplayProbe> probe(std::in_place);
   if (!probe->HasDisplay() && !IsShow(text)) qputenv("QT_QPA_PLATFORM", "offscreen");  // nothing to be shown
   if (!probe->HasDisplay() && IsShow(text)) {
@@ -94,5 +95,8 @@ int main(int argc, char** argv) {
   int qt_argc = 1;
   const QApplication application(qt_argc, argv);
   probe.reset();
+  if (options.daemon_window != 0 && !HoldsPrimaryMonitor(options.daemon_window)) {
+    return KeepBlack(options.daemon_window);
+  }
   return RunProgram(text, options);
 }

@@ -14,8 +14,6 @@ constexpr std::uint32_t kFirstSupplementary = 0x10000;
 // By the length of the character, what its first byte has of the code point.
 constexpr std::uint8_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
 
-bool IsContinuation(char c) { return (static_cast<std::uint8_t>(c) & 0xC0) == 0x80; }
-
 // The system's table of upper-case letters for all of Unicode, whatever locale the user has. Where it is
 // missing, only ASCII folds.
 std::uint32_t UpperCaseOf(std::uint32_t character) {

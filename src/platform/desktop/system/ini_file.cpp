@@ -1,22 +1,13 @@
 #include "platform/desktop/system/ini_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "base/text.h"
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
 namespace {
@@ -51,52 +42,6 @@ std::optional<std::string_view> SectionOf(std::string_view line) {
 bool HasKey(std::string_view line, const std::string& key) {
   const std::size_t equals = line.find('=');
   return equals != std::string_view::npos && EqualsIgnoringCase(Strip(line.substr(0, equals)), key);
-}
-
-std::optional<std::string> ReadAll(const std::string& path) {
-  // Opening a pipe must not wait for who writes into it.
-  const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  if (!file.IsOpen()) return errno == ENOENT ? std::optional<std::string>("") : std::nullopt;
-  struct stat status {};
-  if (fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  std::string text;
-  std::array<char, 4096> buffer{};
-  while (true) {
-    const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
-    if (count < 0) return std::nullopt;
-    if (count == 0) return text;
-    text.append(buffer.data(), static_cast<std::size_t>(count));
-  }
-}
-
-bool WriteAll(int file, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = write(file, text.data(), text.size());
-    if (count < 0) return false;
-    text.remove_prefix(static_cast<std::size_t>(count));
-  }
-  return fsync(file) == 0;
-}
-
-// Writes a new file beside `path` and gives it that name. The mode is kept.
-bool Replace(const std::string& path, const std::string& text) {
-  std::string temporary = path + ".XXXXXX";
-  const FileDescriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.IsOpen()) return false;
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) fchmod(file.Get(), status.st_mode & 07777);
-  if (WriteAll(file.Get(), text) && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
-  unlink(temporary.c_str());
-  return false;
-}
-
-// Where a chain of links ends, so that the file is replaced and not the link.
-std::string BehindLinks(const std::string& path) {
-  struct Free {
-    void operator()(char* text) const { std::free(text); }
-  };
-  const std::unique_ptr<char, Free> real(realpath(path.c_str(), nullptr));
-  return real == nullptr ? path : real.get();
 }
 
 }  // namespace
@@ -138,8 +83,8 @@ bool WriteIniValue(const std::string& path, const std::string& section, const st
                    const std::string& value) {
   if ((section + key + value).find_first_of("\r\n") != std::string::npos) return false;
   const std::string target = BehindLinks(path);
-  const std::optional<std::string> text = ReadAll(target);
-  return text && Replace(target, SetIniValue(*text, section, key, value));
+  const std::optional<std::string> text = ReadTextFile(target);
+  return text && ReplaceTextFile(target, SetIniValue(*text, section, key, value));
 }
 
 }  // namespace quorvale

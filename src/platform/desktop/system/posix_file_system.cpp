@@ -12,11 +12,13 @@
 #include <string_view>
 #include <utility>
 
+#include "base/code_page_1252.h"
 #include "base/failure.h"
 #include "base/text.h"
 #include "platform/desktop/system/directory_listing.h"
 #include "platform/desktop/system/ini_file.h"
 #include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
 namespace {
@@ -63,8 +65,10 @@ bool Exists(const std::string& path) {
 
 }  // namespace
 
-PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string saver_file)
-    : settings_directory_(std::move(settings_directory)), saver_file_(std::move(saver_file)) {}
+PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string saver_file, std::function<void()> chosen)
+    : settings_directory_(std::move(settings_directory)),
+      saver_file_(std::move(saver_file)),
+      chosen_(std::move(chosen)) {}
 
 void PosixFileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                                      const std::function<void(const std::string& name)>& found) {
@@ -99,8 +103,23 @@ std::string PosixFileSystem::GetShortPathName(const std::string& path, std::uint
   return IsSaverFile(path) || Exists(path) ? path : std::string();
 }
 
+std::string PosixFileSystem::ReadFile(const std::string& path) {
+  std::string content;
+  if (const int error = ReadPlainFile(path, content)) Fail(error, path);
+  return content;
+}
+
+void PosixFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  const int error = WritePlainFile(path, content);
+  if (error == 0) return;
+  throw Failure(FailureNumber::kUnwritable, path + ": " + std::strerror(error), "PosixFileSystem");
+}
+
+std::string PosixFileSystem::FromOlderCodePage(const std::string& bytes) { return FromCodePage1252(bytes); }
+
 bool PosixFileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
                                                 const std::string& value, const std::string& file) {
+  if (chosen_ && section == "boot" && key == "SCRNSAVE.EXE" && IsSaverFile(value)) chosen_();
   if (file.find('/') != std::string::npos) return WriteIniValue(file, section, key, value);
   if (!CreateDirectories(settings_directory_)) return false;
   return WriteIniValue(settings_directory_ + "/" + file, section, key, value);

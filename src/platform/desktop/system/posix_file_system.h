@@ -14,8 +14,9 @@ namespace quorvale {
 class PosixFileSystem : public FileSystem {
  public:
   // INI files without a directory lie in `settings_directory`. `saver_file` is the path under which the
-  // program is known as a screen saver: it counts as existing, whatever the case of its name.
-  PosixFileSystem(std::string settings_directory, std::string saver_file);
+  // program is known as a screen saver: it counts as existing, whatever the case of its name. `chosen` is
+  // called when that is written to be the system's saver.
+  PosixFileSystem(std::string settings_directory, std::string saver_file, std::function<void()> chosen = nullptr);
 
   // Names compare as NTFS compares them, by their upper-case form, and those that differ in case alone by
   // their bytes.
@@ -26,6 +27,11 @@ class PosixFileSystem : public FileSystem {
   std::string FindFile(const std::string& path, int attributes) override;
 
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
+  std::string ReadFile(const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override;
+  // Windows' western one, from where such lists come.
+  std::string FromOlderCodePage(const std::string& bytes) override;
+  // Linux keeps no saver in the file that the line is written to, so whoever does is told of it.
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;
   PathSyntax Syntax() const override { return {'/'}; }
@@ -35,6 +41,7 @@ class PosixFileSystem : public FileSystem {
 
   std::string settings_directory_;
   std::string saver_file_;
+  std::function<void()> chosen_;
 };
 
 }  // namespace quorvale

@@ -16,14 +16,14 @@ std::string AbsolutePathFrom(const char* variable) {
   return value != nullptr && value[0] == '/' ? value : "";
 }
 
+}  // namespace
+
 std::string HomeDirectory() {
   std::string home = AbsolutePathFrom("HOME");
   if (!home.empty()) return home;
   const passwd* user = getpwuid(getuid());
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
-
-}  // namespace
 
 std::string SettingsDirectory() {
   std::string base = AbsolutePathFrom("XDG_CONFIG_HOME");

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <exception>
-#include <optional>
 #include <string_view>
 #include <utility>
+
+#include "platform/desktop/system/registry_keys.h"
 
 namespace quorvale {
 namespace {
@@ -25,10 +26,6 @@ constexpr std::uint32_t kRegMultiSz = 7;
 constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kShortPatience{20};
 
-constexpr char kFindKey[] = "SELECT id FROM keys WHERE hive = ?1 AND path = ?2";
-constexpr char kAddKey[] =
-    "INSERT INTO keys (hive, path, parent) VALUES (?1, ?2, ?3) ON CONFLICT (hive, path) DO NOTHING";
-constexpr char kKeyExists[] = "SELECT 1 FROM keys WHERE id = ?1";
 constexpr char kSubkeys[] = "SELECT path FROM keys WHERE parent = ?1 ORDER BY path";
 constexpr char kDeleteKey[] = "DELETE FROM keys WHERE id = ?1";
 // A row with NULL is a key without the value, no row is a key that is gone.
@@ -43,44 +40,6 @@ constexpr char kDeleteValue[] = "DELETE FROM key_values WHERE key = ?1 AND name 
 bool IsHive(std::uint32_t hive) { return hive >= kHkeyClassesRoot && hive <= kHkeyDynData; }
 
 bool IsText(std::uint32_t type) { return type == kRegSz || type == kRegExpandSz || type == kRegMultiSz; }
-
-// `path` below `base`, with one separator between the levels and none at the ends.
-std::string JoinPath(std::string base, const std::string& path) {
-  // The calls' texts end at their first NUL.
-  std::string_view rest = path.c_str();
-  while (!rest.empty()) {
-    const std::string_view level = rest.substr(0, rest.find('\\'));
-    rest.remove_prefix(std::min(rest.size(), level.size() + 1));
-    if (level.empty()) continue;
-    if (!base.empty()) base += '\\';
-    base += level;
-  }
-  return base;
-}
-
-std::optional<std::int64_t> FindKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
-  SqliteQuery query = database.Query(kFindKey);
-  if (!query.Bind(1, hive).Bind(2, path).Step()) return std::nullopt;
-  return query.Number(0);
-}
-
-bool KeyExists(SqliteDatabase& database, std::int64_t id) { return database.Query(kKeyExists).Bind(1, id).Step(); }
-
-// The id of the key, which is created with all that is missing above it.
-std::int64_t CreateKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
-  SqliteTransaction transaction(database);
-  std::int64_t id = hive;
-  for (std::size_t end = 0; end < path.size(); ++end) {
-    end = std::min(path.find('\\', end), path.size());
-    const std::string level = path.substr(0, end);
-    database.Query(kAddKey).Bind(1, hive).Bind(2, level).Bind(3, id).Step();
-    const auto found = FindKey(database, hive, level);
-    if (!found) throw SqliteError(SQLITE_CORRUPT);
-    id = *found;
-  }
-  transaction.Commit();
-  return id;
-}
 
 }  // namespace
 

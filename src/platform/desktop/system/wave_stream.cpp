@@ -1,5 +1,6 @@
 #include "platform/desktop/system/wave_stream.h"
 
+#include <new>
 #include <optional>
 
 namespace quorvale {
@@ -11,7 +12,17 @@ std::unique_ptr<WaveStream> WaveStream::Open(const std::string& path) {
   return stream->DecodePiece() ? std::move(stream) : nullptr;
 }
 
+// It is called on a thread of its own, where nobody would catch anything.
 std::vector<std::uint8_t> WaveStream::Read() {
+  try {
+    return NextSamples();
+  } catch (const std::bad_alloc&) {
+    at_end_ = true;
+    return {};
+  }
+}
+
+std::vector<std::uint8_t> WaveStream::NextSamples() {
   // The converter keeps some samples back, so that a short piece alone may give nothing.
   while (!at_end_ && SDL_AudioStreamAvailable(converter_.get()) == 0) {
     if (DecodePiece()) continue;

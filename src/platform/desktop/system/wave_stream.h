@@ -23,7 +23,7 @@ class WaveStream {
   // Decodes the beginning. Null for what is missing, damaged there or in a coding that is not known.
   static std::unique_ptr<WaveStream> Open(const std::string& path);
 
-  // The next samples in the output format; empty at the end.
+  // The next samples in the output format; empty at the end, and where memory for more runs out.
   std::vector<std::uint8_t> Read();
 
  private:
@@ -32,6 +32,7 @@ class WaveStream {
   };
 
   explicit WaveStream(WaveFile file) : file_(std::move(file)) {}
+  std::vector<std::uint8_t> NextSamples();
   bool DecodePiece();
   void PushOut();
 

@@ -1,9 +1,9 @@
 #include "platform/desktop/system/x11_windows.h"
 
-#include <cstdlib>
-#include <memory>
 #include <string_view>
 #include <vector>
+
+#include "platform/desktop/system/x11_requests.h"
 
 namespace quorvale {
 namespace {
@@ -12,20 +12,7 @@ constexpr int kLevels = 3;
 // The source of a request to activate; window managers may deny the focus to any other.
 constexpr std::uint32_t kFromPager = 2;
 
-struct FreeReply {
-  void operator()(void* reply) const { std::free(reply); }
-};
-template <typename Reply>
-using Owned = std::unique_ptr<Reply, FreeReply>;
-
 using PropertyReply = Owned<xcb_get_property_reply_t>;
-
-xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
-  const xcb_intern_atom_cookie_t cookie =
-      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-  const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 std::vector<xcb_window_t> Roots(xcb_connection_t* connection) {
   std::vector<xcb_window_t> roots;
@@ -100,12 +87,7 @@ std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::strin
 }
 
 std::uint32_t ActiveWindow(xcb_connection_t* connection) {
-  const xcb_atom_t net_active_window = Atom(connection, "_NET_ACTIVE_WINDOW");
-  const xcb_get_property_cookie_t cookie =
-      xcb_get_property(connection, 0, FirstRoot(connection), net_active_window, XCB_ATOM_WINDOW, 0, 1);
-  const PropertyReply reply(xcb_get_property_reply(connection, cookie, nullptr));
-  if (!reply || reply->format != 32 || reply->value_len == 0) return XCB_WINDOW_NONE;
-  return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
+  return WindowProperty(connection, FirstRoot(connection), Atom(connection, "_NET_ACTIVE_WINDOW"));
 }
 
 bool WindowExists(xcb_connection_t* connection, std::uint32_t window) {
@@ -121,6 +103,37 @@ bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& wid
   width = reply->width;
   height = reply->height;
   return true;
+}
+
+bool ReadWindowPlace(xcb_connection_t* connection, std::uint32_t window, int& x, int& y) {
+  const xcb_get_geometry_cookie_t asked = xcb_get_geometry(connection, window);
+  const Owned<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(connection, asked, nullptr));
+  if (geometry == nullptr) return false;
+  const xcb_translate_coordinates_cookie_t cookie = xcb_translate_coordinates(connection, window, geometry->root, 0, 0);
+  const Owned<xcb_translate_coordinates_reply_t> reply(xcb_translate_coordinates_reply(connection, cookie, nullptr));
+  if (reply == nullptr) return false;
+  x = reply->dst_x;
+  y = reply->dst_y;
+  return true;
+}
+
+bool IsViewable(xcb_connection_t* connection, std::uint32_t window) {
+  const xcb_get_window_attributes_cookie_t cookie = xcb_get_window_attributes(connection, window);
+  const Owned<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(connection, cookie, nullptr));
+  return reply != nullptr && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t parent) {
+  const xcb_void_cookie_t cookie = xcb_reparent_window_checked(connection, window, parent, 0, 0);
+  const Owned<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
+  return error == nullptr;
+}
+
+void PaintBlack(xcb_connection_t* connection, std::uint32_t window) {
+  const std::uint32_t black = 0;
+  xcb_change_window_attributes(connection, window, XCB_CW_BACK_PIXEL, &black);
+  xcb_clear_area(connection, 0, window, 0, 0, 0, 0);
+  xcb_flush(connection);
 }
 
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {

@@ -21,6 +21,18 @@ bool WindowExists(xcb_connection_t* connection, std::uint32_t window);
 // A window's size in pixels; false when there is no such window.
 bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& width, int& height);
 
+// Where the window's corner lies on its screen. False when there is no such window.
+bool ReadWindowPlace(xcb_connection_t* connection, std::uint32_t window, int& x, int& y);
+
+// Whether the window and all that hold it are mapped.
+bool IsViewable(xcb_connection_t* connection, std::uint32_t window);
+
+// Makes a window a child of another, at its corner. False when one of them is gone.
+bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t parent);
+
+// Makes the window black, now and wherever it comes into sight.
+void PaintBlack(xcb_connection_t* connection, std::uint32_t window);
+
 // Asks the window manager to bring the window forward and give it the focus.
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window);
 

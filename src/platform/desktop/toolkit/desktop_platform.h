@@ -9,6 +9,8 @@
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/text_painter.h"
 #include "platform/desktop/toolkit/window_system.h"
+#include "platform/desktop/widgets/file_dialogs.h"
+#include "platform/desktop/widgets/qt_widgets.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
@@ -19,6 +21,8 @@ struct DesktopOptions {
   // By how much the desktop wants text larger than its resolution says, where Qt's scaling is off.
   double text_scale = 1;
   PassLengths pass_lengths;
+  // The window of a screen saver daemon that the show runs in; 0 is none.
+  WindowHandle daemon_window = 0;
 };
 
 // The Linux desktop by Qt. Needs a QApplication, which outlives it.
@@ -35,17 +39,24 @@ class DesktopPlatform : public Platform {
   TextPainter& Text() override { return text_; }
   void PumpEvents() override;
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  WidgetFactory& Widgets() override { return widgets_; }
+  void RunModal(WindowPeer& window) override;
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) override;
+  std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) override;
+  Colour ShowColourDialog(WindowPeer& owner, Colour start) override;
+  std::string BrowseForFolder(WindowPeer& owner, const std::string& title) override;
 
   WindowSystem& Windows() { return windows_; }
 
  private:
   DesktopOptions options_;
   TitleLock titles_;
-  QtWindowSystem windows_{titles_};
+  QtWindowSystem windows_{titles_, options_.daemon_window != 0};
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
   EventWait wait_;
+  QtWidgets widgets_;
+  FileDialogs file_dialogs_;
 };
 
 }  // namespace quorvale

@@ -18,6 +18,12 @@ DisplayProbe::DisplayProbe() {
 
 void DisplayProbe::Disconnect::operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 
+void PreferX11() {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
+}
+
 double TurnScalingOff() {
   const double factor = qgetenv("QT_SCALE_FACTOR").toDouble();
   qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");

@@ -25,6 +25,10 @@ class DisplayProbe {
   bool has_display_ = true;
 };
 
+// For a run in a window of another program: such windows are X11's, and Qt may prefer another window system
+// where there are both. What the user has chosen stays.
+void PreferX11();
+
 // Makes a pixel of Qt's a pixel of the device, where Qt can do that. Gives by how much the user wants
 // everything larger, so that text can still follow.
 double TurnScalingOff();

@@ -11,9 +11,11 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/desktop/system/x11_windows.h"
 #include "platform/desktop/toolkit/deliver.h"
 #include "platform/desktop/toolkit/join_bands.h"
 #include "platform/desktop/toolkit/key_codes.h"
+#include "platform/desktop/toolkit/x11_session.h"
 
 namespace quorvale {
 namespace {
@@ -66,7 +68,6 @@ void SurfaceWindow::Present() {
   ++presentations_;
 }
 
-// Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
 void SurfaceWindow::MoveInto(WindowHandle host) {
   std::unique_ptr<QWindow> foreign(QWindow::fromWinId(static_cast<WId>(host)));
   if (!foreign) return;
@@ -81,9 +82,21 @@ void SurfaceWindow::ReturnHome() {
   host_.reset();
 }
 
+// Nothing tells a window that another program's windows around it have left the screen. Asking takes longer
+// than a pass of an effect should.
+bool SurfaceWindow::IsHostInSight() const {
+  constexpr int kMillisecondsBetween = 50;
+  if (!host_was_asked_.isValid() || host_was_asked_.hasExpired(kMillisecondsBetween)) {
+    host_is_in_sight_ = IsViewable(X11Connection(), static_cast<std::uint32_t>(winId()));
+    host_was_asked_.start();
+  }
+  return host_is_in_sight_;
+}
+
+// Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
 bool SurfaceWindow::IsInSight() const {
   if (is_gone_) return false;
-  if (host_) return isExposed();
+  if (host_) return isExposed() && IsHostInSight();
   const QWindow* window = this;
   while (window->isVisible() && window->parent() != nullptr) window = window->parent();
   return window->isVisible() && window->isExposed();
@@ -105,7 +118,10 @@ bool SurfaceWindow::event(QEvent* event) {
     return true;
   }
   if (event->type() == QEvent::Enter) top_.NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
-  if (event->type() == QEvent::Expose) NoteRatio();
+  if (event->type() == QEvent::Expose) {
+    host_was_asked_.invalidate();
+    NoteRatio();
+  }
   return QWindow::event(event);
 }
 
@@ -128,6 +144,7 @@ void SurfaceWindow::NoteRatio() {
 }
 
 void SurfaceWindow::paintEvent(QPaintEvent* event) {
+  host_was_asked_.invalidate();
   for (const QRect& rect : event->region()) {
     const QPointF first = QPointF(rect.topLeft()) * ratio_;
     const QPointF end = QPointF(rect.topLeft() + QPoint(rect.width(), rect.height())) * ratio_;

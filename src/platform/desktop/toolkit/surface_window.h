@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBackingStore>
+#include <QElapsedTimer>
 #include <QRegion>
 #include <QWindow>
 #include <cstdint>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "platform/desktop/toolkit/join_bands.h"
+#include "platform/desktop/toolkit/presenter.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/surface.h"
 
@@ -16,7 +18,7 @@ namespace quorvale {
 // A picture box's window: a window of the system's own, so that it can become a child of any other. It
 // copies what has changed of the toolkit's surface to its own buffer and from there to the screen, with no
 // widget machinery between, which takes twice as long over the thin shapes of the effects.
-class SurfaceWindow : public QWindow {
+class SurfaceWindow : public QWindow, public Presenter {
   Q_OBJECT
 
  public:
@@ -32,15 +34,14 @@ class SurfaceWindow : public QWindow {
   // In the next pass of the event queue, and now.
   void PresentSoon();
   void Present();
-  // How often something has been presented.
-  std::uint64_t Presentations() const { return presentations_; }
+  std::uint64_t Presentations() const override { return presentations_; }
 
   // Sits in a window of another program from now on, or in its form's window again.
   void MoveInto(WindowHandle host);
   void ReturnHome();
 
-  // Whether it is on the screen, as far as the window system tells.
-  bool IsInSight() const;
+  bool IsInSight() const override;
+  QObject& Object() override { return *this; }
 
   void TakeFocus() { top_.Focus(*this); }
   void TakeKey(int qt_key);
@@ -58,6 +59,7 @@ class SurfaceWindow : public QWindow {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  bool IsHostInSight() const;
   void NoteRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
   void CopyTo(QImage& image, const QRegion& region) const;
@@ -75,6 +77,9 @@ class SurfaceWindow : public QWindow {
   std::unique_ptr<QWindow> host_;
   // The host went and took the window along; Qt takes no notice of that.
   bool is_gone_ = false;
+  // What the window system last said of the host, and when.
+  mutable bool host_is_in_sight_ = true;
+  mutable QElapsedTimer host_was_asked_;
 };
 
 }  // namespace quorvale

@@ -1,14 +1,17 @@
 #include "platform/desktop/toolkit/top_window.h"
 
+#include <xcb/xcb.h>
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPalette>
 #include <QScreen>
+#include <QTimer>
 
+#include "platform/desktop/system/x11_windows.h"
 #include "platform/desktop/toolkit/deliver.h"
 #include "platform/desktop/toolkit/key_codes.h"
 #include "platform/desktop/toolkit/surface_window.h"
@@ -17,10 +20,8 @@
 namespace quorvale {
 namespace {
 
-Qt::WindowFlags FlagsOf(WindowKind kind) {
-  if (kind == WindowKind::kDialog) {
-    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-  }
+Qt::WindowFlags FlagsOf(bool is_in_daemon) {
+  if (is_in_daemon) return Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint;
   // Topmost from the start: on X11 Qt makes a window anew, with another handle and without its children,
   // when its flags change.
   Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
@@ -31,23 +32,42 @@ Qt::WindowFlags FlagsOf(WindowKind kind) {
 
 }  // namespace
 
-TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events)
-    : kind_(kind), pixels_(pixels), events_(events) {
+TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window)
+    : kind_(kind), pixels_(pixels), events_(events), daemon_window_(daemon_window) {
   setSurfaceType(QSurface::RasterSurface);
-  setFlags(FlagsOf(kind));
+  setFlags(FlagsOf(daemon_window_ != 0));
   create();
+  if (daemon_window_ == 0) return;
+  input_enabled_ = false;
+  // Qt is told nothing of it: for a child of another program's window it would send that one messages.
+  Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_window_));
 }
 
 void TopWindow::SetBounds(const PixelRect& bounds) {
   const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(pixels_, devicePixelRatio()));
+  setGeometry(rect.translated(PrimaryCorner()));
+}
+
+// In the coordinates of what the window lies in.
+QPoint TopWindow::PrimaryCorner() const {
   const QScreen* const primary = QGuiApplication::primaryScreen();
-  setGeometry(primary != nullptr ? rect.translated(primary->geometry().topLeft()) : rect);
-  if (kind_ != WindowKind::kDialog) return;
-  setMinimumSize(rect.size());
-  setMaximumSize(rect.size());
+  const QPoint corner = primary != nullptr ? primary->geometry().topLeft() : QPoint();
+  int x = 0;
+  int y = 0;
+  if (daemon_window_ != 0) ReadWindowPlace(X11Connection(), static_cast<std::uint32_t>(daemon_window_), x, y);
+  return corner - QPoint(x, y);
 }
 
 void TopWindow::Appear() {
+  if (daemon_window_ != 0) {
+    // Without the daemon's window this one would lie on the screen itself.
+    if (WindowExists(X11Connection(), static_cast<std::uint32_t>(daemon_window_))) {
+      show();
+    } else {
+      CloseSoon();
+    }
+    return;
+  }
   pointer_ = QCursor::pos();
   if (kind_ == WindowKind::kSaver && !flags().testFlag(Qt::X11BypassWindowManagerHint)) {
     showFullScreen();
@@ -60,7 +80,7 @@ void TopWindow::Appear() {
 
 // The other window systems leave the order of windows to themselves, and Qt complains.
 void TopWindow::Raise() {
-  if (X11Connection() != nullptr) raise();
+  if (X11Connection() != nullptr && daemon_window_ == 0) raise();
 }
 
 void TopWindow::OfferFocus(SurfaceWindow& surface) {
@@ -105,6 +125,20 @@ bool TopWindow::event(QEvent* event) {
   return QWindow::event(event);
 }
 
+void TopWindow::CloseSoon() {
+  QTimer::singleShot(0, this, [this] { Deliver([this] { events_.OnCloseRequested(); }); });
+}
+
+// The daemon's window went and took this one along; Qt takes no notice of that.
+bool TopWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*result*/) {
+  constexpr std::uint8_t kEventBits = 0x7F;
+  if (daemon_window_ != 0 && kind == "xcb_generic_event_t" &&
+      (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) == XCB_DESTROY_NOTIFY) {
+    CloseSoon();
+  }
+  return false;
+}
+
 void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
   // A child may have been exposed before.
   for (SurfaceWindow* const surface : Surfaces()) surface->Present();
@@ -113,6 +147,7 @@ void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
 
 // Another window may take the focus, or the window manager withhold it, while the show hides that window.
 void TopWindow::HoldKeyboard(bool hold) {
+  if (daemon_window_ != 0) return;
   if (kind_ == WindowKind::kSaver && isExposed() && X11Connection() != nullptr) setKeyboardGrabEnabled(hold);
 }
 
@@ -123,8 +158,7 @@ void TopWindow::paintEvent(QPaintEvent* /*event*/) {
   buffer_.beginPaint(free);
   {
     QPainter painter(buffer_.paintDevice());
-    const QColor colour = kind_ == WindowKind::kDialog ? QGuiApplication::palette().window().color() : Qt::black;
-    for (const QRect& rect : free) painter.fillRect(rect, colour);
+    for (const QRect& rect : free) painter.fillRect(rect, Qt::black);
   }
   buffer_.endPaint();
   buffer_.flush(free);

@@ -6,19 +6,22 @@
 #include <QWindow>
 
 #include "platform/desktop/toolkit/pixel_kind.h"
+#include "system/window_system.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
 
 class SurfaceWindow;
 
-// A form's window. It takes the keys for all of its form and hands them to the picture box that has the
-// focus; what its picture boxes leave free it fills with one colour.
+// The window of a show's form. It takes the keys for all of its form and hands them to the picture box that has the
+// focus; what its picture boxes leave free is black.
 class TopWindow : public QWindow {
   Q_OBJECT
 
  public:
-  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events);
+  // With a `daemon_window`, which is another program's, the window is a child of that one and takes no input;
+  // when that one goes, this one asks to be closed.
+  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window = 0);
 
   PixelKind Pixels() const { return pixels_; }
 
@@ -50,6 +53,7 @@ class TopWindow : public QWindow {
 
  protected:
   bool event(QEvent* event) override;
+  bool nativeEvent(const QByteArray& kind, void* message, qintptr* result) override;
   void exposeEvent(QExposeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -59,10 +63,13 @@ class TopWindow : public QWindow {
  private:
   QList<SurfaceWindow*> Surfaces() const;
   QRegion Uncovered() const;
+  QPoint PrimaryCorner() const;
+  void CloseSoon();
 
   WindowKind kind_;
   PixelKind pixels_;
   WindowEvents& events_;
+  WindowHandle daemon_window_;
   QBackingStore buffer_{this};
   QPointer<SurfaceWindow> focus_;
   QPointF pointer_;

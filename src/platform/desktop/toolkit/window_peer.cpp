@@ -7,8 +7,12 @@
 
 namespace quorvale {
 
-QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles)
-    : kind_(kind), events_(events), titles_(titles), window_(kind, pixels, events) {}
+QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles,
+                           WindowHandle daemon_window)
+    : rules_the_screen_(kind == WindowKind::kSaver && daemon_window == 0),
+      events_(events),
+      titles_(titles),
+      window_(kind, pixels, events, daemon_window) {}
 
 QtWindowPeer::~QtWindowPeer() { SetVisible(false); }
 
@@ -24,8 +28,8 @@ void QtWindowPeer::SetVisible(bool visible) {
   if (!visible) {
     window_.hide();
     if (black_windows_) black_windows_->Hide();
-    if (kind_ == WindowKind::kSaver) titles_.Release(caption_);
-  } else if (kind_ == WindowKind::kSaver) {
+    if (rules_the_screen_) titles_.Release(caption_);
+  } else if (rules_the_screen_) {
     ShowSaver();
   } else {
     window_.Appear();

@@ -10,10 +10,12 @@
 
 namespace quorvale {
 
+// The window of a show's form.
 class QtWindowPeer : public WindowPeer {
  public:
-  // `titles` outlives the peer; a saver window claims its title there while it shows.
-  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles);
+  // `titles` outlives the peer; a saver window claims its title there while it shows, unless it lies in a
+  // `daemon_window`: the daemon alone decides how many shows there are and what is on the other monitors.
+  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles, WindowHandle daemon_window);
   ~QtWindowPeer() override;
   QtWindowPeer(const QtWindowPeer&) = delete;
   QtWindowPeer& operator=(const QtWindowPeer&) = delete;
@@ -22,13 +24,15 @@ class QtWindowPeer : public WindowPeer {
   void SetCaption(const std::string& caption) override;
   void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
   void SetVisible(bool visible) override;
+  // Such a window has no title bar.
+  void SetIcon(const Artwork& /*icon*/) override {}
 
   TopWindow& Window() { return window_; }
 
  private:
   void ShowSaver();
 
-  WindowKind kind_;
+  bool rules_the_screen_;
   WindowEvents& events_;
   TitleLock& titles_;
   std::string caption_;

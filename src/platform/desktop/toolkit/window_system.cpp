@@ -40,6 +40,7 @@ bool IsX11Id(WindowHandle handle) { return handle != 0 && handle <= std::numeric
 
 WindowHandle QtWindowSystem::FindWindow(const std::string& title) {
   if (const QWindow* const own = FindOwnByTitle(title)) return HandleOf(*own);
+  if (ignores_others_) return 0;
   if (xcb_connection_t* const x11 = X11Connection()) {
     if (const std::uint32_t found = FindTopLevelByTitle(x11, title)) return found;
   }

@@ -9,8 +9,9 @@ namespace quorvale {
 // Windows as Qt knows them, and on X11 those of other programs.
 class QtWindowSystem : public WindowSystem {
  public:
-  // `titles` outlives it.
-  explicit QtWindowSystem(const TitleLock& titles) : titles_(titles) {}
+  // `titles` outlives it. A run that `ignores_others` finds no title but its own: one that a daemon started
+  // may come before the last one has gone.
+  QtWindowSystem(const TitleLock& titles, bool ignores_others) : titles_(titles), ignores_others_(ignores_others) {}
 
   // A title that another run has claimed gives a handle that names no window here.
   WindowHandle FindWindow(const std::string& title) override;
@@ -28,6 +29,7 @@ class QtWindowSystem : public WindowSystem {
 
  private:
   const TitleLock& titles_;
+  bool ignores_others_;
   CursorCount cursor_;
 };
 

@@ -1,0 +1,42 @@
+#include "platform/desktop/system/invocation.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorvale {
+namespace {
+
+TEST(ReadInvocation, KnowsHowDaemonsCall) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* daemon_window;
+    std::string text;
+    std::optional<std::uint32_t> in_window;
+  } cases[] = {
+      {{}, nullptr, "", {}},
+      {{"/S"}, "0x10", "/S", {}},
+      {{"/INSTALL", "a", "--root"}, "0x10", "/INSTALL a --root", {}},
+      {{"--root"}, "0x1A0000F", "/S", 0x1A0000FU},
+      {{"--root"}, "27262991", "/S", 27262991U},
+      {{"--root"}, nullptr, "/S", 0U},
+      {{"--root"}, "0x", "/S", 0U},
+      {{"--root"}, "12x", "/S", 0U},
+      {{"--root"}, "0x123456789", "/S", 0U},
+      {{"--root", "--window-id", "0xFF"}, "0x10", "/P 255", {}},
+      {{"--window-id", "0100"}, nullptr, "/P 100", {}},
+      {{"--window-id"}, nullptr, "/P 0", {}},
+      {{"--window-id", "-1"}, nullptr, "/P 0", {}},
+  };
+  for (const auto& c : cases) {
+    const Invocation invocation = ReadInvocation(c.arguments, c.daemon_window);
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(invocation.text, c.text);
+    EXPECT_EQ(invocation.daemon_window, c.in_window);
+  }
+}
+
+}  // namespace
+}  // namespace quorvale
