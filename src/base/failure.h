@@ -19,6 +19,7 @@ enum class FailureNumber : int {
   kBadPicture = 10,      // a file that is no picture, or one too damaged or too large to show
   kListFull = 11,        // a list box that holds all that it can
   kInternal = 12,        // a failure of the program or of a library underneath
+  kCancelled = 13,       // a dialog that the user cancelled
 };
 
 // The one exception type by which an operation says that it could not be done.

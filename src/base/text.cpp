@@ -41,6 +41,15 @@ std::size_t Length(std::string_view text) {
   return count;
 }
 
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t bytes = CharacterBytes(text, at);
+    if (bytes == 1 && static_cast<std::uint8_t>(text[at]) >= 0x80) return false;
+    at += bytes;
+  }
+  return true;
+}
+
 std::string Left(std::string_view text, std::size_t count) {
   return std::string(text.substr(0, ByteOffset(text, count)));
 }

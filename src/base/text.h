@@ -20,6 +20,9 @@ std::string Left(std::string_view text, std::size_t count);
 // Everything from the character at `start` (1 or more) on; empty when the text is shorter.
 std::string Mid(std::string_view text, std::size_t start);
 
+// Whether no byte stands outside a valid character.
+bool IsUtf8(std::string_view text);
+
 // Without the spaces at both ends. Tabs and the like stay.
 std::string Trim(std::string_view text);
 

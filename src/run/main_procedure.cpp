@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "playlist/token.h"
 #include "process/process.h"
+#include "run/configuration.h"
 #include "run/reported_steps.h"
 #include "run/set_up.h"
 #include "saver/control_form.h"
@@ -46,6 +47,7 @@ void ReadSystemHwnd(Process& process, const std::string& text) {
 
 std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
   const std::string& mode = process.RunMode;
+  if (mode == "/C") return ConfigurationSteps(process);
   if (mode == "/S") return {[&process] { ShowMainForm(process); }};
   if (mode == "/P") {
     return {[&process, text] { ReadSystemHwnd(process, text); },
@@ -54,7 +56,7 @@ std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
   if (mode == "/A") {
     return {[&process, text] { ReadSystemHwnd(process, text); }, [&process] { ChangePassword(process); }};
   }
-  if (mode != "/C" && text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
+  if (text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
   return {};
 }
 
@@ -62,7 +64,9 @@ std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
 
 void Main(Process& process, const std::string& text) {
   if (!RunReportedSteps(process.app, StartUpSteps(process, text))) return;
-  RunReportedSteps(process.app, ModeSteps(process, text));
+  if (!RunReportedSteps(process.app, ModeSteps(process, text))) return;
+  // What fails from here on is no longer reported.
+  if (process.RunMode == "/C") Configure(process);
 }
 
 bool WindowAbsent(Process& process, const std::string& title) { return process.system.windows.FindWindow(title) == 0; }

@@ -30,12 +30,23 @@ class FileSystem {
                               const std::function<void(const std::string& name)>& found) = 0;
 
   // The name, in its long form and without directory, of the file or directory that `path` names, if
-  // `attributes` lets the search find it; empty when nothing matches. Fails with kUnreadable where the
+  // `attributes` lets the search find it; empty when nothing matches. A path that ends in a separator names a
+  // directory, the root too. Fails with kUnreadable where the
   // search itself can't be made.
   virtual std::string FindFile(const std::string& path, int attributes) = 0;
 
   // The short form of the path of an existing file, or empty when there is none. At most `size` - 1 bytes.
   virtual std::string GetShortPathName(const std::string& path, std::uint32_t size) = 0;
+
+  // All bytes of a plain file. Fails with kNotFound or kUnreadable and the system's description.
+  virtual std::string ReadFile(const std::string& path) = 0;
+
+  // Gives a file that content, and makes it where it is missing. Until the new content is whole the old
+  // one stays. Fails with kUnwritable and the system's description.
+  virtual void WriteFile(const std::string& path, const std::string& content) = 0;
+
+  // Text that is in no encoding of ours, read in the machine's older code page, as UTF-8.
+  virtual std::string FromOlderCodePage(const std::string& bytes) = 0;
 
   // Sets one line of an INI file. A file name without a directory leaves its place to the platform.
   // False when it could not be written.

@@ -48,6 +48,9 @@ class Application {
   void PumpEvents() { platform_.PumpEvents(); }
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) { return platform_.ShowMessageBox(box); }
 
+  // Runs events until that window is hidden.
+  void RunModal(WindowPeer& window) { platform_.RunModal(window); }
+
   // The one place from which event handlers run. A failure that `handler` lets out ends it here, and a
   // box shows its description. What handlers destroy lives until the outermost one has returned, and on
   // to the next event: the platform may still be on its way out of the last one.

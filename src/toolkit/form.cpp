@@ -1,12 +1,22 @@
 #include "toolkit/form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/failure.h"
 #include "base/text.h"
 #include "toolkit/control.h"
+#include "toolkit/menu.h"
 
 namespace quorvale {
+namespace {
+
+// A dialog's usual frame, in pixels: both sides, the title bar with the edges, and a menu bar.
+constexpr int kFrameWidth = 6;
+constexpr int kCaptionHeight = 25;
+constexpr int kMenuHeight = 19;
+
+}  // namespace
 
 Form::Form(Application& application, std::string name, WindowKind kind, std::string caption)
     : application_(application), name_(std::move(name)), kind_(kind), caption_(std::move(caption)) {}
@@ -20,7 +30,8 @@ void Form::Load() {
   try {
     window_ = application_.GetPlatform().CreateWindowPeer(kind_, *this);
     window_->SetCaption(caption_);
-    window_->SetBounds(ToPixels(bounds_, 1));
+    if (icon_) window_->SetIcon(icon_);
+    SendBounds();
     for (Control* const control : controls_) control->CreatePeer();
     application_.Forms.forms_.push_back(self);
     Form_Load();
@@ -37,6 +48,13 @@ void Form::Show() {
   if (!IsLoaded()) return;
   visible_ = true;
   window_->SetVisible(true);
+}
+
+void Form::ShowModal() {
+  Show();
+  if (!IsLoaded()) return;
+  const auto self = shared_from_this();
+  application_.RunModal(*window_);
 }
 
 void Form::Unload() {
@@ -78,7 +96,18 @@ void Form::SetCaption(std::string caption) {
 
 void Form::Move(float left, float top, float width, float height) {
   bounds_ = {left, top, width, height};
-  if (window_) window_->SetBounds(ToPixels(bounds_, 1));
+  if (window_) SendBounds();
+}
+
+void Form::SetClientSize(float width, float height) {
+  const PixelRect frame = NominalFrame();
+  Move(bounds_.left, bounds_.top, width + static_cast<float>(frame.width) * kTwipsPerPixel,
+       height + static_cast<float>(frame.height) * kTwipsPerPixel);
+}
+
+void Form::SetIcon(Artwork icon) {
+  icon_ = std::move(icon);
+  if (window_) window_->SetIcon(icon_);
 }
 
 void Form::RequireLoaded() const {
@@ -108,6 +137,26 @@ void Form::OnMouseMove() {
 void Form::OnCloseRequested() {
   if (!IsLoaded()) return;
   application_.Dispatch([self = shared_from_this()] { self->Unload(); });
+}
+
+void Form::OnHelpRequested() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Form_Help(); });
+}
+
+PixelRect Form::NominalFrame() const {
+  if (kind_ != WindowKind::kDialog) return {};
+  PixelRect frame = {.width = kFrameWidth, .height = kCaptionHeight};
+  ForEach<MenuBar>([&frame](const MenuBar&) { frame.height += kMenuHeight; });
+  return frame;
+}
+
+void Form::SendBounds() {
+  PixelRect bounds = ToPixels(bounds_, 1);
+  const PixelRect frame = NominalFrame();
+  bounds.width = std::max(bounds.width - frame.width, 0);
+  bounds.height = std::max(bounds.height - frame.height, 0);
+  window_->SetBounds(bounds);
 }
 
 Control* Form::FindControl(std::string_view control_name) const {

@@ -7,6 +7,7 @@
 
 #include "system/window_system.h"
 #include "toolkit/application.h"
+#include "toolkit/bitmap.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
@@ -17,7 +18,8 @@ class Control;
 // shown, unloaded once. While it is loaded `Application::Forms` holds it; an unloaded form answers
 // nothing any more: asking it or its controls fails with kNotLoaded.
 //
-// Left, Top, Width and Height are in twips, from the corner of the primary monitor.
+// Left, Top, Width and Height are in twips, from the corner of the primary monitor. Those of a dialog count
+// a frame and a menu bar of the usual sizes, whatever theirs are on the screen.
 class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
  public:
   Form(Application& application, std::string name, WindowKind kind, std::string caption);
@@ -33,6 +35,8 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   void Load();
   // Loads the form where that has not happened, and brings it on the screen without blocking.
   void Show();
+  // The same, and returns once the form has been unloaded. Meanwhile no other form takes input.
+  void ShowModal();
   // Asks the QueryUnload handler and, unless that cancels, runs the Unload handler and takes the form
   // off the screen. Does nothing while the form is being unloaded already, or is not loaded.
   void Unload();
@@ -48,10 +52,20 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   float Width() const { return bounds_.width; }
   float Height() const { return bounds_.height; }
   void Move(float left, float top, float width, float height);
+  // Gives it the size at which its controls have that much room, beside the frame and the menu.
+  void SetClientSize(float width, float height);
+
+  // The small picture in its title bar; none at first.
+  const Artwork& Icon() const { return icon_; }
+  void SetIcon(Artwork icon);
 
   // The control of that name, and of that kind. Fails with kNoSuchEntry.
   template <typename ControlType>
   ControlType& Find(std::string_view control_name) const;
+
+  // Calls `visit` with each control of that kind, in the order of their making.
+  template <typename ControlType, typename Visitor>
+  void ForEach(Visitor visit) const;
 
   // Fails with kNotLoaded unless the form is loaded. For controls.
   void RequireLoaded() const;
@@ -64,6 +78,8 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   virtual void Form_KeyDown(int /*key*/) {}
   virtual void Form_MouseDown() {}
   virtual void Form_MouseMove() {}
+  // The user pressed F1.
+  virtual void Form_Help() {}
 
  private:
   friend class Application;
@@ -74,6 +90,11 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   void OnMouseDown() override;
   void OnMouseMove() override;
   void OnCloseRequested() override;
+  void OnHelpRequested() override;
+
+  // What a dialog's frame and menu take of its size, in pixels.
+  PixelRect NominalFrame() const;
+  void SendBounds();
 
   // Null when there is none. Names compare without regard to case.
   Control* FindControl(std::string_view control_name) const;
@@ -87,6 +108,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   TwipRect bounds_;
   State state_ = State::kUnloaded;
   bool visible_ = false;
+  Artwork icon_;
   std::unique_ptr<WindowPeer> window_;
   std::vector<Control*> controls_;
 };
@@ -96,6 +118,13 @@ ControlType& Form::Find(std::string_view control_name) const {
   auto* const control = dynamic_cast<ControlType*>(FindControl(control_name));
   if (control == nullptr) ThrowNoSuchControl(control_name);
   return *control;
+}
+
+template <typename ControlType, typename Visitor>
+void Form::ForEach(Visitor visit) const {
+  for (Control* const control : controls_) {
+    if (auto* const wanted = dynamic_cast<ControlType*>(control)) visit(*wanted);
+  }
 }
 
 }  // namespace quorvale

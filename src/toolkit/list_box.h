@@ -1,32 +1,63 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "toolkit/control.h"
+#include "toolkit/widget.h"
 
 namespace quorvale {
 
-// A list of texts in the order in which they were added. Positions count from 0; a position that is not
-// there fails with kNoSuchEntry.
-class ListBox : public Control {
+// A list of texts in the order in which they were added, of which any number can be selected. Positions
+// count from 0; a position that is not there fails with kNoSuchEntry.
+class ListBox : public Widget {
  public:
   static constexpr int kMostItems = 32'767;
 
-  using Control::Control;
+  using Widget::Widget;
+
+  // The selection changed, by the user or not.
+  std::function<void()> Click;
+  std::function<void(const std::vector<std::string>& paths)> Dropped;
+  std::function<void()> DeletePressed;
 
   int ListCount() const { return static_cast<int>(items_.size()); }
   const std::string& List(int index) const;
   void SetList(int index, std::string text);
   // Adds at the end; fails with kListFull beyond `kMostItems`.
   void AddItem(std::string text);
+  // Selections of the other items stay.
   void RemoveItem(int index);
-  void Clear() { items_.clear(); }
+  void Clear();
+
+  int SelCount() const { return selected_count_; }
+  bool Selected(int index) const;
+  void SetSelected(int index, bool selected);
+
+  // The user changed the selection: these items are selected and no others.
+  void UserSelect(const std::vector<int>& indices);
+  // The user dropped files or folders on it.
+  void UserDrop(const std::vector<std::string>& paths);
+  // The user pressed Delete while it had the focus.
+  void UserDelete();
+
+ protected:
+  void ReleasePeer() override;
+  std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
 
  private:
-  void Require(int index) const;
+  struct Item {
+    std::string text;
+    bool selected = false;
+  };
 
-  std::vector<std::string> items_;
+  Item& At(int index);
+  const Item& At(int index) const;
+
+  std::vector<Item> items_;
+  int selected_count_ = 0;
+  ListBoxPeer* list_peer_ = nullptr;
 };
 
 }  // namespace quorvale

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "system/window_system.h"
+#include "toolkit/bitmap.h"
+#include "toolkit/file_dialog.h"
 #include "toolkit/message_box.h"
 #include "toolkit/units.h"
 
@@ -14,6 +16,7 @@ namespace quorvale {
 class PictureLoader;
 class Surface;
 class TextPainter;
+class WidgetFactory;
 
 // What the toolkit asks of a platform. A platform implements this page; it calls back only through the
 // event interfaces below, always on the program's one thread. The toolkit catches what handlers throw:
@@ -29,6 +32,8 @@ class WindowEvents {
   virtual void OnMouseMove() = 0;
   // The user asked the window to close. The toolkit decides.
   virtual void OnCloseRequested() = 0;
+  // The user pressed F1.
+  virtual void OnHelpRequested() = 0;
 };
 
 // What happens to a picture box's window. Positions are in the toolkit's pixels.
@@ -49,9 +54,11 @@ class WindowPeer {
   virtual ~WindowPeer() = default;
   virtual WindowHandle Handle() const = 0;
   virtual void SetCaption(const std::string& caption) = 0;
-  // In the toolkit's pixels, from the corner of the primary monitor.
+  // In the toolkit's pixels, from the corner of the primary monitor. A dialog's size is that of the area
+  // inside its frame and below its menu bar.
   virtual void SetBounds(const PixelRect& bounds) = 0;
   virtual void SetVisible(bool visible) = 0;
+  virtual void SetIcon(const Artwork& icon) = 0;
 };
 
 // The child window of a picture box. It presents the pixels of the toolkit's surface: what is dirty
@@ -131,7 +138,19 @@ class Platform {
   // `surface` may vanish during the run.
   virtual std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) = 0;
 
+  virtual WidgetFactory& Widgets() = 0;
+
+  // Runs events until `window` is hidden. Meanwhile no other window of the program takes input.
+  virtual void RunModal(WindowPeer& window) = 0;
+
   virtual MessageBoxAnswer ShowMessageBox(const MessageBox& box) = 0;
+  // The chosen path; several files as their directory, a NUL, the first name, a NUL and so on, each name
+  // but the last with a NUL behind it. Empty when the user cancelled.
+  virtual std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) = 0;
+  // The chosen colour, or `start` when the user cancelled.
+  virtual Colour ShowColourDialog(WindowPeer& owner, Colour start) = 0;
+  // The chosen directory's path, or empty when the user cancelled.
+  virtual std::string BrowseForFolder(WindowPeer& owner, const std::string& title) = 0;
 };
 
 }  // namespace quorvale

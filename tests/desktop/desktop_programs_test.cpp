@@ -58,6 +58,19 @@ TEST(DesktopPrograms, AMissingProgramFails) {
   }
 }
 
+TEST(DesktopPrograms, FindsTheDesktopsInformationToolInThePath) {
+  const TemporaryDirectory directory;
+  const std::string path = std::getenv("PATH");
+  setenv("PATH", directory.Path("").c_str(), 1);
+  DesktopPrograms programs;
+  EXPECT_EQ(programs.SystemInformationTool(), "");
+  directory.Write("gnome-control-center", "");
+  EXPECT_EQ(programs.SystemInformationTool(), "") << "no program";
+  std::filesystem::permissions(directory.Path("gnome-control-center"), std::filesystem::perms::owner_all);
+  EXPECT_EQ(programs.SystemInformationTool(), "gnome-control-center info-overview");
+  setenv("PATH", path.c_str(), 1);
+}
+
 TEST(DesktopHost, LiesWhereTheProgramLies) {
   DesktopHost host([] {});
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");

@@ -83,6 +83,7 @@ class WindowFixture : public testing::Test, private WindowEvents, private Surfac
   void OnMouseDown() override { told_.emplace_back("form press"); }
   void OnMouseMove() override { told_.emplace_back("form move"); }
   void OnCloseRequested() override { told_.emplace_back("close"); }
+  void OnHelpRequested() override { told_.emplace_back("help"); }
   void OnMouseDown(int x, int y) override { told_.push_back("box press " + At(x, y)); }
   void OnMouseMove(int x, int y) override { told_.push_back("box move " + At(x, y)); }
   void OnScaleChanged() override { told_.emplace_back("scale"); }

@@ -90,10 +90,10 @@ class Display:
 
     def _has_manager(self):
         """Whether it answers: it announces itself before it looks at events, and overlooks windows till then."""
-        self._output("xdotool", "set_num_desktops", "1")
-        return self._output("xdotool", "get_num_desktops").strip() == b"1"
+        self.output("xdotool", "set_num_desktops", "1")
+        return self.output("xdotool", "get_num_desktops").strip() == b"1"
 
-    def _output(self, *command):
+    def output(self, *command):
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               check=False).stdout
 
@@ -103,11 +103,15 @@ class Display:
 
     def window(self):
         """The id of the show's window, or None."""
-        found = self._output("xdotool", "search", "--onlyvisible", "--name", "^Screen Saver Main Form$").split()
+        found = self.output("xdotool", "search", "--onlyvisible", "--name", "^Screen Saver Main Form$").split()
         return found[0].decode() if found else None
 
+    def focused_title(self):
+        """Of the window that has the keyboard."""
+        return self.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
     def screenshot(self):
-        return Screenshot(self._output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
+        return Screenshot(self.output("import", "-silent", "-window", "root", "-depth", "8", "rgb:-"), self.width)
 
 
 class Session:

@@ -65,7 +65,9 @@ TEST_F(MemoryFileSystemTest, SearchesFindWhatTheirMaskAllows) {
       {R"(C:\adirec~1)", kAttributeDirectory, "A directory"},
       {R"(C:\A directory\secret)", kAttributeHidden, ""},
       {R"(C:\A directory\secret)", kAll, "secret"},
-      {R"(C:\A directory\)", kAll, ""},
+      {R"(C:\A directory\)", kAttributeDirectory, "A directory"},
+      {R"(C:\A directory\)", kAttributeNormal, ""},
+      {R"(C:\A directory\Long name.jpg\)", kAll, ""},
       {R"(C:\other\x)", kAll, ""},
   };
   for (const auto& [path, mask, found] : cases) EXPECT_EQ(files.FindFile(path, mask), found) << path;

@@ -35,7 +35,7 @@ class ListStoreTest : public HeadlessTest {
   CRegSettings settings{desktop.registry};
   Application app{desktop};
   ScriptedForm form{app};
-  ListBox list{form, "List"};
+  ListBox list{form, {.name = "List"}};
 };
 
 TEST_F(ListStoreTest, AListComesBackColumnForColumnAndInItsOrder) {

@@ -14,8 +14,8 @@ class ListForm : public ShowForm {
  public:
   explicit ListForm(Process& process)
       : ShowForm(process, "ListForm", WindowKind::kDialog, "Lists", {"Small Fonts", 4}) {}
-  ListBox pictures{*this, "lstList(0)"};
-  ListBox sounds{*this, "lstList(1)"};
+  ListBox pictures{*this, {.name = "lstList(0)"}};
+  ListBox sounds{*this, {.name = "lstList(1)"}};
 
  protected:
   void tmrSwitch_Timer() override {}

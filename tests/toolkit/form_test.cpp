@@ -40,7 +40,7 @@ TEST_F(FormTest, LoadHandlerSeesTheFormLoadedAndListedAndShowMakesItVisible) {
   const HeadlessWindow& window = *desktop.windows.Find(form->Hwnd());
   EXPECT_TRUE(window.visible);
   EXPECT_EQ(window.title, "Second caption");
-  EXPECT_EQ(window.bounds, (PixelRect{20, 10, 200, 100}));
+  EXPECT_EQ(window.bounds, (PixelRect{20, 10, 194, 75}));
   EXPECT_EQ(desktop.windows.Find(form->Box.Hwnd())->bounds, (PixelRect{10, 0, 100, 40}));
   EXPECT_EQ(FailureOf([&] { app.Forms[2]; }), FailureNumber::kNoSuchEntry);
 }

@@ -10,7 +10,7 @@ namespace {
 TEST_F(HeadlessTest, ListBoxCountsFromZeroAndHasAnEnd) {
   Application app(desktop);
   ScriptedForm form(app);
-  ListBox list(form, "List");
+  ListBox list(form, {.name = "List"});
   list.AddItem("a");
   list.AddItem("b");
   list.AddItem("c");

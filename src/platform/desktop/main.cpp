@@ -12,7 +12,6 @@
 #include "base/text.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/desktop_password.h"
-#include "platform/desktop/system/desktop_programs.h"
 #include "platform/desktop/system/invocation.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sdl_sound_player.h"
@@ -22,6 +21,7 @@
 #include "platform/desktop/toolkit/daemon_window.h"
 #include "platform/desktop/toolkit/desktop_platform.h"
 #include "platform/desktop/toolkit/ending_signals.h"
+#include "platform/desktop/toolkit/qt_programs.h"
 #include "platform/desktop/toolkit/start_up.h"
 #include "process/end_saver.h"
 #include "process/process.h"
@@ -46,7 +46,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR",
                         [&] { BecomeSaverOfUser(directory, host.ProgramName()); });
   SdlSoundPlayer sound;
-  DesktopPrograms programs;
+  QtPrograms programs;
   DesktopPassword password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
   const EndingSignals signals([&process] {

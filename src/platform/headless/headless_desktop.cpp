@@ -20,6 +20,7 @@ class HeadlessDesktop::FormWindow : public WindowPeer {
   WindowHandle Handle() const override { return handle_; }
   void SetCaption(const std::string& caption) override { Window().title = caption; }
   void SetBounds(const PixelRect& bounds) override { Window().bounds = bounds; }
+  void SetIcon(const Artwork& /*icon*/) override {}
   void SetVisible(bool visible) override {
     Window().visible = visible;
     if (visible) windows_.SetForeground(handle_);
@@ -166,6 +167,26 @@ bool HeadlessDesktop::PressMouse(WindowHandle window, int x, int y) {
 bool HeadlessDesktop::RequestClose(WindowHandle window) {
   return Deliver(
       window, [](SurfaceEvents& /*box*/) {}, [](WindowEvents& form) { form.OnCloseRequested(); });
+}
+
+bool HeadlessDesktop::RequestHelp(WindowHandle window) {
+  return Deliver(
+      window, [](SurfaceEvents& /*box*/) {}, [](WindowEvents& form) { form.OnHelpRequested(); });
+}
+
+void HeadlessDesktop::RunModal(WindowPeer& window) {
+  const WindowHandle handle = window.Handle();
+  std::vector<WindowHandle> disabled;
+  for (const auto& [other, other_window] : windows.All()) {
+    if (other != handle && other_window.events != nullptr && other_window.enabled) disabled.push_back(other);
+  }
+  for (const WindowHandle other : disabled) windows.Find(other)->enabled = false;
+  dialogs.Modal(handle);
+  const HeadlessWindow* const left = windows.Find(handle);
+  if (left != nullptr && left->visible) RequestClose(handle);
+  for (const WindowHandle other : disabled) {
+    if (HeadlessWindow* const found = windows.Find(other)) found->enabled = true;
+  }
 }
 
 template <typename ToBox, typename ToForm>

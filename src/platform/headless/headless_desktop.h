@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "platform/headless/block_text.h"
+#include "platform/headless/dialog_script.h"
 #include "platform/headless/event_queue.h"
+#include "platform/headless/headless_widgets.h"
 #include "platform/headless/memory_file_system.h"
 #include "platform/headless/memory_registry.h"
 #include "platform/headless/message_box_script.h"
@@ -48,7 +50,14 @@ class HeadlessDesktop : public Platform {
   TextPainter& Text() override { return text_; }
   void PumpEvents() override { queue.Pump(); }
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  WidgetFactory& Widgets() override { return widgets; }
+  void RunModal(WindowPeer& window) override;
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) override { return boxes.Show(box); }
+  std::string ShowFileDialog(WindowPeer& /*owner*/, const FileDialog& dialog) override { return dialogs.File(dialog); }
+  Colour ShowColourDialog(WindowPeer& /*owner*/, Colour start) override { return dialogs.ChooseColour(start); }
+  std::string BrowseForFolder(WindowPeer& /*owner*/, const std::string& title) override {
+    return dialogs.Folder(title);
+  }
 
   // What follows is the user, the machine and the observer.
 
@@ -62,6 +71,8 @@ class HeadlessDesktop : public Platform {
   ScriptedHost host{queue, calls};
   ScriptedPassword password{calls};
   MessageBoxScript boxes;
+  DialogScript dialogs;
+  HeadlessWidgets widgets;
   TextPictureLoader pictures{files};
   // One for each effect so far.
   std::vector<PacedRunLog> paced_runs;
@@ -77,6 +88,7 @@ class HeadlessDesktop : public Platform {
   bool MoveMouse(WindowHandle window, int x = 0, int y = 0);
   bool PressMouse(WindowHandle window, int x = 0, int y = 0);
   bool RequestClose(WindowHandle window);
+  bool RequestHelp(WindowHandle window);
 
   // A message arrives at a window, and whoever hooks it hears of it.
   void SendMessage(WindowHandle window, int message);

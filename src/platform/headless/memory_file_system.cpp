@@ -46,6 +46,11 @@ void MemoryFileSystem::EnumerateFiles(const std::string& directory, const std::v
 
 std::string MemoryFileSystem::FindFile(const std::string& path, int attributes) {
   if (failures.Next(FileCall::kFind)) throw Unreadable(path);
+  if (!path.empty() && IsSeparator(path.back())) {
+    const Entry* const directory = Find(path);
+    if (directory == nullptr || !directory->IsDirectory() || !Finds(attributes, directory->attributes)) return {};
+    return directory->name.empty() ? path : directory->name;
+  }
   const std::string pattern = NameOf(path);
   for (const Entry* const entry : EntriesOf(ParentOf(path))) {
     const bool named = MatchesWildcard(entry->name, pattern) ||
@@ -75,6 +80,24 @@ std::string MemoryFileSystem::GetShortPathName(const std::string& path, std::uin
     }
   }
   return result.substr(0, size > 0 ? size - 1 : 0);
+}
+
+std::string MemoryFileSystem::ReadFile(const std::string& path) {
+  std::string content;
+  const ReadResult result = failures.Next(FileCall::kReadFile) ? ReadResult::kUnreadable : Read(path, content);
+  if (result == ReadResult::kUnreadable) throw Unreadable(path);
+  if (result == ReadResult::kNotFound)
+    throw Failure(FailureNumber::kNotFound, "No such file: " + path, "MemoryFileSystem");
+  return content;
+}
+
+void MemoryFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  const Entry* const entry = Find(path);
+  const bool is_directory = entry != nullptr && entry->IsDirectory();
+  if (failures.Next(FileCall::kWriteFile) || is_directory || Find(ParentOf(path)) == nullptr) {
+    throw Failure(FailureNumber::kUnwritable, "Can't be written: " + path, "MemoryFileSystem");
+  }
+  AddFile(path, content);
 }
 
 bool MemoryFileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,

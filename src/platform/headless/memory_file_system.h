@@ -6,12 +6,13 @@
 #include <tuple>
 #include <vector>
 
+#include "base/code_page_1252.h"
 #include "platform/headless/failure_script.h"
 #include "system/file_system.h"
 
 namespace quorvale {
 
-enum class FileCall { kAny, kEnumerate, kFind, kShortName, kWriteIni };
+enum class FileCall { kAny, kEnumerate, kFind, kShortName, kWriteIni, kReadFile, kWriteFile };
 
 // A file tree in memory. With "\" as the separator paths are Windows': "/" divides as well and case does
 // not count. With "/" they are Unix paths. Wildcards never look at case. A call that is told to fail
@@ -24,6 +25,9 @@ class MemoryFileSystem : public FileSystem {
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;
+  std::string ReadFile(const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override;
+  std::string FromOlderCodePage(const std::string& bytes) override { return FromCodePage1252(bytes); }
   PathSyntax Syntax() const override { return syntax_; }
 
   // What follows is for the test. The separator is to be set before anything is added.

@@ -1,6 +1,7 @@
 #include "platform/headless/services.h"
 
 #include <cmath>
+#include <utility>
 
 #include "base/ending.h"
 #include "base/failure.h"
@@ -19,7 +20,20 @@ bool RecordedSound::PlaySound(const std::string& path, std::uint32_t flags) {
 }
 
 void RecordedPrograms::Start(const std::string& command_line, int window_style) {
-  log_.push_back("Start " + command_line + " " + std::to_string(window_style));
+  Call("Start " + command_line + " " + std::to_string(window_style));
+}
+
+void RecordedPrograms::ShellExecute(const std::string& verb, const std::string& target, int show_command) {
+  Call("ShellExecute " + verb + " " + target + " " + std::to_string(show_command));
+}
+
+void RecordedPrograms::WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command,
+                               std::uintptr_t data) {
+  Call("WinHelp " + std::to_string(owner) + " " + file + " " + std::to_string(command) + " " + std::to_string(data));
+}
+
+void RecordedPrograms::Call(std::string call) {
+  log_.push_back(std::move(call));
   if (!found) throw Failure(FailureNumber::kNotFound, "File not found", "Programs");
 }
 

@@ -42,12 +42,19 @@ class RecordedPrograms : public Programs {
   explicit RecordedPrograms(CallLog& log) : log_(log) {}
   void Start(const std::string& command_line, int window_style) override;
   void OpenDisplaySettings() override;
+  void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
+  void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
   void SendKeys(const std::string& keys) override;
+  std::string SystemInformationTool() override { return information_tool; }
 
-  // Whether `Start` finds the program; if not, it fails with kNotFound.
+  // The desktop's own tool, if it has one.
+  std::string information_tool;
+  // Whether what is to be started or opened is found; if not, the call fails with kNotFound.
   bool found = true;
 
  private:
+  void Call(std::string call);
+
   CallLog& log_;
 };
 

@@ -29,7 +29,7 @@ class ByteReader {
   std::int32_t I32() { return Read<std::int32_t>(); }
   // Infinity and what is no number are 0.
   double F32() {
-    const float value = Read<float>();
+    const auto value = Read<float>();
     return std::isfinite(value) ? static_cast<double>(value) : 0;
   }
 

@@ -5,6 +5,7 @@
 
 #include "platform/desktop/metafile/canvas_limits.h"
 #include "platform/desktop/metafile/metafile_canvas.h"
+#include "platform/desktop/metafile/path_pieces.h"
 #include "platform/desktop/metafile/raster_op.h"
 
 namespace quorvale {
@@ -73,8 +74,13 @@ void MetafileCanvas::FlattenPath() {
 void MetafileCanvas::WidenPath() {
   const std::optional<QPen> pen = MakePen();
   if (!pen) return;
-  QPainterPathStroker stroker(*pen);
-  path_ = stroker.createStroke(path_);
+  const QPainterPathStroker stroker(*pen);
+  QPainterPath wide;
+  ForEachPiece(path_, [&](const QPainterPath& piece) {
+    wide.addPath(stroker.createStroke(piece));
+    return !OutOfTime();
+  });
+  path_ = wide;
 }
 
 void MetafileCanvas::UsePath(PathUse use) {
@@ -92,7 +98,7 @@ void MetafileCanvas::ClipToPath(ClipMode mode) {
 
 QRegion MetafileCanvas::PathRegion(const QPainterPath& path) const {
   const QRect area = path.controlPointRect().adjusted(-1, -1, 1, 1).intersected(target_.rect()).toAlignedRect();
-  if (area.isEmpty()) return {};
+  if (area.isEmpty() || !CanFill(path, QRectF(area))) return {};
   QImage layer(area.size(), QImage::Format_ARGB32_Premultiplied);
   if (layer.isNull()) return {};
   layer.fill(Qt::transparent);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/desktop/metafile/path_pieces.h"
 #include "platform/desktop/metafile/raster_op.h"
 
 namespace quorvale {
@@ -121,10 +122,14 @@ void MetafileCanvas::Paint(const QPainterPath& path, PathUse use) {
   const QRectF bounds = path.controlPointRect().adjusted(-reach, -reach, reach, reach);
   // At once, since an operation must not meet a pixel twice.
   PaintBy(TernaryOfMode(state_.raster_op), bounds, [&](QPainter& painter) {
-    if (brush.style() != Qt::NoBrush) painter.fillPath(area, brush);
+    if (brush.style() != Qt::NoBrush && CanFill(area, QRectF(target_.rect()))) painter.fillPath(area, brush);
     if (!pen) return;
-    if (const std::optional<QPen> gaps = GapPen(*pen)) painter.strokePath(line, *gaps);
-    painter.strokePath(line, *pen);
+    const std::optional<QPen> gaps = GapPen(*pen);
+    ForEachPiece(line, [&](const QPainterPath& piece) {
+      if (gaps) painter.strokePath(piece, *gaps);
+      painter.strokePath(piece, *pen);
+      return !OutOfTime();
+    });
   });
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
+#include "platform/desktop/system/help_window.h"
 #include "system/programs.h"
 
 namespace quorvale {
@@ -15,8 +17,20 @@ class DesktopPrograms : public Programs {
   // XScreenSaver's settings; where they aren't installed, nothing.
   void OpenDisplaySettings() override;
 
-  // Nothing: the desktops have their savers chosen by hand, and on Wayland no program may type for another.
+  // With the desktop's program for it, whatever the verb.
+  void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
+
+  // That of the big desktops, or one that stands alone, if it is installed.
+  std::string SystemInformationTool() override;
+
+  // The pages for Linux lie in a folder near the help file or the program.
+  void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
+
+  // Nothing: that takes a window system.
   void SendKeys(const std::string& /*keys*/) override {}
+
+ private:
+  HelpWindow help_;
 };
 
 }  // namespace quorvale

@@ -12,11 +12,13 @@
 #include <string_view>
 #include <utility>
 
+#include "base/code_page_1252.h"
 #include "base/failure.h"
 #include "base/text.h"
 #include "platform/desktop/system/directory_listing.h"
 #include "platform/desktop/system/ini_file.h"
 #include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
 namespace {
@@ -100,6 +102,20 @@ std::string PosixFileSystem::GetShortPathName(const std::string& path, std::uint
   if (path.size() >= size) return {};
   return IsSaverFile(path) || Exists(path) ? path : std::string();
 }
+
+std::string PosixFileSystem::ReadFile(const std::string& path) {
+  std::string content;
+  if (const int error = ReadPlainFile(path, content)) Fail(error, path);
+  return content;
+}
+
+void PosixFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  const int error = WritePlainFile(path, content);
+  if (error == 0) return;
+  throw Failure(FailureNumber::kUnwritable, path + ": " + std::strerror(error), "PosixFileSystem");
+}
+
+std::string PosixFileSystem::FromOlderCodePage(const std::string& bytes) { return FromCodePage1252(bytes); }
 
 bool PosixFileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
                                                 const std::string& value, const std::string& file) {

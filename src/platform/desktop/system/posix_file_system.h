@@ -27,6 +27,10 @@ class PosixFileSystem : public FileSystem {
   std::string FindFile(const std::string& path, int attributes) override;
 
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
+  std::string ReadFile(const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override;
+  // Windows' western one, from where such lists come.
+  std::string FromOlderCodePage(const std::string& bytes) override;
   // Linux keeps no saver in the file that the line is written to, so whoever does is told of it.
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;

@@ -5,6 +5,15 @@
 
 namespace quorvale {
 
+// Gives `content` the bytes of a plain file. 0, or the system's number of what went wrong; what is no plain file
+// fails without waiting.
+int ReadPlainFile(const std::string& path, std::string& content);
+
+// Gives a plain file that content, and makes it where it is missing. The new content is written beside the file
+// and then takes its place, with its mode and through links; where the folder can't be written the file itself
+// is. 0, or the system's number of what went wrong.
+int WritePlainFile(const std::string& path, const std::string& content);
+
 // The bytes of a plain file; empty for a file that is missing, nothing for one that can't be read.
 std::optional<std::string> ReadTextFile(const std::string& path);
 

@@ -1,19 +1,16 @@
 #include "platform/desktop/system/xscreensaver_file.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
-#include <cstdlib>
 #include <optional>
-#include <sstream>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "base/text.h"
 #include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/start_program.h"
 #include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
@@ -117,15 +114,6 @@ bool IsPlain(const std::string& command) {
     const auto byte = static_cast<unsigned char>(c);
     return std::isalnum(byte) != 0 || byte >= 0x80 || std::string_view(" /._-+@,").find(c) != std::string_view::npos;
   });
-}
-
-bool IsInstalled(const char* program) {
-  const char* const path = std::getenv("PATH");
-  std::istringstream directories(path == nullptr ? "" : path);
-  for (std::string directory; std::getline(directories, directory, ':');) {
-    if (access((directory + '/' + program).c_str(), X_OK) == 0) return true;
-  }
-  return false;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "platform/desktop/toolkit/desktop_platform.h"
 
+#include <QColor>
+#include <QColorDialog>
 #include <QGuiApplication>
 #include <QScreen>
 #include <cmath>
@@ -11,6 +13,9 @@
 #include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/timer_peer.h"
 #include "platform/desktop/toolkit/window_peer.h"
+#include "platform/desktop/widgets/dialog_peer.h"
+#include "platform/desktop/widgets/surface_widget.h"
+#include "toolkit/pixel_view.h"
 
 namespace quorvale {
 namespace {
@@ -23,11 +28,23 @@ std::string DisplayId() {
   return name.toStdString() + ' ' + display.toStdString();
 }
 
+constexpr double kUsualPixelsPerInch = 96;
+
 double PixelsPerInch(const DesktopOptions& options) {
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return 96;
+  // The layout's pixels have the desktop's font in them.
+  if (screen == nullptr || options.pixels == PixelKind::kLogical) return kUsualPixelsPerInch;
   return screen->logicalDotsPerInch() * ToolkitPixelRatio(options.pixels, screen->devicePixelRatio()) *
          options.text_scale;
+}
+
+QWidget* WidgetOf(WindowPeer& window) {
+  auto* const dialog = dynamic_cast<DialogPeer*>(&window);
+  return dialog != nullptr ? &dialog->Window() : nullptr;
+}
+
+Colour ToColour(const QColor& colour) {
+  return static_cast<Colour>(colour.red() | colour.green() << 8 | colour.blue() << 16);
 }
 
 }  // namespace
@@ -45,12 +62,16 @@ ScreenInfo DesktopPlatform::Screen() {
 }
 
 std::unique_ptr<WindowPeer> DesktopPlatform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
+  if (kind == WindowKind::kDialog) return std::make_unique<DialogPeer>(events);
   return std::make_unique<QtWindowPeer>(kind, options_.pixels, events, titles_, options_.daemon_window);
 }
 
 std::unique_ptr<SurfacePeer> DesktopPlatform::CreateSurfacePeer(WindowPeer& window, Surface& surface,
                                                                 SurfaceEvents& events) {
-  return std::make_unique<QtSurfacePeer>(static_cast<QtWindowPeer&>(window).Window(), surface, events);
+  if (auto* const dialog = dynamic_cast<DialogPeer*>(&window)) {
+    return std::make_unique<SurfaceWidgetPeer>(dialog->Window(), surface, events);
+  }
+  return std::make_unique<SurfaceWindowPeer>(static_cast<QtWindowPeer&>(window).Window(), surface, events);
 }
 
 std::unique_ptr<TimerPeer> DesktopPlatform::CreateTimerPeer(std::function<void()> fired) {
@@ -64,11 +85,28 @@ std::unique_ptr<MessageHookPeer> DesktopPlatform::CreateMessageHookPeer(std::fun
 void DesktopPlatform::PumpEvents() { RunPass(); }
 
 std::unique_ptr<PacedRun> DesktopPlatform::OpenPacedRun(SurfacePeer& surface) {
-  return std::make_unique<QtPacedRun>(static_cast<QtSurfacePeer&>(surface).Window(), options_.pass_lengths, wait_);
+  return std::make_unique<QtPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_);
 }
 
 MessageBoxAnswer DesktopPlatform::ShowMessageBox(const MessageBox& box) {
   return ShowQtMessageBox(box, options_.application_title);
+}
+
+void DesktopPlatform::RunModal(WindowPeer& window) {
+  if (auto* const dialog = dynamic_cast<DialogPeer*>(&window)) dialog->Window().RunUntilHidden();
+}
+
+std::string DesktopPlatform::ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) {
+  return file_dialogs_.Choose(WidgetOf(owner), dialog);
+}
+
+Colour DesktopPlatform::ShowColourDialog(WindowPeer& owner, Colour start) {
+  const QColor chosen = QColorDialog::getColor(QColor::fromRgb(ToPixel(start)), WidgetOf(owner));
+  return chosen.isValid() ? ToColour(chosen) : start;
+}
+
+std::string DesktopPlatform::BrowseForFolder(WindowPeer& owner, const std::string& title) {
+  return file_dialogs_.ChooseFolder(WidgetOf(owner), title);
 }
 
 }  // namespace quorvale

@@ -9,6 +9,8 @@
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/text_painter.h"
 #include "platform/desktop/toolkit/window_system.h"
+#include "platform/desktop/widgets/file_dialogs.h"
+#include "platform/desktop/widgets/qt_widgets.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
@@ -37,7 +39,12 @@ class DesktopPlatform : public Platform {
   TextPainter& Text() override { return text_; }
   void PumpEvents() override;
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  WidgetFactory& Widgets() override { return widgets_; }
+  void RunModal(WindowPeer& window) override;
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) override;
+  std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) override;
+  Colour ShowColourDialog(WindowPeer& owner, Colour start) override;
+  std::string BrowseForFolder(WindowPeer& owner, const std::string& title) override;
 
   WindowSystem& Windows() { return windows_; }
 
@@ -48,6 +55,8 @@ class DesktopPlatform : public Platform {
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
   EventWait wait_;
+  QtWidgets widgets_;
+  FileDialogs file_dialogs_;
 };
 
 }  // namespace quorvale

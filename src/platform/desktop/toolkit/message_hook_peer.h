@@ -9,7 +9,8 @@
 
 namespace quorvale {
 
-// Reports what corresponds to a window message on Linux: a request to close, for WM_CLOSE.
+// Reports what corresponds to a window message on Linux: a picture box that is asked to close, for WM_CLOSE, and
+// the menus of a dialog that have all closed, for WM_EXITMENULOOP.
 class QtMessageHookPeer : public MessageHookPeer {
  public:
   explicit QtMessageHookPeer(std::function<void(int message)> arrived) : arrived_(std::move(arrived)) {}

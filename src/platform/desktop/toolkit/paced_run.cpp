@@ -18,8 +18,8 @@ void RunPass() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-QtPacedRun::QtPacedRun(SurfaceWindow& surface, const PassLengths& lengths, EventWait& wait)
-    : surface_(&surface), lengths_(lengths), wait_(wait) {}
+QtPacedRun::QtPacedRun(Presenter& surface, const PassLengths& lengths, EventWait& wait)
+    : alive_(&surface.Object()), surface_(surface), lengths_(lengths), wait_(wait) {}
 
 void QtPacedRun::PumpEvents() {
   const auto start = std::chrono::steady_clock::now();
@@ -31,13 +31,13 @@ void QtPacedRun::PumpEvents() {
     RunPass();
     return;
   }
-  const std::uint64_t presented = surface_ ? surface_->Presentations() : 0;
+  const std::uint64_t presented = surface_.Presentations();
   RunPass();
   if (!IsInSight()) {
     account_.Forget();
     return;
   }
-  const bool has_presented = surface_->Presentations() != presented;
+  const bool has_presented = surface_.Presentations() != presented;
   account_.AddPass(has_presented ? lengths_.presenting : lengths_.empty, std::chrono::steady_clock::now() - start);
   const PaceAccount::Duration due = account_.Due();
   if (due > PaceAccount::Duration::zero()) account_.Waited(wait_.Wait(due));

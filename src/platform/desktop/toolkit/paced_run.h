@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QObject>
 #include <QPointer>
 #include <chrono>
 
 #include "platform/desktop/toolkit/event_wait.h"
 #include "platform/desktop/toolkit/pace_account.h"
-#include "platform/desktop/toolkit/surface_window.h"
+#include "platform/desktop/toolkit/presenter.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
@@ -18,14 +19,15 @@ void RunPass();
 class QtPacedRun : public PacedRun {
  public:
   // `wait` outlives the run.
-  QtPacedRun(SurfaceWindow& surface, const PassLengths& lengths, EventWait& wait);
+  QtPacedRun(Presenter& surface, const PassLengths& lengths, EventWait& wait);
 
   void PumpEvents() override;
 
  private:
-  bool IsInSight() const { return surface_ && surface_->IsInSight(); }
+  bool IsInSight() const { return alive_ && surface_.IsInSight(); }
 
-  QPointer<SurfaceWindow> surface_;
+  QPointer<QObject> alive_;
+  const Presenter& surface_;
   PassLengths lengths_;
   EventWait& wait_;
   PaceAccount account_;

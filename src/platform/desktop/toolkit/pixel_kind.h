@@ -3,6 +3,7 @@
 #include <QRect>
 #include <cmath>
 
+#include "platform/desktop/toolkit/layout_scale.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
@@ -10,17 +11,17 @@ namespace quorvale {
 // What the toolkit's pixel is, next to Qt's own, which stands for one or more pixels of the device.
 enum class PixelKind {
   kPhysical,  // a pixel of the device: the show
-  kLogical,   // Qt's: windows scale as a whole
+  kLogical,   // one of the layout, which follows the desktop's scale and its font
 };
 
 // Device pixels to the toolkit's pixel.
 inline double ToolkitScale(PixelKind kind, double device_pixel_ratio) {
-  return kind == PixelKind::kLogical ? device_pixel_ratio : 1;
+  return kind == PixelKind::kLogical ? device_pixel_ratio * LayoutScale() : 1;
 }
 
 // The toolkit's pixels to Qt's.
 inline double ToolkitPixelRatio(PixelKind kind, double device_pixel_ratio) {
-  return kind == PixelKind::kLogical ? 1 : device_pixel_ratio;
+  return kind == PixelKind::kLogical ? 1 / LayoutScale() : device_pixel_ratio;
 }
 
 // In Qt's pixels, each edge at the nearest one.

@@ -5,10 +5,17 @@
 
 namespace quorvale {
 
+// Every surface peer of this platform.
 class QtSurfacePeer : public SurfacePeer {
  public:
+  virtual Presenter& Shown() = 0;
+};
+
+// A picture box of a show.
+class SurfaceWindowPeer : public QtSurfacePeer {
+ public:
   // All of them outlive the peer.
-  QtSurfacePeer(TopWindow& top, Surface& surface, SurfaceEvents& events) : window_(top, surface, events) {}
+  SurfaceWindowPeer(TopWindow& top, Surface& surface, SurfaceEvents& events) : window_(top, surface, events) {}
 
   WindowHandle Handle() const override { return static_cast<WindowHandle>(window_.winId()); }
   float Scale() const override { return window_.Scale(); }
@@ -17,7 +24,7 @@ class QtSurfacePeer : public SurfacePeer {
   void Present() override { window_.Present(); }
   void TakeFocus() override { window_.TakeFocus(); }
 
-  SurfaceWindow& Window() { return window_; }
+  Presenter& Shown() override { return window_; }
 
  private:
   SurfaceWindow window_;

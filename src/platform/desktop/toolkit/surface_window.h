@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/desktop/toolkit/join_bands.h"
+#include "platform/desktop/toolkit/presenter.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/surface.h"
 
@@ -17,7 +18,7 @@ namespace quorvale {
 // A picture box's window: a window of the system's own, so that it can become a child of any other. It
 // copies what has changed of the toolkit's surface to its own buffer and from there to the screen, with no
 // widget machinery between, which takes twice as long over the thin shapes of the effects.
-class SurfaceWindow : public QWindow {
+class SurfaceWindow : public QWindow, public Presenter {
   Q_OBJECT
 
  public:
@@ -33,15 +34,14 @@ class SurfaceWindow : public QWindow {
   // In the next pass of the event queue, and now.
   void PresentSoon();
   void Present();
-  // How often something has been presented.
-  std::uint64_t Presentations() const { return presentations_; }
+  std::uint64_t Presentations() const override { return presentations_; }
 
   // Sits in a window of another program from now on, or in its form's window again.
   void MoveInto(WindowHandle host);
   void ReturnHome();
 
-  // Whether it is on the screen, as far as the window system tells.
-  bool IsInSight() const;
+  bool IsInSight() const override;
+  QObject& Object() override { return *this; }
 
   void TakeFocus() { top_.Focus(*this); }
   void TakeKey(int qt_key);

@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPalette>
 #include <QScreen>
 #include <QTimer>
 
@@ -21,11 +20,8 @@
 namespace quorvale {
 namespace {
 
-Qt::WindowFlags FlagsOf(WindowKind kind, bool is_in_daemon) {
+Qt::WindowFlags FlagsOf(bool is_in_daemon) {
   if (is_in_daemon) return Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint;
-  if (kind == WindowKind::kDialog) {
-    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-  }
   // Topmost from the start: on X11 Qt makes a window anew, with another handle and without its children,
   // when its flags change.
   Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
@@ -39,7 +35,7 @@ Qt::WindowFlags FlagsOf(WindowKind kind, bool is_in_daemon) {
 TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window)
     : kind_(kind), pixels_(pixels), events_(events), daemon_window_(daemon_window) {
   setSurfaceType(QSurface::RasterSurface);
-  setFlags(FlagsOf(kind, daemon_window_ != 0));
+  setFlags(FlagsOf(daemon_window_ != 0));
   create();
   if (daemon_window_ == 0) return;
   input_enabled_ = false;
@@ -50,9 +46,6 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, Wi
 void TopWindow::SetBounds(const PixelRect& bounds) {
   const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(pixels_, devicePixelRatio()));
   setGeometry(rect.translated(PrimaryCorner()));
-  if (kind_ != WindowKind::kDialog) return;
-  setMinimumSize(rect.size());
-  setMaximumSize(rect.size());
 }
 
 // In the coordinates of what the window lies in.
@@ -165,8 +158,7 @@ void TopWindow::paintEvent(QPaintEvent* /*event*/) {
   buffer_.beginPaint(free);
   {
     QPainter painter(buffer_.paintDevice());
-    const QColor colour = kind_ == WindowKind::kDialog ? QGuiApplication::palette().window().color() : Qt::black;
-    for (const QRect& rect : free) painter.fillRect(rect, colour);
+    for (const QRect& rect : free) painter.fillRect(rect, Qt::black);
   }
   buffer_.endPaint();
   buffer_.flush(free);

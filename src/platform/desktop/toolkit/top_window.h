@@ -13,8 +13,8 @@ namespace quorvale {
 
 class SurfaceWindow;
 
-// A form's window. It takes the keys for all of its form and hands them to the picture box that has the
-// focus; what its picture boxes leave free it fills with one colour.
+// The window of a show's form. It takes the keys for all of its form and hands them to the picture box that has the
+// focus; what its picture boxes leave free is black.
 class TopWindow : public QWindow {
   Q_OBJECT
 

@@ -10,6 +10,7 @@
 
 namespace quorvale {
 
+// The window of a show's form.
 class QtWindowPeer : public WindowPeer {
  public:
   // `titles` outlives the peer; a saver window claims its title there while it shows, unless it lies in a
@@ -23,6 +24,8 @@ class QtWindowPeer : public WindowPeer {
   void SetCaption(const std::string& caption) override;
   void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
   void SetVisible(bool visible) override;
+  // Such a window has no title bar.
+  void SetIcon(const Artwork& /*icon*/) override {}
 
   TopWindow& Window() { return window_; }
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "toolkit/buttons.h"
+#include "toolkit/form.h"
+#include "toolkit/panels.h"
+
+namespace quorvale {
+
+struct Process;
+
+// Names the product and its version, shown modally; leads to the maker's web page and to the system's
+// information tool.
+class frmAbout : public Form {
+ public:
+  explicit frmAbout(Process& process);
+
+  ImageView picIcon;
+  Label lblTitle;
+  Label lblVersion;
+  ImageView Image1;
+  Label Label2;
+  Rule Line1_0;
+  Rule Line1_1;
+  Label lblDisclaimer;
+  Button cmdOK;
+  Button cmdSysInfo;
+
+  // Starts the information tool that the registry names, or else the desktop's own, or says that there is none.
+  void StartSysInfo();
+
+  // Reads one value, a text or a 32-bit number, as text. A value of another type leaves `KeyVal` alone; one that
+  // can't be read, or takes more than 1024 bytes, empties it and gives false.
+  bool GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
+                   std::string& KeyVal);
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void Image1_Click();
+  // Empty where there is none.
+  std::string FindSysInfo();
+
+  Process& process_;
+};
+
+}  // namespace quorvale

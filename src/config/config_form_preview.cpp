@@ -1,0 +1,39 @@
+#include "config/config_form.h"
+#include "config/monitor_artwork.h"
+#include "config/told_failure.h"
+#include "playlist/media_collections.h"
+#include "process/process.h"
+#include "show/slide_tick.h"
+
+namespace quorvale {
+
+// The monitor in the middle, and the picture box on its screen: both are counted in pixels.
+void frmConfig::PlacePreviewPane() {
+  const auto twips_x = static_cast<float>(process_.ScreenTwipsX);
+  const auto twips_y = static_cast<float>(process_.ScreenTwipsY);
+  Image1.SetArtwork(&MonitorOnBackground);
+  TwipRect monitor = Image1.Place();
+  monitor.left = (Width() - monitor.width) / 2;
+  monitor.height = static_cast<float>(kMonitorHeight) * twips_y;
+  Image1.Move(monitor);
+  PicBase.Move(monitor.left + static_cast<float>(kMonitorScreenOffset) * twips_x,
+               monitor.top + static_cast<float>(kMonitorScreenOffset) * twips_y,
+               static_cast<float>(kMonitorScreenWidth) * twips_x, static_cast<float>(kMonitorScreenHeight) * twips_y);
+  PicPreview.SetTop(0);
+  PicPreview.SetLeft(0);
+  PicPreview.SetWidth(PicBase.Width());
+  PicPreview.SetHeight(PicBase.Height());
+}
+
+void frmConfig::PausePreview(bool on) { tmrSwitch.SetEnabled(!on); }
+
+void frmConfig::RefreshPreview() { InitShow(process_, 0, *this); }
+
+void frmConfig::tmrSwitch_Timer() {
+  // While a failure of the load is told, the window is not on view yet; the tick would take it for a leftover.
+  if (!Visible()) return;
+  TellFailure(App(), "tmrSwitch_Timer", [this] { SlideTick(process_, PicPreview, imgFullSize); });
+  process_.PreviewSuspended = false;
+}
+
+}  // namespace quorvale

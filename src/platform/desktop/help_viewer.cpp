@@ -1,0 +1,87 @@
+// The program that shows the help: the pages whose paths come line by line on its standard input.
+
+#include <unistd.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMainWindow>
+#include <QSocketNotifier>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QUrl>
+#include <array>
+#include <cstdlib>
+
+namespace quorvale {
+namespace {
+
+constexpr QSize kWindowSize(760, 620);
+
+class HelpViewer : public QMainWindow {
+ public:
+  HelpViewer() {
+    setWindowTitle("Quorvale Help");
+    pages_.setOpenExternalLinks(true);
+    setCentralWidget(&pages_);
+    QToolBar* const bar = addToolBar("Navigation");
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    QAction* const back = bar->addAction("&Back", &pages_, &QTextBrowser::backward);
+    back->setShortcut(QKeySequence::Back);
+    back->setEnabled(false);
+    connect(&pages_, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+    AddPage(*bar, "&Contents", "index.html");
+    AddPage(*bar, "&Index", "search.html");
+    auto* const close_window = new QAction(this);
+    close_window->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence::Close});
+    connect(close_window, &QAction::triggered, this, &QWidget::close);
+    addAction(close_window);
+    connect(&input_, &QSocketNotifier::activated, this, [this] { TakeInput(); });
+    resize(kWindowSize);
+  }
+
+  void Open(const QString& page) {
+    pages_.setSource(QUrl::fromLocalFile(page));
+    show();
+    raise();
+    activateWindow();
+    pages_.setFocus();
+  }
+
+ private:
+  // A page beside the one on view.
+  void AddPage(QToolBar& bar, const QString& caption, const QString& name) {
+    connect(bar.addAction(caption), &QAction::triggered, this,
+            [this, name] { pages_.setSource(pages_.source().resolved(QUrl(name))); });
+  }
+
+  void TakeInput() {
+    std::array<char, 4096> buffer{};
+    const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
+    if (count <= 0) {
+      // Who asked has ended; the help stays open for the reader.
+      input_.setEnabled(false);
+      return;
+    }
+    pending_ += QByteArray(buffer.data(), static_cast<qsizetype>(count));
+    const qsizetype end = pending_.lastIndexOf('\n');
+    if (end < 0) return;
+    const QByteArray line = pending_.left(end).split('\n').last();
+    pending_.remove(0, end + 1);
+    Open(QString::fromLocal8Bit(line));
+  }
+
+  QTextBrowser pages_;
+  QSocketNotifier input_{STDIN_FILENO, QSocketNotifier::Read};
+  QByteArray pending_;
+};
+
+}  // namespace
+}  // namespace quorvale
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  quorvale::HelpViewer viewer;
+  if (argc > 1) viewer.Open(QString::fromLocal8Bit(argv[1]));
+  return QApplication::exec();
+}

@@ -1,0 +1,70 @@
+#include "platform/desktop/system/help_window.h"
+
+#include <sys/socket.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "base/failure.h"
+#include "platform/desktop/system/start_program.h"
+#include "system/programs.h"
+
+namespace quorvale {
+namespace {
+
+constexpr char kContentsPage[] = "index.html";
+
+std::filesystem::path ProgramFolder() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+bool IsFile(const std::filesystem::path& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+std::filesystem::path FindHelpFolder(const std::filesystem::path& file) {
+  const std::filesystem::path beside = file.parent_path();
+  const std::filesystem::path program = ProgramFolder();
+  for (const auto& folder : {beside, beside / "help", program / "help", program / "../share/quorvale/help"}) {
+    if (IsFile(folder / kContentsPage)) return folder;
+  }
+  throw Failure(FailureNumber::kNotFound, "The help files are not installed", "HelpWindow");
+}
+
+std::string PageName(std::uint32_t command, std::uintptr_t data) {
+  if (command == kHelpContext) return "topic-" + std::to_string(data) + ".html";
+  return command == kHelpPartialKey ? "search.html" : kContentsPage;
+}
+
+}  // namespace
+
+std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {
+  const std::filesystem::path folder = FindHelpFolder(file);
+  const std::filesystem::path page = folder / PageName(command, data);
+  return (IsFile(page) ? page : folder / kContentsPage).string();
+}
+
+void HelpWindow::Show(const std::string& page) {
+  if (pages_.IsOpen() && Ask(page)) return;
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    throw Failure(FailureNumber::kInternal, std::generic_category().message(errno), "HelpWindow");
+  }
+  const FileDescriptor its_end(ends[0]);
+  pages_ = FileDescriptor(ends[1]);
+  StartProgram({(ProgramFolder() / "quorvale-help").string()}, its_end.Get());
+  Ask(page);
+}
+
+// False when the window has been closed.
+bool HelpWindow::Ask(const std::string& page) const {
+  const std::string line = page + '\n';
+  return send(pages_.Get(), line.data(), line.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(line.size());
+}
+
+}  // namespace quorvale

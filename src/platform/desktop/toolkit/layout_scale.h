@@ -1,0 +1,9 @@
+#pragma once
+
+namespace quorvale {
+
+// Qt's pixels to a pixel of a dialog's layout. Dialogs are laid out at 96 dots per inch in the usual font, and
+// grow as a whole where the desktop's resolution or its font asks for larger text. At least 1.
+double LayoutScale();
+
+}  // namespace quorvale

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <vector>
+
+#include "platform/desktop/toolkit/surface_peer.h"
+#include "platform/desktop/widgets/dialog_window.h"
+#include "toolkit/surface.h"
+
+namespace quorvale {
+
+// A picture box among a dialog's controls. What has changed of the toolkit's surface is painted like any
+// widget, which a box of that size can afford.
+class SurfaceWidget : public QWidget, public Presenter {
+  Q_OBJECT
+
+ public:
+  // `surface` and `events` outlive the widget.
+  SurfaceWidget(DialogWindow& window, Surface& surface, SurfaceEvents& events);
+
+  float Scale() const;
+  void SetBounds(const PixelRect& bounds);
+
+  // In the next pass of the event queue, and now.
+  void PresentSoon();
+  void Present();
+
+  bool IsInSight() const override;
+  std::uint64_t Presentations() const override { return presentations_; }
+  QObject& Object() override { return *this; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  void NoteScale();
+  QRegion ToRegion(const std::vector<PixelRect>& rects) const;
+
+  Surface& surface_;
+  SurfaceEvents& events_;
+  float scale_;
+  std::uint64_t presentations_ = 0;
+  bool present_is_posted_ = false;
+};
+
+class SurfaceWidgetPeer : public QtSurfacePeer {
+ public:
+  // All of them outlive the peer.
+  SurfaceWidgetPeer(DialogWindow& window, Surface& surface, SurfaceEvents& events)
+      : widget_(new SurfaceWidget(window, surface, events)) {}
+  ~SurfaceWidgetPeer() override { delete widget_; }
+  SurfaceWidgetPeer(const SurfaceWidgetPeer&) = delete;
+  SurfaceWidgetPeer& operator=(const SurfaceWidgetPeer&) = delete;
+
+  WindowHandle Handle() const override { return static_cast<WindowHandle>(widget_->winId()); }
+  float Scale() const override { return widget_->Scale(); }
+  void SetBounds(const PixelRect& bounds) override { widget_->SetBounds(bounds); }
+  void Invalidate() override { widget_->PresentSoon(); }
+  void Present() override { widget_->Present(); }
+  void TakeFocus() override { widget_->setFocus(); }
+
+  Presenter& Shown() override { return *widget_; }
+
+ private:
+  // Gone when the window went first.
+  QPointer<SurfaceWidget> widget_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,49 @@
+#include "playlist/play_list_file.h"
+
+#include "base/text.h"
+#include "system/file_system.h"
+#include "toolkit/list_box.h"
+
+namespace quorvale {
+namespace {
+
+constexpr char kLineEnd[] = "\r\n";
+// What some editors put in front of UTF-8.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+void AddLines(std::string& text, const std::string& mark, const ListBox& list) {
+  for (int i = 0; i < list.ListCount(); ++i) text += mark + list.List(i) + kLineEnd;
+}
+
+// Cuts the first line and its end off `rest`.
+std::string_view TakeLine(std::string_view& rest) {
+  const std::size_t end = rest.find_first_of(kLineEnd);
+  const std::string_view line = rest.substr(0, end);
+  if (end == std::string_view::npos) {
+    rest = {};
+  } else {
+    rest.remove_prefix(end + (rest.substr(end).starts_with(kLineEnd) ? 2 : 1));
+  }
+  return line;
+}
+
+}  // namespace
+
+std::string PlayListText(const ListBox& pictures, const ListBox& sounds) {
+  std::string text;
+  AddLines(text, "P:", pictures);
+  AddLines(text, "S:", sounds);
+  return text;
+}
+
+// Lines are judged one by one: one name that is no UTF-8 leaves the others as they are.
+void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictures, ListBox& sounds) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  while (!text.empty()) {
+    const std::string_view line = TakeLine(text);
+    ListBox& list = line.starts_with('P') ? pictures : sounds;
+    list.AddItem(IsUtf8(line) ? Mid(line, 3) : Mid(files.FromOlderCodePage(std::string(line)), 3));
+  }
+}
+
+}  // namespace quorvale

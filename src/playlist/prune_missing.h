@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace quorvale {
+
+class FileSystem;
+class ListBox;
+
+struct PathState {
+  bool names_file = false;  // not a directory: the path ends in no separator
+  bool exists = false;
+};
+
+// A failure of the search comes out of the first two, except where the path names a directory.
+PathState PathStatus(FileSystem& files, const std::string& path);
+bool FileExists(FileSystem& files, const std::string& path);
+// A directory that can't be looked for counts as missing.
+bool DirExists(FileSystem& files, const std::string& path);
+
+// Removes the items whose file or directory is gone, from the last to the first. Fails as `FileExists`, and
+// what was removed before is gone.
+void PruneMissing(FileSystem& files, ListBox& list);
+
+}  // namespace quorvale

@@ -1,0 +1,37 @@
+#include "run/configuration.h"
+
+#include <exception>
+#include <functional>
+#include <memory>
+
+#include "config/config_form.h"
+#include "process/process.h"
+#include "system/window_system.h"
+
+namespace quorvale {
+namespace {
+
+void IgnoringFailures(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const std::exception&) {
+  }
+}
+
+}  // namespace
+
+std::vector<ReportedStep> ConfigurationSteps(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  return {[&process, &windows] { process.ConfigDialogHwnd = windows.GetForegroundWindow(); },
+          [&process, &windows] { windows.EnableWindow(process.ConfigDialogHwnd, false); }};
+}
+
+void Configure(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  IgnoringFailures([&process] { std::make_shared<frmConfig>(process)->ShowModal(); });
+  windows.EnableWindow(process.ConfigDialogHwnd, true);
+  process.app.PumpEvents();
+  IgnoringFailures([&windows] { windows.ActivateWindow("Display Properties"); });
+}
+
+}  // namespace quorvale

@@ -1,0 +1,63 @@
+#include "toolkit/widget.h"
+
+#include <utility>
+
+#include "base/failure.h"
+#include "toolkit/form.h"
+#include "toolkit/panels.h"
+
+namespace quorvale {
+
+std::string LiteralCaption(const std::string& text) {
+  std::string caption;
+  for (const char c : text) caption.append(c == '&' ? 2 : 1, c);
+  return caption;
+}
+
+Widget::Widget(Form& parent, WidgetDesign design) : Control(parent, design.name), design_(std::move(design)) {}
+
+void Widget::SetCaption(std::string caption) {
+  design_.caption = std::move(caption);
+  Tell(WidgetAspect::kCaption);
+}
+
+void Widget::SetEnabled(bool enabled) {
+  if (std::exchange(enabled_, enabled) != enabled) Tell(WidgetAspect::kEnabled);
+}
+
+void Widget::SetVisible(bool visible) {
+  if (std::exchange(design_.visible, visible) != visible) Tell(WidgetAspect::kVisible);
+}
+
+void Widget::Move(const TwipRect& place) {
+  design_.place = place;
+  Tell(WidgetAspect::kPlace);
+}
+
+void Widget::SetFocus() {
+  RequireLoaded();
+  if (!CanTakeFocus()) throw Failure(FailureNumber::kInvalidArgument, "Can't take the focus", Name());
+  peer_->TakeFocus();
+}
+
+bool Widget::CanTakeFocus() const {
+  if (!enabled_ || !design_.visible) return false;
+  return design_.container == nullptr || design_.container->CanTakeFocus();
+}
+
+void Widget::CreatePeer() { peer_ = MakePeer(App().GetPlatform().Widgets()); }
+
+void Widget::ReleasePeer() {
+  if (peer_) App().KeepUntilIdle(std::move(peer_));
+}
+
+void Widget::Tell(WidgetAspect aspect) {
+  if (peer_) peer_->Update(aspect);
+}
+
+void Widget::Raise(const std::function<void()>& handler) {
+  if (!handler || !Parent().IsLoaded()) return;
+  App().Dispatch([handler, form = Parent().shared_from_this()] { handler(); });
+}
+
+}  // namespace quorvale

@@ -1,0 +1,145 @@
+#include "config/config_form.h"
+
+#include "config/application_info.h"
+#include "config/config_fixture.h"
+
+namespace quorvale {
+namespace {
+
+TEST_F(ConfigTest, WhatCanBeDoneFollowsTheListOnViewAndItsSelection) {
+  struct Case {
+    const char* items;
+    std::vector<int> selected;
+    const char* enabled;
+  };
+  for (const Case& c : {Case{"", {}, ""},
+                        {"a", {}, ""},
+                        {"a", {0}, "C:\\Pics\\ remove"},
+                        {"a b c", {}, ""},
+                        {"a b c", {0}, "C:\\Pics\\ remove down"},
+                        {"a b c", {1}, "C:\\Pics\\ remove up down"},
+                        {"a b c", {2}, "C:\\Pics\\ remove up"},
+                        {"a b c", {0, 2}, " remove"}}) {
+    for (const bool sounds : {false, true}) {
+      sounds ? OpenWith("x y", c.items) : OpenWith(c.items, "x y");
+      Choose(sounds ? "mnuViewSounds" : "mnuViewPics");
+      EXPECT_EQ(desktop.widgets.focused, sounds ? "OptSound" : "OptPicture");
+      Select(c.selected);
+      // A look at the other list changes nothing.
+      (sounds ? form->OptPicture : form->OptSound).UserClick();
+      EXPECT_FALSE(form->cmdImages[kRemove].Enabled());
+      (sounds ? form->OptSound : form->OptPicture).UserClick();
+      EXPECT_EQ(form->lstList[0].Visible(), !sounds);
+      EXPECT_EQ(form->lstList[1].Visible(), sounds);
+      std::string enabled = form->lblPath.Caption();
+      for (const auto& [button, item, word] : {std::tuple{kRemove, "mnuRemove", " remove"},
+                                               {kMoveUp, "mnuMoveUp", " up"},
+                                               {kMoveDown, "mnuMoveDown", " down"}}) {
+        const bool is_enabled = form->cmdImages.at(static_cast<std::size_t>(button)).Enabled();
+        EXPECT_EQ(form->Menus.Item(item).Enabled(), is_enabled);
+        if (is_enabled) enabled += word;
+      }
+      EXPECT_EQ(enabled, c.enabled);
+      form->Unload();
+    }
+  }
+}
+
+TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnOk) {
+  Store("PictureFiles", "a gone b");
+  Store("SoundFiles", "s");
+  desktop.files.Remove("C:\\Pics\\gone");
+  desktop.files.AddDirectory("C:\\Empty");
+  process.Settings.SaveSetting("SoundFiles", "File1", MakeListEntry("C:\\Empty\\", "C:\\Empty\\"));
+  process.Settings.SaveSetting("SoundFiles", "File2", MakeListEntry("C:\\No\\", "C:\\No\\"));
+  process.Settings.SaveSetting("SoundFiles", "File3", "C:\\Pics\\a");
+  Open();
+  EXPECT_EQ(Names(0), "a b");
+  EXPECT_EQ(Names(1), "s C:\\Empty\\ C:\\Pics\\a");
+  EXPECT_FALSE(form->PlayListDirty());
+  EXPECT_EQ(Stored("PictureFiles"), "a gone b");
+  form->cmdOK.UserClick();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(Stored("PictureFiles"), "a b");
+  EXPECT_TRUE(desktop.boxes.shown.empty());
+}
+
+// A box at load must not cost the window, however long it stays up.
+TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
+  Store("PictureFiles", "a");
+  Store("SoundFiles", "s");
+  process.SetOption("TransSpeed", "99999999999");
+  desktop.files.failures.FailCall(FileCall::kFind, 1, 0);
+  for (int i = 0; i < 2; ++i) {
+    desktop.boxes.Answer([this](const MessageBox&) { return desktop.queue.Advance(5000), MessageBoxAnswer::kOk; });
+  }
+  Open();
+  ASSERT_EQ(desktop.boxes.shown.size(), 2U);
+  EXPECT_EQ(desktop.boxes.shown[0].text, "sProcNm=GetConfiguration(Me) Num=8 Src=MemoryFileSystem");
+  EXPECT_EQ(desktop.boxes.shown[0].title, "");
+  EXPECT_EQ(desktop.boxes.shown[1].text, "sProcNm=GetConfiguration(Me) Num=3 Src=Numbers");
+  EXPECT_TRUE(form->IsLoaded());
+  EXPECT_EQ(Names(0) + Names(1), "as");
+}
+
+TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
+  process.SetOption("PlayList", "C:\\My & Yours.x.qvl");
+  OpenWith("a");
+  EXPECT_EQ(form->fraPlayList.Caption(), "Play List - [My && Yours]");
+  desktop.files.failures.FailCall(FileCall::kWriteFile, 1, 0);
+  form->cmdOK.UserClick();
+  EXPECT_EQ(desktop.boxes.shown.at(0).text,
+            "Unable to write to Play List File.  Can't be written: C:\\My & Yours.x.qvl");
+  EXPECT_FALSE(form->IsLoaded()) << "the steps go on";
+  Open().cmdOK.UserClick();
+  EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl"), "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
+  EXPECT_EQ(process.Option("PlayList", ""), "C:\\My & Yours.x.qvl");
+}
+
+TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
+  struct Case {
+    bool dirty;
+    MessageBoxAnswer answer;
+    const char* save_as;  // what the dialog gives; empty is Cancel
+    bool closed;
+    const char* stored;
+  };
+  for (const Case& c : {Case{false, MessageBoxAnswer::kNone, "", true, "a b"},
+                        {true, MessageBoxAnswer::kYes, "C:\\l.qvl", true, "b"},
+                        {true, MessageBoxAnswer::kYes, "", false, "a b"},
+                        {true, MessageBoxAnswer::kYes, "C:\\Nowhere\\l.qvl", false, "a b"},
+                        {true, MessageBoxAnswer::kNo, "", true, "a b"},
+                        {true, MessageBoxAnswer::kCancel, "", false, "a b"}}) {
+    SCOPED_TRACE(std::to_string(static_cast<int>(c.answer)) + c.save_as);
+    process.SetOption("PlayList", "");
+    OpenWith("a b");
+    Select({0});
+    if (c.dirty) Press(kRemove);
+    if (c.answer != MessageBoxAnswer::kNone) desktop.boxes.Answer(c.answer);
+    if (c.answer == MessageBoxAnswer::kYes) desktop.dialogs.AnswerFile(c.save_as);
+    form->cmdCancel.UserClick();
+    EXPECT_EQ(form->IsLoaded(), !c.closed);
+    EXPECT_EQ(Stored("PictureFiles"), c.stored);
+    EXPECT_EQ(desktop.boxes.Waiting(), 0);
+    if (form->IsLoaded()) desktop.RequestClose(form->Hwnd());  // asks nothing
+    EXPECT_FALSE(form->IsLoaded());
+  }
+  EXPECT_EQ(desktop.boxes.shown.size(), 6U) << "five questions and a failure";
+}
+
+TEST_F(ConfigTest, HelpIsOpenedOrItsFailureTold) {
+  Open();
+  const auto asked = [this](const std::string& command) {
+    return desktop.calls.back().starts_with("WinHelp " + std::to_string(form->Hwnd()) + " " + kHelpFile + command);
+  };
+  Choose("mnuHelpSearchForHelpOn");
+  EXPECT_TRUE(asked(" 261 "));
+  desktop.RequestHelp(form->Hwnd());
+  EXPECT_TRUE(asked(" 3 "));
+  desktop.programs.found = false;
+  Choose("mnuHelpContents");
+  EXPECT_EQ(desktop.boxes.shown.at(0).text, "File not found");
+}
+
+}  // namespace
+}  // namespace quorvale

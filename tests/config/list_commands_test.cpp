@@ -1,0 +1,131 @@
+#include "config/config_fixture.h"
+#include "config/list_editing.h"
+#include "playlist/media_collections.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::string kNul(1, '\0');
+
+TEST_F(ConfigTest, EveryListCommandEditsTheListOnViewAndRestartsTheShow) {
+  struct Case {
+    int button;
+    const char* item;
+    std::string answer;  // of the dialog
+    std::vector<int> selected;
+    std::string items;
+    int selected_after;  // -1 is none
+    bool dirty;
+  };
+  const std::string old = "a b c d e";
+  const Case cases[] = {
+      {kAddFiles, "mnuAddFiles", "", {1}, old, 1, false},
+      {kAddFiles, "mnuAddFiles", "C:\\New\\x.y.bmp", {1}, old + " x.y.bmp", 1, true},
+      {kAddDirectory, "mnuAddDir", "", {}, old, -1, false},
+      {kAddDirectory, "mnuAddDir", "  ", {}, old, -1, false},
+      {kAddDirectory, "mnuAddDir", "C:\\New", {}, old + " C:\\New\\", -1, true},
+      {kAddDirectory, "mnuAddDir", "D:\\", {}, old + " D:\\", -1, true},
+      {kRemove, "mnuRemove", "", {0, 2}, "b d e", 0, true},
+      {kRemove, "mnuRemove", "", {0, 1, 2, 3, 4}, "", -1, true},
+      {kMoveUp, "mnuMoveUp", "", {1}, "b a c d e", 0, true},
+      {kMoveDown, "mnuMoveDown", "", {3}, "a b c e d", 4, true},
+  };
+  for (const Case& c : cases) {
+    for (const bool sounds : {false, true}) {
+      SCOPED_TRACE(c.item + std::string(" ") + c.answer);
+      sounds ? OpenWith("other", old) : OpenWith(old, "other");
+      if (sounds) Choose("mnuViewSounds");
+      Select(c.selected);
+      bool was_paused = false;
+      const auto user = [&](const auto& /*dialog*/) { return was_paused = IsPaused(), c.answer; };
+      if (c.button == kAddFiles) desktop.dialogs.AnswerFile(user);
+      if (c.button == kAddDirectory) desktop.dialogs.AnswerFolder(user);
+      EXPECT_TRUE(Restarts([&] { sounds ? Choose(c.item) : Press(c.button); }));
+      EXPECT_EQ(was_paused, c.button <= kAddDirectory);
+      EXPECT_FALSE(IsPaused());
+      EXPECT_TRUE(process.PreviewSuspended);
+      EXPECT_EQ(Names(sounds ? 1 : 0), c.items);
+      EXPECT_EQ(Names(sounds ? 0 : 1), "other");
+      const ListBox& list = form->ListOnView();
+      EXPECT_EQ(list.SelCount(), c.selected_after < 0 ? 0 : 1);
+      EXPECT_TRUE(c.selected_after < 0 || list.Selected(c.selected_after));
+      EXPECT_EQ(form->PlayListDirty(), c.dirty);
+      form->Unload();
+    }
+  }
+  const FileDialog& dialog = desktop.dialogs.files[0];
+  EXPECT_EQ(dialog.filter,
+            "Pictures (*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf)|*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf|All Files(*.*)|*.*");
+  EXPECT_EQ(desktop.dialogs.files[1].filter, "Sounds (*.wav)|*.wav|All Files(*.*)|*.*");
+  EXPECT_EQ(dialog.title, "Select One or More Files to Add");
+  EXPECT_EQ(dialog.flags, 0x281204U);
+  EXPECT_EQ(dialog.max_file_size, 10'000);
+  EXPECT_EQ(desktop.dialogs.folders[0], "Select Directory");
+}
+
+TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
+  std::string many = "C:\\Pics";
+  std::string many_paths;
+  for (int i = 0; i < 2000; ++i) {
+    many += kNul + "picture " + std::to_string(i) + ".jpg";
+    many_paths += "C:\\Pics\\picture " + std::to_string(i) + ".jpg|";
+  }
+  Open();
+  for (const auto& [chosen, separator, expected] :
+       {std::tuple<std::string, char, std::string>{"C:\\Pics\\a.b.bmp", '\\', "C:\\Pics\\a.b.bmp|"},
+        {"C:\\a.bmp", '\\', "C:\\a.bmp|"},
+        {"C:\\Pics" + kNul + "b" + kNul + "a", '\\', "C:\\Pics\\b|C:\\Pics\\a|"},
+        {"C:\\" + kNul + "a" + kNul + "b", '\\', "C:\\\\a|C:\\\\b|"},
+        {"/pics" + kNul + "a" + kNul + "b", '/', "/pics/a|/pics/b|"},
+        {many, '\\', many_paths}}) {
+    Collection names;
+    std::string directory;
+    form->CD1.FileName = chosen;
+    ParseFileSelection(form->CD1, {separator}, names, directory);
+    std::string paths;
+    for (int i = 1; i <= names.Count(); ++i) {
+      paths += EntryPath(MakeListEntry(names.Item(i), directory), {separator}) + "|";
+    }
+    EXPECT_EQ(paths, expected);
+  }
+}
+
+// An entry that gives back another path than it was made of would vanish at the next start.
+TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
+  const std::string longest(254, 'n');
+  const std::string deepest = "C:\\" + std::string(253, 'd');  // with its separator it fills the columns
+  desktop.files.AddDirectory("C:\\Folder");
+  OpenWith("a");
+  form->lstList[0].UserDrop({"C:\\Folder", "C:\\x\ny.jpg", "C:\\" + longest, "C:\\n" + longest, deepest + "\\z",
+                             deepest + "d\\z", "C:\\ b", "C:\\" + longest + "\\", ""});
+  EXPECT_EQ(Names(0), "a C:\\Folder\\ " + longest + " z");
+  ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+  for (const char* const part : {"\nx?y.jpg: it has a line end in it.", "nnn...: it is longer than 254 characters.",
+                                 "\nz: its directory is longer than 257 characters.", "\n b: "}) {
+    EXPECT_THAT(desktop.boxes.shown[0].text, HasSubstr(part));
+  }
+  EXPECT_TRUE(form->PlayListDirty());
+}
+
+TEST_F(ConfigTest, AFullListTakesNothingMoreAndTheWindowGoesOn) {
+  Open();
+  while (form->lstList[0].ListCount() < ListBox::kMostItems) form->lstList[0].AddItem("");
+  form->lstList[0].UserDrop(std::vector<std::string>(12, "C:\\a"));
+  EXPECT_THAT(desktop.boxes.shown.at(0).text, HasSubstr("\na: the list is full.\n... and 2 more."));
+  EXPECT_FALSE(form->PlayListDirty());
+  EXPECT_FALSE(IsPaused());
+}
+
+TEST_F(ConfigTest, DeleteRemovesWhatIsSelected) {
+  OpenWith("a b");
+  form->lstList[0].UserDelete();
+  EXPECT_FALSE(form->PlayListDirty());
+  Select({1});
+  form->lstList[0].UserDelete();
+  EXPECT_EQ(Names(0), "a");
+}
+
+}  // namespace
+}  // namespace quorvale

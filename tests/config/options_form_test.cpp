@@ -1,0 +1,249 @@
+#include "config/options_form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "base/failure.h"
+#include "config/application_info.h"
+#include "config/option_set.h"
+#include "process/process.h"
+#include "support/headless_fixture.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::SizeIs;
+
+constexpr char kIntervalMessage[] = "Swap Interval must be between 2 and 60 seconds.";
+constexpr char kThicknessMessage[] = "Frame thickness must be between 1 and 20.";
+
+class OptionsFormTest : public HeadlessTest {
+ protected:
+  Process process{desktop, desktop.Services()};
+  std::shared_ptr<frmOptions> form;
+
+  frmOptions& Open() {
+    if (form && form->IsLoaded()) form->Unload();
+    form = std::make_shared<frmOptions>(process);
+    form->Show();
+    return *form;
+  }
+
+  // The options in the order in which they are written.
+  std::string Stored() {
+    std::string values;
+    for (const char* key :
+         {"PicRandom", "ShowFileName", "SoundRandom", "Stretch", "Interval", "BackColor", "SwapAffect", "TransSpeed",
+          "FrameThickness", "FrameColor", "ShowFrame", "ResetPicList", "ResetSoundList"}) {
+      values += process.Option(key, "none") + " ";
+    }
+    return values;
+  }
+
+  // The text of the last box, or empty when none has been shown.
+  std::string LastBox() { return desktop.boxes.shown.empty() ? "" : desktop.boxes.shown.back().text; }
+};
+
+TEST_F(OptionsFormTest, AFirstRunShowsTheDefaultsAndOkWritesThem) {
+  Open().cmdOK.UserClick();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(Stored(), "0 0 0 0 5 0 Random 20 3 16777215 0 0 0 ");
+}
+
+TEST_F(OptionsFormTest, EachControlGoesToItsOwnKeyAndComesBackUnlessCancelled) {
+  const auto change = [](frmOptions& dialog) {
+    for (CheckBox* box : {&dialog.chkPicRandom, &dialog.chkShowFrame, &dialog.chkResetSoundList}) box->UserClick();
+    dialog.txtInterval.UserSetText("07");
+    dialog.txtFrameThickness.UserSetText("1.");
+    dialog.cboAffect.UserChoose(10);
+    dialog.sldSpeed.UserSetValue(4);
+  };
+  const std::string before = Stored();
+  change(Open());
+  form->cmdCancel.UserClick();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(Stored(), before);
+
+  change(Open());
+  form->cmdOK.UserClick();
+  EXPECT_EQ(Stored(), "1 0 0 0 07 0 Shrinking Square 4 1. 16777215 1 0 1 ");
+  EXPECT_EQ(Open().txtInterval.Text(), "7");
+  EXPECT_EQ(form->cboAffect.Text(), "Shrinking Square");
+}
+
+TEST_F(OptionsFormTest, OkTestsTheBoundsOfTheNumbersInOrder) {
+  struct Case {
+    std::string interval;
+    std::string thickness;
+    std::string message;
+    std::string focus;
+  };
+  const std::vector<Case> cases = {
+      {"2", "1", "", ""},
+      {"60", "20", "", ""},
+      {" 2", "1.", "", ""},
+      {"1", "3", kIntervalMessage, "txtInterval"},
+      {"61", "3", kIntervalMessage, "txtInterval"},
+      {"", "", kIntervalMessage, "txtInterval"},
+      {"x9", "3", kIntervalMessage, "txtInterval"},
+      {"5", "0", kThicknessMessage, "txtFrameThickness"},
+      {"5", "21", kThicknessMessage, "txtFrameThickness"},
+      {"5", "-1", kThicknessMessage, "txtFrameThickness"},
+      {"5", ".9", kThicknessMessage, "txtFrameThickness"},
+  };
+  for (const Case& c : cases) {
+    desktop.boxes.shown.clear();
+    desktop.widgets.focused.clear();
+    frmOptions& dialog = Open();
+    dialog.chkShowFrame.SetValue(1);
+    dialog.txtInterval.UserSetText(c.interval);
+    dialog.txtFrameThickness.UserSetText(c.thickness);
+    desktop.boxes.Answer(MessageBoxAnswer::kOk);
+    dialog.cmdOK.UserClick();
+    EXPECT_EQ(LastBox(), c.message) << c.interval << " " << c.thickness;
+    EXPECT_EQ(desktop.widgets.focused, c.focus) << c.interval << " " << c.thickness;
+    EXPECT_EQ(dialog.IsLoaded(), !c.message.empty());
+  }
+}
+
+// The box that the message is about may be hidden or disabled: no second failure comes of that.
+TEST_F(OptionsFormTest, AFailedTestBringsThePageForwardAndNeedsNoFocus) {
+  frmOptions& dialog = Open();
+  for (const int tab : {2, 2, 1, 2}) {
+    dialog.TabStrip1.UserSelect(tab);
+    EXPECT_EQ(dialog.Frame1_1.Visible(), tab == 1);
+    EXPECT_EQ(dialog.Frame1_2.Visible(), tab == 2);
+  }
+  dialog.txtFrameThickness.UserSetText("");
+  dialog.cmdOK.UserClick();
+
+  ASSERT_THAT(desktop.boxes.shown, SizeIs(1));
+  EXPECT_EQ(desktop.boxes.shown[0].icon, MessageBoxIcon::kExclamation);
+  EXPECT_EQ(desktop.boxes.shown[0].title, "");
+  EXPECT_TRUE(dialog.IsLoaded());
+  EXPECT_EQ(dialog.CurrentTab, 1);
+  EXPECT_TRUE(dialog.txtInterval.CanTakeFocus());
+}
+
+TEST_F(OptionsFormTest, ShowsWhatItCanOfOddStoredValues) {
+  struct Case {
+    std::string key;
+    std::string stored;
+    std::string saved;
+    bool fails = false;
+  };
+  const std::vector<Case> cases = {
+      {"PicRandom", "yes", "0"},
+      {"PicRandom", "", "0"},
+      {"PicRandom", "70000", "0", true},
+      {"Stretch", "-1", "0", true},
+      {"BackColor", "&H00FF8000&", "16744448"},
+      {"BackColor", "99999999999", "0", true},
+      {"Interval", "0012", "12"},
+      {"Interval", "100000", "10"},
+      {"FrameThickness", "1e999", ""},
+      {"SwapAffect", "Explosion", ""},
+      {"SwapAffect", "", ""},
+      {"TransSpeed", "21", "1"},
+      {"TransSpeed", "7.5", "8"},
+      {"FrameColor", "-1", "-1"},
+      {"ShowFrame", "70000", "0"},
+  };
+  for (const Case& c : cases) {
+    desktop.boxes.shown.clear();
+    const std::string before = process.Option(c.key, "");
+    process.SetOption(c.key, c.stored);
+    process.SetOption("ResetSoundList", "1");
+    desktop.boxes.Answer(MessageBoxAnswer::kOk);
+    frmOptions& dialog = Open();
+    EXPECT_EQ(LastBox().empty(), !c.fails) << c.key << " " << c.stored;
+    if (c.fails) {
+      EXPECT_THAT(LastBox(), HasSubstr(c.key + ": "));
+      EXPECT_THROW(LoadOptions(dialog), Failure);
+    }
+    EXPECT_EQ(dialog.chkResetSoundList.Value(), 1) << "the options behind it are read all the same";
+    SaveOptions(dialog);
+    EXPECT_EQ(process.Option(c.key, "none"), c.saved) << c.key << " " << c.stored;
+    process.SetOption(c.key, before.empty() ? "1" : before);
+    while (desktop.boxes.Waiting() > 0) desktop.boxes.Show({});
+  }
+}
+
+TEST_F(OptionsFormTest, FrameControlsFollowTheFrameAndTheStretching) {
+  for (const auto& [framed, stretched] : std::vector<std::tuple<int, int>>{{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
+    process.SetOption("ShowFrame", std::to_string(framed));
+    process.SetOption("Stretch", std::to_string(stretched));
+    const frmOptions& at_load = Open();
+    const bool enabled = framed == 1 && stretched == 0;
+    EXPECT_EQ(at_load.txtFrameThickness.Enabled(), enabled);
+
+    form->chkStretch.UserClick();
+    form->chkStretch.UserClick();
+    EXPECT_EQ(form->chkShowFrame.Enabled(), stretched == 0);
+    EXPECT_EQ(form->chkShowFrame.Value(), framed);
+    for (const Widget* control :
+         std::vector<Widget*>{&form->txtFrameThickness, &form->cmdFrameColor, &form->lblThickness}) {
+      EXPECT_EQ(control->Enabled(), enabled) << control->Name();
+    }
+    EXPECT_TRUE(form->lblFrameColor.Enabled());
+  }
+}
+
+TEST_F(OptionsFormTest, ColoursComeFromTheirDialogAndStayAfterCancel) {
+  frmOptions& dialog = Open();
+  dialog.chkShowFrame.UserClick();
+  Colour offered = 1;
+  desktop.dialogs.AnswerColour([&](Colour start) {
+    offered = start;
+    return Colour{0x2040FF};
+  });
+  dialog.cmdBackColor.UserClick();
+  EXPECT_EQ(offered, kBlack);
+  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
+  dialog.cmdBackColor.UserClick();
+  dialog.cmdFrameColor.UserClick();
+  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
+  EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite);
+  EXPECT_EQ(process.Option("BackColor", "none"), "none");
+}
+
+TEST_F(OptionsFormTest, TheIntervalTakesDigitsAndBackspaceAlone) {
+  frmOptions& dialog = Open();
+  for (const int code : std::vector<int>{8, '0', '9'}) EXPECT_EQ(dialog.txtInterval.UserKeyPress(code), code);
+  for (const int code : std::vector<int>{'/', ':', '.', '-', ' ', 'a', 13, 0xE9})
+    EXPECT_EQ(dialog.txtInterval.UserKeyPress(code), 0);
+  EXPECT_EQ(dialog.txtFrameThickness.UserKeyPress('.'), '.');
+}
+
+TEST_F(OptionsFormTest, HelpPressesF1WhichOpensTheDialogsTopic) {
+  frmOptions& dialog = Open();
+  dialog.cmdHelp.UserClick();
+  desktop.RequestHelp(dialog.Hwnd());
+  EXPECT_THAT(desktop.calls,
+              ElementsAre("SendKeys {F1}", "WinHelp " + std::to_string(dialog.Hwnd()) + " " + kHelpFile + " 1 7"));
+}
+
+TEST_F(OptionsFormTest, ItsControlsLieInsideTheirContainersAndHaveTheirPlacesInTheTabOrder) {
+  const frmOptions& dialog = Open();
+  std::set<int> tab_order;
+  dialog.ForEach<Widget>([&](const Widget& control) {
+    EXPECT_TRUE(tab_order.insert(control.Design().tab_index).second) << control.Name();
+    const Frame* const container = control.Design().container;
+    const TwipRect inside = container ? container->Place() : TwipRect{.width = 6216, .height = 4104};
+    EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
+    EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
+  });
+  EXPECT_EQ(*tab_order.rbegin(), 27);
+  EXPECT_THAT(tab_order, SizeIs(28));
+}
+
+}  // namespace
+}  // namespace quorvale

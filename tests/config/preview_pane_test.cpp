@@ -1,0 +1,126 @@
+#include <set>
+
+#include "config/config_fixture.h"
+#include "config/monitor_artwork.h"
+#include "platform/headless/text_pictures.h"
+#include "run/main_procedure.h"
+
+namespace quorvale {
+namespace {
+
+TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
+  desktop.files.AddFile("C:\\red.jpg", PictureText(4, 4, {"FF0000"}));
+  process.SetOption("Stretch", "1");
+  process.SetOption("BackColor", "65280");
+  Open();
+  const TwipRect monitor = form->Image1.Place();
+  EXPECT_EQ(monitor.left, (form->Width() - 189 * 15) / 2);
+  EXPECT_EQ(form->PicBase.Left(), monitor.left + 270);
+  EXPECT_EQ(form->PicBase.Top(), monitor.top + 270);
+  const Surface& pixels = PixelsOf(*form);
+  EXPECT_EQ(pixels.Bounds(), (PixelRect{0, 0, 153, 114}));
+  EXPECT_EQ(form->Height(), 6120 + 3 * 372);
+  EXPECT_EQ(form->Left() * 2 + form->Width(), 800 * 15);
+  EXPECT_EQ(form->Top() * 2 + form->Height(), 600 * 15);
+  const auto colour_after = [&](int milliseconds) {
+    desktop.queue.Advance(milliseconds);
+    return RgbAt(pixels, 76, 57);
+  };
+  EXPECT_EQ(colour_after(500), 0x00FF00U);
+  desktop.dialogs.AnswerFile("C:\\red.jpg");
+  Press(kAddFiles);
+  EXPECT_EQ(colour_after(500), 0x00FF00U) << "a click on a list button costs one tick";
+  EXPECT_EQ(colour_after(500), 0xFF0000U);
+  EXPECT_EQ(process.Option("LastPicture", ""), "1");
+  Select({0});
+  Press(kRemove);
+  EXPECT_EQ(colour_after(1000), 0x00FF00U);
+}
+
+TEST_F(ConfigTest, TheWindowCanCloseInTheMiddleOfAnEffect) {
+  desktop.files.AddFile("C:\\Pics\\a", PictureText(4, 4, {"FF0000"}));
+  process.SetOption("SwapAffect", "Spotlight");
+  process.SetOption("Interval", "1");
+  desktop.dialogs.WorkModal([this](WindowHandle) {
+    form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
+    desktop.queue.Advance(500);
+    form->lstList[0].AddItem("C:\\Pics\\a");
+    Choose("mnuOptions");
+    desktop.queue.Advance(500);
+    desktop.queue.AtPump(3, [this] { desktop.RequestClose(form->Hwnd()); });
+    desktop.queue.Advance(5000);
+  });
+  Main(process, "/C");
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(desktop.paced_runs.size(), 1U);
+  EXPECT_TRUE(desktop.boxes.shown.empty());
+}
+
+TEST_F(ConfigTest, MenusAndDialogsHoldThePreviewForThatTimeAndNoLonger) {
+  Open();
+  for (const char* const menu : {"mnuFile", "mnuPlayList", "mnuHelp"}) {
+    EXPECT_FALSE(Restarts([&] { Choose(menu); }));
+    EXPECT_TRUE(IsPaused());
+    desktop.SendMessage(form->Hwnd(), kWmExitMenuLoop);
+    EXPECT_FALSE(IsPaused());
+  }
+  for (const char* const speed : {"20", "99999999999"}) {
+    process.SetOption("TransSpeed", speed);
+    for (const char* const item : {"mnuOptions", "mnuHelpAbout"}) {
+      desktop.dialogs.WorkModal([this](WindowHandle) { EXPECT_TRUE(IsPaused()); });
+      EXPECT_EQ(Restarts([&] { Choose(item); }), item == std::string("mnuOptions"));
+      EXPECT_FALSE(IsPaused());
+    }
+  }
+}
+
+TEST(MonitorArtworkTest, ThePartsFitAtEveryScale) {
+  const std::set<Pixel> usual = {0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0x808080,
+                                 0xC0C0C0, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF};
+  for (const int scale : {1, 2}) {
+    const auto at = static_cast<float>(scale);
+    const Bitmap bitmap = MonitorBitmap(at);
+    const Bitmap mask = MonitorMask(at);
+    const Bitmap whole = MonitorOnBackground(at);
+    ASSERT_EQ(bitmap.Width(), 189 * scale);
+    ASSERT_EQ(bitmap.Height(), 174 * scale);
+    bool fits = true;
+    for (int y = 0; y < bitmap.Height(); ++y) {
+      for (int x = 0; x < bitmap.Width(); ++x) {
+        const Pixel colour = bitmap.At(x, y) & 0xFFFFFF;
+        const bool outside = (mask.At(x, y) & 0xFFFFFF) == 0xFFFFFF;
+        const bool screen = x >= 18 * scale && x < 171 * scale && y >= 18 * scale && y < 132 * scale;
+        const bool rim = !screen && x >= 17 * scale && x < 172 * scale && y >= 17 * scale && y < 133 * scale;
+        fits = fits && usual.contains(colour) && whole.At(x, y) == (outside ? 0 : 0xFF000000U | colour);
+        fits = fits && !(outside && (colour != 0 || screen)) && !(screen && colour != 0) && !(rim && colour == 0);
+      }
+    }
+    EXPECT_TRUE(fits);
+  }
+}
+
+// The dialog that started configuration is held from before the window shows until it has gone.
+TEST_F(ConfigTest, MainHoldsTheCallingDialogWhileTheWindowIsOpen) {
+  for (const bool called : {true, false}) {
+    const WindowHandle caller = called ? desktop.windows.CreateForeign("Display Properties") : 0;
+    desktop.windows.SetForeground(caller);
+    bool ran = false;
+    desktop.dialogs.WorkModal([&](WindowHandle window) {
+      ran = true;
+      EXPECT_EQ(desktop.windows.Find(window)->title, "Screen Saver Properties");
+      EXPECT_EQ(process.ConfigDialogHwnd, caller);
+      EXPECT_FALSE(called && desktop.windows.Find(caller)->enabled);
+    });
+    Main(process, called ? "/c:77" : "");
+    EXPECT_TRUE(ran);
+    EXPECT_EQ(process.RunMode, "/C");
+    EXPECT_EQ(process.app.Forms.Count(), 0);
+    EXPECT_TRUE(!called || desktop.windows.Find(caller)->enabled);
+    EXPECT_TRUE(!called || desktop.windows.GetForegroundWindow() == caller);
+    desktop.windows.Destroy(caller);
+    EXPECT_TRUE(desktop.boxes.shown.empty());
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

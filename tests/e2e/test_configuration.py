@@ -1,0 +1,148 @@
+"""The configuration window on a real X server, worked by mouse and keyboard as its user does."""
+
+import os
+import time
+import unittest
+
+from desktop_session import Display, Session, entry, wait_until
+
+RED, GREEN, BLUE = (255, 0, 0), (0, 255, 0), (0, 0, 255)
+WINDOW = "Screen Saver Properties"
+# In the window, in pixels: the middle of the monitor's screen, and the rows of the list.
+PANE = (187, 97)
+LIST_LEFT, FIRST_ROW, ROW = 100, 235, 13
+
+
+def directory_entry(path):
+    return (path + "/").ljust(255) + (path + "/").ljust(257)
+
+
+def play_list_text(*entries):
+    return "".join(f"P:{text}\r\n" for text in entries).encode()
+
+
+class ConfigurationTest(unittest.TestCase):
+    def setUp(self):
+        self.display = Display()
+        self.addCleanup(self.display.close)
+        self.session = Session(self.display)
+        self.addCleanup(self.session.close)
+        self.red, self.green, self.blue = (
+            self.session.picture(name + ".bmp", 800, 600, colour)
+            for name, colour in (("red", RED), ("green", GREEN), ("blue", BLUE)))
+        self.file = os.path.join(self.session.folder, "lists.qvl")
+
+    def open_window(self):
+        program = self.session.start("/C")
+        self.wait_for(WINDOW)
+        return program
+
+    def assert_ends(self, program):
+        self.assertEqual(program.wait(timeout=20), 0)
+
+    def active(self):
+        return self.display.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
+    def wait_for(self, title):
+        wait_until(lambda: self.active() == title, f"the window {title}")
+
+    def press(self, *keys):
+        self.display.xdotool("key", "--delay", 50, *keys)
+
+    def answer(self, title, text):
+        """Types the answer into the dialog of that title."""
+        self.wait_for(title)
+        self.display.xdotool("type", "--delay", 1, text)
+        self.press("Return")
+        self.wait_for(WINDOW)
+
+    def place(self, x, y):
+        """Where a place in the window is on the screen."""
+        lines = self.display.output("xwininfo", "-name", WINDOW).decode().splitlines()
+        corner = [int(line.split()[-1]) for line in lines if "Absolute upper-left" in line]
+        return corner[0] + x, corner[1] + y
+
+    def click_row(self, row):
+        self.display.xdotool("mousemove", *self.place(LIST_LEFT, FIRST_ROW + row * ROW), "click", 1)
+
+    def stored(self, section="PictureFiles"):
+        lines = self.session.settings("list", section).split("\n")
+        return [line.split("\t")[2].ljust(512) for line in lines if line]
+
+
+class Lists(ConfigurationTest):
+    def test_are_put_together_saved_and_stored(self):
+        self.session.play(self.red)
+        program = self.open_window()
+        self.press("alt+p", "f")
+        self.answer("Select One or More Files to Add", f'"{self.green}" "{self.blue}"')
+        self.press("alt+t")
+        self.answer("Select Directory", self.session.folder)
+        self.click_row(2)
+        self.press("alt+u")  # red, blue, green, directory
+        self.click_row(0)
+        self.press("Delete")
+        self.press("ctrl+s")
+        self.answer("Save Play List", self.file)
+        lines = [entry(self.blue), entry(self.green), directory_entry(self.session.folder)]
+        with open(self.file, "rb") as file:
+            self.assertEqual(file.read(), play_list_text(*lines))
+        self.press("Return")
+        self.assert_ends(program)
+        self.assertEqual(self.stored(), lines)
+        self.assertEqual(self.session.settings("get", "Options", "PlayList"), self.file)
+
+    def test_stay_as_they_were_after_cancel(self):
+        self.session.play(self.red)
+        self.session.option("PlayList", "/before.qvl")
+        with open(self.file, "wb") as file:
+            file.write(play_list_text(entry(self.green), entry(self.blue)))
+        program = self.open_window()
+        self.press("ctrl+o")
+        self.answer("Select Play List", self.file)
+        self.click_row(0)
+        self.press("Delete", "Escape")
+        self.wait_for("Save Play List")
+        self.press("Escape")
+        self.wait_for(WINDOW)
+        self.assertIsNone(program.poll())
+        self.press("Escape")
+        self.wait_for("Save Play List")
+        self.press("alt+n")
+        self.assert_ends(program)
+        self.assertEqual(self.stored(), [entry(self.red)])
+        self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
+
+
+class Pane(ConfigurationTest):
+    def colour(self):
+        return self.display.screenshot().pixel(*self.place(*PANE))
+
+    def wait_for_colour(self, colour):
+        wait_until(lambda: self.colour() == colour, f"{colour} in the pane")
+
+    def test_plays_and_pauses_while_a_menu_is_open(self):
+        self.session.play(self.red, self.blue)
+        self.open_window()
+        for colour in (RED, BLUE, RED):
+            self.wait_for_colour(colour)
+        self.press("alt+h")
+        time.sleep(2.5)  # longer than a picture stays
+        self.assertEqual(self.colour(), RED)
+        self.press("Escape")
+        self.wait_for_colour(BLUE)
+
+    def test_pauses_while_a_dialog_is_open_and_takes_up_what_is_new(self):
+        self.session.play(self.red, self.blue)
+        self.open_window()
+        self.wait_for_colour(RED)
+        self.press("alt+p", "o")
+        self.wait_for("Screen Saver Options")
+        time.sleep(2.5)
+        self.display.xdotool("mousemove", 1, 1)
+        self.press("Escape")
+        self.wait_for_colour(BLUE)
+
+
+if __name__ == "__main__":
+    unittest.main()
