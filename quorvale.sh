@@ -9,6 +9,7 @@ run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 saver_packages="xscreensaver"
 test_packages="libgtest-dev libgmock-dev python3 sox"
+fuzz_packages="clang libclang-rt-dev"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -63,22 +64,26 @@ show() {
 }
 
 run_tests() {
-  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" | tee "$1/tests.txt"
+  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" "${@:2}" | tee "$1/tests.txt"
 }
 
 # The last line is the runner's own count.
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
 run_all_tests() {
-  need $screen_packages
+  need $screen_packages $fuzz_packages
   build sanitize
   build release
+  build fuzz
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
+  say "Testing pictures under the sanitizers, and fuzzing for 20 seconds each"
+  run_tests build/fuzz -R '^(Picture|Metafile|fuzz|sweep)'
   say "Testing everything"
   need $saver_packages
   run_tests build
   say "Under the sanitizers: $(count_of build/sanitize)"
+  say "Pictures under the sanitizers: $(count_of build/fuzz)"
   count_of build
 }
 

@@ -19,18 +19,11 @@ constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 constexpr std::uint8_t kApp1 = 0xE1;
 constexpr std::uint8_t kStartOfScan = 0xDA;
 constexpr std::uint16_t kOrientationTag = 0x0112;
-constexpr std::uint16_t kShortType = 3;
-
-std::vector<std::uint8_t> Copy(PictureFile& file, std::size_t offset, std::size_t count) {
-  std::vector<std::uint8_t> bytes;
-  while (bytes.size() < count) {
-    auto piece = file.From(offset + bytes.size());
-    if (piece.empty()) break;
-    piece = piece.first(std::min(piece.size(), count - bytes.size()));
-    bytes.insert(bytes.end(), piece.begin(), piece.end());
-  }
-  return bytes;
-}
+// Kinds of whole numbers; cameras should write the first.
+constexpr std::uint32_t kShort = 3;
+constexpr std::uint32_t kLong = 4;
+constexpr std::uint32_t kSignedShort = 8;
+constexpr std::uint32_t kSignedLong = 9;
 
 // A block of tagged values in the byte order that its first two bytes tell.
 class TagBlock {
@@ -46,14 +39,28 @@ class TagBlock {
       const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
       const auto tag = Number(entry, 2);
       if (!tag) break;
-      if (*tag != kOrientationTag || Number(entry + 2, 2) != kShortType) continue;
-      const auto value = Number(entry + 8, 2);
+      if (*tag != kOrientationTag) continue;
+      const auto value = WholeNumber(entry);
       if (value && *value >= 1 && *value <= 8) return static_cast<int>(*value);
     }
     return std::nullopt;
   }
 
  private:
+  // The first value of an entry.
+  std::optional<std::uint32_t> WholeNumber(std::size_t entry) const {
+    switch (Number(entry + 2, 2).value_or(0)) {
+      case kShort:
+      case kSignedShort:
+        return Number(entry + 8, 2);
+      case kLong:
+      case kSignedLong:
+        return Number(entry + 8, 4);
+      default:
+        return std::nullopt;
+    }
+  }
+
   std::optional<std::uint32_t> Number(std::size_t offset, std::size_t size) const {
     if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
     std::uint32_t number = 0;
@@ -72,12 +79,13 @@ class TagBlock {
 int ExifOrientation(PictureFile& file) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
-    const auto head = Copy(file, offset, kSegmentHead);
-    if (head.size() < kSegmentHead || head[0] != 0xFF || head[1] == kStartOfScan) break;
+    std::array<std::uint8_t, kSegmentHead> head{};
+    if (!file.Copy(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
     const std::size_t length = std::size_t{head[2]} << 8U | head[3];
     if (length < 2) break;
     if (head[1] == kApp1) {
-      const auto data = Copy(file, offset + kSegmentHead, length - 2);
+      std::vector<std::uint8_t> data(length - 2);
+      file.Copy(offset + kSegmentHead, data);
       if (data.size() > kSignature.size() && std::equal(kSignature.begin(), kSignature.end(), data.begin())) {
         return TagBlock(std::span(data).subspan(kSignature.size())).Orientation().value_or(1);
       }
