@@ -100,9 +100,33 @@ class Show(WindowsTest):
         self.keep_screenshot("windows-frame")
 
     def test_other_texts_end_quietly(self):
-        for arguments in (["/X"], ["/install", "x"], ["/P"], ["/P:123"], ["/P", "123"]):
+        for arguments in (["/X"], ["/install", "x"], ["/A"], ["/A", "5"], ["/P"], ["/P:123"], ["/P", "123"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
+
+
+@unittest.skipUnless(shutil.which("xrandr"), "there is no xrandr here, to make two monitors of one")
+class Monitors(WindowsTest):
+    def setUp(self):
+        super().setUp()
+        for name, left in (("left", 0), ("right", 400)):
+            self.session.run("xrandr", "--setmonitor", name, f"400/100x600/150+{left}+0",
+                             "none" if left else "screen")
+        self.session.run("xsetroot", "-solid", "white")
+        # Wine's newer way looks at outputs, and there is but one.
+        self.session.write({WINE + "\\X11 Driver": {"UseXRandR": "N"}})
+        self.addCleanup(self.session.write, {WINE + "\\X11 Driver": None})
+        self.session.run("wineserver", "-k")
+        self.session.run("wineserver", "-w")
+
+    def test_the_others_are_black_and_a_press_there_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED, (200, 300))
+        self.wait_for_colour(BLACK, (600, 300))
+        self.assertEqual(self.pixels((399, 599), (400, 0), (799, 599)), [RED, BLACK, BLACK])
+        self.keep_screenshot("windows-monitors")
+        self.display.xdotool("mousemove", 600, 300, "click", 1)
+        self.assert_ends(program)
 
 
 class Password(WindowsTest):

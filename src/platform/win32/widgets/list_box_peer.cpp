@@ -13,7 +13,7 @@
 namespace quorvale {
 namespace {
 
-constexpr UINT kShowSelection = WM_APP + 10;
+constexpr UINT kShowItems = WM_APP + 10;
 constexpr int kTextIndent = 2;
 // More than any list is wide.
 constexpr std::size_t kMostCharacters = 300;
@@ -35,31 +35,7 @@ ListBoxControl::ListBoxControl(DialogWindow& dialog, ListBox& list)
     : ControlPeer(dialog, list, {L"LISTBOX", kStyle, WS_EX_CLIENTEDGE}), list_(list) {
   FitLines();
   DragAcceptFiles(Window(), TRUE);
-  ItemsAdded(0, list.ListCount());
-  SelectionChanged();
-}
-
-void ListBoxControl::ItemsAdded(int first, int count) {
-  for (int i = first; i < first + count; ++i) Send(LB_INSERTSTRING, static_cast<WPARAM>(i));
-}
-
-void ListBoxControl::ItemsRemoved(int first, int count) {
-  if (list_.ListCount() == 0) {
-    Send(LB_RESETCONTENT);
-    return;
-  }
-  for (int i = 0; i < count; ++i) Send(LB_DELETESTRING, static_cast<WPARAM>(first));
-}
-
-void ListBoxControl::ItemChanged(int index) {
-  RECT line{};
-  if (Send(LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&line)) != LB_ERR) {
-    InvalidateRect(Window(), &line, FALSE);
-  }
-}
-
-void ListBoxControl::SelectionChanged() {
-  if (!std::exchange(selection_is_stale_, true)) PostMessageW(Window(), kShowSelection, 0, 0);
+  ShowItems();
 }
 
 void ListBoxControl::FollowScale() {
@@ -69,8 +45,8 @@ void ListBoxControl::FollowScale() {
 
 LRESULT ListBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
   switch (message) {
-    case kShowSelection:
-      ShowSelection();
+    case kShowItems:
+      ShowItems();
       return 0;
     case WM_DROPFILES:
       TakeDrop(first);
@@ -105,11 +81,36 @@ void ListBoxControl::OnDraw(const DRAWITEMSTRUCT& item) {
 
 void ListBoxControl::FitLines() const { Send(LB_SETITEMHEIGHT, 0, LineHeight(Dialog().FontOf(0, false))); }
 
-void ListBoxControl::ShowSelection() {
-  selection_is_stale_ = false;
+// Before any input that comes later.
+void ListBoxControl::ShowSoon() {
+  if (!std::exchange(is_stale_, true)) PostMessageW(Window(), kShowItems, 0, 0);
+}
+
+void ListBoxControl::ShowItems() {
+  is_stale_ = false;
+  // Each selection would be drawn, and scrolled to.
+  Send(WM_SETREDRAW, FALSE);
+  Send(LB_SETCOUNT, static_cast<WPARAM>(list_.ListCount()));
+  const LRESULT top = Send(LB_GETTOPINDEX);
+  Send(LB_SETSEL, FALSE, -1);
+  int first = 0;
   for (int i = 0; i < list_.ListCount(); ++i) {
-    const bool is_shown = Send(LB_GETSEL, static_cast<WPARAM>(i)) > 0;
-    if (is_shown != list_.Selected(i)) Send(LB_SETSEL, is_shown ? FALSE : TRUE, i);
+    if (!list_.Selected(i)) {
+      first = i + 1;
+    } else if (i + 1 == list_.ListCount() || !list_.Selected(i + 1)) {
+      SelectRange(first, i);
+    }
+  }
+  Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
+  Send(WM_SETREDRAW, TRUE);
+  InvalidateRect(Window(), nullptr, TRUE);
+}
+
+void ListBoxControl::SelectRange(int first, int last) const {
+  if (first == last) {
+    Send(LB_SETSEL, TRUE, first);
+  } else {
+    Send(LB_SELITEMRANGEEX, static_cast<WPARAM>(first), last);
   }
 }
 

@@ -11,10 +11,10 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
  public:
   ListBoxControl(DialogWindow& dialog, ListBox& list);
 
-  void ItemsAdded(int first, int count) override;
-  void ItemsRemoved(int first, int count) override;
-  void ItemChanged(int index) override;
-  void SelectionChanged() override;
+  void ItemsAdded(int /*first*/, int /*count*/) override { ShowSoon(); }
+  void ItemsRemoved(int /*first*/, int /*count*/) override { ShowSoon(); }
+  void ItemChanged(int /*index*/) override { ShowSoon(); }
+  void SelectionChanged() override { ShowSoon(); }
   void FollowScale() override;
 
  protected:
@@ -24,13 +24,15 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
 
  private:
   void FitLines() const;
-  void ShowSelection();
+  void ShowSoon();
+  void ShowItems();
+  void SelectRange(int first, int last) const;
   void ReportSelection();
   void TakeDrop(WPARAM drop);
 
   ListBox& list_;
-  // Selections are made in loops; they are shown together, once.
-  bool selection_is_stale_ = false;
+  // Changes are made in loops; they are shown together, once.
+  bool is_stale_ = false;
 };
 
 }  // namespace quorvale
