@@ -1,6 +1,7 @@
 """The configuration window on a real X server, worked by mouse and keyboard as its user does."""
 
 import os
+import subprocess
 import time
 import unittest
 
@@ -113,6 +114,14 @@ class Lists(ConfigurationTest):
         self.assert_ends(program)
         self.assertEqual(self.stored(), [entry(self.red)])
         self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
+
+
+class Start(ConfigurationTest):
+    def test_needs_a_display(self):
+        for arguments in (["/C"], ["/c"], []):
+            with self.subTest(arguments=arguments):
+                program = self.session.start(*arguments, stderr=subprocess.DEVNULL, DISPLAY="")
+                self.assertEqual(program.wait(timeout=10), 1)
 
 
 class Pane(ConfigurationTest):
