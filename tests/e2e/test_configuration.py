@@ -131,6 +131,14 @@ class Window(unittest.TestCase):
         self.assertLessEqual(top + height, 600)
 
 
+class Start(ConfigurationTest):
+    def test_needs_a_display(self):
+        for arguments in (["/C"], ["/c"], []):
+            with self.subTest(arguments=arguments):
+                program = self.session.start(*arguments, stderr=subprocess.DEVNULL, DISPLAY="")
+                self.assertEqual(program.wait(timeout=10), 1)
+
+
 class Pane(ConfigurationTest):
     def colour(self):
         return self.display.screenshot().pixel(*self.place(*PANE))

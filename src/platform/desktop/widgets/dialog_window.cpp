@@ -14,9 +14,21 @@
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
-#include "toolkit/widget.h"
+#include "toolkit/panels.h"
 
 namespace quorvale {
+
+namespace {
+
+// For a control without a caption: that of the label before it, or of the frame around it.
+QString NameFor(const Widget& control, const LabelWidget* label) {
+  if (label != nullptr) return label->PlainText();
+  const Frame* const frame = control.Design().container;
+  const bool is_framed = frame != nullptr && !frame->Caption().empty();
+  return WithoutAccessKey(Caption(is_framed ? frame->Caption() : control.Design().tool_tip));
+}
+
+}  // namespace
 
 DialogWindow::DialogWindow(WindowEvents& events)
     : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
@@ -130,8 +142,7 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Labels lead to the control behind them, whose name they are for who can't see them. One without a label has the
-// name of the frame around it.
+// Labels lead to the control behind them, whose name they are for who can't see them.
 void DialogWindow::ArrangeControls() {
   std::erase_if(controls_, [](const Control& c) { return !c.widget || c.control->Design().tab_index < 0; });
   std::stable_sort(controls_.begin(), controls_.end(), [](const Control& a, const Control& b) {
@@ -146,10 +157,7 @@ void DialogWindow::ArrangeControls() {
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();
     if (label != nullptr) label->LeadTo(*widget);
-    if (widget->accessibleName().isEmpty() && label != nullptr) widget->setAccessibleName(label->PlainText());
-    if (widget->accessibleName().isEmpty()) {
-      widget->setAccessibleName(ContainerOf(control.control->Design().container).accessibleName());
-    }
+    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(NameFor(*control.control, label));
     label = nullptr;
     last = widget;
   }
