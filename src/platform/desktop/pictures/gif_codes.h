@@ -12,10 +12,10 @@ namespace quorvale {
 // has come before.
 class GifCodes {
  public:
-  // `bits` is the width of a pixel, 1 to 8.
+  // `bits` is the width of a pixel, 1 to 11.
   GifCodes(PictureFile& file, std::size_t offset, int bits);
 
-  // The number of the next pixel's colour; -1 where the codes end or make no sense.
+  // The number of the next pixel's colour, of which the low 8 bits count; -1 where the codes end or make no sense.
   int Next();
 
  private:

@@ -16,6 +16,9 @@ constexpr int kControlLabel = 0xF9;
 constexpr int kHasPalette = 0x80;
 constexpr int kInterlaced = 0x40;
 
+// Codes grow to 12 bits. Pixels have no more than 8, but some files begin wider all the same.
+constexpr int kWidestStart = 11;
+
 // A code of one and a half bytes stands for at most as many pixels as there are codes.
 constexpr std::int64_t kPixelsToByte = 4096;
 // Beyond this drawing would take too much time, however small the file.
@@ -41,7 +44,7 @@ class HeaderReader {
     if (transparent_ >= 0) header_.palette[static_cast<std::size_t>(transparent_)] = 0;
     header_.has_transparent = transparent_ >= 0;
     header_.code_bits = TakeByte();
-    if (header_.code_bits < 1 || header_.code_bits > 8) Fail("Damaged picture");
+    if (header_.code_bits < 1 || header_.code_bits > kWidestStart) Fail("Damaged picture");
     header_.codes = offset_;
     return header_;
   }

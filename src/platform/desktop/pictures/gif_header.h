@@ -20,7 +20,7 @@ struct GifHeader {
   bool interlaced = false;
   bool has_transparent = false;
   std::array<Pixel, 256> palette{};
-  // The width of the pixels' codes before they grow, 1 to 8 bits.
+  // The width of the pixels' codes before they grow, 1 to 11 bits.
   int code_bits = 0;
   // The offset where the codes begin.
   std::size_t codes = 0;
