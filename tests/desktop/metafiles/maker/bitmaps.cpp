@@ -2,6 +2,8 @@
 
 #include "drawing.h"
 
+#include <algorithm>
+
 #include <utility>
 
 namespace {
@@ -35,6 +37,17 @@ void Bitmaps(HDC dc, bool) {
   Stretch(dc, 4, 115, 48, 30, runs);
   const Bitmap large = MakeBitmap(160, 120, 24);
   Stretch(dc, 60, 115, 40, 30, large);
+  Bitmap masked = MakeBitmap(24, 20, 16);
+  masked.header.biCompression = BI_BITFIELDS;
+  const DWORD masks[] = {0xF800, 0x07E0, 0x001F};
+  std::copy_n(reinterpret_cast<const RGBQUAD*>(masks), 3, masked.colours);
+  Stretch(dc, 110, 115, 24, 30, masked);
+  Bitmap small_runs = MakeBitmap(16, 4, 4);
+  small_runs.header.biCompression = BI_RLE4;
+  // A run, single ones, a leap, a run again, and the end.
+  small_runs.bits = {6, 0x3A, 0, 5, 0x12, 0x34, 0x50, 0, 0, 0, 0, 2, 4, 1, 9, 0xC7, 0, 1, 0, 0};
+  small_runs.header.biSizeImage = static_cast<DWORD>(small_runs.bits.size());
+  Stretch(dc, 140, 115, 48, 30, small_runs);
 }
 
 constexpr DWORD kOps[] = {SRCCOPY,    SRCPAINT, SRCAND,   SRCINVERT, SRCERASE,  NOTSRCCOPY, NOTSRCERASE, MERGECOPY,
