@@ -3,6 +3,7 @@
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <new>
 #include <utility>
@@ -40,7 +41,8 @@ QImage Smaller(const QImage& image, int samples) {
     for (int x = 0; x < small.width(); ++x) {
       unsigned sums[4] = {};
       for (int row = 0; row < samples; ++row) {
-        const auto* from = reinterpret_cast<const QRgb*>(image.constScanLine(y * samples + row)) + x * samples;
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y * samples + row));
+        const QRgb* from = line + static_cast<std::ptrdiff_t>(x) * samples;
         for (int i = 0; i < samples; ++i) {
           for (unsigned channel = 0; channel < 4; ++channel) sums[channel] += from[i] >> 8U * channel & 0xFFU;
         }
@@ -67,7 +69,7 @@ void Metafile::Check() const {
   RecordStream records = Records();
   while (const auto record = records.Next()) {
     const RecordHandler* handler = table.Find(record->type);
-    if (handler != nullptr && handler->draws) return;
+    if (handler != nullptr && handler->effect == kDraws) return;
   }
   if (!records.Ended()) throw Failure(FailureNumber::kBadPicture, "Damaged metafile", "LoadPicture");
 }
