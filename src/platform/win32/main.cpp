@@ -60,6 +60,8 @@ int RunProgram(const std::string& text) {
 }  // namespace
 }  // namespace quorvale
 
-int WINAPI WinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, char* text, int /*show*/) {
-  return quorvale::RunProgram(text);
+// The signature is the system's.
+// NOLINTNEXTLINE(readability-non-const-parameter)
+int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR lpCmdLine, int /*nShowCmd*/) {
+  return quorvale::RunProgram(lpCmdLine);
 }

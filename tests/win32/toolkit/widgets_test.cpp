@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <cstring>
+
 #include "platform/win32/toolkit/win32_platform.h"
 #include "toolkit/buttons.h"
 #include "toolkit/entry_fields.h"
@@ -8,6 +10,8 @@
 #include "toolkit/menu.h"
 #include "toolkit/panels.h"
 #include "win32/toolkit/platform_fixture.h"
+
+#include <shlobj.h>
 
 namespace quorvale {
 namespace {
@@ -132,6 +136,21 @@ TEST_F(WidgetsTest, TypesIntoATextBoxThroughItsFilter) {
   SendMessageW(GetFocus(), EM_SETSEL, 1, 1);
   for (const char c : {'x', '7', '8'}) SendMessageW(GetFocus(), WM_CHAR, static_cast<WPARAM>(c), 0);
   EXPECT_EQ(dialog_->text.Text(), "17");
+}
+
+TEST_F(WidgetsTest, TakesFilesThatAreDropped) {
+  std::vector<std::string> dropped;
+  dialog_->list.Dropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
+  constexpr wchar_t kPaths[] = L"C:\\one.bmp\0D:\\\u00E4.wav\0";
+  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, sizeof(DROPFILES) + sizeof kPaths);
+  auto* const files = static_cast<DROPFILES*>(GlobalLock(memory));
+  *files = {};
+  files->pFiles = sizeof(DROPFILES);
+  files->fWide = TRUE;
+  std::memcpy(files + 1, kPaths, sizeof kPaths);
+  GlobalUnlock(memory);
+  SendMessageW(ListWindow(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+  EXPECT_THAT(dropped, ElementsAre("C:\\one.bmp", "D:\\\u00E4.wav"));
 }
 
 TEST_F(WidgetsTest, HoldsTenThousandItemsAndTheirSelection) {

@@ -42,9 +42,14 @@ void TopWindow::SetIcon(const Artwork& artwork) {
 
 void TopWindow::Place() const {
   const PixelRect client = ToDevice(bounds_, scale_);
+  PlaceAt({client.left, client.top});
+}
+
+void TopWindow::PlaceAt(POINT corner) const {
+  const PixelRect client = ToDevice(bounds_, scale_);
   const SIZE size = WindowSize({client.width, client.height}, StyleOf(kind_), ExtendedStyleOf(kind_),
                                GetMenu(Window()) != nullptr, DpiOf(Window()));
-  SetWindowPos(Window(), nullptr, client.left, client.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(Window(), nullptr, corner.x, corner.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void TopWindow::Appear() {

@@ -46,7 +46,9 @@ class TopWindow : public NativeWindow {
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
   WindowEvents& Events() const { return events_; }
   void SetDpi(int dpi) { scale_ = ToolkitScale(pixels_, dpi); }
+  // Where `SetBounds` wants it, and at another corner.
   void Place() const;
+  void PlaceAt(POINT corner) const;
 
  private:
   void Erase(HDC context) const;

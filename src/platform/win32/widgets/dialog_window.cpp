@@ -27,11 +27,6 @@ HWND MakeToolTips(HWND owner) {
   return tips;
 }
 
-void ShowDefault(const NativeControl* button, bool is_default) {
-  if (button == nullptr) return;
-  SendMessageW(button->Window(), BM_SETSTYLE, is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
-}
-
 struct Others {
   HWND self;
   std::vector<HWND> windows;
@@ -43,18 +38,6 @@ BOOL CALLBACK AddIfTakingInput(HWND window, LPARAM others) {
     Deliver([&] { list.windows.push_back(window); });
   }
   return TRUE;
-}
-
-struct AccessKey {
-  wchar_t key;
-  bool is_taken;
-};
-
-BOOL CALLBACK OfferAccessKey(HWND window, LPARAM pressed) {
-  auto& access = *reinterpret_cast<AccessKey*>(pressed);
-  NativeControl* const control = NativeControl::Of(window);
-  if (control != nullptr) Deliver([&] { access.is_taken = control->TakeAccessKey(access.key); });
-  return access.is_taken ? FALSE : TRUE;
 }
 
 BOOL CALLBACK FollowScaleOf(HWND window, LPARAM /*unused*/) {
@@ -154,63 +137,6 @@ void DialogWindow::SetMenuBar(Win32MenuBar* bar) {
   Place();
 }
 
-bool DialogWindow::TranslateKey(MSG& message) {
-  if (menu_bar_ != nullptr && menu_bar_->TranslateKey(Window(), message)) return true;
-  if (message.message == WM_KEYDOWN && message.wParam == VK_F1) {
-    Events().OnHelpRequested();
-    return true;
-  }
-  if (message.message == WM_SYSCHAR && TakeAccessKey(static_cast<wchar_t>(message.wParam))) return true;
-  return TranslateDialogKey(message) || IsDialogMessageW(Window(), &message) != 0;
-}
-
-// The keys for which the system needs its own kind of dialog, whose frames are in the tab order one by one.
-bool DialogWindow::TranslateDialogKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN) return false;
-  const WPARAM key = message.wParam;
-  if (key != VK_TAB && key != VK_RETURN && key != VK_ESCAPE) return false;
-  // An open list takes them for itself.
-  const LRESULT wishes = SendMessageW(message.hwnd, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message));
-  if ((wishes & (DLGC_WANTALLKEYS | DLGC_WANTMESSAGE)) != 0) return false;
-  if (key == VK_TAB) {
-    MoveFocus(GetKeyState(VK_SHIFT) < 0);
-  } else if (key == VK_RETURN) {
-    PressDefault();
-  } else if (cancel_button_ != nullptr) {
-    cancel_button_->Press();
-  }
-  return true;
-}
-
-void DialogWindow::MoveFocus(bool backwards) const {
-  const HWND next = NextTabStop(Window(), GetFocus(), backwards);
-  SetFocus(next);
-  if ((SendMessageW(next, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) SendMessageW(next, EM_SETSEL, 0, -1);
-}
-
-// For what the system gives no access keys.
-bool DialogWindow::TakeAccessKey(wchar_t key) const {
-  AccessKey pressed{key, false};
-  EnumChildWindows(Window(), &OfferAccessKey, reinterpret_cast<LPARAM>(&pressed));
-  return pressed.is_taken;
-}
-
-void DialogWindow::PressDefault() const {
-  NativeControl* const focused = NativeControl::Of(GetFocus());
-  NativeControl* const button = focused != nullptr && focused->IsButton() ? focused : default_button_;
-  if (button != nullptr) button->Press();
-}
-
-void DialogWindow::MarkDefault(const NativeControl& focused) const {
-  ShowDefault(default_button_, false);
-  ShowDefault(&focused, true);
-}
-
-void DialogWindow::UnmarkDefault(const NativeControl& focused) const {
-  ShowDefault(&focused, false);
-  ShowDefault(default_button_, true);
-}
-
 LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   LRESULT result = 0;
   if (NativeControl::Reflect(message, first, second, result)) return result;
@@ -243,7 +169,7 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       if (focus_ != nullptr) SetFocus(focus_);
       return 0;
     case WM_DPICHANGED:
-      FollowScale(HIWORD(first));
+      FollowScale(HIWORD(first), *reinterpret_cast<const RECT*>(second));
       return 0;
     default:
       break;
@@ -252,10 +178,10 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 }
 
 // The fonts that the controls give up go only when all have new ones.
-void DialogWindow::FollowScale(int dpi) {
+void DialogWindow::FollowScale(int dpi, const RECT& wanted) {
   SetDpi(dpi);
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
-  Place();
+  PlaceAt({wanted.left, wanted.top});
   EnumChildWindows(Window(), &FollowScaleOf, 0);
 }
 

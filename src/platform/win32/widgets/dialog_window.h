@@ -60,7 +60,7 @@ class DialogWindow : public TopWindow {
   void MoveFocus(bool backwards) const;
   bool TakeAccessKey(wchar_t key) const;
   void PressDefault() const;
-  void FollowScale(int dpi);
+  void FollowScale(int dpi, const RECT& wanted);
   void LetOthersTakeInput();
 
   std::unique_ptr<DialogFonts> fonts_;

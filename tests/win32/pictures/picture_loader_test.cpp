@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/failure_of.h"
-#include "win32/picture_samples.h"
+#include "win32/pictures/picture_samples.h"
 #include "win32/work_directory.h"
 
 namespace quorvale {

@@ -1,4 +1,4 @@
-#include "win32/picture_samples.h"
+#include "win32/pictures/picture_samples.h"
 
 #include <algorithm>
 #include <array>
