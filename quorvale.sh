@@ -11,6 +11,7 @@ saver_packages="xscreensaver"
 windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
 wine_packages="wine wine64"
 test_packages="libgtest-dev libgmock-dev python3 sox"
+fuzz_packages="clang libclang-rt-dev"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -65,7 +66,7 @@ show() {
 }
 
 run_tests() {
-  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" | tee "$1/tests.txt"
+  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" "${@:2}" | tee "$1/tests.txt"
 }
 
 # The last line is the runner's own count.
@@ -84,16 +85,20 @@ test_windows() {
 }
 
 run_all_tests() {
-  need $screen_packages
+  need $screen_packages $fuzz_packages
   build sanitize
   build release
+  build fuzz
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
+  say "Testing pictures under the sanitizers, and fuzzing for 20 seconds each"
+  run_tests build/fuzz -R '^(Picture|Metafile|fuzz|sweep)'
   say "Testing everything"
   need $saver_packages
   run_tests build
   test_windows
   say "Under the sanitizers: $(count_of build/sanitize)"
+  say "Pictures under the sanitizers: $(count_of build/fuzz)"
   [ ! -f build/windows-64/tests.txt ] || say "Under Wine: $(count_of build/windows-64)"
   count_of build
 }

@@ -9,7 +9,11 @@ namespace {
 
 constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 constexpr std::uint16_t kOrientationTag = 0x0112;
-constexpr std::uint16_t kShortType = 3;
+// Kinds of whole numbers; cameras should write the first.
+constexpr std::uint32_t kShort = 3;
+constexpr std::uint32_t kLong = 4;
+constexpr std::uint32_t kSignedShort = 8;
+constexpr std::uint32_t kSignedLong = 9;
 
 // A block of tagged values in the byte order that its first two bytes tell.
 class TagBlock {
@@ -25,14 +29,28 @@ class TagBlock {
       const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
       const auto tag = Number(entry, 2);
       if (!tag) break;
-      if (*tag != kOrientationTag || Number(entry + 2, 2) != kShortType) continue;
-      const auto value = Number(entry + 8, 2);
+      if (*tag != kOrientationTag) continue;
+      const auto value = WholeNumber(entry);
       if (value && *value >= 1 && *value <= 8) return static_cast<int>(*value);
     }
     return std::nullopt;
   }
 
  private:
+  // The first value of an entry.
+  std::optional<std::uint32_t> WholeNumber(std::size_t entry) const {
+    switch (Number(entry + 2, 2).value_or(0)) {
+      case kShort:
+      case kSignedShort:
+        return Number(entry + 8, 2);
+      case kLong:
+      case kSignedLong:
+        return Number(entry + 8, 4);
+      default:
+        return std::nullopt;
+    }
+  }
+
   std::optional<std::uint32_t> Number(std::size_t offset, std::size_t size) const {
     if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
     std::uint32_t number = 0;
