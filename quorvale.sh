@@ -36,8 +36,8 @@ need() {
 build() {
   need $build_packages $run_packages $test_packages
   say "Building ($1)"
-  cmake --preset "$1" -Wno-dev >build-log.txt 2>&1 || { cat build-log.txt; return 1; }
-  rm -f build-log.txt
+  mkdir -p build
+  cmake --preset "$1" -Wno-dev >build/configure.txt 2>&1 || { cat build/configure.txt; return 1; }
   cmake --build --preset "$@"
 }
 

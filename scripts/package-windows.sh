@@ -11,7 +11,7 @@ for width in 64 32; do
   cp "windows-$width/Quorvale.scr" "packages/$name/$width-bit"
 done
 cp -r samples "packages/$name"
-[ ! -d ../help ] || cp -r ../help "packages/$name"
+cp -r ../help "packages/$name"
 # Older editors there show a line feed alone as no line end.
 sed 's/$/\r/' ../packaging/windows-install.txt >"packages/$name/Install.txt"
 sed 's/$/\r/' ../LICENSE >"packages/$name/License.txt"

@@ -28,6 +28,11 @@ shoot() {
 }
 
 rm -rf "$shots" && mkdir -p "$shots"
+# Where no session has made one, Qt would complain.
+if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+  export XDG_RUNTIME_DIR=$XDG_CONFIG_HOME/runtime
+  mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+fi
 start_virtual_display 1920x1080
 
 # The third picture is a smaller copy, so that its frame can be seen.

@@ -10,6 +10,7 @@
 #include <QToolBar>
 #include <QUrl>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 
 namespace quorvale {
@@ -59,8 +60,9 @@ class HelpViewer : public QMainWindow {
     std::array<char, 4096> buffer{};
     const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
     if (count <= 0) {
-      // Who asked has ended; the help stays open for the reader.
+      // Who asked has ended; the help stays open for the reader, if there is any to read.
       input_.setEnabled(false);
+      if (!isVisible()) QCoreApplication::quit();
       return;
     }
     pending_ += QByteArray(buffer.data(), static_cast<qsizetype>(count));
@@ -80,6 +82,10 @@ class HelpViewer : public QMainWindow {
 }  // namespace quorvale
 
 int main(int argc, char** argv) {
+  if (argc == 1 && isatty(STDIN_FILENO) != 0) {
+    std::fputs("Usage: quorvale-help PAGE, an HTML file. F1 in the windows of quorvale opens the help.\n", stderr);
+    return EXIT_FAILURE;
+  }
   QApplication application(argc, argv);
   quorvale::HelpViewer viewer;
   if (argc > 1) viewer.Open(QString::fromLocal8Bit(argv[1]));

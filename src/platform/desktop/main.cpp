@@ -33,6 +33,21 @@ namespace {
 
 constexpr std::uint32_t kLongestPath = 4096;
 
+constexpr char kUsage[] = R"(Usage: quorvale [SWITCH]
+
+Slide-show screen saver. Without a switch it opens its configuration window.
+
+  /C                    the configuration window
+  /S                    the show on the whole screen, until a key or the mouse ends it
+  /P WINDOW             the show in another program's window, an X window id in decimal
+  /INSTALL DIRECTORY/   list the samples of that directory, and set XScreenSaver up
+  --root                the show in the window that XSCREENSAVER_WINDOW names
+  --window-id WINDOW    the show in that window, in decimal or with 0x in front
+  --help                print this text
+
+The command quorvale-settings reads and changes the settings from a terminal.
+)";
+
 bool IsPreview(std::string_view text) { return UpperCase(Left(text, 2)) == "/P"; }
 
 // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
@@ -68,6 +83,10 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
 
 int main(int argc, char** argv) {
   using namespace quorvale;
+  if (argc == 2 && argv[1] == std::string_view("--help")) {
+    std::fputs(kUsage, stdout);
+    return EXIT_SUCCESS;
+  }
   const Invocation invocation = ReadInvocation({argv + 1, argv + argc}, std::getenv("XSCREENSAVER_WINDOW"));
   const std::string& text = invocation.text;
   if (invocation.daemon_window == 0U) {
