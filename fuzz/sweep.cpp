@@ -42,6 +42,7 @@ class Sweep {
 
   bool Report(const char* path) const {
     std::printf("%s: %zu inputs, the longest took %.0f ms\n", path, count_, longest_);
+    std::fflush(stdout);
     return longest_ <= kLongest;
   }
 

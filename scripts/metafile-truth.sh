@@ -5,7 +5,7 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 work=$(mktemp -d)
 trap 'kill "$server" 2>/dev/null || true; rm -rf "$work"' EXIT
-x86_64-w64-mingw32-g++ -std=c++20 -O1 -static -o "$work/make_truth.exe" "$here/tests/desktop/metafiles/make_truth.cpp" \
+x86_64-w64-mingw32-g++ -std=c++20 -O1 -static -o "$work/make_truth.exe" "$here"/tests/desktop/metafiles/maker/*.cpp \
   -lgdi32 -lmsimg32
 Xvfb -displayfd 3 -screen 0 1024x768x24 3>"$work/display" 2>/dev/null &
 server=$!

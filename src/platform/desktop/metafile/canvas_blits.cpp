@@ -1,5 +1,6 @@
 // Bitmaps.
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/desktop/metafile/canvas_limits.h"
@@ -58,9 +59,7 @@ void MetafileCanvas::Blit(const BlitRequest& request) {
     corners << request.target.topLeft() << request.target.topRight() << request.target.bottomLeft();
   }
   corners = ToPixels().map(corners);
-  for (const QPointF& corner : corners) {
-    if (!(std::abs(corner.x()) <= kFarthest && std::abs(corner.y()) <= kFarthest)) return;
-  }
+  if (std::any_of(corners.begin(), corners.end(), IsFar)) return;
   QPainterPath outline(corners[0]);
   outline.lineTo(corners[1]);
   outline.lineTo(corners[1] + corners[2] - corners[0]);

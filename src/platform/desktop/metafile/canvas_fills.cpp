@@ -11,8 +11,6 @@
 namespace quorvale {
 namespace {
 
-bool IsFar(QPointF point) { return !(std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest); }
-
 double Cross(QPointF a, QPointF b) { return a.x() * b.y() - a.y() * b.x(); }
 
 // Spreads from a pixel to its neighbours, row by row.

@@ -146,7 +146,7 @@ void MetafileCanvas::Text(const TextRun& run) {
   if (!layout.valid) return;
   const bool moves = (state_.text_align & kMovesPosition) != 0;
   const QPointF start = ToPixels().map(moves ? state_.position : run.at);
-  if (!(std::abs(start.x()) < kFarthest && std::abs(start.y()) < kFarthest)) return;
+  if (IsFar(start)) return;
 
   double x = 0;
   if ((state_.text_align & kCentre) == kCentre) {

@@ -26,8 +26,8 @@ QRgb Premultiplied(unsigned pixel) {
 
 void ReadRow(const DibHeader& header, const DibSource& source, ByteSpan bytes, QRgb* to) {
   ByteReader reader(bytes);
-  const auto width = static_cast<unsigned>(header.width);
-  for (unsigned x = 0; x < width; ++x) {
+  const auto width = static_cast<std::size_t>(header.width);
+  for (std::size_t x = 0; x < width; ++x) {
     switch (header.depth) {
       case 16: {
         const unsigned pixel = reader.U16();
@@ -36,7 +36,7 @@ void ReadRow(const DibHeader& header, const DibSource& source, ByteSpan bytes, Q
         break;
       }
       case 24:
-        to[x] = 0xFF000000U | bytes[x * 3U] | unsigned{bytes[x * 3U + 1U]} << 8U | unsigned{bytes[x * 3U + 2U]} << 16U;
+        to[x] = 0xFF000000U | bytes[x * 3] | unsigned{bytes[x * 3 + 1]} << 8U | unsigned{bytes[x * 3 + 2]} << 16U;
         break;
       case 32: {
         const unsigned pixel = reader.U32();
@@ -50,7 +50,7 @@ void ReadRow(const DibHeader& header, const DibSource& source, ByteSpan bytes, Q
       }
       default: {
         const auto depth = static_cast<unsigned>(header.depth);
-        const unsigned bit = x * depth;
+        const std::size_t bit = x * depth;
         const unsigned number = bytes[bit / 8U] >> (8U - depth - bit % 8U) & ((1U << depth) - 1U);
         to[x] = number < header.colours.size() ? header.colours[number] : 0xFF000000U;
       }

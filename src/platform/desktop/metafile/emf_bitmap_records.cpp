@@ -126,8 +126,8 @@ void StretchDib(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {76, BitBlit, true},           {77, StretchBlit, true}, {78, MaskBlit, true},
-    {79, ParallelogramBlit, true}, {80, SetDib, true},      {81, StretchDib, true},
+    {76, kDraws, BitBlit},           {77, kDraws, StretchBlit}, {78, kDraws, MaskBlit},
+    {79, kDraws, ParallelogramBlit}, {80, kDraws, SetDib},      {81, kDraws, StretchDib},
 };
 
 }  // namespace

@@ -102,9 +102,9 @@ void GradientFill(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {114, AlphaBlend, true},
-    {116, TransparentBlit, true},
-    {118, GradientFill, true},
+    {114, kDraws, AlphaBlend},
+    {116, kDraws, TransparentBlit},
+    {118, kDraws, GradientFill},
 };
 
 }  // namespace

@@ -114,17 +114,17 @@ void SetPaletteEntries(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {37, SelectObject},
-    {38, CreatePen},
-    {39, CreateBrush},
-    {40, DeleteObject},
-    {48, SelectPalette},
-    {49, CreatePalette},
-    {50, SetPaletteEntries},
-    {82, CreateFont},
-    {93, CreatePatternBrush<true>},
-    {94, CreatePatternBrush<false>},
-    {95, CreateExtendedPen},
+    {37, kPrepares, SelectObject},
+    {38, kPrepares, CreatePen},
+    {39, kPrepares, CreateBrush},
+    {40, kPrepares, DeleteObject},
+    {48, kPrepares, SelectPalette},
+    {49, kPrepares, CreatePalette},
+    {50, kPrepares, SetPaletteEntries},
+    {82, kPrepares, CreateFont},
+    {93, kPrepares, CreatePatternBrush<true>},
+    {94, kPrepares, CreatePatternBrush<false>},
+    {95, kPrepares, CreateExtendedPen},
 };
 
 }  // namespace

@@ -20,16 +20,16 @@ void ClipToPath(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {59, Act<&MetafileCanvas::BeginPath>},
-    {60, Act<&MetafileCanvas::EndPath>},
-    {61, Act<&MetafileCanvas::CloseFigure>},
-    {62, UsePath<PathUse::kFill>, true},
-    {63, UsePath<PathUse::kBoth>, true},
-    {64, UsePath<PathUse::kStroke>, true},
-    {65, Act<&MetafileCanvas::FlattenPath>},
-    {66, Act<&MetafileCanvas::WidenPath>},
-    {67, ClipToPath},
-    {68, Act<&MetafileCanvas::AbortPath>},
+    {59, kPrepares, Act<&MetafileCanvas::BeginPath>},
+    {60, kPrepares, Act<&MetafileCanvas::EndPath>},
+    {61, kPrepares, Act<&MetafileCanvas::CloseFigure>},
+    {62, kDraws, UsePath<PathUse::kFill>},
+    {63, kDraws, UsePath<PathUse::kBoth>},
+    {64, kDraws, UsePath<PathUse::kStroke>},
+    {65, kPrepares, Act<&MetafileCanvas::FlattenPath>},
+    {66, kPrepares, Act<&MetafileCanvas::WidenPath>},
+    {67, kPrepares, ClipToPath},
+    {68, kPrepares, Act<&MetafileCanvas::AbortPath>},
 };
 
 }  // namespace

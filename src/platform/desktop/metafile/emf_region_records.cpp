@@ -61,9 +61,9 @@ void PaintRegion(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {26, OffsetClip},        {28, KeepClip},           {29, ExcludeClip},
-    {30, IntersectClip},     {75, SelectClip},         {71, FillRegion, true},
-    {72, FrameRegion, true}, {73, InvertRegion, true}, {74, PaintRegion, true},
+    {26, kPrepares, OffsetClip},    {28, kPrepares, KeepClip},   {29, kPrepares, ExcludeClip},
+    {30, kPrepares, IntersectClip}, {75, kPrepares, SelectClip}, {71, kDraws, FillRegion},
+    {72, kDraws, FrameRegion},      {73, kDraws, InvertRegion},  {74, kDraws, PaintRegion},
 };
 
 }  // namespace

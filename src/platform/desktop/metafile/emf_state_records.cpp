@@ -85,14 +85,14 @@ void SetJustification(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {9, SetWindowExtent},    {10, SetWindowOrigin},     {11, SetViewportExtent},
-    {12, SetViewportOrigin}, {13, SetBrushOrigin},      {17, SetMapMode},
-    {18, SetBackgroundMode}, {19, SetFillMode},         {20, SetDrawingMode},
-    {21, SetStretchMode},    {22, SetTextAlign},        {24, SetTextColour},
-    {25, SetBackground},     {31, ScaleViewportExtent}, {32, ScaleWindowExtent},
-    {33, SaveState},         {34, RestoreState},        {35, SetWorld},
-    {36, ModifyWorld},       {57, SetArcDirection},     {58, SetMiterLimit},
-    {120, SetJustification},
+    {9, kPrepares, SetWindowExtent},    {10, kPrepares, SetWindowOrigin},     {11, kPrepares, SetViewportExtent},
+    {12, kPrepares, SetViewportOrigin}, {13, kPrepares, SetBrushOrigin},      {17, kPrepares, SetMapMode},
+    {18, kPrepares, SetBackgroundMode}, {19, kPrepares, SetFillMode},         {20, kPrepares, SetDrawingMode},
+    {21, kPrepares, SetStretchMode},    {22, kPrepares, SetTextAlign},        {24, kPrepares, SetTextColour},
+    {25, kPrepares, SetBackground},     {31, kPrepares, ScaleViewportExtent}, {32, kPrepares, ScaleWindowExtent},
+    {33, kPrepares, SaveState},         {34, kPrepares, RestoreState},        {35, kPrepares, SetWorld},
+    {36, kPrepares, ModifyWorld},       {57, kPrepares, SetArcDirection},     {58, kPrepares, SetMiterLimit},
+    {120, kPrepares, SetJustification},
 };
 
 }  // namespace

@@ -84,8 +84,8 @@ void SmallTextOut(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {83, ExtTextOut<false>, true}, {84, ExtTextOut<true>, true}, {96, PolyTextOut<false>, true},
-    {97, PolyTextOut<true>, true}, {108, SmallTextOut, true},
+    {83, kDraws, ExtTextOut<false>}, {84, kDraws, ExtTextOut<true>}, {96, kDraws, PolyTextOut<false>},
+    {97, kDraws, PolyTextOut<true>}, {108, kDraws, SmallTextOut},
 };
 
 }  // namespace

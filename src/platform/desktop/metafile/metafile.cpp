@@ -3,6 +3,7 @@
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <new>
 #include <utility>
@@ -18,6 +19,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kPlayingTime{2000};
 constexpr std::size_t kMostRecords = 2'000'000;
+// Bytes. What is read of it takes several times as much memory.
+constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
 // Drawn at twice the size and averaged, edges come out soft, and areas that meet leave no seam. A large
 // picture does without: it would take too much memory.
 constexpr int kSamples = 2;
@@ -40,7 +43,8 @@ QImage Smaller(const QImage& image, int samples) {
     for (int x = 0; x < small.width(); ++x) {
       unsigned sums[4] = {};
       for (int row = 0; row < samples; ++row) {
-        const auto* from = reinterpret_cast<const QRgb*>(image.constScanLine(y * samples + row)) + x * samples;
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y * samples + row));
+        const QRgb* from = line + static_cast<std::ptrdiff_t>(x) * samples;
         for (int i = 0; i < samples; ++i) {
           for (unsigned channel = 0; channel < 4; ++channel) sums[channel] += from[i] >> 8U * channel & 0xFFU;
         }
@@ -56,6 +60,7 @@ QImage Smaller(const QImage& image, int samples) {
 }  // namespace
 
 Metafile::Metafile(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)), header_(ReadMetafileHeader(bytes_)) {
+  if (bytes_.size() > kLargestFile) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   Check();
   if (header_.kind == MetafileKind::kWmf && header_.window.isEmpty()) FindWmfSize();
 }
@@ -67,7 +72,7 @@ void Metafile::Check() const {
   RecordStream records = Records();
   while (const auto record = records.Next()) {
     const RecordHandler* handler = table.Find(record->type);
-    if (handler != nullptr && handler->draws) return;
+    if (handler != nullptr && handler->effect == kDraws) return;
   }
   if (!records.Ended()) throw Failure(FailureNumber::kBadPicture, "Damaged metafile", "LoadPicture");
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/desktop/metafile/path_pieces.h"
 #include "platform/desktop/metafile/raster_op.h"
@@ -10,13 +11,13 @@ namespace quorvale {
 namespace {
 
 // More than any file needs.
-constexpr std::size_t kMostSaved = 1000;
+constexpr std::size_t kMostSaved = 250;
 constexpr int kHalfCovered = 128;
 
 }  // namespace
 
-MetafileCanvas::MetafileCanvas(QImage& target, const CanvasSetting& setting, const DeviceState& initial)
-    : target_(target), setting_(setting), painter_(&target), state_(initial) {
+MetafileCanvas::MetafileCanvas(QImage& target, const CanvasSetting& setting, DeviceState initial)
+    : target_(target), setting_(setting), painter_(&target), state_(std::move(initial)) {
   // With several pixels of the target to one of the screen, edges come out soft all the same, and areas
   // that meet leave no seam.
   painter_.setRenderHint(QPainter::Antialiasing, setting.unit < 2);

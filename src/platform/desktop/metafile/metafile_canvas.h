@@ -67,7 +67,7 @@ struct GradientVertex {
 class MetafileCanvas {
  public:
   // The target is RGB32 or ARGB32_Premultiplied and outlives the canvas.
-  MetafileCanvas(QImage& target, const CanvasSetting& setting, const DeviceState& initial);
+  MetafileCanvas(QImage& target, const CanvasSetting& setting, DeviceState initial);
 
   DeviceState& State() { return state_; }
   void Save();

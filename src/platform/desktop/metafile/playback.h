@@ -21,11 +21,13 @@ struct Playback {
 // Plays one kind of record. The reader stands behind the record's head.
 using PlayRecord = void (*)(const Playback& playback, ByteReader& reader);
 
+// Whether something can be seen of a record.
+enum RecordEffect : std::uint8_t { kPrepares, kDraws };
+
 struct RecordHandler {
   std::uint32_t type = 0;
+  RecordEffect effect = kPrepares;
   PlayRecord play = nullptr;
-  // Whether something can be seen of it.
-  bool draws = false;
 };
 
 class RecordTable {

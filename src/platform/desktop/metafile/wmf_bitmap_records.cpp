@@ -92,13 +92,13 @@ void SetDib(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {0x061D, PatternBlit, true},
-    {0x0922, BitBlit<true>, true},
-    {0x0940, BitBlit<false>, true},
-    {0x0B23, StretchBlit<true>, true},
-    {0x0B41, StretchBlit<false>, true},
-    {0x0F43, StretchDib, true},
-    {0x0D33, SetDib, true},
+    {0x061D, kDraws, PatternBlit},
+    {0x0922, kDraws, BitBlit<true>},
+    {0x0940, kDraws, BitBlit<false>},
+    {0x0B23, kDraws, StretchBlit<true>},
+    {0x0B41, kDraws, StretchBlit<false>},
+    {0x0F43, kDraws, StretchDib},
+    {0x0D33, kDraws, SetDib},
 };
 
 }  // namespace

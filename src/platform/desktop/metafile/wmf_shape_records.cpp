@@ -68,20 +68,20 @@ void ExtFloodFill(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {0x0214, MoveTo},
-    {0x0213, LineTo, true},
-    {0x0325, Polyline, true},
-    {0x0324, Polygon, true},
-    {0x0538, PolyPolygon, true},
-    {0x041B, Rectangle, true},
-    {0x0418, Ellipse, true},
-    {0x061C, RoundRectangle, true},
-    {0x0817, Arc<ArcKind::kOpen>, true},
-    {0x0830, Arc<ArcKind::kChord>, true},
-    {0x081A, Arc<ArcKind::kPie>, true},
-    {0x041F, SetPixel, true},
-    {0x0419, FloodFill, true},
-    {0x0548, ExtFloodFill, true},
+    {0x0214, kPrepares, MoveTo},
+    {0x0213, kDraws, LineTo},
+    {0x0325, kDraws, Polyline},
+    {0x0324, kDraws, Polygon},
+    {0x0538, kDraws, PolyPolygon},
+    {0x041B, kDraws, Rectangle},
+    {0x0418, kDraws, Ellipse},
+    {0x061C, kDraws, RoundRectangle},
+    {0x0817, kDraws, Arc<ArcKind::kOpen>},
+    {0x0830, kDraws, Arc<ArcKind::kChord>},
+    {0x081A, kDraws, Arc<ArcKind::kPie>},
+    {0x041F, kDraws, SetPixel},
+    {0x0419, kDraws, FloodFill},
+    {0x0548, kDraws, ExtFloodFill},
 };
 
 }  // namespace

@@ -74,14 +74,18 @@ void IntersectClip(const Playback& playback, ByteReader& reader) { playback.canv
 void OffsetClip(const Playback& playback, ByteReader& reader) { playback.canvas.OffsetClip(WmfPoint(reader)); }
 
 constexpr RecordHandler kRecords[] = {
-    {0x001E, SaveState},         {0x0127, RestoreState},        {0x0102, SetBackgroundMode},
-    {0x0103, SetMapMode},        {0x0104, SetDrawingMode},      {0x0106, SetFillMode},
-    {0x0107, SetStretchMode},    {0x0108, SetExtraSpace},       {0x012E, SetTextAlign},
-    {0x0201, SetBackground},     {0x0209, SetTextColour},       {0x020A, SetJustification},
-    {0x020B, SetWindowOrigin},   {0x020C, SetWindowExtent},     {0x020D, SetViewportOrigin},
-    {0x020E, SetViewportExtent}, {0x020F, OffsetWindowOrigin},  {0x0211, OffsetViewportOrigin},
-    {0x0410, ScaleWindowExtent}, {0x0412, ScaleViewportExtent}, {0x0415, ExcludeClip},
-    {0x0416, IntersectClip},     {0x0220, OffsetClip},
+    {0x001E, kPrepares, SaveState},          {0x0127, kPrepares, RestoreState},
+    {0x0102, kPrepares, SetBackgroundMode},  {0x0103, kPrepares, SetMapMode},
+    {0x0104, kPrepares, SetDrawingMode},     {0x0106, kPrepares, SetFillMode},
+    {0x0107, kPrepares, SetStretchMode},     {0x0108, kPrepares, SetExtraSpace},
+    {0x012E, kPrepares, SetTextAlign},       {0x0201, kPrepares, SetBackground},
+    {0x0209, kPrepares, SetTextColour},      {0x020A, kPrepares, SetJustification},
+    {0x020B, kPrepares, SetWindowOrigin},    {0x020C, kPrepares, SetWindowExtent},
+    {0x020D, kPrepares, SetViewportOrigin},  {0x020E, kPrepares, SetViewportExtent},
+    {0x020F, kPrepares, OffsetWindowOrigin}, {0x0211, kPrepares, OffsetViewportOrigin},
+    {0x0410, kPrepares, ScaleWindowExtent},  {0x0412, kPrepares, ScaleViewportExtent},
+    {0x0415, kPrepares, ExcludeClip},        {0x0416, kPrepares, IntersectClip},
+    {0x0220, kPrepares, OffsetClip},
 };
 
 }  // namespace

@@ -48,8 +48,8 @@ void ExtTextOut(const Playback& playback, ByteReader& reader) {
 }
 
 constexpr RecordHandler kRecords[] = {
-    {0x0521, TextOut, true},
-    {0x0A32, ExtTextOut, true},
+    {0x0521, kDraws, TextOut},
+    {0x0A32, kDraws, ExtTextOut},
 };
 
 }  // namespace
