@@ -15,6 +15,7 @@ struct Bench {
 
 // Each prints a table of its own.
 void MeasureLoading(Bench& bench);        // from the timer's event to the picture on the screen
+void MeasureMetafiles(Bench& bench);      // loading and drawing them
 void MeasureMemory(Bench& bench);         // the most memory that the program holds
 void MeasureEffects(Bench& bench);        // steps a second and the time that each effect takes
 void MeasureSpotlight(Bench& bench);      // beside filling its pixels

@@ -21,9 +21,11 @@ struct Group {
 };
 
 constexpr Group kGroups[] = {
-    {"load", MeasureLoading},        {"memory", MeasureMemory}, {"effects", MeasureEffects},
-    {"spotlight", MeasureSpotlight}, {"lists", MeasureLists},   {"show", MeasureShow},
-    {"preview", MeasurePreview},     {"start", MeasureStart},   {"config", MeasureConfiguration},
+    {"load", MeasureLoading},        {"metafiles", MeasureMetafiles},
+    {"memory", MeasureMemory},       {"effects", MeasureEffects},
+    {"spotlight", MeasureSpotlight}, {"lists", MeasureLists},
+    {"show", MeasureShow},           {"preview", MeasurePreview},
+    {"start", MeasureStart},         {"config", MeasureConfiguration},
 };
 
 struct CommandLine {

@@ -3,18 +3,46 @@
 #include <QImageReader>
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/image_picture.h"
+#include "platform/desktop/metafile/metafile_picture.h"
+#include "platform/desktop/pictures/bmp_picture.h"
+#include "platform/desktop/pictures/gif_picture.h"
 #include "platform/desktop/pictures/jpeg_picture.h"
 #include "platform/desktop/pictures/picture_file.h"
+#include "platform/desktop/pictures/png_picture.h"
 
 namespace quorvale {
 namespace {
 
-std::shared_ptr<BitmapPicture> Open(std::unique_ptr<PictureFile> file) {
+std::shared_ptr<BitmapPicture> OpenBitmap(std::unique_ptr<PictureFile> file) {
   if (JpegPicture::Recognizes(*file)) return std::make_shared<JpegPicture>(std::move(file));
-  return std::make_shared<ImagePicture>(std::move(file));
+  if (BmpPicture::Recognizes(*file)) return std::make_shared<BmpPicture>(std::move(file));
+  if (GifPicture::Recognizes(*file)) return std::make_shared<GifPicture>(std::move(file));
+  if (PngPicture::Recognizes(*file)) return std::make_shared<PngPicture>(std::move(file));
+  throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
+}
+
+template <typename Kind>
+std::shared_ptr<Picture> Prepared(std::shared_ptr<Kind> picture, const PicturePlace& place) {
+  picture->Prepare(place);
+  return picture;
+}
+
+// All of the file.
+std::vector<std::uint8_t> Bytes(PictureFile& file) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(file.Size());
+  for (auto piece = file.From(0); !piece.empty(); piece = file.From(bytes.size())) {
+    bytes.insert(bytes.end(), piece.begin(), piece.end());
+  }
+  return bytes;
+}
+
+std::shared_ptr<Picture> Open(std::unique_ptr<PictureFile> file, const PicturePlace& place) {
+  if (IsMetafile(file->From(0))) return Prepared(std::make_shared<MetafilePicture>(Bytes(*file)), place);
+  return Prepared(OpenBitmap(std::move(file)), place);
 }
 
 }  // namespace
@@ -25,9 +53,7 @@ DesktopPictureLoader::DesktopPictureLoader() {
 
 std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   try {
-    auto picture = Open(std::make_unique<PictureFile>(path));
-    picture->Prepare(place);
-    return picture;
+    return Open(std::make_unique<PictureFile>(path), place);
   } catch (const std::bad_alloc&) {
     throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   }

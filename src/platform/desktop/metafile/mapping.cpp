@@ -1,0 +1,78 @@
+#include "platform/desktop/metafile/mapping.h"
+
+#include <array>
+#include <cmath>
+
+namespace quorvale {
+namespace {
+
+// Units to the millimetre.
+constexpr std::array<double, 7> kUnits{1, 1, 10, 100, 100 / 25.4, 1000 / 25.4, 1440 / 25.4};
+
+bool IsUsable(double x, double y) {
+  return std::isfinite(x) && std::isfinite(y) && std::abs(x) > 1e-6 && std::abs(y) > 1e-6 && std::abs(x) < 1e12 &&
+         std::abs(y) < 1e12;
+}
+
+}  // namespace
+
+Mapping::Mapping(const QSizeF& device_pixels, const QSizeF& device_millimetres)
+    : device_pixels_(device_pixels), device_millimetres_(device_millimetres) {}
+
+void Mapping::Fit(const QRectF& window, const QRectF& frame) {
+  mode_ = kAnisotropic;
+  window_origin_ = window.topLeft();
+  window_extent_ = window.size();
+  viewport_origin_ = frame.topLeft();
+  viewport_extent_ = frame.size();
+}
+
+void Mapping::SetMode(int mode) {
+  if (mode < kText || mode > kAnisotropic || (mode == mode_ && !IsFixed())) return;
+  mode_ = mode;
+  if (mode == kText) {
+    window_extent_ = viewport_extent_ = {1, 1};
+  } else if (mode < kAnisotropic) {
+    const double units = kUnits[static_cast<std::size_t>(mode == kIsotropic ? kLowMetric : mode)];
+    window_extent_ = device_millimetres_ * units;
+    viewport_extent_ = {device_pixels_.width(), -device_pixels_.height()};
+  }
+}
+
+void Mapping::SetWindowExtent(double x, double y) {
+  if (IsFixed() || !IsUsable(x, y)) return;
+  window_extent_ = {x, y};
+  KeepProportions();
+}
+
+void Mapping::SetViewportExtent(double x, double y) {
+  if (IsFixed() || !IsUsable(x, y)) return;
+  viewport_extent_ = {x, y};
+  KeepProportions();
+}
+
+void Mapping::ScaleWindowExtent(double x_up, double x_down, double y_up, double y_down) {
+  SetWindowExtent(window_extent_.width() * x_up / x_down, window_extent_.height() * y_up / y_down);
+}
+
+void Mapping::ScaleViewportExtent(double x_up, double x_down, double y_up, double y_down) {
+  SetViewportExtent(viewport_extent_.width() * x_up / x_down, viewport_extent_.height() * y_up / y_down);
+}
+
+void Mapping::KeepProportions() {
+  if (mode_ != kIsotropic) return;
+  const double across = std::abs(PageX() * device_millimetres_.width() / device_pixels_.width());
+  const double down = std::abs(PageY() * device_millimetres_.height() / device_pixels_.height());
+  if (across > down) {
+    viewport_extent_.rwidth() *= down / across;
+  } else {
+    viewport_extent_.rheight() *= across / down;
+  }
+}
+
+QTransform Mapping::ToDevice() const {
+  return world_ * QTransform(PageX(), 0, 0, PageY(), viewport_origin_.x() - window_origin_.x() * PageX(),
+                             viewport_origin_.y() - window_origin_.y() * PageY());
+}
+
+}  // namespace quorvale

@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <iterator>
+#include <optional>
+
+#include "base/failure.h"
+#include "desktop/pictures/samples.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::size_t kPlaceableHeader = 22;
+
+Bytes ReadSample(const std::string& name) {
+  std::ifstream file(QUORVALE_METAFILES "/" + name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Bytes operator+(Bytes a, const Bytes& b) {
+  a.insert(a.end(), b.begin(), b.end());
+  return a;
+}
+
+Bytes Words(std::initializer_list<int> words) {
+  Bytes bytes;
+  for (const int word : words)
+    bytes = bytes + Bytes{static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8)};
+  return bytes;
+}
+
+Bytes First(const Bytes& bytes, std::size_t count) { return {bytes.begin(), bytes.begin() + count}; }
+
+// A header of a plain file, records, and the end mark.
+const Bytes kWmfHeader = Words({1, 9, 0x300, 0, 0, 0, 0, 0, 0});
+const Bytes kWmfEnd = Words({3, 0, 0});
+const Bytes kWmfBox = Words({7, 0, 0x041B, 60, 40, 20, 10});  // from 10, 20 to 40, 60
+Bytes WmfWindow(int width, int height) { return Words({5, 0, 0x020C, height, width}); }
+Bytes WmfMapMode(int mode) { return Words({4, 0, 0x0103, mode}); }
+
+Bytes Placeable(int right, int bottom, int units_to_inch) {
+  return Words({0xCDD7, 0x9AC6, 0, 0, 0, right, bottom, units_to_inch, 0, 0, 0});
+}
+
+std::optional<TwipSize> NaturalSize(const Bytes& bytes) {
+  const TemporaryDirectory folder;
+  try {
+    return DesktopPictureLoader()
+        .Load(WritePicture(folder, "picture", bytes), PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30}))
+        ->NaturalSize(2);
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Number(), FailureNumber::kBadPicture);
+    return std::nullopt;
+  }
+}
+
+TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
+  const struct {
+    const char* what;
+    Bytes bytes;
+    TwipSize size;
+  } cases[] = {
+      {"placeable", Placeable(200, 100, 100) + kWmfHeader + kWmfBox + kWmfEnd, {2880, 1440}},
+      {"placeable, no unit", Placeable(1440, 720, 0) + kWmfHeader + kWmfBox + kWmfEnd, {1440, 720}},
+      {"placeable, empty", Placeable(0, 0, 100) + kWmfHeader + WmfWindow(60, 40) + kWmfBox + kWmfEnd, {900, 600}},
+      {"window", kWmfHeader + WmfWindow(60, -40) + kWmfBox + kWmfEnd, {900, 600}},
+      {"large window", kWmfHeader + WmfWindow(10'000, 5'000) + kWmfBox + kWmfEnd, {10'000, 5'000}},
+      {"tenths of a millimetre", kWmfHeader + WmfMapMode(2) + WmfWindow(254, 508) + kWmfBox + kWmfEnd, {1440, 2880}},
+      {"what is drawn", kWmfHeader + kWmfBox + kWmfEnd, {31 * 15, 41 * 15}},
+      {"frame", ReadSample("boxes.emf"), {200 * 15, 150 * 15}},
+  };
+  for (const auto& test : cases) {
+    const auto size = NaturalSize(test.bytes);
+    ASSERT_TRUE(size) << test.what;
+    EXPECT_NEAR(size->width, test.size.width, 25) << test.what;
+    EXPECT_NEAR(size->height, test.size.height, 25) << test.what;
+  }
+}
+
+TEST(MetafilePicture, IsDamagedWithoutAHeaderOrIfItBreaksOffBeforeAnythingIsDrawn) {
+  const Bytes wmf = ReadSample("boxes.wmf");
+  const Bytes emf = ReadSample("boxes.emf");
+  // In each, a pen and a brush are made and selected first.
+  const std::size_t wmf_drawn = kPlaceableHeader + 18 + 16 + 8 + 14 + 8 + 14;
+  const std::size_t emf_drawn = 108 + 28 + 12 + 24 + 12 + 24;
+  Bytes no_device = emf;
+  std::fill_n(no_device.begin() + 72, 16, 0);
+  const struct {
+    const char* what;
+    Bytes bytes;
+    bool good;
+  } cases[] = {
+      {"whole", wmf, true},
+      {"whole", emf, true},
+      {"nothing drawn, but ended", kWmfHeader + WmfWindow(60, 40) + kWmfEnd, true},
+      {"after the first box", First(wmf, wmf_drawn), true},
+      {"in the first box", First(wmf, wmf_drawn - 1), false},
+      {"after the first box", First(emf, emf_drawn), true},
+      {"in the first box", First(emf, emf_drawn - 1), false},
+      {"in the header", First(wmf, kPlaceableHeader + 17), false},
+      {"in the header", First(emf, 87), false},
+      {"no device", no_device, false},
+  };
+  for (const auto& test : cases) EXPECT_EQ(NaturalSize(test.bytes).has_value(), test.good) << test.what;
+}
+
+TEST(MetafilePicture, IsDrawnAnewForAnotherBoxAndForAPartOfIt) {
+  const std::string path = QUORVALE_METAFILES "/boxes.wmf";
+  Screen small(200, 150);
+  const auto picture = Show(path, small.Bounds(), small);
+  Screen large(400, 300);
+  Show(path, large.Bounds(), large);
+  Screen again(400, 300);
+  picture->Paint(Screen(400, 300).View(), again.Bounds(), {0, 0, 50, 50});
+  picture->Paint(again.View(), again.Bounds(), again.Bounds());
+  EXPECT_EQ(again.pixels, large.pixels);
+  // A part in view is the same part of the whole; what is not drawn on lets the ground through.
+  Screen part(100, 80);
+  Show(path, {-120, -70, 400, 300}, part);
+  for (int y = 0; y < 80; ++y) {
+    for (int x = 0; x < 100; ++x) ASSERT_EQ(part.At(x, y), large.At(x + 120, y + 70)) << x << ' ' << y;
+  }
+  EXPECT_EQ(large.At(1, 1), Screen(1, 1).At(0, 0));
+}
+
+TEST(MetafilePicture, InvertsWhateverBackgroundThereIs) {
+  const TemporaryDirectory folder;
+  // Inverts the target from 10, 20 to 40, 60.
+  const Bytes invert = Words({9, 0, 0x061D, 0x0009, 0x0055, 40, 30, 20, 10});
+  const std::string path = WritePicture(folder, "p", Placeable(100, 100, 96) + kWmfHeader + invert + kWmfEnd);
+  for (const Pixel ground : {0xFF000000U, 0xFFFFFFFFU, 0xFF204060U}) {
+    Screen screen(100, 100, ground);
+    Show(path, screen.Bounds(), screen);
+    EXPECT_EQ(screen.At(5, 5), ground);
+    EXPECT_EQ(screen.At(25, 40), ~ground | 0xFF000000U);
+  }
+}
+
+TEST(MetafilePicture, TakesTwoSecondsAtTheMost) {
+  const TemporaryDirectory folder;
+  Bytes bytes = Placeable(100, 100, 96) + kWmfHeader + kWmfBox;
+  // Inverts all of it, again and again.
+  const Bytes invert = Words({9, 0, 0x061D, 0x0009, 0x0055, 100, 100, 0, 0});
+  for (int i = 0; i < 100'000; ++i) bytes.insert(bytes.end(), invert.begin(), invert.end());
+  const std::string path = WritePicture(folder, "long", bytes + kWmfEnd);
+  Screen screen(1600, 1200);
+  const auto start = std::chrono::steady_clock::now();
+  Show(path, screen.Bounds(), screen);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+}
+
+}  // namespace
+}  // namespace quorvale
