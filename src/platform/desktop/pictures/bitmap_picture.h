@@ -22,6 +22,8 @@ class BitmapPicture : public Picture {
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
 
  protected:
+  // For a kind of picture that reads its file by itself.
+  BitmapPicture() = default;
   explicit BitmapPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)) {}
 
   PictureFile& File() { return *file_; }

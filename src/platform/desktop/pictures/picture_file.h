@@ -26,7 +26,7 @@ class PictureFile {
   std::size_t Size() const { return size_; }
 
   // What is read from here on may take its time, a few seconds; after that the file has ended.
-  void StartClock();
+  void StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
 
   // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
   // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
@@ -38,6 +38,9 @@ class PictureFile {
   bool BeginsWith(std::string_view bytes) noexcept;
 
  private:
+  // Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
+  static constexpr std::chrono::seconds kTimeToRead{3};
+
   void Read(std::size_t offset, std::size_t count);
 
   // Closed once all is in memory.
