@@ -8,7 +8,10 @@ build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsql
 run_packages="qt6-wayland fontconfig fonts-dejavu-core"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 saver_packages="xscreensaver"
+windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
+wine_packages="wine wine64"
 test_packages="libgtest-dev libgmock-dev python3 sox"
+fuzz_packages="clang libclang-rt-dev"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
 
@@ -29,13 +32,13 @@ need() {
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures and builds one of the presets.
+# Configures and builds one of the presets: build PRESET [ARGUMENTS OF THE BUILD].
 build() {
   need $build_packages $run_packages $test_packages
   say "Building ($1)"
   cmake --preset "$1" -Wno-dev >build-log.txt 2>&1 || { cat build-log.txt; return 1; }
   rm -f build-log.txt
-  cmake --build --preset "$1"
+  cmake --build --preset "$@"
 }
 
 # A settings store of the show's own, with the samples in both lists.
@@ -63,22 +66,40 @@ show() {
 }
 
 run_tests() {
-  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" | tee "$1/tests.txt"
+  ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" "${@:2}" | tee "$1/tests.txt"
 }
 
 # The last line is the runner's own count.
 count_of() { grep 'tests passed' "$1/tests.txt"; }
 
+# The cross-compiled tests under Wine, where there is one to be had.
+test_windows() {
+  if ! need $windows_packages $wine_packages; then
+    say "There is no Wine to install here: the tests of the Windows program are left out"
+    return
+  fi
+  build windows-64
+  say "Testing the Windows program"
+  run_tests build/windows-64
+  WINEPREFIX=$PWD/build/wine wineserver -k || true
+}
+
 run_all_tests() {
-  need $screen_packages
+  need $screen_packages $fuzz_packages
   build sanitize
   build release
+  build fuzz
   say "Testing core and headless platform under the sanitizers"
   run_tests build/sanitize
+  say "Testing pictures under the sanitizers, and fuzzing for 20 seconds each"
+  run_tests build/fuzz -R '^(Picture|Metafile|fuzz|sweep)'
   say "Testing everything"
   need $saver_packages
   run_tests build
+  test_windows
   say "Under the sanitizers: $(count_of build/sanitize)"
+  say "Pictures under the sanitizers: $(count_of build/fuzz)"
+  [ ! -f build/windows-64/tests.txt ] || say "Under Wine: $(count_of build/windows-64)"
   count_of build
 }
 
@@ -89,6 +110,10 @@ package() (
   umask 022
   desktop-file-validate packaging/*.desktop
   cpack --config build/CPackConfig.cmake -B build/packages
+  need $windows_packages
+  build windows-64 --target quorvale
+  build windows-32 --target quorvale
+  scripts/package-windows.sh
 )
 
 lint() {
@@ -97,8 +122,21 @@ lint() {
   say "Checking the format"
   git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
   say "Checking the code"
-  git ls-files 'src/*.cpp' |
+  git ls-files 'src/*.cpp' ':!src/platform/win32' |
     xargs -P "$(nproc)" -n 4 clang-tidy -p build --quiet 2>/dev/null
+  lint_windows
+}
+
+# The linter's compiler has to be told where the headers of the other one are.
+lint_windows() {
+  need $windows_packages
+  cmake --preset windows-64 -Wno-dev >/dev/null
+  local library
+  library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++
+  git ls-files 'src/platform/win32/*.cpp' |
+    xargs -P "$(nproc)" -n 4 clang-tidy -p build/windows-64 --quiet --extra-arg-before=--driver-mode=g++ \
+      --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-isystem"$library" \
+      --extra-arg=-isystem"$library"/x86_64-w64-mingw32 2>/dev/null
 }
 
 case "${1:-}" in
@@ -117,7 +155,7 @@ Usage: ./quorvale.sh COMMAND. Each command installs what is missing and builds f
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it
-  package    make a Debian package in build/packages
+  package    make a Debian package and a zip for Windows in build/packages
   lint       check format and code
 TEXT
     [ -z "${1:-}" ] || exit 2

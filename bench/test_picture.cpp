@@ -63,6 +63,7 @@ class JpegWriter {
     encoder_.in_color_space = JCS_RGB;
     jpeg_set_defaults(&encoder_);
     jpeg_set_quality(&encoder_, kQuality, TRUE);
+    if (size.progressive) jpeg_simple_progression(&encoder_);
     jpeg_start_compress(&encoder_, TRUE);
   }
   ~JpegWriter() {
@@ -103,7 +104,8 @@ void Make(const std::string& path, const PictureSize& size, int number) {
 }  // namespace
 
 std::string TestPicture(const PictureSize& size, int number) {
-  const std::string name = std::to_string(size.width) + "x" + std::to_string(size.height);
+  const std::string name =
+      std::to_string(size.width) + "x" + std::to_string(size.height) + (size.progressive ? "-progressive" : "");
   const std::string directory = BenchDirectory("pictures");
   std::string path = directory + "/" + name + "-" + std::to_string(number) + ".jpg";
   if (!std::filesystem::exists(path)) {

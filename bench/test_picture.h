@@ -9,13 +9,12 @@ struct PictureSize {
   const char* name = "";
   int width = 0;
   int height = 0;
+  bool progressive = false;
 };
 
 // What cameras make, and made ten times as large.
 inline constexpr PictureSize kTestSizes[] = {
-    {"2 MP", 1920, 1080},
-    {"12 MP", 4000, 3000},
-    {"24 MP", 6000, 4000},
+    {"2 MP", 1920, 1080},    {"12 MP", 4000, 3000}, {"24 MP", 6000, 4000}, {"24 MP progressive", 6000, 4000, true},
     {"100 MP", 11500, 8700},
 };
 inline constexpr const PictureSize& kCameraSize = kTestSizes[1];

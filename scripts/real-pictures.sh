@@ -7,11 +7,20 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 folder=$(realpath -m "${1:?a folder to work in}")
 shift
 extensions=("$@")
-[ $# -gt 0 ] || extensions=(wmf emf)
+[ $# -gt 0 ] || extensions=(wmf emf jpg jpeg bmp gif)
 
 # By name. Sources carry test files; documents in them hold more pictures.
 binaries=()
-sources=(libemf libapache-poi-java abiword calligra inkscape goffice)
+sources=()
+for extension in "${extensions[@]}"; do
+  case $extension in
+    *mf) sources+=(libemf libapache-poi-java abiword calligra inkscape goffice) ;;
+    *)
+      sources+=(pillow libjpeg-turbo giflib exiv2)
+      binaries+=(gdk-pixbuf-tests golang-1.19-src wx3.2-examples)
+      ;;
+  esac
+done
 
 mkdir -p "$folder"/{lists/partial,cache/archives/partial,fetched,unpacked,files,rendered}
 keyring=/usr/share/keyrings/debian-archive-keyring.gpg
@@ -24,9 +33,9 @@ pattern=$(IFS='|'; echo "${extensions[*]}")
 if [ ! -e "$folder/fetched/.done" ]; then
   apt-get "${apt[@]}" update > /dev/null
   cd "$folder/fetched"
-  for package in "${binaries[@]}"; do apt-get download "$package" || true; done
+  for package in $(printf '%s\n' "${binaries[@]}" | sort -u); do apt-get download "$package" || true; done
   # Part of a source may have gone from the mirror; what came will do.
-  for package in "${sources[@]}"; do apt-get "${apt[@]}" source --download-only "$package" || true; done
+  for package in $(printf '%s\n' "${sources[@]}" | sort -u); do apt-get "${apt[@]}" source --download-only "$package" || true; done
   touch .done
 fi
 cd "$folder/unpacked"

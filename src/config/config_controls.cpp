@@ -12,6 +12,8 @@ constexpr Colour kRuleColour = 0x808080;
 // Inside the frame and the menu bar, in twips.
 constexpr TwipSize kClientSize = {5535, 6615};
 
+constexpr char kPicturesCaption[] = "&Picture Files";
+constexpr char kSoundsCaption[] = "&Sound Files";
 constexpr char kListTip[] = "Pictures or sound files/directories that will play when screen saver is active.";
 
 constexpr TwipRect kListPlace = {120, 600, 3492, 1968};
@@ -23,25 +25,28 @@ ConfigControls::ConfigControls(Process& process)
                {"Small Fonts", kScreenFontPoints}),
       fraPlayList(*this, {.name = "fraPlayList", .caption = "Play List", .place = {120, 2520, 5292, 3492}}, true),
       OptPicture(*this, {.name = "OptPicture",
-                         .caption = "&Picture Files",
+                         .caption = kPicturesCaption,
                          .place = {120, 240, 1212, 252},
                          .tool_tip = "Display the list of pictures that will be displayed in your screen saver.",
                          .tab_index = 0,
                          .container = &fraPlayList}),
       OptSound(*this, {.name = "OptSound",
-                       .caption = "&Sound Files",
+                       .caption = kSoundsCaption,
                        .place = {1440, 240, 1212, 252},
                        .tool_tip = "Display the list of sounds that will be played in your screen saver.",
                        .tab_index = 1,
                        .container = &fraPlayList}),
+      // A list shows no caption; it is what a screen reader calls it.
       lstList{{{*this,
                 {.name = "lstList(0)",
+                 .caption = kPicturesCaption,
                  .place = kListPlace,
                  .tool_tip = kListTip,
                  .tab_index = 2,
                  .container = &fraPlayList}},
                {*this,
                 {.name = "lstList(1)",
+                 .caption = kSoundsCaption,
                  .place = kListPlace,
                  .tool_tip = kListTip,
                  .tab_index = 3,
@@ -51,12 +56,14 @@ ConfigControls::ConfigControls(Process& process)
                   {.name = "cmdImages(0)",
                    .caption = "Add &File(s)...",
                    .place = {3720, 600, 1452, 372},
+                   .tool_tip = "Offers a dialog for selecting one or more files to add to the Picture or Sound list.",
                    .tab_index = 4,
                    .container = &fraPlayList}},
                  {*this,
                   {.name = "cmdImages(1)",
                    .caption = "Add Direc&tory...",
                    .place = {3720, 1080, 1452, 372},
+                   .tool_tip = "Offers a dialog for adding an entire directory to the Picture or Sound list.",
                    .tab_index = 10,
                    .container = &fraPlayList}},
                  {*this,

@@ -69,33 +69,18 @@ TEST_F(PlayListCommandTest, EveryCommandKeepsItsRules) {
   }
 }
 
-TEST_F(PlayListCommandTest, DialogsAreAskedForAsTheyAreKnown) {
-  OpenAndChange();
-  form->SetCurPlayList(kHoliday);
-  desktop.boxes.Answer(MessageBoxAnswer::kNo);
-  for (const char* const item : {"mnuOpen", "mnuMergeList", "mnuSaveAs"}) Choose(item);
-  EXPECT_EQ(desktop.boxes.shown.at(0).text,
-            "Your Play List [Holiday] has been changed.  Do you want to save your changes?");
-  EXPECT_EQ(desktop.boxes.shown[0].title, "Save Play List");
-  for (const FileDialog& dialog : desktop.dialogs.files) {
-    EXPECT_EQ(dialog.title, dialog.save ? "Save Play List" : "Select Play List");
-    EXPECT_EQ(dialog.start_name, dialog.save ? kHoliday : "");
-    EXPECT_EQ(dialog.filter, dialog.save ? "Play List Files (*.qvl)|*.qvl|All Files(*.*)|*.*"
-                                         : "Play Lists (*.qvl)|*.qvl|All Files(*.*)|*.*");
-    EXPECT_EQ(dialog.flags, dialog.save ? 0x280006U : 0x281004U);
-  }
-}
-
 // The search that can't be made ends Open half-way: what is pruned is pruned, and the old name stays.
 TEST_F(PlayListCommandTest, AFailureOfTheSearchEndsOpenWithoutAWord) {
   OpenAndChange();
-  form->SetPlayListDirty(false);
+  form->SetCurPlayList("C:\\Old.old.qvl");
+  desktop.boxes.Answer(MessageBoxAnswer::kNo);
   desktop.files.failures.FailCall(FileCall::kFind, 3, 0);
   desktop.dialogs.AnswerFile(kHoliday);
   Choose("mnuOpen");
   EXPECT_EQ(Names(0) + Names(1), "C:\\p C:\\qC:\\s");
-  EXPECT_EQ(form->CurPlayList(), "");
-  EXPECT_TRUE(desktop.boxes.shown.empty());
+  EXPECT_EQ(form->CurPlayList(), "C:\\Old.old.qvl");
+  ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+  EXPECT_EQ(desktop.boxes.shown[0].text, "Your Play List [Old] has been changed.  Do you want to save your changes?");
   EXPECT_FALSE(IsPaused());
 }
 

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "base/failure.h"
-#include "desktop/picture_samples.h"
+#include "desktop/pictures/samples.h"
 
 namespace quorvale {
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/picture_samples.h"
+#include "desktop/pictures/samples.h"
 
 namespace quorvale {
 namespace {

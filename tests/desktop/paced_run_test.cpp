@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "desktop/window_fixture.h"
-#include "platform/desktop/toolkit/pace_account.h"
+#include "toolkit/pace_account.h"
 
 namespace quorvale {
 namespace {

@@ -101,6 +101,9 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
        [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_N), platform_.PumpEvents(); },
        {"File opens", "530", "New"}},
       {"from menu to menu",
+       [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_Right), Press(Qt::Key_Escape); },
+       {"File opens", "Edit opens", "530"}},
+      {"a command of a submenu",
        [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_M), Press(Qt::Key_D); },
        {"File opens", "530", "Deep"}},
   };
@@ -147,6 +150,7 @@ TEST_F(WidgetsTest, ShowWhatTheProgramSetsAndTellNothingOfIt) {
   EXPECT_EQ(Find<QLineEdit>("txt").text(), "12");
   EXPECT_EQ(Find("lblText").geometry(), QRect(0, 0, 40, 20));
   EXPECT_EQ(Find("txt").accessibleName(), "Text:");
+  EXPECT_EQ(Find("cbo").accessibleName(), "Frame");
   EXPECT_THAT(form_->told, IsEmpty());
 }
 

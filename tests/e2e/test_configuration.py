@@ -1,6 +1,8 @@
 """The configuration window on a real X server, worked by mouse and keyboard as its user does."""
 
 import os
+import re
+import subprocess
 import time
 import unittest
 
@@ -41,7 +43,7 @@ class ConfigurationTest(unittest.TestCase):
         self.assertEqual(program.wait(timeout=20), 0)
 
     def active(self):
-        return self.display.output("xdotool", "getactivewindow", "getwindowname").decode().strip()
+        return self.display.focused_title()
 
     def wait_for(self, title):
         wait_until(lambda: self.active() == title, f"the window {title}")
@@ -85,6 +87,7 @@ class Lists(ConfigurationTest):
         self.press("ctrl+s")
         self.answer("Save Play List", self.file)
         lines = [entry(self.blue), entry(self.green), directory_entry(self.session.folder)]
+        wait_until(lambda: os.path.exists(self.file), "the play list file")
         with open(self.file, "rb") as file:
             self.assertEqual(file.read(), play_list_text(*lines))
         self.press("Return")
@@ -112,6 +115,28 @@ class Lists(ConfigurationTest):
         self.assert_ends(program)
         self.assertEqual(self.stored(), [entry(self.red)])
         self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
+
+
+class Window(unittest.TestCase):
+    def test_fits_a_screen_of_few_pixels_and_a_large_scale(self):
+        display = Display(1024, 600)
+        self.addCleanup(display.close)
+        session = Session(display)
+        self.addCleanup(session.close)
+        session.start("/C", QT_SCALE_FACTOR="1.5")
+        wait_until(lambda: display.focused_title() == WINDOW, "the window")
+        frame = subprocess.run(["xwininfo", "-frame", "-name", WINDOW], env=display.environment, check=True,
+                               stdout=subprocess.PIPE, text=True).stdout
+        top, height = (int(re.search(name + r":\s+(\d+)", frame)[1]) for name in ("Absolute upper-left Y", "Height"))
+        self.assertLessEqual(top + height, 600)
+
+
+class Start(ConfigurationTest):
+    def test_needs_a_display(self):
+        for arguments in (["/C"], ["/c"], []):
+            with self.subTest(arguments=arguments):
+                program = self.session.start(*arguments, stderr=subprocess.DEVNULL, DISPLAY="")
+                self.assertEqual(program.wait(timeout=10), 1)
 
 
 class Pane(ConfigurationTest):

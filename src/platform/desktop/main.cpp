@@ -38,6 +38,9 @@ bool IsPreview(std::string_view text) { return UpperCase(Left(text, 2)) == "/P";
 // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
 bool IsShow(std::string_view text) { return UpperCase(Left(text, 2)) == "/S" || IsPreview(text); }
 
+// Everything that the user is to see; the configuration is what runs without a switch.
+bool NeedsDisplay(std::string_view text) { return IsShow(text) || text.empty() || UpperCase(Left(text, 2)) == "/C"; }
+
 int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPlatform platform(options);
   SqliteRegistry registry(SettingsDirectory());
@@ -80,8 +83,8 @@ int main(int argc, char** argv) {
   QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
   if (invocation.daemon_window || IsPreview(text)) PreferX11();
   std::optional<DisplayProbe> probe(std::in_place);
-  if (!probe->HasDisplay() && !IsShow(text)) qputenv("QT_QPA_PLATFORM", "offscreen");  // nothing to be shown
-  if (!probe->HasDisplay() && IsShow(text)) {
+  if (!probe->HasDisplay() && !NeedsDisplay(text)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!probe->HasDisplay() && NeedsDisplay(text)) {
     std::fputs("quorvale: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }

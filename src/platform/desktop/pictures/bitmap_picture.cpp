@@ -51,6 +51,7 @@ void BitmapPicture::RenderFor(PixelSize box, const PixelRect& part) {
   try {
     // The last one makes room first.
     rendering_ = {};
+    file_->StartClock();
     rendering_ = Render(*Open(orientation_.Turn(box)), orientation_, box, part);
   } catch (const std::bad_alloc&) {
     throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");

@@ -4,8 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <vector>
+
+#include "platform/desktop/pictures/exif_tags.h"
 
 namespace quorvale {
 namespace {
@@ -15,72 +16,21 @@ constexpr std::size_t kSegmentHead = 4;
 // The camera data come early; a file with more segments before them is not worth the search.
 constexpr int kMostSegments = 64;
 
-constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 constexpr std::uint8_t kApp1 = 0xE1;
 constexpr std::uint8_t kStartOfScan = 0xDA;
-constexpr std::uint16_t kOrientationTag = 0x0112;
-constexpr std::uint16_t kShortType = 3;
-
-std::vector<std::uint8_t> Copy(PictureFile& file, std::size_t offset, std::size_t count) {
-  std::vector<std::uint8_t> bytes;
-  while (bytes.size() < count) {
-    auto piece = file.From(offset + bytes.size());
-    if (piece.empty()) break;
-    piece = piece.first(std::min(piece.size(), count - bytes.size()));
-    bytes.insert(bytes.end(), piece.begin(), piece.end());
-  }
-  return bytes;
-}
-
-// A block of tagged values in the byte order that its first two bytes tell.
-class TagBlock {
- public:
-  explicit TagBlock(std::span<const std::uint8_t> bytes)
-      : bytes_(bytes), big_endian_(!bytes.empty() && bytes[0] == 'M') {}
-
-  std::optional<int> Orientation() const {
-    const auto directory = Number(4, 4);
-    if (!directory) return std::nullopt;
-    const auto entries = Number(*directory, 2);
-    for (std::uint32_t i = 0; entries && i < *entries; ++i) {
-      const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
-      const auto tag = Number(entry, 2);
-      if (!tag) break;
-      if (*tag != kOrientationTag || Number(entry + 2, 2) != kShortType) continue;
-      const auto value = Number(entry + 8, 2);
-      if (value && *value >= 1 && *value <= 8) return static_cast<int>(*value);
-    }
-    return std::nullopt;
-  }
-
- private:
-  std::optional<std::uint32_t> Number(std::size_t offset, std::size_t size) const {
-    if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-      number = number << 8U | bytes_[offset + (big_endian_ ? i : size - 1 - i)];
-    }
-    return number;
-  }
-
-  std::span<const std::uint8_t> bytes_;
-  bool big_endian_;
-};
-
 }  // namespace
 
 int ExifOrientation(PictureFile& file) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
-    const auto head = Copy(file, offset, kSegmentHead);
-    if (head.size() < kSegmentHead || head[0] != 0xFF || head[1] == kStartOfScan) break;
+    std::array<std::uint8_t, kSegmentHead> head{};
+    if (!file.Copy(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
     const std::size_t length = std::size_t{head[2]} << 8U | head[3];
     if (length < 2) break;
     if (head[1] == kApp1) {
-      const auto data = Copy(file, offset + kSegmentHead, length - 2);
-      if (data.size() > kSignature.size() && std::equal(kSignature.begin(), kSignature.end(), data.begin())) {
-        return TagBlock(std::span(data).subspan(kSignature.size())).Orientation().value_or(1);
-      }
+      std::vector<std::uint8_t> data(length - 2);
+      file.Copy(offset + kSegmentHead, data);
+      if (const auto orientation = OrientationInSegment(data)) return *orientation;
     }
     offset += 2 + length;
   }

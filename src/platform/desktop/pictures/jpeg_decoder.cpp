@@ -105,14 +105,14 @@ void JpegDecoder::SkipBytes(j_decompress_ptr decoder, long count) {
 
 bool JpegDecoder::ReadHeader() {
   if (decoder_.src == nullptr || !Guarded([this] { jpeg_read_header(&decoder_, TRUE); })) return false;
+  several_scans_ = jpeg_has_multiple_scans(&decoder_) != FALSE;
   for (int i = 0; i < decoder_.num_components; ++i) {
     blocks_ += std::size_t{decoder_.comp_info[i].width_in_blocks} * decoder_.comp_info[i].height_in_blocks;
   }
-  return file_.Size() >= blocks_ / kBlocksPerBit / 8 && CoefficientBytes() <= kPictureMemoryLimit && HoldsPixels();
+  return file_.Size() >= blocks_ / kBlocksPerBit / 8 && HoldsPixels();
 }
 
-// Files in several scans are put together in memory before the first row comes out.
-std::size_t JpegDecoder::CoefficientBytes() { return jpeg_has_multiple_scans(&decoder_) ? blocks_ * kBlockBytes : 0; }
+std::size_t JpegDecoder::Memory() const { return several_scans_ ? blocks_ * kBlockBytes : 0; }
 
 // Whether anything but a mark stands where the pixels begin.
 bool JpegDecoder::HoldsPixels() {

@@ -23,8 +23,7 @@ class JpegDecoder {
   JpegDecoder(const JpegDecoder&) = delete;
   JpegDecoder& operator=(const JpegDecoder&) = delete;
 
-  // False as well for a file that holds next to no pixels for the size it claims, or whose decoding
-  // would take too much memory.
+  // False as well for a file that holds next to no pixels for the size it claims.
   bool ReadHeader();
 
   // After `ReadHeader`: the size of the whole picture.
@@ -33,6 +32,8 @@ class JpegDecoder {
   // The same at a scale of `eighths`/8, 1 to 8.
   int ScaledWidth(int eighths) const { return Scaled(Width(), eighths); }
   int ScaledHeight(int eighths) const { return Scaled(Height(), eighths); }
+  // What a picture that comes in several scans takes before its first row.
+  std::size_t Memory() const;
 
   // Goes to the row `top` of the picture at that scale. Rows will hold the columns from `left` to
   // `right`, the same pixels as if the whole picture were decoded.
@@ -53,7 +54,6 @@ class JpegDecoder {
   template <typename Body>
   bool Guarded(Body body);
   bool HoldsPixels();
-  std::size_t CoefficientBytes();
   bool Begin(int eighths);
   void Crop(int left, int right);
   bool Discard(int rows);
@@ -73,6 +73,7 @@ class JpegDecoder {
   jpeg_progress_mgr progress_{};
   std::jmp_buf failed_{};
   std::size_t blocks_ = 0;
+  bool several_scans_ = false;
 
   std::array<std::vector<Pixel>, 2> rows_;
   std::size_t current_row_ = 0;

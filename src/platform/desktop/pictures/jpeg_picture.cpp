@@ -25,6 +25,7 @@ class JpegRows : public RowSource {
   Side Across() const override { return {decoder_->ScaledWidth(eighths_), decoder_->Width() * eighths_ / 8.0}; }
   Side Down() const override { return {decoder_->ScaledHeight(eighths_), decoder_->Height() * eighths_ / 8.0}; }
   bool IsOpaque() const override { return true; }
+  std::size_t Memory() const override { return decoder_->Memory(); }
 
   bool Start(int left, int right, int top) override {
     next_ = top;
@@ -50,17 +51,14 @@ class JpegRows : public RowSource {
 
 }  // namespace
 
-bool JpegPicture::Recognizes(PictureFile& file) {
-  const auto bytes = file.From(0);
-  return bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xD8;
-}
+bool JpegPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\xFF\xD8"); }
 
-JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)), decoder_(ReadHeader()) {
-  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(*file_)));
+JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : BitmapPicture(std::move(file)), decoder_(ReadHeader()) {
+  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(File())));
 }
 
 std::unique_ptr<JpegDecoder> JpegPicture::ReadHeader() {
-  auto decoder = std::make_unique<JpegDecoder>(*file_);
+  auto decoder = std::make_unique<JpegDecoder>(File());
   if (!decoder->ReadHeader()) throw Failure(FailureNumber::kBadPicture, "Damaged picture", "LoadPicture");
   return decoder;
 }

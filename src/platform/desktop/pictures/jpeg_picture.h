@@ -22,7 +22,6 @@ class JpegPicture : public BitmapPicture {
  private:
   std::unique_ptr<JpegDecoder> ReadHeader();
 
-  std::unique_ptr<PictureFile> file_;
   // Has read the header, and waits for the first `Open`.
   std::unique_ptr<JpegDecoder> decoder_;
 };

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 
 #include "base/failure.h"
 
@@ -16,6 +17,9 @@ namespace {
 constexpr std::size_t kHeldSize = std::size_t{8} << 20U;
 // How much of a larger one is read at a time.
 constexpr std::size_t kPieceSize = std::size_t{256} << 10U;
+
+// Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
+constexpr std::chrono::seconds kTimeToRead{3};
 
 [[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
 
@@ -39,6 +43,7 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
     Fail(FailureNumber::kBadPicture, "Picture file too large");
   }
   size_ = static_cast<std::size_t>(status.st_size);
+  StartClock();
   const bool held = size_ <= kHeldSize;
   Read(0, held ? size_ : kPieceSize);
   if (size_ > 0 && buffer_.empty()) Fail(FailureNumber::kUnreadable, "File can't be read");
@@ -48,12 +53,32 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
   }
 }
 
+void PictureFile::StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
+
 std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
   if (offset >= size_) return {};
   if (file_.IsOpen() && (offset < buffer_offset_ || offset >= buffer_offset_ + buffer_.size())) {
+    if (std::chrono::steady_clock::now() > latest_) return {};
     Read(offset, std::min(kPieceSize, size_ - offset));
   }
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
+}
+
+bool PictureFile::Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept {
+  while (!to.empty()) {
+    const auto bytes = From(offset);
+    if (bytes.empty()) return false;
+    const std::size_t count = std::min(bytes.size(), to.size());
+    std::copy_n(bytes.begin(), count, to.begin());
+    to = to.subspan(count);
+    offset += count;
+  }
+  return true;
+}
+
+bool PictureFile::BeginsWith(std::string_view bytes) noexcept {
+  const auto start = From(0);
+  return start.size() >= bytes.size() && std::memcmp(start.data(), bytes.data(), bytes.size()) == 0;
 }
 
 // The file may have shrunk, or its disk fail: then the bytes end where they end. After the first call

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
@@ -23,9 +25,17 @@ class PictureFile {
 
   std::size_t Size() const { return size_; }
 
+  // What is read from here on may take its time, a few seconds; after that the file has ended.
+  void StartClock();
+
   // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
   // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
   std::span<const std::uint8_t> From(std::size_t offset) noexcept;
+
+  // Fills `to` from `offset` on. False if the file ends before, with what there is in `to`.
+  bool Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept;
+
+  bool BeginsWith(std::string_view bytes) noexcept;
 
  private:
   void Read(std::size_t offset, std::size_t count);
@@ -33,6 +43,7 @@ class PictureFile {
   // Closed once all is in memory.
   FileDescriptor file_;
   std::size_t size_ = 0;
+  std::chrono::steady_clock::time_point latest_;
   std::vector<std::uint8_t> buffer_;
   std::size_t buffer_offset_ = 0;
 };

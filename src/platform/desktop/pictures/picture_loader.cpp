@@ -7,12 +7,22 @@
 
 #include "base/failure.h"
 #include "platform/desktop/metafile/metafile_picture.h"
-#include "platform/desktop/pictures/image_picture.h"
+#include "platform/desktop/pictures/bmp_picture.h"
+#include "platform/desktop/pictures/gif_picture.h"
 #include "platform/desktop/pictures/jpeg_picture.h"
 #include "platform/desktop/pictures/picture_file.h"
+#include "platform/desktop/pictures/png_picture.h"
 
 namespace quorvale {
 namespace {
+
+std::shared_ptr<BitmapPicture> OpenBitmap(std::unique_ptr<PictureFile> file) {
+  if (JpegPicture::Recognizes(*file)) return std::make_shared<JpegPicture>(std::move(file));
+  if (BmpPicture::Recognizes(*file)) return std::make_shared<BmpPicture>(std::move(file));
+  if (GifPicture::Recognizes(*file)) return std::make_shared<GifPicture>(std::move(file));
+  if (PngPicture::Recognizes(*file)) return std::make_shared<PngPicture>(std::move(file));
+  throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
+}
 
 template <typename Kind>
 std::shared_ptr<Picture> Prepared(std::shared_ptr<Kind> picture, const PicturePlace& place) {
@@ -32,8 +42,7 @@ std::vector<std::uint8_t> Bytes(PictureFile& file) {
 
 std::shared_ptr<Picture> Open(std::unique_ptr<PictureFile> file, const PicturePlace& place) {
   if (IsMetafile(file->From(0))) return Prepared(std::make_shared<MetafilePicture>(Bytes(*file)), place);
-  if (JpegPicture::Recognizes(*file)) return Prepared(std::make_shared<JpegPicture>(std::move(file)), place);
-  return Prepared(std::make_shared<ImagePicture>(std::move(file)), place);
+  return Prepared(OpenBitmap(std::move(file)), place);
 }
 
 }  // namespace

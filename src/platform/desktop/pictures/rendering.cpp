@@ -39,12 +39,13 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 }
 
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part) {
+  const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
+  if (count > (kPictureMemoryLimit - std::min(source.Memory(), kPictureMemoryLimit)) / sizeof(Pixel))
+    Fail("Picture too large");
   if (part.IsEmpty()) {
     if (!source.Start(0, 1, 0) || source.Row(0) == nullptr) Fail("Damaged picture");
     return {};
   }
-  const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
-  if (count > kPictureMemoryLimit / sizeof(Pixel)) Fail("Picture too large");
   Rendering rendering;
   rendering.box = box;
   rendering.part = part;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "toolkit/pixel_view.h"
 
 namespace quorvale {
@@ -19,6 +21,9 @@ class RowSource {
 
   // Whether every pixel's alpha is 255; elsewhere colours are multiplied by it.
   virtual bool IsOpaque() const = 0;
+
+  // How many bytes it takes to come row by row, beside some rows.
+  virtual std::size_t Memory() const { return 0; }
 
   // Of each row the columns from `left` up to but not including `right` are wanted, from the row `top`
   // on. False when the picture is too damaged. Called once.

@@ -5,12 +5,12 @@
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/title_lock.h"
 #include "platform/desktop/toolkit/event_wait.h"
-#include "platform/desktop/toolkit/pace_account.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/text_painter.h"
 #include "platform/desktop/toolkit/window_system.h"
 #include "platform/desktop/widgets/file_dialogs.h"
 #include "platform/desktop/widgets/qt_widgets.h"
+#include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {

@@ -5,8 +5,8 @@
 #include <chrono>
 
 #include "platform/desktop/toolkit/event_wait.h"
-#include "platform/desktop/toolkit/pace_account.h"
 #include "platform/desktop/toolkit/presenter.h"
+#include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {

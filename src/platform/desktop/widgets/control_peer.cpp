@@ -6,6 +6,7 @@
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/widgets/dialog_peer.h"
 #include "platform/desktop/widgets/fitting.h"
+#include "platform/desktop/widgets/fitting_style.h"
 
 namespace quorvale {
 
@@ -14,6 +15,7 @@ DialogWindow& WindowOf(WindowPeer& peer) { return static_cast<DialogPeer&>(peer)
 ControlPeer::ControlPeer(WindowPeer& window, Widget& control, std::unique_ptr<QWidget> widget,
                          std::function<void()> show)
     : control_(control), widget_(widget.release()), show_(std::move(show)) {
+  widget_->setStyle(&FittingStyle::Get());
   DialogWindow& dialog = WindowOf(window);
   widget_->setObjectName(Caption(control.Name()));
   if (!control.Design().tool_tip.empty()) widget_->setToolTip(Caption(control.Design().tool_tip));

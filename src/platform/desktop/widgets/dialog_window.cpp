@@ -14,9 +14,21 @@
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
-#include "toolkit/widget.h"
+#include "toolkit/panels.h"
 
 namespace quorvale {
+
+namespace {
+
+// For a control without a caption: that of the label before it, or of the frame around it.
+QString NameFor(const Widget& control, const LabelWidget* label) {
+  if (label != nullptr) return label->PlainText();
+  const Frame* const frame = control.Design().container;
+  const bool is_framed = frame != nullptr && !frame->Caption().empty();
+  return WithoutAccessKey(Caption(is_framed ? frame->Caption() : control.Design().tool_tip));
+}
+
+}  // namespace
 
 DialogWindow::DialogWindow(WindowEvents& events)
     : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
@@ -104,12 +116,12 @@ bool DialogWindow::eventFilter(QObject* control, QEvent* event) {
 
 bool DialogWindow::OpenMenu(const QKeySequence& access_key) {
   if (menu_bar_ == nullptr) return false;
-  for (QAction* const menu : menu_bar_->actions()) {
-    if (QKeySequence::mnemonic(menu->text()) != access_key) continue;
-    menu_bar_->setActiveAction(menu);
-    return true;
-  }
-  return false;
+  const QList<QAction*> menus = menu_bar_->actions();
+  const auto found = std::ranges::find_if(
+      menus, [&access_key](const QAction* menu) { return QKeySequence::mnemonic(menu->text()) == access_key; });
+  if (found == menus.end()) return false;
+  menu_bar_->setActiveAction(*found);
+  return true;
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {
@@ -145,7 +157,7 @@ void DialogWindow::ArrangeControls() {
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();
     if (label != nullptr) label->LeadTo(*widget);
-    if (label != nullptr && widget->accessibleName().isEmpty()) widget->setAccessibleName(label->PlainText());
+    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(NameFor(*control.control, label));
     label = nullptr;
     last = widget;
   }

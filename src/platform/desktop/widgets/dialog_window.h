@@ -59,7 +59,7 @@ class DialogWindow : public QDialog {
 
  private:
   struct Control {
-    const Widget* control;
+    const Widget* control = nullptr;
     QPointer<QWidget> widget;
   };
 

@@ -67,8 +67,7 @@ std::string FileDialogs::Choose(QWidget* owner, const FileDialog& dialog) {
 
 std::string FileDialogs::ChooseFolder(QWidget* owner, const std::string& title) {
   const QString chosen = QFileDialog::getExistingDirectory(owner, QString::fromStdString(title), folder_);
-  // The pictures of a show lie side by side in many folders, so the next one is chosen from beside this one.
-  if (!chosen.isEmpty()) folder_ = QFileInfo(chosen).path();
+  if (!chosen.isEmpty()) folder_ = chosen;
   return Encoded(chosen);
 }
 

@@ -1,0 +1,67 @@
+// The Windows program: makes what the core runs on, and runs it.
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+#include "base/numbers.h"
+#include "base/text.h"
+#include "platform/win32/pictures/picture_loader.h"
+#include "platform/win32/system/com_apartment.h"
+#include "platform/win32/system/win32_file_system.h"
+#include "platform/win32/system/win32_host.h"
+#include "platform/win32/system/win32_password.h"
+#include "platform/win32/system/win32_programs.h"
+#include "platform/win32/system/win32_registry.h"
+#include "platform/win32/system/win32_sound_player.h"
+#include "platform/win32/toolkit/dpi.h"
+#include "platform/win32/toolkit/event_loop.h"
+#include "platform/win32/toolkit/win32_platform.h"
+#include "process/process.h"
+#include "run/main_procedure.h"
+#include "settings/version_record.h"
+
+namespace quorvale {
+namespace {
+
+bool IsMode(const std::string& text, const char* mode) { return UpperCase(Left(text, 2)) == mode; }
+
+// The host of a preview may count other pixels than we would.
+void FollowHost(const std::string& text) {
+  const double number = LenientParse(Mid(text, 3));
+  if (std::abs(number) > std::numeric_limits<std::int32_t>::max()) return;
+  FollowDpiOf(reinterpret_cast<HWND>(ToWindowHandle(RoundToInt32(number))));
+}
+
+int RunProgram(const std::string& text) {
+  const ComApartment components;
+  // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
+  const bool is_show = IsMode(text, "/S") || IsMode(text, "/P");
+  if (IsMode(text, "/P")) FollowHost(text);
+  Win32Options options;
+  options.application_title = kApplicationTitle;
+  options.pixels = is_show ? PixelKind::kPhysical : PixelKind::kLogical;
+  Win32PictureLoader pictures;
+  Win32Platform platform(options, pictures);
+  Win32Registry registry;
+  Win32FileSystem files;
+  Win32SoundPlayer sound;
+  Win32Programs programs;
+  Win32Host host;
+  Win32Password password;
+  Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
+
+  process.app.LastFormGone = EndEventLoop;
+  Main(process, text);
+  return process.app.Forms.Count() > 0 ? RunEventLoop() : 0;
+}
+
+}  // namespace
+}  // namespace quorvale
+
+// The signature is the system's.
+// NOLINTNEXTLINE(readability-non-const-parameter)
+int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR lpCmdLine, int /*nShowCmd*/) {
+  return quorvale::RunProgram(lpCmdLine);
+}

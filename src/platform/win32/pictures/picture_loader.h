@@ -1,0 +1,13 @@
+#pragma once
+
+#include "toolkit/picture.h"
+
+namespace quorvale {
+
+// Tells the kind of a picture file by its content.
+class Win32PictureLoader : public PictureLoader {
+ public:
+  std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) override;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,121 @@
+#include "platform/win32/pictures/wic_picture.h"
+
+#include <utility>
+
+#include "base/failure.h"
+#include "platform/desktop/pictures/picture_file.h"
+#include "platform/win32/pictures/canvas_rows.h"
+#include "platform/win32/pictures/jpeg_head.h"
+#include "platform/win32/pictures/wic_rows.h"
+#include "platform/win32/pictures/wic_source_transform.h"
+
+namespace quorvale {
+namespace {
+
+// A size that a file can't fill even packed as tightly as the formats know is not believed.
+constexpr std::uint64_t kMostPixelsToByte = 4096;
+
+bool IsJpeg(const PictureBytes& bytes) { return WordAt(bytes, 0) == 0xD8FF; }
+
+void CheckSize(PixelSize size, const PictureBytes& bytes, bool is_progressive) {
+  if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
+  const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
+  if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
+  // Photos in one scan are the only ones that are never in memory as a whole.
+  if (IsJpeg(bytes) && !is_progressive) return;
+  if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
+}
+
+bool IsOpaque(const WicFactory& factory, const WicFrame& frame) {
+  WICPixelFormatGUID format{};
+  CheckPicture(frame->GetPixelFormat(&format));
+  ComPointer<IWICPalette> palette;
+  CheckPicture(factory->CreatePalette(palette.Out()));
+  if (SUCCEEDED(frame->CopyPalette(palette.Get()))) {
+    BOOL has_alpha = TRUE;
+    return SUCCEEDED(palette->HasAlpha(&has_alpha)) && has_alpha == FALSE;
+  }
+  ComPointer<IWICComponentInfo> component;
+  if (FAILED(factory->CreateComponentInfo(format, component.Out()))) return false;
+  const auto info = component.As<IWICPixelFormatInfo2>();
+  BOOL has_alpha = TRUE;
+  return info.Get() != nullptr && SUCCEEDED(info->SupportsTransparency(&has_alpha)) && has_alpha == FALSE;
+}
+
+UINT DividedUp(int side, UINT divisor) { return (static_cast<UINT>(side) + divisor - 1) / divisor; }
+
+// The largest reduction by the decoder itself that leaves the picture no smaller than the box.
+UINT ChooseReduction(const WicFrame& frame, PixelSize size, PixelSize box) {
+  const auto transform = frame.As<IWICBitmapSourceTransform>();
+  if (transform.Get() == nullptr) return 1;
+  for (const UINT divisor : {8U, 4U, 2U}) {
+    const UINT width = DividedUp(size.width, divisor);
+    const UINT height = DividedUp(size.height, divisor);
+    if (width < static_cast<UINT>(box.width) || height < static_cast<UINT>(box.height)) continue;
+    UINT closest_width = width;
+    UINT closest_height = height;
+    if (SUCCEEDED(transform->GetClosestSize(&closest_width, &closest_height)) && closest_width == width &&
+        closest_height == height) {
+      return divisor;
+    }
+  }
+  return 1;
+}
+
+WicSource AsOurPixels(const WicFactory& factory, IWICBitmapSource* from) {
+  ComPointer<IWICFormatConverter> converter;
+  CheckPicture(factory->CreateFormatConverter(converter.Out()));
+  CheckPicture(converter->Initialize(from, GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone, nullptr, 0,
+                                     WICBitmapPaletteTypeCustom));
+  return converter.As<IWICBitmapSource>();
+}
+
+}  // namespace
+
+WicPicture::WicPicture(PictureBytes bytes)
+    : factory_(CreateWicFactory()), bytes_(std::move(bytes)), canvas_(ReadGifCanvas(bytes_)), frame_(OpenFrame()) {
+  UINT width = 0;
+  UINT height = 0;
+  CheckPicture(frame_->GetSize(&width, &height));
+  frame_size_ = {static_cast<int>(width), static_cast<int>(height)};
+  const bool on_canvas = canvas_.width > 0;
+  const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
+  const JpegHead head = ReadJpegHead(bytes_);
+  CheckSize(size, bytes_, head.is_progressive);
+  Describe(size, Orientation::FromExif(head.orientation));
+}
+
+std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {
+  const WicFrame frame = frame_.Get() != nullptr ? std::move(frame_) : OpenFrame();
+  const UINT divisor = ChooseReduction(frame, frame_size_, stored_box);
+  ComPointer<IWICBitmapScaler> scaler;
+  IWICBitmapSource* source = frame.Get();
+  const UINT width = DividedUp(frame_size_.width, divisor);
+  const UINT height = DividedUp(frame_size_.height, divisor);
+  if (divisor > 1) {
+    // The system's scaler hands the size on to a decoder that can do it.
+    CheckPicture(factory_->CreateBitmapScaler(scaler.Out()));
+    CheckPicture(scaler->Initialize(source, width, height, WICBitmapInterpolationModeFant));
+    source = scaler.Get();
+  }
+  const RowSource::Side across{static_cast<int>(width), frame_size_.width / static_cast<double>(divisor)};
+  const RowSource::Side down{static_cast<int>(height), frame_size_.height / static_cast<double>(divisor)};
+  auto rows = std::make_unique<WicRows>(AsOurPixels(factory_, source), across, down, IsOpaque(factory_, frame));
+  const bool is_covered = canvas_.width == frame_size_.width && canvas_.height == frame_size_.height;
+  if (canvas_.width == 0 || is_covered) return rows;
+  return std::make_unique<CanvasRows>(std::move(rows), canvas_.width, canvas_.height, canvas_.first);
+}
+
+WicFrame WicPicture::OpenFrame() const {
+  ComPointer<IWICStream> stream;
+  CheckPicture(factory_->CreateStream(stream.Out()));
+  // The stream reads, whatever its parameter's type says.
+  CheckPicture(stream->InitializeFromMemory(const_cast<BYTE*>(bytes_.data()), static_cast<DWORD>(bytes_.size())));
+  ComPointer<IWICBitmapDecoder> decoder;
+  CheckPicture(factory_->CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand, decoder.Out()));
+  WicFrame frame;
+  CheckPicture(decoder->GetFrame(0, frame.Out()));
+  return frame;
+}
+
+}  // namespace quorvale

@@ -1,0 +1,111 @@
+#include "platform/win32/system/win32_file_system.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/win32/system/file_content.h"
+#include "platform/win32/system/file_search.h"
+#include "platform/win32/system/system_error.h"
+#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/windows_api.h"
+
+namespace quorvale {
+namespace {
+
+bool IsBefore(const std::wstring& a, const std::wstring& b) {
+  return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
+         CSTR_LESS_THAN;
+}
+
+std::wstring InCodePage(const std::string& bytes, UINT code_page) {
+  const int length = static_cast<int>(bytes.size());
+  std::wstring wide(bytes.size(), L'\0');
+  const int used = MultiByteToWideChar(code_page, 0, bytes.data(), length, wide.data(), length);
+  wide.resize(static_cast<std::size_t>(used));
+  return wide;
+}
+
+// What programs of this machine use that don't ask for UTF-8.
+UINT OlderCodePage() {
+  DWORD code_page = 0;
+  GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                 reinterpret_cast<wchar_t*>(&code_page), sizeof code_page / sizeof(wchar_t));
+  // Some languages have none.
+  constexpr UINT kWesternEuropean = 1252;
+  return code_page == 0 || code_page == CP_UTF8 ? kWesternEuropean : code_page;
+}
+
+// A directory that is named with its separator, or a drive. The system's search finds neither.
+std::string FindDirectory(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {};
+  const std::string trimmed = path.substr(0, path.find_last_not_of('\\') + 1);
+  return trimmed.empty() || trimmed.back() == ':' ? path : trimmed.substr(trimmed.rfind('\\') + 1);
+}
+
+}  // namespace
+
+void Win32FileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
+                                     const std::function<void(const std::string& name)>& found) {
+  for (const std::string& pattern : patterns) {
+    std::vector<std::wstring> names;
+    FileSearch search(directory + pattern);
+    for (; search.HasEntry(); search.Next()) {
+      if (search.IsFoundBy(kAttributeNormal)) names.emplace_back(search.Name());
+    }
+    // Most disks give names in order, but not all do.
+    if (!std::is_sorted(names.begin(), names.end(), IsBefore)) std::sort(names.begin(), names.end(), IsBefore);
+    for (const std::wstring& name : names) found(FromWide(name));
+    // Not found is a directory without such a file.
+    if (search.Error() != ERROR_NO_MORE_FILES && search.Error() != ERROR_FILE_NOT_FOUND) {
+      throw FileFailure(search.Error(), directory, FailureNumber::kUnreadable);
+    }
+  }
+}
+
+std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
+  if (path.ends_with('\\')) return (attributes & kAttributeDirectory) != 0 ? FindDirectory(path) : std::string();
+  FileSearch search(path);
+  for (; search.HasEntry(); search.Next()) {
+    if (search.IsFoundBy(attributes)) return FromWide(search.Name());
+  }
+  if (search.Error() != ERROR_NO_MORE_FILES && !MeansMissing(search.Error())) {
+    throw FileFailure(search.Error(), path, FailureNumber::kUnreadable);
+  }
+  return {};
+}
+
+std::string Win32FileSystem::GetShortPathName(const std::string& path, std::uint32_t size) {
+  std::string result(size, '\0');
+  const DWORD length = GetShortPathNameA(path.c_str(), result.data(), size);
+  // For a buffer that is too small the length is the one that it would need.
+  result.resize(length < size ? length : 0);
+  return result;
+}
+
+std::string Win32FileSystem::ReadFile(const std::string& path) {
+  const Handle file = OpenForReading(path);
+  constexpr std::size_t kPiece = 65536;
+  std::string content;
+  while (true) {
+    std::array<std::uint8_t, kPiece> piece{};
+    const std::size_t got = ReadSome(file, piece, path);
+    if (got == 0) return content;
+    content.append(reinterpret_cast<const char*>(piece.data()), got);
+  }
+}
+
+void Win32FileSystem::WriteFile(const std::string& path, const std::string& content) {
+  ReplaceFileContent(path, content);
+}
+
+std::string Win32FileSystem::FromOlderCodePage(const std::string& bytes) {
+  return FromWide(InCodePage(bytes, OlderCodePage()));
+}
+
+bool Win32FileSystem::WritePrivateProfileString(const std::string& section, const std::string& key,
+                                                const std::string& value, const std::string& file) {
+  return WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), file.c_str()) != 0;
+}
+
+}  // namespace quorvale

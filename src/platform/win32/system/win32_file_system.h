@@ -1,0 +1,23 @@
+#pragma once
+
+#include "system/file_system.h"
+
+namespace quorvale {
+
+// Searches and contents go through the system's wide calls: the narrow ones can't give names whose text takes
+// more than 259 bytes.
+class Win32FileSystem : public FileSystem {
+ public:
+  void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
+                      const std::function<void(const std::string& name)>& found) override;
+  std::string FindFile(const std::string& path, int attributes) override;
+  std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
+  std::string ReadFile(const std::string& path) override;
+  void WriteFile(const std::string& path, const std::string& content) override;
+  std::string FromOlderCodePage(const std::string& bytes) override;
+  bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
+                                 const std::string& file) override;
+  PathSyntax Syntax() const override { return {}; }
+};
+
+}  // namespace quorvale

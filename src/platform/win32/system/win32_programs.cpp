@@ -1,0 +1,88 @@
+#include "platform/win32/system/win32_programs.h"
+
+#include <vector>
+
+#include "platform/win32/system/handle.h"
+#include "platform/win32/system/help_page.h"
+#include "platform/win32/system/system_error.h"
+#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/windows_api.h"
+// Behind the header that it builds on.
+#include <shellapi.h>
+#undef ShellExecute
+
+namespace quorvale {
+namespace {
+
+// One press or release of a key.
+INPUT KeyStroke(WORD key, WORD character, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = character;
+  input.ki.dwFlags = flags;
+  return input;
+}
+
+// The strokes that type a character: on the user's keyboard where that has it, else the character as such.
+void AppendStrokes(wchar_t character, std::vector<INPUT>& strokes) {
+  const SHORT found = VkKeyScanW(character);
+  const bool has_key = found != -1 && HIBYTE(found) <= 1;
+  if (!has_key) {
+    for (const DWORD flags : {DWORD{0}, DWORD{KEYEVENTF_KEYUP}}) {
+      strokes.push_back(KeyStroke(0, character, KEYEVENTF_UNICODE | flags));
+    }
+    return;
+  }
+  const WORD key = LOBYTE(found);
+  const bool is_shifted = HIBYTE(found) == 1;
+  if (is_shifted) strokes.push_back(KeyStroke(VK_SHIFT, 0, 0));
+  strokes.push_back(KeyStroke(key, 0, 0));
+  strokes.push_back(KeyStroke(key, 0, KEYEVENTF_KEYUP));
+  if (is_shifted) strokes.push_back(KeyStroke(VK_SHIFT, 0, KEYEVENTF_KEYUP));
+}
+
+}  // namespace
+
+void Win32Programs::Start(const std::string& command_line, int window_style) {
+  STARTUPINFOA start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESHOWWINDOW;
+  // The styles are the system's own numbers for showing a window.
+  start.wShowWindow = static_cast<WORD>(window_style);
+  PROCESS_INFORMATION process{};
+  std::string line = command_line;
+  if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) == 0) {
+    throw FileFailure(GetLastError(), command_line, FailureNumber::kNotFound);
+  }
+  const Handle thread(process.hThread);
+  const Handle started(process.hProcess);
+}
+
+void Win32Programs::OpenDisplaySettings() {
+  Start("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,1", kWindowMinimisedFocus);
+}
+
+void Win32Programs::ShellExecute(const std::string& verb, const std::string& target, int show_command) {
+  const HINSTANCE result = ShellExecuteA(nullptr, verb.c_str(), target.c_str(), nullptr, nullptr, show_command);
+  // By old custom no handle, but a number that says how it went.
+  constexpr std::intptr_t kLastError = 32;
+  const auto number = reinterpret_cast<std::intptr_t>(result);
+  if (number <= kLastError) throw FileFailure(static_cast<std::uint32_t>(number), target, FailureNumber::kNotFound);
+}
+
+void Win32Programs::WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) {
+  if (IsFile(file)) {
+    WinHelpA(reinterpret_cast<HWND>(owner), file.c_str(), command, data);
+  } else {
+    ShellExecute("open", FindHelpPage(file, command, data), kWindowNormalFocus);
+  }
+}
+
+void Win32Programs::SendKeys(const std::string& keys) {
+  std::vector<INPUT> strokes;
+  for (const wchar_t character : ToWide(keys)) AppendStrokes(character, strokes);
+  SendInput(static_cast<UINT>(strokes.size()), strokes.data(), sizeof(INPUT));
+}
+
+}  // namespace quorvale

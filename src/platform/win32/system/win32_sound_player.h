@@ -1,0 +1,13 @@
+#pragma once
+
+#include "system/sound_player.h"
+
+namespace quorvale {
+
+// The system's player. It answers for itself: some systems say yes before they have looked at the file.
+class Win32SoundPlayer : public SoundPlayer {
+ public:
+  bool PlaySound(const std::string& path, std::uint32_t flags) override;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,101 @@
+#include "platform/win32/toolkit/surface_window.h"
+
+#include <windowsx.h>
+
+#include <cmath>
+#include <utility>
+
+#include "platform/win32/toolkit/gdi.h"
+#include "platform/win32/toolkit/input_messages.h"
+
+namespace quorvale {
+namespace {
+
+constexpr UINT kPresent = WM_APP;
+
+int ToToolkitPixels(int device_pixels, float scale) {
+  return static_cast<int>(std::floor(static_cast<float>(device_pixels) / scale));
+}
+
+}  // namespace
+
+SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events)
+    : NativeWindow(WS_CHILD, 0, top.Window()), top_(top), surface_(surface), events_(events), scale_(top.Scale()) {
+  top.OfferFocus(Window());
+}
+
+void SurfaceWindow::SetBounds(const PixelRect& bounds) {
+  const PixelRect rect = ToDevice(bounds, scale_);
+  SetWindowPos(Window(), nullptr, rect.left, rect.top, rect.width, rect.height,
+               SWP_NOZORDER | SWP_NOACTIVATE | (rect.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW));
+}
+
+void SurfaceWindow::PresentSoon() {
+  if (!std::exchange(present_is_posted_, true)) PostMessageW(Window(), kPresent, 0, 0);
+}
+
+// What is out of sight stays dirty; the system asks for it when it comes into sight.
+void SurfaceWindow::Present() {
+  if (!IsInSight() || surface_.Dirty().IsEmpty()) return;
+  const HDC context = GetDC(Window());
+  for (const PixelRect& rect : surface_.Dirty().Take()) CopyPixels(context, surface_.Pixels(), rect);
+  ReleaseDC(Window(), context);
+  GdiFlush();
+  ++presentations_;
+}
+
+bool SurfaceWindow::IsInSight() const {
+  return Window() != nullptr && IsWindowVisible(Window()) != 0 && IsIconic(GetAncestor(Window(), GA_ROOT)) == 0;
+}
+
+// The toolkit gives it a new size then.
+void SurfaceWindow::FollowScale() {
+  if (std::exchange(scale_, top_.Scale()) != top_.Scale()) events_.OnScaleChanged();
+}
+
+LRESULT SurfaceWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_MOUSEMOVE || IsMouseDown(message)) {
+    const int x = ToToolkitPixels(GET_X_LPARAM(second), scale_);
+    const int y = ToToolkitPixels(GET_Y_LPARAM(second), scale_);
+    if (message != WM_MOUSEMOVE) {
+      events_.OnMouseDown(x, y);
+    } else if (top_.HasMoved()) {
+      events_.OnMouseMove(x, y);
+    }
+    return 0;
+  }
+  if (IsKeyDown(message)) {
+    events_.OnKeyDown(static_cast<int>(first));
+    return 0;
+  }
+  switch (message) {
+    case kScaleChanged:
+      FollowScale();
+      return 0;
+    case kPresent:
+      present_is_posted_ = false;
+      Present();
+      return 0;
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_CLOSE:
+      // Whoever watches the window decides what that means; a tick may still be drawing on it.
+      return 0;
+    default:
+      return Default(message, first, second);
+  }
+}
+
+void SurfaceWindow::Paint() {
+  PAINTSTRUCT paint{};
+  BeginPaint(Window(), &paint);
+  const RECT& area = paint.rcPaint;
+  surface_.Changed(Intersect({area.left, area.top, area.right - area.left, area.bottom - area.top}, surface_.Bounds()));
+  EndPaint(Window(), &paint);
+  Present();
+}
+
+}  // namespace quorvale

@@ -1,0 +1,128 @@
+#include "platform/win32/toolkit/top_window.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "platform/win32/toolkit/black_windows.h"
+#include "platform/win32/toolkit/input_messages.h"
+
+namespace quorvale {
+namespace {
+
+DWORD StyleOf(WindowKind kind) {
+  return (kind == WindowKind::kDialog ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_POPUP) | WS_CLIPCHILDREN;
+}
+
+DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? WS_EX_DLGMODALFRAME : 0; }
+
+}  // namespace
+
+TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events)
+    : NativeWindow(StyleOf(kind), ExtendedStyleOf(kind), nullptr),
+      kind_(kind),
+      pixels_(pixels),
+      events_(events),
+      scale_(ToolkitScale(pixels, DpiOf(Window()))) {}
+
+TopWindow::~TopWindow() = default;
+
+void TopWindow::SetBounds(const PixelRect& bounds) {
+  bounds_ = bounds;
+  Place();
+}
+
+void TopWindow::SetIcon(const Artwork& artwork) {
+  Icon icon = artwork ? MakeIcon(artwork(scale_)) : Icon();
+  for (const WPARAM size : {ICON_SMALL, ICON_BIG}) {
+    SendMessageW(Window(), WM_SETICON, size, reinterpret_cast<LPARAM>(icon.get()));
+  }
+  icon_ = std::move(icon);
+}
+
+void TopWindow::Place() const {
+  const PixelRect client = ToDevice(bounds_, scale_);
+  PlaceAt({client.left, client.top});
+}
+
+void TopWindow::PlaceAt(POINT corner) const {
+  const PixelRect client = ToDevice(bounds_, scale_);
+  const SIZE size = WindowSize({client.width, client.height}, StyleOf(kind_), ExtendedStyleOf(kind_),
+                               GetMenu(Window()) != nullptr, DpiOf(Window()));
+  SetWindowPos(Window(), nullptr, corner.x, corner.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void TopWindow::Appear() {
+  GetCursorPos(&pointer_);
+  ShowWindow(Window(), SW_SHOW);
+  SetForegroundWindow(Window());
+  if (kind_ == WindowKind::kSaver) black_windows_ = std::make_unique<BlackWindows>(*this);
+}
+
+// The black windows are not destroyed yet: one of them may be delivering the very event that ends the show.
+void TopWindow::Hide() {
+  ShowWindow(Window(), SW_HIDE);
+  if (black_windows_) black_windows_->Hide();
+}
+
+void TopWindow::OfferFocus(HWND child) {
+  if (focus_ == nullptr) focus_ = child;
+}
+
+bool TopWindow::HasMoved() {
+  const DWORD position = GetMessagePos();
+  const POINT at{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
+  if (at.x == pointer_.x && at.y == pointer_.y) return false;
+  pointer_ = at;
+  return true;
+}
+
+void TopWindow::TakeMouseMove() {
+  if (HasMoved()) events_.OnMouseMove();
+}
+
+LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_MOUSEMOVE) {
+    TakeMouseMove();
+    return 0;
+  }
+  if (IsMouseDown(message)) {
+    TakeMouseDown();
+    return 0;
+  }
+  if (IsKeyDown(message) && kind_ != WindowKind::kDialog) {
+    TakeKey(static_cast<int>(first));
+    return 0;
+  }
+  switch (message) {
+    case WM_CLOSE:
+      events_.OnCloseRequested();
+      return 0;
+    case WM_SETFOCUS:
+      if (focus_ != nullptr) SetFocus(focus_);
+      return 0;
+    case WM_ERASEBKGND:
+      Erase(reinterpret_cast<HDC>(first));
+      return 1;
+    case WM_SYSCOMMAND:
+      // While one saver runs the system needs no other.
+      if (kind_ == WindowKind::kSaver && (first & 0xFFF0U) == SC_SCREENSAVE) return 0;
+      break;
+    case WM_DISPLAYCHANGE:
+      if (black_windows_) black_windows_->CoverMonitors();
+      break;
+    default:
+      break;
+  }
+  return Default(message, first, second);
+}
+
+void TopWindow::Erase(HDC context) const {
+  RECT client{};
+  GetClientRect(Window(), &client);
+  FillRect(context, &client,
+           kind_ == WindowKind::kDialog ? GetSysColorBrush(COLOR_BTNFACE)
+                                        : static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+}
+
+}  // namespace quorvale

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/win32/toolkit/icon.h"
+#include "platform/win32/toolkit/native_window.h"
+#include "platform/win32/toolkit/pixel_scale.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+class BlackWindows;
+
+// A form's window. While that of a show is on the screen every monitor but the primary one is black.
+class TopWindow : public NativeWindow {
+ public:
+  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events);
+  ~TopWindow() override;
+  TopWindow(const TopWindow&) = delete;
+  TopWindow& operator=(const TopWindow&) = delete;
+
+  // Device pixels to the toolkit's pixel.
+  float Scale() const { return scale_; }
+
+  // In the toolkit's pixels, from the corner of the primary monitor. A dialog's size is that of its
+  // client area.
+  void SetBounds(const PixelRect& bounds);
+  // The small picture in the title bar.
+  void SetIcon(const Artwork& artwork);
+  virtual void Appear();
+  virtual void Hide();
+
+  // The first picture box of a form has the focus.
+  virtual void OfferFocus(HWND child);
+
+  // Whether the pointer is elsewhere than it was at the last message. Windows that come, go or change under
+  // a pointer at rest make the system tell of moves that nobody made.
+  bool HasMoved();
+
+  // Input at windows that stand for this one.
+  void TakeKey(int key) { events_.OnKeyDown(key); }
+  void TakeMouseDown() { events_.OnMouseDown(); }
+  void TakeMouseMove();
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+  WindowEvents& Events() const { return events_; }
+  void SetDpi(int dpi) { scale_ = ToolkitScale(pixels_, dpi); }
+  // Where `SetBounds` wants it, and at another corner.
+  void Place() const;
+  void PlaceAt(POINT corner) const;
+
+ private:
+  void Erase(HDC context) const;
+
+  WindowKind kind_;
+  PixelKind pixels_;
+  WindowEvents& events_;
+  PixelRect bounds_;
+  float scale_;
+  HWND focus_ = nullptr;
+  Icon icon_;
+  POINT pointer_{};
+  std::unique_ptr<BlackWindows> black_windows_;
+};
+
+}  // namespace quorvale

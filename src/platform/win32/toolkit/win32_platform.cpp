@@ -1,0 +1,82 @@
+#include "platform/win32/toolkit/win32_platform.h"
+
+#include <cmath>
+#include <utility>
+
+#include "platform/win32/toolkit/event_loop.h"
+#include "platform/win32/toolkit/message_boxes.h"
+#include "platform/win32/toolkit/message_hook_peer.h"
+#include "platform/win32/toolkit/paced_run.h"
+#include "platform/win32/toolkit/surface_peer.h"
+#include "platform/win32/toolkit/timer_peer.h"
+#include "platform/win32/toolkit/window_peer.h"
+#include "platform/win32/widgets/common_dialogs.h"
+#include "platform/win32/widgets/dialog_window.h"
+
+namespace quorvale {
+namespace {
+
+TopWindow& WindowOf(WindowPeer& peer) { return static_cast<Win32WindowPeer&>(peer).Window(); }
+
+}  // namespace
+
+Win32Platform::Win32Platform(Win32Options options, PictureLoader& pictures)
+    : options_(std::move(options)),
+      pictures_(pictures),
+      text_(options_.pixels == PixelKind::kPhysical ? SystemDpi() : kUsualDpi) {}
+
+ScreenInfo Win32Platform::Screen() {
+  const float scale = ToolkitScale(options_.pixels, SystemDpi());
+  const auto toolkit_pixels = [scale](int metric) {
+    return static_cast<int>(std::lround(static_cast<float>(GetSystemMetrics(metric)) / scale));
+  };
+  return {.width = toolkit_pixels(SM_CXSCREEN), .height = toolkit_pixels(SM_CYSCREEN), .scale = scale};
+}
+
+std::unique_ptr<WindowPeer> Win32Platform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
+  if (kind == WindowKind::kDialog) {
+    return std::make_unique<Win32WindowPeer>(std::make_unique<DialogWindow>(options_.pixels, events));
+  }
+  return std::make_unique<Win32WindowPeer>(std::make_unique<TopWindow>(kind, options_.pixels, events));
+}
+
+std::unique_ptr<SurfacePeer> Win32Platform::CreateSurfacePeer(WindowPeer& window, Surface& surface,
+                                                              SurfaceEvents& events) {
+  return std::make_unique<Win32SurfacePeer>(WindowOf(window), surface, events);
+}
+
+std::unique_ptr<TimerPeer> Win32Platform::CreateTimerPeer(std::function<void()> fired) {
+  return std::make_unique<Win32TimerPeer>(std::move(fired));
+}
+
+std::unique_ptr<MessageHookPeer> Win32Platform::CreateMessageHookPeer(std::function<void(int message)> arrived) {
+  return std::make_unique<Win32MessageHookPeer>(std::move(arrived));
+}
+
+void Win32Platform::PumpEvents() { RunPass(); }
+
+std::unique_ptr<PacedRun> Win32Platform::OpenPacedRun(SurfacePeer& surface) {
+  return std::make_unique<Win32PacedRun>(static_cast<Win32SurfacePeer&>(surface).Window(), options_.pass_lengths,
+                                         wait_);
+}
+
+// Only dialogs are modal.
+void Win32Platform::RunModal(WindowPeer& window) { static_cast<DialogWindow&>(WindowOf(window)).RunModal(); }
+
+MessageBoxAnswer Win32Platform::ShowMessageBox(const MessageBox& box) {
+  return ShowWin32MessageBox(box, options_.application_title);
+}
+
+std::string Win32Platform::ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) {
+  return ShowWin32FileDialog(WindowOf(owner).Window(), dialog);
+}
+
+Colour Win32Platform::ShowColourDialog(WindowPeer& owner, Colour start) {
+  return ShowWin32ColourDialog(WindowOf(owner).Window(), start);
+}
+
+std::string Win32Platform::BrowseForFolder(WindowPeer& owner, const std::string& title) {
+  return BrowseWin32Folder(WindowOf(owner).Window(), title);
+}
+
+}  // namespace quorvale

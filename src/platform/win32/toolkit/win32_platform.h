@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32/toolkit/event_wait.h"
+#include "platform/win32/toolkit/pixel_scale.h"
+#include "platform/win32/toolkit/text_painter.h"
+#include "platform/win32/toolkit/window_system.h"
+#include "platform/win32/widgets/widget_factory.h"
+#include "toolkit/pace_account.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+struct Win32Options {
+  std::string application_title;
+  PixelKind pixels = PixelKind::kPhysical;
+  PassLengths pass_lengths;
+};
+
+// The Windows desktop by the system's own calls.
+class Win32Platform : public Platform {
+ public:
+  // `pictures` outlives it.
+  Win32Platform(Win32Options options, PictureLoader& pictures);
+
+  ScreenInfo Screen() override;
+  std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
+  std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
+  std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
+  std::unique_ptr<MessageHookPeer> CreateMessageHookPeer(std::function<void(int message)> arrived) override;
+  PictureLoader& Pictures() override { return pictures_; }
+  TextPainter& Text() override { return text_; }
+  void PumpEvents() override;
+  std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;
+  WidgetFactory& Widgets() override { return widgets_; }
+  void RunModal(WindowPeer& window) override;
+  MessageBoxAnswer ShowMessageBox(const MessageBox& box) override;
+  std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) override;
+  Colour ShowColourDialog(WindowPeer& owner, Colour start) override;
+  std::string BrowseForFolder(WindowPeer& owner, const std::string& title) override;
+
+  WindowSystem& Windows() { return windows_; }
+
+ private:
+  Win32Options options_;
+  Win32WindowSystem windows_;
+  PictureLoader& pictures_;
+  GdiTextPainter text_;
+  EventWait wait_;
+  Win32WidgetFactory widgets_;
+};
+
+}  // namespace quorvale

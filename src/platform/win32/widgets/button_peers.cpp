@@ -1,0 +1,33 @@
+#include "platform/win32/widgets/button_peers.h"
+
+#include "platform/win32/widgets/dialog_window.h"
+
+namespace quorvale {
+namespace {
+
+ControlKind KindOf(const Button& button) {
+  return {L"BUTTON",
+          (button.Default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
+}
+
+}  // namespace
+
+ButtonControl::ButtonControl(DialogWindow& dialog, Button& button)
+    : ControlPeer(dialog, button, KindOf(button)), button_(button) {
+  if (button.Cancel) dialog.SetCancelButton(*this);
+  if (button.Default) dialog.SetDefaultButton(*this);
+}
+
+ButtonControl::~ButtonControl() { Dialog().ForgetButton(*this); }
+
+LRESULT ButtonControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_SETFOCUS) Dialog().MarkDefault(*this);
+  if (message == WM_KILLFOCUS) Dialog().UnmarkDefault(*this);
+  return Default(message, first, second);
+}
+
+void ButtonControl::OnCommand(int code) {
+  if (code == BN_CLICKED) Press();
+}
+
+}  // namespace quorvale

@@ -1,0 +1,108 @@
+#include "platform/win32/widgets/entry_peers.h"
+
+#include <commctrl.h>
+
+#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/widgets/dialog_window.h"
+
+namespace quorvale {
+namespace {
+
+// Room for the open list, in lines.
+constexpr int kOpenLines = 12;
+
+std::string TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return FromWide(text);
+}
+
+}  // namespace
+
+TextBoxControl::TextBoxControl(DialogWindow& dialog, TextBox& box)
+    : ControlPeer(dialog, box, {L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+  Send(EM_LIMITTEXT, static_cast<WPARAM>(box.MaxLength()));
+  ShowText();
+}
+
+void TextBoxControl::Refresh(WidgetAspect aspect) {
+  if (aspect == WidgetAspect::kValue) {
+    ShowText();
+  } else {
+    NativeControl::Refresh(aspect);
+  }
+}
+
+LRESULT TextBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message != WM_CHAR) return Default(message, first, second);
+  const int code = box_.UserKeyPress(static_cast<int>(first));
+  return code != 0 ? Default(message, static_cast<WPARAM>(code), second) : 0;
+}
+
+void TextBoxControl::OnCommand(int code) {
+  if (code == EN_CHANGE && !is_showing_) box_.UserSetText(TextOf(Window()));
+}
+
+void TextBoxControl::ShowText() {
+  is_showing_ = true;
+  SetWindowTextW(Window(), ToWide(box_.Text()).c_str());
+  is_showing_ = false;
+}
+
+DropDownControl::DropDownControl(DialogWindow& dialog, DropDownList& list)
+    : ControlPeer(dialog, list, {L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}), list_(list) {
+  for (const std::string& item : list.Items()) {
+    Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(item).c_str()));
+  }
+  Place();
+  ShowChoice();
+}
+
+void DropDownControl::Refresh(WidgetAspect aspect) {
+  if (aspect == WidgetAspect::kValue) {
+    ShowChoice();
+  } else if (aspect == WidgetAspect::kPlace) {
+    Place();
+  } else {
+    NativeControl::Refresh(aspect);
+  }
+}
+
+void DropDownControl::FollowScale() {
+  NativeControl::FollowScale();
+  Place();
+}
+
+void DropDownControl::OnCommand(int code) {
+  if (code == CBN_SELCHANGE) list_.UserChoose(static_cast<int>(Send(CB_GETCURSEL)));
+}
+
+// To the system the height is that of the open list.
+void DropDownControl::Place() const {
+  const PixelRect place = ToPixels(list_.Place(), Dialog().Scale());
+  const int line = static_cast<int>(Send(CB_GETITEMHEIGHT));
+  SetWindowPos(Window(), nullptr, place.left, place.top, place.width, place.height + kOpenLines * line,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DropDownControl::ShowChoice() const { Send(CB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex())); }
+
+SliderControl::SliderControl(DialogWindow& dialog, Slider& slider)
+    : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS}), slider_(slider) {
+  Send(TBM_SETRANGE, TRUE, MAKELPARAM(slider.Min(), slider.Max()));
+  ShowPosition();
+}
+
+void SliderControl::Refresh(WidgetAspect aspect) {
+  if (aspect == WidgetAspect::kValue) {
+    ShowPosition();
+  } else {
+    NativeControl::Refresh(aspect);
+  }
+}
+
+void SliderControl::OnScroll() { slider_.UserSetValue(static_cast<int>(Send(TBM_GETPOS))); }
+
+void SliderControl::ShowPosition() const { Send(TBM_SETPOS, TRUE, slider_.Value()); }
+
+}  // namespace quorvale

@@ -1,0 +1,29 @@
+#pragma once
+
+// The system's own header. Every file of this platform takes it from here, so that none of its macros
+// renames a function of ours.
+
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+
+#include <windows.h>
+
+#undef FindWindow
+#undef GetShortPathName
+#undef GetSystemDirectory
+#undef MessageBox
+#undef PlaySound
+#undef RegCreateKeyEx
+#undef RegDeleteKey
+#undef RegDeleteValue
+#undef RegOpenKeyEx
+#undef RegQueryValueEx
+#undef RegSetValueEx
+#undef ShellExecute
+#undef SystemParametersInfo
+#undef WinHelp
+#undef WritePrivateProfileString

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "base/failure.h"
+#include "desktop/pictures/samples.h"
+
+namespace quorvale {
+namespace {
+
+constexpr Pixel kBackground = 0xFF204060;
+
+TEST(PictureImage, TransparentPixelsLeaveTheBackground) {
+  const TemporaryDirectory folder;
+  const std::string path =
+      WritePicture(folder, "half.gif", MakeGif(40, 20, [](int x, int) { return x < 20 ? 0 : 100; }));
+  for (const PixelRect box : {PixelRect{0, 0, 40, 20}, {0, 0, 20, 10}, {0, 0, 80, 40}}) {
+    Screen screen(box.width, box.height, kBackground);
+    Show(path, box, screen);
+    EXPECT_EQ(screen.At(0, 0), kBackground) << box.width;
+    EXPECT_EQ(screen.At(box.width / 2 - 2, box.height - 1), kBackground) << box.width;
+    EXPECT_EQ(screen.At(box.width - 1, 0), 0xFFC8C8C8) << box.width;
+  }
+}
+
+TEST(PictureImage, HalfTransparentPixelsMixWithTheBackground) {
+  const TemporaryDirectory folder;
+  QImage image(4, 4, QImage::Format_ARGB32);
+  image.fill(qRgba(255, 0, 0, 128));
+  Screen screen(4, 4, 0xFF0000FF);
+  Show(WritePicture(folder, "half.png", MakeImage(image, "PNG")), screen.Bounds(), screen);
+  QImage wanted(4, 4, QImage::Format_RGB32);
+  wanted.fill(qRgb(128, 0, 127));
+  EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 1);
+}
+
+TEST(PictureImage, EveryDepthIsShownAtItsPlace) {
+  const TemporaryDirectory folder;
+  const QImage noise = MakeNoise(70, 50);
+  for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB888, QImage::Format_RGB32,
+                            QImage::Format_Grayscale8, QImage::Format_RGBX64}) {
+    const QImage image = noise.convertToFormat(format);
+    for (const char* type : {"BMP", "PNG"}) {
+      const Bytes bytes = MakeImage(image, type);
+      Screen screen(30, 30);
+      const PixelRect box{-20, 7, 70, 50};
+      Show(WritePicture(folder, "depth", bytes), box, screen);
+      EXPECT_EQ(Difference(screen, Intersect(box, screen.Bounds()), box, Decode(bytes)), 0) << type << format;
+      EXPECT_EQ(screen.At(0, 0), kBackground);
+    }
+  }
+}
+
+// A slope stays straight when it grows, and level at both ends.
+TEST(PictureImage, GrowsInStraightLinesFromPixelToPixel) {
+  const TemporaryDirectory folder;
+  QImage slope(20, 20, QImage::Format_RGB32);
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 20; ++x) slope.setPixel(x, y, qRgb(10 * x, 10 * y, 5 * (x + y)));
+  }
+  const std::string path = WritePicture(folder, "slope.bmp", MakeImage(slope, "BMP"));
+  for (const PixelRect box : {PixelRect{0, 0, 200, 200}, {-333, -90, 700, 333}, {0, 0, 31, 20}}) {
+    Screen screen(200, 200);
+    Show(path, box, screen);
+    QImage wanted(box.width, box.height, QImage::Format_RGB32);
+    for (int y = 0; y < box.height; ++y) {
+      for (int x = 0; x < box.width; ++x) {
+        const double u = std::clamp((x + 0.5) * 20 / box.width - 0.5, 0.0, 19.0);
+        const double v = std::clamp((y + 0.5) * 20 / box.height - 0.5, 0.0, 19.0);
+        wanted.setPixel(x, y, qRgb(qRound(10 * u), qRound(10 * v), qRound(5 * (u + v))));
+      }
+    }
+    EXPECT_LE(Difference(screen, Intersect(box, screen.Bounds()), box, wanted), 1) << box.width;
+  }
+}
+
+TEST(PictureImage, CutOffIsABadPictureOrWhatThereIs) {
+  const TemporaryDirectory folder;
+  const QImage noise = MakeNoise(60, 40);
+  for (const Bytes& bytes : {MakeImage(noise, "BMP"), MakeImage(noise, "PNG"),
+                             MakeGif(60, 40, [](int x, int y) { return 1 + (x * y) % 120; })}) {
+    for (std::size_t length = 0; length < bytes.size(); length += bytes.size() / 20) {
+      const std::string path =
+          WritePicture(folder, "cut", Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
+      Screen screen(60, 40);
+      try {
+        Show(path, screen.Bounds(), screen);
+      } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Number(), FailureNumber::kBadPicture);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,193 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "base/failure.h"
+#include "desktop/pictures/samples.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::array<std::uint8_t, 2> kScan{0xFF, 0xDA};
+
+const std::vector<JpegStyle> kStyles{
+    {.name = "whole colour"},
+    {.name = "half the colour across", .across = 2},
+    {.name = "half the colour down", .down = 2},
+    {.name = "a quarter of the colour", .across = 2, .down = 2},
+    {.name = "an eighth of the colour", .across = 4, .down = 2},
+    {.name = "grey", .grey = true},
+    {.name = "progressive", .across = 2, .down = 2, .progressive = true},
+    {.name = "with restarts", .across = 2, .down = 2, .restart_rows = 1},
+};
+
+// Scaled to the box's size: each pixel the mean of what it covers.
+QImage MeanScaled(const QImage& image, const PixelRect& box) {
+  QImage scaled(box.width, box.height, QImage::Format_RGB32);
+  const double ratio_x = static_cast<double>(image.width()) / box.width;
+  const double ratio_y = static_cast<double>(image.height()) / box.height;
+  for (int y = 0; y < box.height; ++y) {
+    for (int x = 0; x < box.width; ++x) {
+      std::array<double, 3> sum{};
+      for (int v = static_cast<int>(y * ratio_y); v < std::min<double>((y + 1) * ratio_y, image.height()); ++v) {
+        const double high = std::min(v + 1.0, (y + 1) * ratio_y) - std::max<double>(v, y * ratio_y);
+        for (int u = static_cast<int>(x * ratio_x); u < std::min<double>((x + 1) * ratio_x, image.width()); ++u) {
+          const double share = high * (std::min(u + 1.0, (x + 1) * ratio_x) - std::max<double>(u, x * ratio_x));
+          const QRgb pixel = image.pixel(u, v);
+          sum[0] += share * qRed(pixel);
+          sum[1] += share * qGreen(pixel);
+          sum[2] += share * qBlue(pixel);
+        }
+      }
+      const auto mean = [&](std::size_t i) { return static_cast<int>(std::lround(sum[i] / (ratio_x * ratio_y))); };
+      scaled.setPixel(x, y, qRgb(mean(0), mean(1), mean(2)));
+    }
+  }
+  return scaled;
+}
+
+TEST(PictureJpeg, APartInViewIsThatPartOfTheWhole) {
+  const TemporaryDirectory folder;
+  const QImage noise = MakeNoise(147, 133);
+  for (const JpegStyle& style : kStyles) {
+    for (const int exif : {0, 3, 5, 6, 7, 8}) {
+      JpegStyle turned = style;
+      turned.exif = exif;
+      const Bytes bytes = MakeJpeg(noise, turned);
+      const QImage whole = Decode(bytes);
+      const std::string path = WritePicture(folder, "part.jpg", bytes);
+      for (const PixelRect part : {PixelRect{0, 0, 5, 5}, {31, 32, 33, 17}, {63, 65, 1, 1}, {100, 90, 60, 60}}) {
+        Screen screen(part.width, part.height);
+        const PixelRect box{-part.left, -part.top, whole.width(), whole.height()};
+        Show(path, box, screen);
+        EXPECT_EQ(Difference(screen, Intersect(box, screen.Bounds()), box, whole), 0)
+            << style.name << ", orientation " << exif << ", from " << part.left << ", " << part.top;
+      }
+    }
+  }
+}
+
+TEST(PictureJpeg, IsUprightInAllOrientationsAtAnyScale) {
+  const TemporaryDirectory folder;
+  const QImage waves = MakeWaves(500, 330);
+  for (int exif = 1; exif <= 8; ++exif) {
+    const Bytes bytes = MakeJpeg(waves, {.name = "", .exif = exif});
+    const std::string path = WritePicture(folder, "turned.jpg", bytes);
+    const QImage upright = Decode(bytes);
+    for (const PixelRect box : {PixelRect{3, 5, 50, 60}, {-30, -7, 90, 41}, {0, 0, 17, 11}, {-200, -90, 329, 329}}) {
+      Screen screen(60, 40);
+      Show(path, box, screen);
+      EXPECT_LE(Difference(screen, Intersect(box, screen.Bounds()), box, MeanScaled(upright, box)), 3)
+          << "orientation " << exif << ", " << box.width << " by " << box.height;
+    }
+  }
+}
+
+// Some programs store the orientation as a longer number than they should, or as one with a sign.
+TEST(PictureJpeg, AnOrientationIsAnyWholeNumber) {
+  const TemporaryDirectory folder;
+  Bytes bytes = MakeJpeg(MakeWaves(40, 30), {.name = "", .exif = 6});
+  const std::array<std::uint8_t, 4> entry{0x12, 0x01, 3, 0};
+  const auto kind = std::search(bytes.begin(), bytes.end(), entry.begin(), entry.end()) + 2;
+  for (const std::uint8_t number : {3, 4, 8, 9}) {
+    *kind = number;
+    Screen screen(30, 40);
+    const auto picture = Show(WritePicture(folder, "turned.jpg", bytes), screen.Bounds(), screen);
+    EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel) << int{number};
+  }
+}
+
+TEST(PictureJpeg, ShrinksToTheMeanOfWhatEachPixelCovers) {
+  const TemporaryDirectory folder;
+  const QImage waves = MakeWaves(801, 603);
+  for (const JpegStyle& style : kStyles) {
+    const Bytes bytes = MakeJpeg(waves, style);
+    const std::string path = WritePicture(folder, "shrunk.jpg", bytes);
+    const QImage whole = Decode(bytes);
+    for (const PixelRect box : {PixelRect{0, 0, 801, 301},
+                                {-300, -200, 700, 590},
+                                {0, 0, 200, 150},
+                                {0, 0, 101, 76},
+                                {5, 5, 33, 17},
+                                {0, 0, 1, 1}}) {
+      Screen screen(200, 150);
+      Show(path, box, screen);
+      // Colour that is halved in one direction only stays so coarse when the decoder shrinks it.
+      const int tolerance = style.across != style.down ? 8 : 3;
+      EXPECT_LE(Difference(screen, Intersect(box, screen.Bounds()), box, MeanScaled(whole, box)), tolerance)
+          << style.name << ", " << box.width << " by " << box.height;
+    }
+  }
+}
+
+TEST(PictureJpeg, MixesFourInks) {
+  const TemporaryDirectory folder;
+  QImage inks(32, 16, QImage::Format_RGB32);
+  const std::array<std::uint8_t, 4> ink{200, 100, 50, 128};
+  for (int y = 0; y < inks.height(); ++y) {
+    for (int x = 0; x < inks.width() * 4; ++x) inks.scanLine(y)[x] = ink[static_cast<std::size_t>(x % 4)];
+  }
+  Screen screen(32, 16);
+  Show(WritePicture(folder, "inks.jpg", MakeInkJpeg(inks)), screen.Bounds(), screen);
+  QImage wanted(32, 16, QImage::Format_RGB32);
+  wanted.fill(qRgb(200 * 128 / 255, 100 * 128 / 255, 50 * 128 / 255));
+  EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 3);
+}
+
+// Every length must end in a picture or a failure; what comes before the cut must be right.
+TEST(PictureJpeg, CutOffShowsWhatThereIs) {
+  const TemporaryDirectory folder;
+  const QImage waves = MakeWaves(160, 128);
+  for (const JpegStyle& style : kStyles) {
+    const Bytes bytes = MakeJpeg(waves, style);
+    const QImage whole = Decode(bytes);
+    const PixelRect box{0, 0, whole.width(), whole.height()};
+    bool shown_before = false;
+    for (std::size_t length = 0; length < bytes.size(); length += 37) {
+      Screen screen(box.width, box.height);
+      const std::string path =
+          WritePicture(folder, "cut.jpg", Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
+      bool shown = true;
+      try {
+        Show(path, box, screen);
+      } catch (const Failure& failure) {
+        shown = false;
+        EXPECT_EQ(failure.Number(), FailureNumber::kBadPicture);
+      }
+      EXPECT_FALSE(shown_before && !shown) << style.name << ", cut at " << length;
+      EXPECT_TRUE(shown || length < bytes.size() / 2) << style.name << ", cut at " << length;
+      if (length > bytes.size() * 3 / 4 && !style.progressive) {
+        EXPECT_EQ(Difference(screen, {0, 0, box.width, 32}, box, whole), 0) << style.name << ", cut at " << length;
+      }
+      shown_before = shown;
+    }
+  }
+}
+
+TEST(PictureJpeg, NothingButAHeaderIsABadPicture) {
+  const TemporaryDirectory folder;
+  const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
+  const auto scan = std::search(good.begin(), good.end(), kScan.begin(), kScan.end());
+  const auto pixels = scan + 2 + (scan[2] << 8 | scan[3]);
+  Bytes header(good.begin(), pixels);
+  Screen screen(64, 64);
+  EXPECT_THROW(Show(WritePicture(folder, "header.jpg", header), screen.Bounds(), screen), Failure);
+  header.insert(header.end(), {0xFF, 0xD9});
+  EXPECT_THROW(Show(WritePicture(folder, "header.jpg", header), screen.Bounds(), screen), Failure);
+}
+
+TEST(PictureJpeg, EndlessScansAreABadPicture) {
+  const TemporaryDirectory folder;
+  Bytes bytes = MakeJpeg(MakeNoise(64, 64), {.name = "", .progressive = true});
+  const auto last = std::find_end(bytes.begin(), bytes.end() - 2, kScan.begin(), kScan.end());
+  const Bytes scan(last, bytes.end() - 2);
+  bytes.resize(bytes.size() - 2);
+  for (int i = 0; i < 200; ++i) bytes.insert(bytes.end(), scan.begin(), scan.end());
+  Screen screen(64, 64);
+  EXPECT_THROW(Show(WritePicture(folder, "scans.jpg", bytes), screen.Bounds(), screen), Failure);
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+
+#include "base/failure.h"
+#include "desktop/pictures/samples.h"
+
+namespace quorvale {
+namespace {
+
+std::optional<FailureNumber> LoadFailure(const std::string& path) {
+  try {
+    DesktopPictureLoader().Load(path, PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30}));
+  } catch (const Failure& failure) {
+    return failure.Number();
+  }
+  return std::nullopt;
+}
+
+// A bitmap file's head that claims a size.
+Bytes BitmapHead(std::int32_t width, std::int32_t height) {
+  Bytes bytes = MakeImage(MakeWaves(8, 8), "BMP");
+  for (std::size_t i = 0; i < 4; ++i) {
+    bytes[18 + i] = static_cast<std::uint8_t>(width >> 8 * i);
+    bytes[22 + i] = static_cast<std::uint8_t>(height >> 8 * i);
+  }
+  return bytes;
+}
+
+// The same for a photo, in one scan or several.
+Bytes JpegHead(int width, int height, bool progressive) {
+  Bytes bytes = MakeJpeg(MakeWaves(8, 8), {.name = "", .progressive = progressive});
+  const std::uint8_t marker[] = {0xFF, static_cast<std::uint8_t>(progressive ? 0xC2 : 0xC0)};
+  auto frame = std::search(bytes.begin(), bytes.end(), std::begin(marker), std::end(marker));
+  frame[5] = static_cast<std::uint8_t>(height >> 8);
+  frame[6] = static_cast<std::uint8_t>(height);
+  frame[7] = static_cast<std::uint8_t>(width >> 8);
+  frame[8] = static_cast<std::uint8_t>(width);
+  return bytes;
+}
+
+TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
+  const TemporaryDirectory folder;
+  std::filesystem::create_directory(folder.Path("directory.jpg"));
+  mkfifo(folder.Path("pipe.jpg").c_str(), 0600);
+  std::filesystem::create_symlink("loop.jpg", folder.Path("loop.jpg"));
+  const Bytes good = MakeJpeg(MakeWaves(8, 8), {.name = ""});
+  WritePicture(folder, "plain.jpg", good);
+  const auto with_null = folder.Path("plain.jpg") + '\0' + ".jpg";
+  using enum FailureNumber;
+  const struct {
+    std::string path;
+    FailureNumber number;
+  } cases[] = {
+      {folder.Path("missing.jpg"), kNotFound},
+      {folder.Path("plain.jpg/inside.jpg"), kNotFound},
+      {"", kNotFound},
+      {with_null, kNotFound},
+      {folder.Path("directory.jpg"), kUnreadable},
+      {folder.Path("pipe.jpg"), kUnreadable},
+      {folder.Path("loop.jpg"), kUnreadable},
+      {"/dev/zero", kUnreadable},
+      {WritePicture(folder, "empty.jpg", {}), kBadPicture},
+      {WritePicture(folder, "text.jpg", {'h', 'e', 'l', 'l', 'o', '\n'}), kBadPicture},
+      {WritePicture(folder, "start.jpg", {0xFF, 0xD8, 0xFF}), kBadPicture},
+      {WritePicture(folder, "placeable.wmf", {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 64, 0, 64, 0}), kBadPicture},
+      {WritePicture(folder, "giant.bmp", BitmapHead(60'000, 60'000)), kBadPicture},
+      {WritePicture(folder, "upside.bmp", BitmapHead(30'000, -30'000)), kBadPicture},
+      {WritePicture(folder, "hollow.bmp", BitmapHead(8'000, 8'000)), kBadPicture},
+      {WritePicture(folder, "giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
+      {WritePicture(folder, "giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
+      {WritePicture(folder, "gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},
+  };
+  for (const auto& test : cases) EXPECT_EQ(LoadFailure(test.path), test.number) << test.path;
+}
+
+TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
+  const TemporaryDirectory folder;
+  const QImage waves = MakeWaves(40, 30);
+  const std::pair<std::string, Bytes> files[] = {
+      {"jpeg.bmp", MakeJpeg(waves, {.name = ""})},
+      {"bmp.jpg", MakeImage(waves, "BMP")},
+      {"png.gif", MakeImage(waves, "PNG")},
+      {"name with\nnew line, \xC3\xA4 and \xFF", MakeImage(waves, "BMP")},
+  };
+  for (const auto& [name, bytes] : files) {
+    Screen screen(40, 30);
+    const auto picture = Show(WritePicture(folder, name, bytes), screen.Bounds(), screen);
+    EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), waves), 8) << name;
+    EXPECT_EQ(picture->NaturalSize(2).width, 40 * kTwipsPerPixel / 2);
+  }
+}
+
+TEST(PictureLoader, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
+  const TemporaryDirectory folder;
+  // Small ones are held, large ones stay open.
+  for (const QSize size : {QSize(300, 200), QSize(3000, 2000)}) {
+    const QImage noise = MakeNoise(size.width(), size.height());
+    const Bytes bytes = MakeJpeg(noise, {.name = ""});
+    const QImage whole = Decode(bytes);
+    const std::string path = WritePicture(folder, "kept.jpg", bytes);
+    Screen screen(60, 50);
+    const auto picture = Show(path, {0, 0, 20, 10}, screen);
+    std::filesystem::remove(path);
+    for (const PixelRect box :
+         {PixelRect{0, 0, size.width(), size.height()}, {-30, -40, size.width(), size.height()}}) {
+      // A repaint asks for a piece first.
+      picture->Paint(screen.View(), box, {10, 10, 5, 5});
+      picture->Paint(screen.View(), box, screen.Bounds());
+      EXPECT_EQ(Difference(screen, screen.Bounds(), box, whole), 0) << size.width();
+    }
+  }
+}
+
+TEST(PictureLoader, DamageFoundOnlyAfterLoadingPaintsNothing) {
+  const TemporaryDirectory folder;
+  const std::string path = WritePicture(folder, "large.jpg", MakeJpeg(MakeNoise(3000, 2000), {.name = ""}));
+  Screen screen(60, 50);
+  const auto picture = Show(path, {0, 0, 20, 10}, screen);
+  std::filesystem::resize_file(path, 0);
+  Screen untouched(60, 50);
+  picture->Paint(untouched.View(), {0, 0, 60, 50}, untouched.Bounds());
+  EXPECT_EQ(untouched.pixels, Screen(60, 50).pixels);
+}
+
+TEST(PictureLoader, IsAsStrictWhereNothingIsInView) {
+  const TemporaryDirectory folder;
+  const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
+  const std::string whole = WritePicture(folder, "whole.jpg", good);
+  const std::string cut = WritePicture(folder, "cut.jpg", Bytes(good.begin(), good.begin() + 200));
+  for (const PixelRect box : {PixelRect{100, 100, 64, 64}, {0, 0, 0, 0}, {5, 5, 20, 0}}) {
+    EXPECT_NO_THROW(DesktopPictureLoader().Load(whole, PlaceAt(box, {0, 0, 40, 30})));
+    EXPECT_THROW(DesktopPictureLoader().Load(cut, PlaceAt(box, {0, 0, 40, 30})), Failure);
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,159 @@
+// The seeds of the fuzzer: one small picture, stored in every way there is.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "desktop/pictures/samples.h"
+#include "platform/headless/headless_desktop.h"
+#include "process/process.h"
+#include "saver/main_form.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kWidth = 19;
+constexpr int kHeight = 7;
+constexpr PixelRect kBounds{0, 0, kWidth, kHeight};
+
+std::string Seed(const std::string& name) { return std::string(QUORVALE_SEEDS) + "/picture/" + name; }
+
+int IndexAt(int x, int y, int colours) { return (3 * x + 5 * y + x * y / 4) % colours; }
+QRgb ColourOf(int index) { return qRgb(17 * index, 85 * index % 256, 255 - 17 * index); }
+
+QImage SeedPicture(int colours) {
+  QImage image(kWidth, kHeight, QImage::Format_RGB32);
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) image.setPixel(x, y, ColourOf(IndexAt(x, y, colours)));
+  }
+  return image;
+}
+
+Bytes Read(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
+  const struct {
+    std::string name;
+    int colours = 16;
+    int tolerance = 0;
+  } cases[] = {
+      {"1.bmp", 2},
+      {"2.bmp", 4},
+      {"4.bmp"},
+      {"8.bmp"},
+      {"8-down.bmp"},
+      {"8-gap.bmp"},
+      {"4-runs.bmp"},
+      {"8-runs.bmp"},
+      {.name = "16.bmp", .tolerance = 4},
+      {.name = "16-masks.bmp", .tolerance = 4},
+      {"24.bmp"},
+      {"32.bmp"},
+      {"32-masks.bmp"},
+      {"32-ten.bmp"},
+      {"core-1.bmp", 2},
+      {"core-8.bmp"},
+      {"core-24.bmp"},
+      {"os2-4.bmp"},
+      {"os2-short.bmp"},
+      {"plain.gif"},
+      {"interlaced.gif"},
+      {"moving.gif"},
+      {"plain.png"},
+  };
+  for (const auto& test : cases) {
+    const QImage wanted = SeedPicture(test.colours);
+    // All of it, and the part in view of a larger one.
+    for (const PixelRect box : {kBounds, PixelRect{-5, -2, kWidth, kHeight}}) {
+      Screen screen(kWidth - 3, kHeight - 1);
+      Show(Seed(test.name), box, screen);
+      EXPECT_LE(Difference(screen, Intersect(box, screen.Bounds()), box, wanted), test.tolerance) << test.name;
+    }
+  }
+}
+
+TEST(PictureSeeds, WhatAGifLeavesOutIsTheBackground) {
+  Screen transparent(kWidth, kHeight);
+  Show(Seed("transparent.gif"), kBounds, transparent);
+  Screen inset(kWidth + 6, kHeight + 5);
+  Show(Seed("inset.gif"), inset.Bounds(), inset);
+  const Pixel background = Screen(1, 1).At(0, 0);
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) {
+      const int index = IndexAt(x, y, 16);
+      EXPECT_EQ(transparent.At(x, y), index == 3 ? background : ColourOf(index)) << x << ", " << y;
+      EXPECT_EQ(inset.At(x + 3, y + 2), ColourOf(index)) << x << ", " << y;
+    }
+  }
+  EXPECT_EQ(inset.At(0, 0), background);
+  EXPECT_EQ(inset.At(kWidth + 5, kHeight + 4), background);
+}
+
+TEST(PictureSeeds, ABitmapsAlphaMixesWithTheBackground) {
+  Screen screen(kWidth, kHeight, 0xFF000000);
+  Show(Seed("32-alpha.bmp"), kBounds, screen);
+  const Pixel half = screen.At(0, 0);
+  const QRgb colour = ColourOf(IndexAt(0, 0, 16));
+  EXPECT_NEAR(qBlue(half), qBlue(colour) / 2, 1);
+  EXPECT_EQ(screen.At(1, 0), 0xFF000000);
+  EXPECT_EQ(screen.At(2, 0), ColourOf(IndexAt(2, 0, 16)));
+}
+
+// A jump over two rows and the rest of a third, and an end before the last rows.
+TEST(PictureSeeds, PixelsThatRunsLeaveOutHaveTheFirstColour) {
+  Screen screen(kWidth, kHeight);
+  Show(Seed("8-jump.bmp"), kBounds, screen);
+  QImage wanted(kWidth, kHeight, QImage::Format_RGB32);
+  wanted.fill(ColourOf(0));
+  for (int x = 0; x < 3; ++x) wanted.setPixel(x, kHeight - 1, ColourOf(1));
+  for (int x = 7; x < 9; ++x) wanted.setPixel(x, kHeight - 4, ColourOf(2));
+  EXPECT_EQ(Difference(screen, kBounds, kBounds, wanted), 0);
+}
+
+// A desktop in memory that reads pictures as the real one does.
+class DesktopWithPictures : public HeadlessDesktop {
+ public:
+  PictureLoader& Pictures() override { return loader_; }
+
+ private:
+  DesktopPictureLoader loader_;
+};
+
+TEST(PictureSeeds, TheTickAfterABadPictureShowsTheNext) {
+  const TemporaryDirectory folder;
+  QImage red(200, 100, QImage::Format_RGB32);
+  red.fill(qRgb(255, 0, 0));
+  const std::string good = WritePicture(folder, "good", MakeImage(red, "BMP"));
+  Collection list;
+  for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) {
+    const std::string name = seed.path().filename();
+    const Bytes bytes = Read(seed.path());
+    list.Add(WritePicture(folder, name, Bytes(bytes.begin(), bytes.begin() + 20)));
+    list.Add(good);
+  }
+  for (const char* stretch : {"0", "1"}) {
+    DesktopWithPictures desktop;
+    Process process(desktop, desktop.Services());
+    process.RunMode = "/S";
+    process.SetOption("SwapAffect", "None");
+    process.SetOption("Stretch", stretch);
+    const auto form = std::make_shared<MainForm>(process);
+    form->Show();
+    process.PictureList = list;
+    for (std::int32_t i = 1; i <= list.Count(); ++i) {
+      const Surface& surface = form->PicBase.Pixels();
+      const Pixel before = surface.At(400, 300);
+      desktop.queue.Advance(i == 1 ? 500 : form->tmrSwitch.Interval());
+      EXPECT_EQ(process.Option("LastPicture", ""), std::to_string(i));
+      EXPECT_EQ(surface.At(400, 300), i % 2 != 0 ? before : 0xFFFF0000) << list.Item(i);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

@@ -1,0 +1,93 @@
+"""The configuration window on Windows, driven by keys."""
+
+import time
+import unittest
+
+from test_windows_show import RED, WindowsTest
+from wine_session import entry, wait_until, windows_path
+
+TITLE = "Screen Saver Properties"
+
+
+class Configuration(WindowsTest):
+    def setUp(self):
+        super().setUp()
+        self.session.write({"PictureFiles": None})
+        self.program = self.session.start("/c:1234")
+        self.display.xdotool("mousemove", 5, 5)  # no tool tip comes in the way
+        self.session.wait_for_window(TITLE)
+
+    def keys(self, *keys):
+        self.display.xdotool("key", "--delay", "60", *keys)
+        time.sleep(0.3)
+
+    def choose_file(self, key, title, path):
+        """Opens a file dialog by that key, and gives it a path."""
+        self.keys(key)
+        self.session.wait_for_window(title)
+        self.display.xdotool("type", "--delay", "10", windows_path(path))
+        self.keys("Return")
+
+    def add(self, path):
+        self.choose_file("alt+f", "Select One or More Files to Add", path)
+
+    def menu(self, *keys):
+        self.keys("F10", *keys)
+
+    def saved(self):
+        return list(self.session.read("PictureFiles").values())
+
+    def test_files_are_added_and_ok_stores_the_list(self):
+        self.add(self.red)
+        self.add(self.blue)
+        wait_until(lambda: RED in self.pixels((400, 180)), "the preview")
+        self.keep_screenshot("windows-configuration")
+        self.keys("Tab", "Return")
+        self.assertEqual(self.program.wait(timeout=10), 0)
+        self.assertEqual(self.saved(), [entry(self.red), entry(self.blue)])
+
+    def test_the_list_takes_keys(self):
+        for path in (self.red, self.blue):
+            self.add(path)
+        self.keys("shift+Tab", "Home", "Down", "alt+u")  # up goes the blue one, and Up is disabled
+        self.keys("shift+Tab", "shift+Tab", "shift+Tab", "Home", "shift+End")
+        self.keep_screenshot("windows-configuration-list")
+        self.keys("Return")
+        self.program.wait(timeout=10)
+        self.assertEqual(self.saved(), [entry(self.blue), entry(self.red)])
+
+    def test_the_options_are_stored_by_ok_alone(self):
+        for last, expected in (("Escape", "2"), ("Return", "7")):
+            with self.subTest(last=last):
+                self.menu("Right", "Down", "o")
+                self.session.wait_for_window("Screen Saver Options")
+                self.keys("alt+w", "BackSpace", "x", "7", "alt+s", "Tab")
+                self.keep_screenshot("windows-options")
+                self.keys(last)
+                time.sleep(0.3)
+                self.assertEqual(self.session.read("Options")["Interval"], expected)
+
+    def test_a_changed_list_asks_before_it_is_left(self):
+        self.add(self.red)
+        self.keys("Escape")
+        self.session.wait_for_window("Save Play List")
+        self.keep_screenshot("windows-question")
+        self.keys("Escape")
+        self.assert_runs(self.program)
+        self.keys("Escape")
+        self.session.wait_for_window("Save Play List")
+        self.keys("n")
+        self.assertEqual(self.program.wait(timeout=10), 0)
+        self.assertEqual(self.saved(), [])
+
+    def test_the_about_window_closes_by_enter(self):
+        self.menu("Right", "Right", "Down", "Up", "Return")
+        self.session.wait_for_window("About Quorvale Customizable Screen Saver")
+        self.keep_screenshot("windows-about")
+        self.keys("Return")
+        self.keys("Escape")
+        self.assertEqual(self.program.wait(timeout=10), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

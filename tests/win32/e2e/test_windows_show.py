@@ -1,0 +1,199 @@
+"""The show and the preview on Windows, as their user meets them."""
+
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+
+from wine_session import BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, wait_until
+
+RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
+
+
+class WindowsTest(unittest.TestCase):
+    def setUp(self):
+        self.display = Display()
+        self.addCleanup(self.display.close)
+        folder = tempfile.mkdtemp(prefix="quorvale-wine-")
+        self.addCleanup(shutil.rmtree, folder, ignore_errors=True)
+        self.session = WineSession(self.display, folder)
+        self.addCleanup(self.session.close)
+        self.red = self.session.picture("red.bmp", 800, 600, RED)
+        self.blue = self.session.picture("blue.bmp", 800, 600, BLUE)
+        self.session.play(self.red, self.blue)
+
+    def pixels(self, *points):
+        shot = self.display.screenshot()
+        return [shot.pixel(x, y) for x, y in points]
+
+    def wait_for_colour(self, colour, point=(400, 300)):
+        wait_until(lambda: self.pixels(point) == [colour], f"{colour} at {point}")
+
+    def keep_screenshot(self, name):
+        """For the eyes of whoever looks at it later."""
+        subprocess.run(["import", "-silent", "-window", "root", os.path.join(BUILD, name + ".png")],
+                       env=self.display.environment, check=True)
+
+    def assert_ends(self, program):
+        self.assertEqual(program.wait(timeout=10), 0)
+        self.assertIsNone(self.display.window())
+
+    def assert_runs(self, program, seconds=0.5):
+        time.sleep(seconds)
+        self.assertIsNone(program.poll())
+
+
+class Show(WindowsTest):
+    def test_pictures_fill_the_screen_and_a_key_ends_it(self):
+        program = self.session.start_show()
+        for colour in (RED, BLUE, RED):
+            self.wait_for_colour(colour)
+            self.assertEqual(self.pixels((0, 0), (799, 0), (0, 599), (799, 599)), [colour] * 4)
+        self.keep_screenshot("windows-show")
+        self.display.xdotool("click", 1)
+        self.assert_runs(program)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_a_half_done_sweep_leaves_the_rest_and_the_tenth_move_ends_it(self):
+        self.session.options(SwapAffect="Sweep Right", TransSpeed="1", BackColor=str(0x00FF00))
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.wait_for_colour(GREEN, (200, 300))
+        self.assertEqual(self.pixels((0, 0), (0, 599), (799, 0), (799, 599)), [GREEN, GREEN, RED, RED])
+        self.keep_screenshot("windows-sweep")
+        for move in range(9):
+            self.display.xdotool("mousemove", 100 + 10 * move, 200)
+            time.sleep(0.05)
+        self.assert_runs(program)
+        self.display.xdotool("mousemove", 300, 300)
+        self.assert_ends(program)
+
+    def test_a_modifier_alone_and_the_close_box_end_it(self):
+        for keys in ("Shift_L", "alt+F4"):
+            with self.subTest(keys=keys):
+                program = self.session.start_show()
+                self.wait_for_colour(RED)
+                self.display.xdotool("key", keys)
+                self.assert_ends(program)
+
+    def test_a_second_copy_does_nothing(self):
+        first = self.session.start_show()
+        self.wait_for_colour(RED)
+        before = self.session.read("Options")
+        self.assertEqual(self.session.start("/s").wait(timeout=10), 0)
+        self.assert_runs(first)
+        self.assertEqual(before["SwapAffect"], "None")
+
+    def test_a_file_name_and_a_frame_stand_around_a_small_picture(self):
+        self.session.play(self.session.picture("small.bmp", 400, 300, RED))
+        self.session.options(ShowFrame="1", FrameThickness="20", FrameColor=str(0x00FF00), ShowFileName="1")
+        self.session.start_show()
+        self.wait_for_colour(RED)
+        shot = self.display.screenshot()
+        self.assertEqual(shot.pixel(195, 250), GREEN)
+        bottom_line = [shot.pixel(x, y) for y in range(580, 600) for x in range(370, 430)]
+        self.assertGreater(sum(min(pixel) > 150 for pixel in bottom_line), 20)
+        self.keep_screenshot("windows-frame")
+
+    def test_other_texts_end_quietly(self):
+        for arguments in (["/X"], ["/install", "x"], ["/A"], ["/A", "5"], ["/P"], ["/P:123"], ["/P", "123"]):
+            with self.subTest(arguments=arguments):
+                self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
+
+
+@unittest.skipUnless(shutil.which("xrandr"), "there is no xrandr here, to make two monitors of one")
+class Monitors(WindowsTest):
+    def setUp(self):
+        super().setUp()
+        for name, left in (("left", 0), ("right", 400)):
+            self.session.run("xrandr", "--setmonitor", name, f"400/100x600/150+{left}+0",
+                             "none" if left else "screen")
+        self.session.run("xsetroot", "-solid", "white")
+        # Wine's newer way looks at outputs, and there is but one.
+        self.session.write({WINE + "\\X11 Driver": {"UseXRandR": "N"}})
+        self.addCleanup(self.session.write, {WINE + "\\X11 Driver": None})
+        self.session.run("wineserver", "-k")
+        self.session.run("wineserver", "-w")
+
+    def test_the_others_are_black_and_a_press_there_ends_the_show(self):
+        program = self.session.start_show()
+        self.wait_for_colour(RED, (200, 300))
+        self.wait_for_colour(BLACK, (600, 300))
+        self.assertEqual(self.pixels((399, 599), (400, 0), (799, 599)), [RED, BLACK, BLACK])
+        self.keep_screenshot("windows-monitors")
+        self.display.xdotool("mousemove", 600, 300, "click", 1)
+        self.assert_ends(program)
+
+
+class Password(WindowsTest):
+    def test_a_wrong_password_lets_the_show_go_on_and_the_right_one_ends_it(self):
+        for file in (PROGRAM, PASSWORD):
+            shutil.copy(file, self.session.folder)
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}, WINE: {"Version": "win98"}})
+        program = self.session.start_show(os.path.join(self.session.folder, os.path.basename(PROGRAM)))
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.wait_for_colour(BLUE)
+        self.assert_runs(program)
+        self.keep_screenshot("windows-password")
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+    def test_the_nt_family_leaves_it_to_the_system(self):
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}})
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+
+class Preview(WindowsTest):
+    def test_shows_its_pictures_in_the_host_and_leaves_at_the_close_message(self):
+        self.session.options(Stretch="1")
+        _, words = self.session.start_host("desktop")
+        left, top = wait_until(self.host_corner, "the host")
+        for colour in (RED, BLUE):
+            self.wait_for_colour(colour, (left + 76, top + 56))
+            self.assertEqual(self.pixels((left, top), (left + 151, top + 111)), [colour] * 2)
+        self.keep_screenshot("windows-preview")
+        self.session.close_preview()
+        wait_until(lambda: words() == ["started", "ended 0"], "the preview's end")
+
+    def test_ends_when_it_is_sent_away_and_when_its_host_goes(self):
+        for command, expected in (("close", ["started", "left", "ended 0"]),
+                                  ("destroy", ["started", "destroyed", "ended 0"])):
+            with self.subTest(command=command):
+                host, words = self.session.start_host("window")
+                wait_until(words, "the preview")
+                time.sleep(1.5)  # it has drawn its first picture by then
+                host.stdin.write(command.encode() + b"\n")
+                host.stdin.flush()
+                wait_until(lambda: words() == expected, f"{expected}")
+                host.wait(timeout=10)
+
+    def test_ends_with_the_process_of_its_host(self):
+        host, words = self.session.start_host("window")
+        wait_until(words, "the preview")
+        time.sleep(1.5)
+        host.stdin.write(b"quit\n")
+        host.stdin.flush()
+        host.wait(timeout=10)
+        wait_until(lambda: not self.is_running("Quorvale.scr"), "the preview's end")
+
+    def host_corner(self):
+        """Where the desktop of Wine's that stands for the host lies on the screen."""
+        found = subprocess.run(["xwininfo", "-name", "preview - Wine desktop"], env=self.display.environment,
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=False).stdout
+        corner = re.findall(r"Absolute upper-left [XY]: +(\d+)", found)
+        return tuple(map(int, corner)) if corner else None
+
+    def is_running(self, name):
+        return name in self.session.run("wine", "tasklist").decode(errors="replace")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,170 @@
+#include "platform/win32/pictures/picture_loader.h"
+
+#include <gmock/gmock.h>
+
+#include "support/failure_of.h"
+#include "win32/pictures/picture_samples.h"
+#include "win32/work_directory.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kWidth = 64;
+constexpr int kHeight = 48;
+
+Pixel QuartersAt(int x, int y) { return Quarters(x, y, kWidth, kHeight); }
+bool Nowhere(int /*x*/, int /*y*/) { return false; }
+std::string MakeQuartersGif() { return MakeGif(kWidth, kHeight, {0, 0, kWidth, kHeight}, Nowhere); }
+
+// The screen's pixels in the middle of the quarters of `box`, in the order of reading.
+void ExpectQuarters(Screen& screen, const PixelRect& box, const std::array<int, 4>& quarters = {0, 1, 2, 3}) {
+  for (int i = 0; i < 4; ++i) {
+    const int x = box.left + box.width * (1 + i % 2 * 2) / 4;
+    const int y = box.top + box.height * (1 + i / 2 * 2) / 4;
+    if (x < 0 || y < 0 || x >= screen.width || y >= screen.height) continue;
+    const int wanted = quarters[static_cast<std::size_t>(i)];
+    EXPECT_LE(Difference(screen.At(x, y), Quarters(wanted % 2, wanted / 2, 2, 2)), 8) << "quarter " << i;
+  }
+}
+
+class PictureLoaderTest : public testing::Test {
+ protected:
+  PictureLoaderTest() { screen_ = Screen(100, 80); }
+
+  std::optional<FailureNumber> LoadFailure(const std::string& path) {
+    try {
+      Show(path, screen_.Bounds(), screen_);
+    } catch (const Failure& failure) {
+      return failure.Number();
+    }
+    return std::nullopt;
+  }
+
+  WorkDirectory directory_;
+  Screen screen_{0, 0};
+};
+
+TEST_F(PictureLoaderTest, LoadsEveryKindByItsContentAtAnySize) {
+  const struct {
+    const char* name;
+    std::string bytes;
+  } files[] = {{"bitmap.jpg", MakeBmp(kWidth, kHeight, QuartersAt)},
+               {"photo.bmp", MakeJpeg(kWidth, kHeight, QuartersAt)},
+               {"picture.wmf", MakeQuartersGif()},
+               {"enhanced.gif", MakeEmf(kWidth, kHeight)},
+               {"placeable.emf", MakePlaceableWmf(kWidth, kHeight, 96)},
+               {"plain.bmp", MakePlainWmf(kWidth, kHeight)}};
+  for (const auto& [name, bytes] : files) {
+    SCOPED_TRACE(name);
+    const std::string path = directory_.Write(name, bytes);
+    for (const PixelRect box : {PixelRect{5, 7, kWidth, kHeight}, {10, 10, 21, 16}, {-60, -50, 200, 160}}) {
+      SCOPED_TRACE(box.width);
+      Screen screen(100, 80);
+      const auto picture = Show(path, box, screen);
+      ExpectQuarters(screen, box);
+      EXPECT_EQ(screen.At(99, 79), box.left < 0 ? 0xFFFFFFFF : Screen::kBackground);
+      const TwipSize size = picture->NaturalSize(1);
+      EXPECT_NEAR(size.width, kWidth * kTwipsPerPixel, 30);
+      EXPECT_NEAR(size.height, kHeight * kTwipsPerPixel, 30);
+    }
+  }
+}
+
+TEST_F(PictureLoaderTest, NaturalSizesFollowThePixelsOrTheHeader) {
+  const std::string bitmap = directory_.Write("a", MakeBmp(kWidth, kHeight, QuartersAt));
+  EXPECT_EQ(Show(bitmap, {0, 0, 9, 9}, screen_)->NaturalSize(2).width, kWidth * kTwipsPerPixel / 2);
+  const std::string inches = directory_.Write("b", MakePlaceableWmf(1000, 500, 500));
+  const TwipSize size = Show(inches, {0, 0, 9, 9}, screen_)->NaturalSize(2);
+  EXPECT_EQ(size.width, 2880);
+  EXPECT_EQ(size.height, 1440);
+}
+
+TEST_F(PictureLoaderTest, PhotosStandUprightHoweverTheCameraWasHeld) {
+  const struct {
+    int orientation;
+    std::array<int, 4> quarters;
+  } cases[] = {{1, {0, 1, 2, 3}}, {2, {1, 0, 3, 2}}, {3, {3, 2, 1, 0}}, {4, {2, 3, 0, 1}}, {5, {0, 2, 1, 3}},
+               {6, {2, 0, 3, 1}}, {7, {3, 1, 2, 0}}, {8, {1, 3, 0, 2}}, {9, {0, 1, 2, 3}}};
+  for (const auto& [orientation, quarters] : cases) {
+    SCOPED_TRACE(orientation);
+    const std::string path = directory_.Write("photo", MakeJpeg(kWidth, kHeight, QuartersAt, orientation));
+    const bool is_turned = orientation >= 5 && orientation <= 8;
+    const PixelRect box{0, 0, is_turned ? kHeight : kWidth, is_turned ? kWidth : kHeight};
+    const auto picture = Show(path, box, screen_);
+    ExpectQuarters(screen_, box, quarters);
+    EXPECT_EQ(picture->NaturalSize(1).width, static_cast<float>(box.width) * kTwipsPerPixel);
+  }
+}
+
+TEST_F(PictureLoaderTest, WhatIsTransparentShowsTheBackground) {
+  const auto left_half = [](int x, int) { return x < 16; };
+  const std::string path = directory_.Write("part", MakeGif(kWidth, kHeight, {20, 10, 32, 24}, left_half));
+  for (const int scale : {1, 2}) {
+    Screen screen(kWidth * scale, kHeight * scale);
+    Show(path, screen.Bounds(), screen);
+    const struct {
+      int x;
+      int y;
+      Pixel pixel;
+    } points[] = {{5, 5, Screen::kBackground},   {60, 20, Screen::kBackground}, {30, 5, Screen::kBackground},
+                  {30, 40, Screen::kBackground}, {25, 20, Screen::kBackground}, {45, 15, 0xFF00FF00},
+                  {45, 30, 0xFFFFFFFF}};
+    for (const auto& [x, y, pixel] : points) EXPECT_EQ(screen.At(x * scale, y * scale), pixel) << x << "," << y;
+  }
+}
+
+TEST_F(PictureLoaderTest, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
+  for (const std::string& bytes : {MakeJpeg(kWidth, kHeight, QuartersAt), MakeEmf(kWidth, kHeight)}) {
+    const std::string path = directory_.Write("kept", bytes);
+    const auto picture = Show(path, {0, 0, 10, 8}, screen_);
+    std::filesystem::remove(path);
+    Screen screen(200, 160);
+    picture->Paint(screen.View(), {0, 0, 200, 160}, {0, 0, 200, 100});
+    EXPECT_EQ(screen.At(150, 120), Screen::kBackground) << "outside of what was asked for";
+    picture->Paint(screen.View(), {0, 0, 200, 160}, screen.Bounds());
+    ExpectQuarters(screen, screen.Bounds());
+  }
+}
+
+TEST_F(PictureLoaderTest, WhatIsNoPictureFailsAndSaysHow) {
+  const std::string bitmap = MakeBmp(kWidth, kHeight, QuartersAt);
+  const std::string photo = MakeJpeg(kWidth, kHeight, QuartersAt);
+  std::string giant = bitmap;
+  giant.replace(18, 8, std::string("\x60\xEA\0\0\x60\xEA\0\0", 8));
+  std::string endless = MakeEmf(kWidth, kHeight);
+  endless.replace(4, 4, std::string("\xFC\xFF\xFF\xFF", 4));
+  std::string lost = MakePlaceableWmf(kWidth, kHeight, 96);
+  lost.resize(lost.size() - 6);
+  using enum FailureNumber;
+  const struct {
+    std::string path;
+    FailureNumber number;
+  } cases[] = {{directory_.Path("none.jpg"), kNotFound},
+               {directory_.Path("none\\none.jpg"), kNotFound},
+               {"", kNotFound},
+               {directory_.Write("whole.bmp", bitmap) + '\0' + ".bmp", kNotFound},
+               {directory_.MakeDirectory("directory.jpg"), kUnreadable},
+               {directory_.Write("empty.jpg", ""), kBadPicture},
+               {directory_.Write("text.jpg", "hello\n"), kBadPicture},
+               {directory_.Write("start.jpg", photo.substr(0, 3)), kBadPicture},
+               {directory_.Write("head.jpg", photo.substr(0, 200)), kBadPicture},
+               {directory_.Write("head.gif", MakeQuartersGif().substr(0, 13)), kBadPicture},
+               {directory_.Write("giant.bmp", giant), kBadPicture},
+               {directory_.Write("endless.emf", endless), kBadPicture},
+               {directory_.Write("lost.wmf", lost), kBadPicture},
+               {directory_.Write("head.wmf", MakePlainWmf(9, 9).substr(0, 18)), kBadPicture}};
+  for (const auto& [path, number] : cases) EXPECT_EQ(LoadFailure(path), number) << path;
+}
+
+TEST_F(PictureLoaderTest, CutOffIsABadPictureOrWhatThereIs) {
+  for (const std::string& bytes : {MakeBmp(kWidth, kHeight, QuartersAt), MakeJpeg(kWidth, kHeight, QuartersAt),
+                                   MakeQuartersGif(), MakeEmf(kWidth, kHeight), MakePlainWmf(kWidth, kHeight)}) {
+    for (std::size_t length = 0; length < bytes.size(); length += bytes.size() / 20 + 1) {
+      const auto failure = LoadFailure(directory_.Write("cut", bytes.substr(0, length)));
+      EXPECT_TRUE(!failure || failure == FailureNumber::kBadPicture) << length;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvale

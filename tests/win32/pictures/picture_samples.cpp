@@ -1,0 +1,182 @@
+#include "win32/pictures/picture_samples.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include "platform/win32/pictures/picture_loader.h"
+#include "platform/win32/pictures/wic_codec.h"
+
+namespace quorvale {
+namespace {
+
+constexpr std::array<Pixel, 4> kQuarters{0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFFFFFFF};
+
+std::size_t QuarterAt(int x, int y, int width, int height) {
+  return static_cast<std::size_t>(x >= width / 2) + 2 * static_cast<std::size_t>(y >= height / 2);
+}
+
+// A number in a file, least byte first.
+template <typename Number>
+std::string Bytes(Number number) {
+  std::string bytes;
+  for (unsigned i = 0; i < sizeof number; ++i) bytes += static_cast<char>(static_cast<std::uint64_t>(number) >> 8 * i);
+  return bytes;
+}
+std::string Short(int number) { return Bytes(static_cast<std::uint16_t>(number)); }
+std::string Long(std::size_t number) { return Bytes(static_cast<std::uint32_t>(number)); }
+
+// A bitmap's rows: three bytes a pixel, filled up to four.
+std::string Rows24(int width, int height, bool from_bottom, const Colouring& colours) {
+  std::string rows;
+  for (int i = 0; i < height; ++i) {
+    for (int x = 0; x < width; ++x) rows += Long(colours(x, from_bottom ? height - 1 - i : i)).substr(0, 3);
+    while (rows.size() % 4 != 0) rows += '\0';
+  }
+  return rows;
+}
+
+void DrawQuarters(HDC context, int width, int height) {
+  SelectObject(context, GetStockObject(NULL_PEN));
+  for (int i = 0; i < 4; ++i) {
+    const Pixel pixel = kQuarters[static_cast<std::size_t>(i)];
+    HBRUSH brush = CreateSolidBrush(RGB(pixel >> 16U, pixel >> 8U & 0xFFU, pixel & 0xFFU));
+    HGDIOBJ before = SelectObject(context, brush);
+    const int left = i % 2 * width / 2;
+    const int top = i / 2 * height / 2;
+    Rectangle(context, left, top, left + width / 2 + 1, top + height / 2 + 1);
+    SelectObject(context, before);
+    DeleteObject(brush);
+  }
+}
+
+// The same between two sides that a file puts into the records, or without.
+std::string Wmf(int width, int height, bool has_window) {
+  HDC context = CreateMetaFileA(nullptr);
+  if (has_window) {
+    SetMapMode(context, MM_ANISOTROPIC);
+    SetWindowExtEx(context, width, height, nullptr);
+  }
+  DrawQuarters(context, width, height);
+  HMETAFILE metafile = CloseMetaFile(context);
+  std::string bytes(GetMetaFileBitsEx(metafile, 0, nullptr), '\0');
+  GetMetaFileBitsEx(metafile, static_cast<UINT>(bytes.size()), bytes.data());
+  DeleteMetaFile(metafile);
+  return bytes;
+}
+
+std::string CameraData(int orientation) {
+  const std::string entry = Short(0x0112) + Short(3) + Long(1) + Short(orientation) + Short(0);
+  const std::string tags = "II" + Short(42) + Long(8) + Short(1) + entry + Long(0);
+  const std::string data = std::string("Exif\0\0", 6) + tags;
+  const auto length = static_cast<char>(data.size() + 2);
+  return std::string("\xFF\xE1\0", 3) + length + data;
+}
+
+}  // namespace
+
+Pixel Quarters(int x, int y, int width, int height) { return kQuarters[QuarterAt(x, y, width, height)]; }
+
+std::string MakeBmp(int width, int height, const Colouring& colours) {
+  const std::string rows = Rows24(width, height, true, colours);
+  return "BM" + Long(54 + rows.size()) + Long(0) + Long(54) + Long(40) + Long(static_cast<std::size_t>(width)) +
+         Long(static_cast<std::size_t>(height)) + Short(1) + Short(24) + std::string(24, '\0') + rows;
+}
+
+std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation) {
+  const ComApartment apartment;
+  const WicFactory factory = CreateWicFactory();
+  ComPointer<IStream> stream;
+  CreateStreamOnHGlobal(nullptr, TRUE, stream.Out());
+  ComPointer<IWICBitmapEncoder> encoder;
+  factory->CreateEncoder(GUID_ContainerFormatJpeg, nullptr, encoder.Out());
+  encoder->Initialize(stream.Get(), WICBitmapEncoderNoCache);
+  ComPointer<IWICBitmapFrameEncode> frame;
+  encoder->CreateNewFrame(frame.Out(), nullptr);
+  frame->Initialize(nullptr);
+  frame->SetSize(static_cast<UINT>(width), static_cast<UINT>(height));
+  WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+  frame->SetPixelFormat(&format);
+  std::string rows = Rows24(width, height, false, colours);
+  frame->WritePixels(static_cast<UINT>(height), static_cast<UINT>(rows.size()) / static_cast<UINT>(height),
+                     static_cast<UINT>(rows.size()), reinterpret_cast<BYTE*>(rows.data()));
+  frame->Commit();
+  encoder->Commit();
+  HGLOBAL memory = nullptr;
+  GetHGlobalFromStream(stream.Get(), &memory);
+  ULARGE_INTEGER size{};
+  stream->Seek({}, STREAM_SEEK_CUR, &size);
+  std::string bytes(static_cast<const char*>(GlobalLock(memory)), size.LowPart);
+  GlobalUnlock(memory);
+  return orientation == 0 ? bytes : bytes.insert(2, CameraData(orientation));
+}
+
+std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear) {
+  constexpr char kClearColour = 4;
+  std::string bytes = "GIF89a" + Short(width) + Short(height) + std::string("\xF6\0\0", 3);
+  for (std::size_t i = 0; i < 128; ++i) {
+    const std::string colour = Long(i < kQuarters.size() ? kQuarters[i] : 0);
+    bytes += {colour[2], colour[1], colour[0]};
+  }
+  bytes += std::string("\x21\xF9\x04\x01\0\0", 6) + kClearColour + '\0';
+  bytes += '\x2C' + Short(part.left) + Short(part.top) + Short(part.width) + Short(part.height) + '\0';
+  // One byte a pixel; starting over often enough keeps the codes that short.
+  std::string codes;
+  for (int y = 0; y < part.height; ++y) {
+    for (int x = 0; x < part.width; ++x) {
+      if (codes.size() % 100 == 0) codes += '\x80';
+      codes += is_clear(x, y) ? kClearColour : static_cast<char>(QuarterAt(x, y, part.width, part.height));
+    }
+  }
+  codes += '\x81';
+  bytes += '\x07';
+  for (std::size_t at = 0; at < codes.size(); at += 200) {
+    const std::string block = codes.substr(at, 200);
+    bytes += static_cast<char>(block.size()) + block;
+  }
+  return bytes + '\0' + ';';
+}
+
+std::string MakeEmf(int width, int height) {
+  // Hundredths of a millimetre for so many pixels of the screen.
+  HDC screen = CreateCompatibleDC(nullptr);
+  const RECT frame{0, 0, MulDiv(width, 100 * GetDeviceCaps(screen, HORZSIZE), GetDeviceCaps(screen, HORZRES)),
+                   MulDiv(height, 100 * GetDeviceCaps(screen, VERTSIZE), GetDeviceCaps(screen, VERTRES))};
+  HDC context = CreateEnhMetaFileA(screen, nullptr, &frame, nullptr);
+  DrawQuarters(context, width, height);
+  HENHMETAFILE metafile = CloseEnhMetaFile(context);
+  std::string bytes(GetEnhMetaFileBits(metafile, 0, nullptr), '\0');
+  GetEnhMetaFileBits(metafile, static_cast<UINT>(bytes.size()), reinterpret_cast<BYTE*>(bytes.data()));
+  DeleteEnhMetaFile(metafile);
+  DeleteDC(screen);
+  return bytes;
+}
+
+std::string MakePlaceableWmf(int width, int height, int units_per_inch) {
+  const std::string head =
+      Long(0x9AC6CDD7) + Short(0) + Long(0) + Short(width) + Short(height) + Short(units_per_inch) + Long(0);
+  unsigned sum = 0;
+  for (std::size_t i = 0; i < head.size(); i += 2) {
+    sum ^= static_cast<std::uint8_t>(head[i]) | static_cast<unsigned>(static_cast<std::uint8_t>(head[i + 1])) << 8U;
+  }
+  return head + Short(static_cast<int>(sum)) + Wmf(width, height, false);
+}
+
+std::string MakePlainWmf(int width, int height) { return Wmf(width, height, true); }
+
+std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen) {
+  const PicturePlace place{[box](const TwipSize&) { return box; }, screen.Bounds(), 1};
+  auto picture = Win32PictureLoader().Load(path, place);
+  picture->Paint(screen.View(), box, screen.Bounds());
+  return picture;
+}
+
+int Difference(Pixel a, Pixel b) {
+  int most = 0;
+  for (const unsigned shift : {0U, 8U, 16U, 24U}) {
+    most = std::max(most, std::abs(static_cast<int>(a >> shift & 0xFFU) - static_cast<int>(b >> shift & 0xFFU)));
+  }
+  return most;
+}
+
+}  // namespace quorvale

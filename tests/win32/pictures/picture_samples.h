@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "toolkit/picture.h"
+
+namespace quorvale {
+
+// The colour of each pixel of a picture to make.
+using Colouring = std::function<Pixel(int x, int y)>;
+
+// Quarters of red, green, blue and white, in the order of reading.
+Pixel Quarters(int x, int y, int width, int height);
+
+// The bytes of a picture file.
+std::string MakeBmp(int width, int height, const Colouring& colours);
+// `orientation` as cameras store it, 1 to 8; without camera data if 0.
+std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation = 0);
+// A canvas with a picture on a part of it, in four colours of quarters; where `is_clear`, it is transparent.
+std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear);
+// Quarters, in drawing: with a size in millimetres, in a header of its own, or only in its records.
+std::string MakeEmf(int width, int height);
+std::string MakePlaceableWmf(int width, int height, int units_per_inch);
+std::string MakePlainWmf(int width, int height);
+
+// A picture on a screen of one colour.
+struct Screen {
+  static constexpr Pixel kBackground = 0xFF204060;
+
+  Screen(int screen_width, int screen_height)
+      : width(screen_width),
+        height(screen_height),
+        pixels(static_cast<std::size_t>(screen_width) * static_cast<std::size_t>(screen_height), kBackground) {}
+
+  PixelRect Bounds() const { return {0, 0, width, height}; }
+  PixelView View() { return {pixels.data(), width, height, width}; }
+  Pixel At(int x, int y) { return View().Row(y)[x]; }
+
+  int width;
+  int height;
+  std::vector<Pixel> pixels;
+};
+
+// Loads for that box on the screen and paints it.
+std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen);
+
+// The largest difference of a channel.
+int Difference(Pixel a, Pixel b);
+
+}  // namespace quorvale

@@ -1,0 +1,145 @@
+#include "platform/win32/system/win32_file_system.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/win32/windows_api.h"
+#include "support/failure_of.h"
+#include "win32/work_directory.h"
+
+namespace quorvale {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int kAny = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+
+class Win32FileSystemTest : public testing::Test {
+ protected:
+  Win32FileSystemTest() {
+    for (const char* name : {"b.jpg", "A.JPG", "c.jpeg", "d.bmp", "long name with blanks.gif", "e.txt"}) {
+      directory_.Write(name, name);
+    }
+    SetFileAttributesA(directory_.Write("hidden.jpg", "").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    SetFileAttributesA(directory_.Write("system.jpg", "").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    SetFileAttributesA(directory_.Write("fixed.jpg", "").c_str(), FILE_ATTRIBUTE_READONLY);
+    directory_.MakeDirectory("directory.jpg");
+  }
+  ~Win32FileSystemTest() override {
+    for (const char* name : {"hidden.jpg", "system.jpg", "fixed.jpg"}) {
+      SetFileAttributesA(directory_.Path(name).c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+  }
+
+  std::vector<std::string> Enumerate(const std::string& directory, const std::vector<std::string>& patterns) {
+    std::vector<std::string> names;
+    files_.EnumerateFiles(directory, patterns, [&](const std::string& name) { names.push_back(name); });
+    return names;
+  }
+
+  WorkDirectory directory_;
+  Win32FileSystem files_;
+};
+
+TEST_F(Win32FileSystemTest, GivesPlainFilesByPatternInNameOrder) {
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.bmp", "*.jpg"}), ElementsAre("d.bmp", "A.JPG", "b.jpg", "fixed.jpg"));
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.jpeg", "*.wmf", "d.*"}), ElementsAre("c.jpeg", "d.bmp"));
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.wav"}), IsEmpty());
+}
+
+TEST_F(Win32FileSystemTest, ADirectoryThatIsNotThereFails) {
+  for (const std::string& path : {directory_.Path("none\\"), directory_.Path("e.txt\\"), std::string("Z:\\none\\"),
+                                  directory_.Path() + '\0' + "\\"}) {
+    EXPECT_EQ(FailureOf([&] { Enumerate(path, {"*.jpg"}); }), FailureNumber::kNotFound) << path;
+  }
+}
+
+TEST_F(Win32FileSystemTest, FindsTheNameThatStandsOnTheDisk) {
+  const struct {
+    std::string path;
+    int attributes;
+    std::string name;
+  } cases[] = {
+      {directory_.Path("a.jpg"), kAttributeNormal, "A.JPG"},
+      {directory_.Path("LONG name with blanks.GIF"), kAny, "long name with blanks.gif"},
+      {directory_.Path("fixed.jpg"), kAttributeNormal, "fixed.jpg"},
+      {directory_.Path("hidden.jpg"), kAttributeNormal, ""},
+      {directory_.Path("hidden.jpg"), kAttributeHidden, "hidden.jpg"},
+      {directory_.Path("system.jpg"), kAttributeHidden, ""},
+      {directory_.Path("system.jpg"), kAny, "system.jpg"},
+      {directory_.Path("Directory.jpg"), kAttributeNormal, ""},
+      {directory_.Path("Directory.jpg"), kAttributeDirectory, "directory.jpg"},
+      {directory_.Path("directory.jpg\\"), kAttributeDirectory, "directory.jpg"},
+      {directory_.Path("directory.jpg\\"), kAttributeNormal, ""},
+      {directory_.Path("e.txt\\"), kAttributeDirectory, ""},
+      {"C:\\", kAttributeDirectory, "C:\\"},
+      {"Z:\\none", kAny, ""},
+      {directory_.Path("none\\none"), kAny, ""},
+      {directory_.Path("a<b"), kAny, ""},
+      {directory_.Path("e.txt") + '\0' + "x", kAny, ""},
+      {"", kAny, ""},
+  };
+  for (const auto& [path, attributes, name] : cases) EXPECT_EQ(files_.FindFile(path, attributes), name) << path;
+}
+
+TEST_F(Win32FileSystemTest, AShortPathIsThatOfAnExistingFileThatFits) {
+  const std::string path = directory_.Path("b.jpg");
+  const std::string short_path = files_.GetShortPathName(path, 250);
+  EXPECT_FALSE(short_path.empty());
+  EXPECT_EQ(files_.FindFile(short_path, kAny), "b.jpg");
+  EXPECT_EQ(files_.GetShortPathName(path, static_cast<std::uint32_t>(short_path.size())), "");
+  EXPECT_EQ(files_.GetShortPathName(directory_.Path("none.jpg"), 250), "");
+}
+
+TEST_F(Win32FileSystemTest, WritesIniLinesWhereTheSystemKeepsThem) {
+  const std::string own = directory_.Path("own.ini");
+  for (const std::string& file : {own, std::string("SYSTEM.INI")}) {
+    for (const char* value : {"C:\\one.scr", "C:\\two.scr"}) {
+      EXPECT_TRUE(files_.WritePrivateProfileString("boot", "SCRNSAVE.EXE", value, file));
+      char read[64] = {};
+      GetPrivateProfileStringA("BOOT", "scrnsave.exe", "none", read, sizeof read, file.c_str());
+      EXPECT_STREQ(read, value) << file;
+    }
+  }
+  WritePrivateProfileStringA("boot", "SCRNSAVE.EXE", nullptr, "SYSTEM.INI");
+  EXPECT_FALSE(files_.WritePrivateProfileString("boot", "key", "value", directory_.Path("none\\own.ini")));
+}
+
+TEST_F(Win32FileSystemTest, WhatIsWrittenIsReadAsAWhole) {
+  const std::string path = directory_.Path("list.qvl");
+  for (const std::string& content : {std::string("one\r\n"), std::string(200'000, 'x'), std::string()}) {
+    files_.WriteFile(path, content);
+    EXPECT_EQ(files_.ReadFile(path), content);
+  }
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.qvl", "*.tmp"}), ElementsAre("list.qvl")) << "no draft stays";
+}
+
+TEST_F(Win32FileSystemTest, WhatCannotBeReadOrWrittenSaysWhy) {
+  using enum FailureNumber;
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none")); }), kNotFound);
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none\\none")); }), kNotFound);
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("directory.jpg")); }), kUnreadable);
+  for (const char* name : {"none\\list.qvl", "directory.jpg"}) {
+    EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path(name), "x"); }), kUnwritable) << name;
+  }
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.tmp"}), IsEmpty());
+}
+
+TEST_F(Win32FileSystemTest, OlderTextKeepsItsLetters) {
+  const std::string text = files_.FromOlderCodePage("caf\xE9");
+  EXPECT_EQ(text, GetACP() == CP_UTF8 ? "caf\xC3\xA9" : "caf\xE9");
+}
+
+// Beyond what any older code page has, where the manifest's code page is understood.
+TEST_F(Win32FileSystemTest, NamesOfAllLanguagesArrive) {
+  if (GetACP() != CP_UTF8) GTEST_SKIP() << "this system does not make UTF-8 the code page";
+  const std::string name = "\xD0\xBB\xD0\xB5\xD1\x81 \xE5\xB1\xB1 \xF0\x9F\x8C\x84.jpg";
+  const std::string folder = directory_.MakeDirectory("\xE5\xB1\xB1") + "\\";
+  files_.WriteFile(folder + name, "x");
+  EXPECT_THAT(Enumerate(folder, {"*.jpg"}), ElementsAre(name));
+  EXPECT_EQ(files_.FindFile(folder + name, kAttributeNormal), name);
+  EXPECT_EQ(files_.ReadFile(folder + name), "x");
+}
+
+}  // namespace
+}  // namespace quorvale

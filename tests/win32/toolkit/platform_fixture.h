@@ -1,0 +1,83 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/win32/toolkit/win32_platform.h"
+#include "toolkit/picture.h"
+#include "toolkit/surface.h"
+
+namespace quorvale {
+
+class NoPictures : public PictureLoader {
+ public:
+  std::shared_ptr<Picture> Load(const std::string& /*path*/, const PicturePlace& /*place*/) override { return nullptr; }
+};
+
+// A show's window with one picture box in it, and what they are told.
+class PlatformFixture : public testing::Test, private WindowEvents, private SurfaceEvents {
+ protected:
+  static constexpr PixelRect kBounds{0, 0, 200, 100};
+
+  PlatformFixture() {
+    window_ = platform_.CreateWindowPeer(WindowKind::kSaver, *this);
+    window_->SetBounds(kBounds);
+    surface_.Resize(kBounds.width, kBounds.height, ToPixel(kBlack));
+    box_ = platform_.CreateSurfacePeer(*window_, surface_, *this);
+    box_->SetBounds(kBounds);
+  }
+
+  void Show() {
+    window_->SetVisible(true);
+    platform_.PumpEvents();
+  }
+
+  HWND FormWindow() const { return reinterpret_cast<HWND>(window_->Handle()); }
+  HWND BoxWindow() const { return reinterpret_cast<HWND>(box_->Handle()); }
+
+  COLORREF OnScreen(int x, int y) const {
+    const HDC context = GetDC(BoxWindow());
+    const COLORREF colour = GetPixel(context, x, y);
+    ReleaseDC(BoxWindow(), context);
+    return colour;
+  }
+
+  // Runs events until `condition`, or for some seconds.
+  template <typename Condition>
+  bool RunUntil(Condition condition) {
+    const ULONGLONG deadline = GetTickCount64() + 10'000;
+    while (!condition() && GetTickCount64() < deadline) {
+      platform_.PumpEvents();
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
+    }
+    return condition();
+  }
+
+  NoPictures pictures_;
+  Win32Platform platform_{{"Title of the program", PixelKind::kPhysical, {}}, pictures_};
+  Surface surface_;
+  std::unique_ptr<WindowPeer> window_;
+  std::unique_ptr<SurfacePeer> box_;
+  std::vector<std::string> told_;
+  bool handlers_throw_ = false;
+
+ private:
+  void Tell(std::string what) {
+    told_.push_back(std::move(what));
+    if (handlers_throw_) throw std::runtime_error("A handler that fails");
+  }
+  void OnKeyDown(int key) override { Tell("key " + std::to_string(key)); }
+  void OnMouseDown() override { Tell("form down"); }
+  void OnMouseMove() override { Tell("form move"); }
+  void OnCloseRequested() override { Tell("close"); }
+  void OnHelpRequested() override { Tell("help"); }
+  void OnMouseDown(int x, int y) override { Tell("down " + std::to_string(x) + ' ' + std::to_string(y)); }
+  void OnMouseMove(int /*x*/, int /*y*/) override { Tell("move"); }
+  void OnScaleChanged() override { Tell("scale"); }
+};
+
+}  // namespace quorvale

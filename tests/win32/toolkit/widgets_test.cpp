@@ -1,0 +1,178 @@
+#include <gmock/gmock.h>
+
+#include <cstring>
+
+#include "platform/win32/toolkit/win32_platform.h"
+#include "toolkit/buttons.h"
+#include "toolkit/entry_fields.h"
+#include "toolkit/form.h"
+#include "toolkit/list_box.h"
+#include "toolkit/menu.h"
+#include "toolkit/panels.h"
+#include "win32/toolkit/platform_fixture.h"
+
+#include <shlobj.h>
+
+namespace quorvale {
+namespace {
+
+using testing::ElementsAre;
+
+class Dialog : public Form {
+ public:
+  explicit Dialog(Application& app)
+      : Form(app, "Dialog", WindowKind::kDialog, "Widgets"),
+        frame(*this, {.name = "frame", .caption = "Frame", .place = {0, 0, 4500, 3000}}, true),
+        first(*this, {.name = "first",
+                      .caption = "&First",
+                      .place = {150, 300, 1500, 300},
+                      .tab_index = 0,
+                      .container = &frame}),
+        second(*this, {.name = "second",
+                       .caption = "&Second",
+                       .place = {1800, 300, 1500, 300},
+                       .tab_index = 1,
+                       .container = &frame}),
+        last(*this,
+             {.name = "last", .caption = "&Last", .place = {150, 900, 1500, 300}, .tab_index = 6, .container = &frame}),
+        label(*this, {.name = "label", .caption = "&Text:", .place = {150, 3150, 900, 300}, .tab_index = 2}),
+        text(*this, {.name = "text", .place = {1200, 3150, 900, 300}, .tab_index = 3}, 4),
+        list(*this, {.name = "list", .place = {150, 3600, 3000, 1500}, .tab_index = 4}),
+        cancel(*this, {.name = "cancel", .caption = "Cancel", .place = {3300, 3600, 900, 300}, .tab_index = 5}),
+        bar(*this, "bar") {
+    cancel.Cancel = true;
+    cancel.Click = [this] { done.push_back("cancel"); };
+    last.Click = [this] { done.push_back("last"); };
+    bar.Add("menu", "&Menu").Add("item", "&Item", "Ctrl+I").Click = [this] { done.push_back("item"); };
+  }
+
+  Frame frame;
+  OptionButton first;
+  OptionButton second;
+  Button last;
+  Label label;
+  TextBox text;
+  ListBox list;
+  Button cancel;
+  MenuBar bar;
+  std::vector<std::string> done;
+};
+
+class WidgetsTest : public testing::Test {
+ protected:
+  WidgetsTest() {
+    dialog_->SetClientSize(4800, 5250);
+    dialog_->Show();
+    app_.PumpEvents();
+  }
+  ~WidgetsTest() override { dialog_->Unload(); }
+
+  void Press(WORD key, WORD modifier = 0) {
+    BYTE state[256]{};
+    GetKeyboardState(state);
+    const BYTE before = state[modifier];
+    if (modifier != 0) state[modifier] = 0x80;
+    SetKeyboardState(state);
+    PostMessageW(GetFocus(), WM_KEYDOWN, key, 0);
+    app_.PumpEvents();
+    state[modifier] = before;
+    SetKeyboardState(state);
+  }
+
+  static std::string FocusText() {
+    char text[80]{};
+    GetWindowTextA(GetFocus(), text, sizeof text);
+    return text;
+  }
+
+  HWND ListWindow() const { return FindWindowExW(Handle(), nullptr, L"ListBox", nullptr); }
+  HWND Handle() const { return reinterpret_cast<HWND>(dialog_->Hwnd()); }
+
+  NoPictures pictures_;
+  Win32Platform platform_{{"Title", PixelKind::kLogical, {}}, pictures_};
+  Application app_{platform_};
+  std::shared_ptr<Dialog> dialog_ = std::make_shared<Dialog>(app_);
+};
+
+TEST_F(WidgetsTest, TabsThroughTheOrderOfTheIndicesWhateverTheFrame) {
+  dialog_->first.SetValue(true);
+  dialog_->first.SetFocus();
+  std::vector<std::string> order;
+  for (int i = 0; i < 5; ++i) {
+    order.push_back(FocusText());
+    Press(VK_TAB);
+  }
+  EXPECT_THAT(order, ElementsAre("&First", "", "", "Cancel", "&Last"));  // text box and list have no caption
+  Press(VK_TAB, VK_SHIFT);
+  EXPECT_EQ(FocusText(), "&Last");
+}
+
+TEST_F(WidgetsTest, PressesButtonsAndMenuItemsByTheirKeys) {
+  dialog_->list.SetFocus();
+  Press(VK_ESCAPE);
+  Press('I', VK_CONTROL);
+  dialog_->last.SetFocus();
+  Press(VK_RETURN);
+  dialog_->bar.Item("item").SetEnabled(false);
+  Press('I', VK_CONTROL);
+  EXPECT_THAT(dialog_->done, ElementsAre("cancel", "item", "last"));
+}
+
+TEST_F(WidgetsTest, LeavesAControlThatIsDisabledUnderTheFocus) {
+  dialog_->cancel.SetFocus();
+  dialog_->cancel.SetEnabled(false);
+  app_.PumpEvents();
+  EXPECT_EQ(FocusText(), "&Last");
+}
+
+TEST_F(WidgetsTest, TypesIntoATextBoxThroughItsFilter) {
+  dialog_->text.KeyPress = [](int& code) {
+    if (code != '7') code = 0;
+  };
+  dialog_->text.SetText("12345");
+  EXPECT_EQ(dialog_->text.Text(), "1234");
+  dialog_->text.SetText("1");
+  dialog_->text.SetFocus();
+  SendMessageW(GetFocus(), EM_SETSEL, 1, 1);
+  for (const char c : {'x', '7', '8'}) SendMessageW(GetFocus(), WM_CHAR, static_cast<WPARAM>(c), 0);
+  EXPECT_EQ(dialog_->text.Text(), "17");
+}
+
+TEST_F(WidgetsTest, TakesFilesThatAreDropped) {
+  std::vector<std::string> dropped;
+  dialog_->list.Dropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
+  constexpr wchar_t kPaths[] = L"C:\\one.bmp\0D:\\\u00E4.wav\0";
+  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, sizeof(DROPFILES) + sizeof kPaths);
+  auto* const files = static_cast<DROPFILES*>(GlobalLock(memory));
+  *files = {};
+  files->pFiles = sizeof(DROPFILES);
+  files->fWide = TRUE;
+  std::memcpy(files + 1, kPaths, sizeof kPaths);
+  GlobalUnlock(memory);
+  SendMessageW(ListWindow(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+  EXPECT_THAT(dropped, ElementsAre("C:\\one.bmp", "D:\\\u00E4.wav"));
+}
+
+TEST_F(WidgetsTest, HoldsTenThousandItemsAndTheirSelection) {
+  const ULONGLONG start = GetTickCount64();
+  for (int i = 0; i < 10'000; ++i) dialog_->list.AddItem("item " + std::to_string(i));
+  for (int i = 0; i < 10'000; ++i) dialog_->list.SetSelected(i, i / 100 % 2 == 1);
+  app_.PumpEvents();
+  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETCOUNT, 0, 0), 10'000);
+  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSELCOUNT, 0, 0), 5'000);
+  dialog_->list.RemoveItem(0);
+  app_.PumpEvents();
+  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSEL, 99, 0), 1);
+  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSEL, 199, 0), 0);
+  dialog_->list.SetFocus();
+  Press(VK_END);
+  EXPECT_EQ(dialog_->list.SelCount(), 1);
+  EXPECT_TRUE(dialog_->list.Selected(9'998));
+  dialog_->list.Clear();
+  app_.PumpEvents();
+  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETCOUNT, 0, 0), 0);
+  EXPECT_LT(GetTickCount64() - start, 5'000U);
+}
+
+}  // namespace
+}  // namespace quorvale

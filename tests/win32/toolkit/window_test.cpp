@@ -1,0 +1,142 @@
+#include <gmock/gmock.h>
+
+#include <chrono>
+
+#include "win32/toolkit/platform_fixture.h"
+
+namespace quorvale {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using WindowTest = PlatformFixture;
+
+TEST_F(WindowTest, HandsInputToTheFormOrItsPictureBox) {
+  Show();
+  told_.clear();
+  const struct {
+    HWND window;
+    UINT message;
+    WPARAM first;
+    LPARAM second;
+    std::vector<std::string> told;
+  } cases[] = {
+      {BoxWindow(), WM_KEYDOWN, VK_SPACE, 0, {"key 32"}},
+      {BoxWindow(), WM_SYSKEYDOWN, VK_MENU, 0, {"key 18"}},
+      {BoxWindow(), WM_LBUTTONDOWN, 0, MAKELPARAM(7, 9), {"down 7 9"}},
+      {BoxWindow(), WM_CLOSE, 0, 0, {}},
+      {FormWindow(), WM_RBUTTONDOWN, 0, 0, {"form down"}},
+      {FormWindow(), WM_CLOSE, 0, 0, {"close"}},
+  };
+  for (const bool fails : {false, true}) {
+    handlers_throw_ = fails;
+    for (const auto& test : cases) {
+      SCOPED_TRACE(test.message);
+      SendMessageW(test.window, test.message, test.first, test.second);
+      EXPECT_EQ(told_, test.told);
+      told_.clear();
+      EXPECT_TRUE(IsWindow(test.window));
+    }
+  }
+}
+
+TEST_F(WindowTest, TakesNoMoveForOneThatLeavesThePointerWhereItWas) {
+  Show();
+  told_.clear();
+  for (int i = 0; i < 3; ++i) SendMessageW(BoxWindow(), WM_MOUSEMOVE, 0, 0);
+  EXPECT_LE(told_.size(), 1U);
+}
+
+TEST_F(WindowTest, PresentsWhatIsDirtyInTheNextPass) {
+  Show();
+  surface_.FillRect({10, 20, 30, 5}, ToPixel(0x0000FF));
+  box_->Invalidate();
+  EXPECT_EQ(OnScreen(10, 20), RGB(0, 0, 0));
+  platform_.PumpEvents();
+  EXPECT_EQ(OnScreen(10, 20), RGB(255, 0, 0));
+  EXPECT_EQ(OnScreen(39, 24), RGB(255, 0, 0));
+  EXPECT_EQ(OnScreen(40, 24), RGB(0, 0, 0));
+  EXPECT_TRUE(surface_.Dirty().IsEmpty());
+}
+
+TEST_F(WindowTest, KeepsWhatIsOutOfSightDirty) {
+  Show();
+  window_->SetVisible(false);
+  surface_.FillRect({0, 0, 5, 5}, ToPixel(kWhite));
+  box_->Present();
+  EXPECT_FALSE(surface_.Dirty().IsEmpty());
+  window_->SetVisible(true);
+  platform_.PumpEvents();
+  EXPECT_EQ(OnScreen(2, 2), RGB(255, 255, 255));
+}
+
+TEST_F(WindowTest, PacesWhatIsSeenAndNothingElse) {
+  using std::chrono::milliseconds;
+  const auto time_of_passes = [this] {
+    const auto start = std::chrono::steady_clock::now();
+    const auto run = platform_.OpenPacedRun(*box_);
+    for (int i = 0; i < 4000; ++i) run->PumpEvents();
+    return std::chrono::steady_clock::now() - start;
+  };
+  Show();
+  EXPECT_GE(time_of_passes(), milliseconds(80));  // of 100
+  const auto seen = platform_.OpenPacedRun(*box_);
+  box_.reset();
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 200; ++i) seen->PumpEvents();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, milliseconds(2000));
+}
+
+TEST_F(WindowTest, ReportsTheMessagesThatWereChosenAndNoOthers) {
+  std::vector<int> arrived;
+  auto hook = platform_.CreateMessageHookPeer([&](int message) { arrived.push_back(message); });
+  hook->Watch(box_->Handle());
+  hook->Report(WM_CLOSE);
+  SendMessageW(BoxWindow(), WM_CLOSE, 0, 0);
+  SendMessageW(BoxWindow(), WM_EXITMENULOOP, 0, 0);
+  EXPECT_THAT(arrived, ElementsAre(WM_CLOSE));
+  hook->Watch(window_->Handle());
+  SendMessageW(BoxWindow(), WM_CLOSE, 0, 0);
+  EXPECT_THAT(arrived, ElementsAre(WM_CLOSE));
+  window_.reset();  // the window goes before its hook
+  hook.reset();
+}
+
+TEST_F(WindowTest, FiresTimersAgainAndAgainUntilTheyAreStopped) {
+  int fired = 0;
+  const auto timer = platform_.CreateTimerPeer([&] { ++fired; });
+  timer->Set(60'000);
+  timer->Set(20);
+  EXPECT_TRUE(RunUntil([&] { return fired >= 3; }));
+  Sleep(60);  // the next one is due
+  timer->Set(0);
+  const int fired_before = fired;
+  platform_.PumpEvents();
+  EXPECT_EQ(fired, fired_before);
+}
+
+TEST_F(WindowTest, DrawsTextInsideWhatItSaysHasChanged) {
+  const PixelView pixels = surface_.Pixels();
+  const Font font{"MS Serif", 12};
+  const PixelRect size = platform_.Text().Measure("Wager", font, 1);
+  const PixelRect doubled = platform_.Text().Measure("Wager", font, 2);
+  EXPECT_GT(size.width, 20);
+  EXPECT_NEAR(doubled.height, 2 * size.height, 3);
+  const PixelRect changed = platform_.Text().Draw(pixels, 180, 90, "Wager", font, kWhite, 1);
+  int outside = 0;
+  int inside = 0;
+  for (int y = 0; y < pixels.height; ++y) {
+    for (int x = 0; x < pixels.width; ++x) {
+      if (pixels.Row(y)[x] == ToPixel(kBlack)) continue;
+      const bool is_inside = x >= changed.left && x < changed.Right() && y >= changed.top && y < changed.Bottom();
+      ++(is_inside ? inside : outside);
+    }
+  }
+  EXPECT_EQ(outside, 0);
+  EXPECT_GT(inside, 10);
+  EXPECT_EQ(changed, Intersect(changed, pixels.Bounds()));
+}
+
+}  // namespace
+}  // namespace quorvale
