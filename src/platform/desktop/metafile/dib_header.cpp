@@ -14,8 +14,9 @@ enum Compression : unsigned { kPlain, kRuns8, kRuns4, kMasks };
 std::vector<QRgb> ColoursWithoutTable(const DibSource& source, std::size_t count) {
   if (source.palette != nullptr && count > 2) return source.palette->colours;
   std::vector<QRgb> colours;
+  const std::size_t last = std::max<std::size_t>(count, 2) - 1;
   for (std::size_t i = 0; i < count && i < 256; ++i) {
-    const auto level = static_cast<int>(i * 255 / (count - 1));
+    const auto level = static_cast<int>(i * 255 / last);
     colours.push_back(qRgb(level, level, level));
   }
   return colours;

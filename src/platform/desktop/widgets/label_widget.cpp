@@ -71,7 +71,7 @@ void LabelWidget::Fit() {
     }
   }
   setText(Breakable(WithoutMiddle(PlainText(), fitting)));
-  setToolTip(PlainText());
+  setToolTip(PlainText().toHtmlEscaped());
 }
 
 bool LabelWidget::Fits(const QFont& font, const QString& text) const {
