@@ -63,6 +63,9 @@ TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
   } cases[] = {
       {"placeable", Placeable(200, 100, 100) + kWmfHeader + kWmfBox + kWmfEnd, {2880, 1440}},
       {"placeable, no unit", Placeable(1440, 720, 0) + kWmfHeader + kWmfBox + kWmfEnd, {1440, 720}},
+      {"placeable, upside down",
+       Placeable(200, -100, 100) + kWmfHeader + WmfWindow(60, 40) + kWmfBox + kWmfEnd,
+       {2880, 1440}},
       {"placeable, empty", Placeable(0, 0, 100) + kWmfHeader + WmfWindow(60, 40) + kWmfBox + kWmfEnd, {900, 600}},
       {"window", kWmfHeader + WmfWindow(60, -40) + kWmfBox + kWmfEnd, {900, 600}},
       {"large window", kWmfHeader + WmfWindow(10'000, 5'000) + kWmfBox + kWmfEnd, {10'000, 5'000}},
