@@ -69,7 +69,9 @@ class Display:
         self.environment.pop("WAYLAND_DISPLAY", None)
         self._manager = None
         if window_manager:
-            self._manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
+            # The user's own configuration may be any.
+            self._manager = subprocess.Popen(["openbox", "--config-file", "/etc/xdg/openbox/rc.xml"],
+                                             env=self.environment, stdout=subprocess.DEVNULL,
                                              stderr=subprocess.DEVNULL)
             try:
                 wait_until(self._has_manager, "the window manager")

@@ -18,9 +18,6 @@ constexpr std::size_t kHeldSize = std::size_t{8} << 20U;
 // How much of a larger one is read at a time.
 constexpr std::size_t kPieceSize = std::size_t{256} << 10U;
 
-// Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
-constexpr std::chrono::seconds kTimeToRead{3};
-
 [[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
 
 // Doesn't wait for anybody at the other end of a pipe.
@@ -52,8 +49,6 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
     file_.Close();
   }
 }
-
-void PictureFile::StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
 
 std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
   if (offset >= size_) return {};

@@ -9,11 +9,9 @@
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
+#include "platform/pictures/picture_limit.h"
 
 namespace quorvale {
-
-// No picture is read, decoded or held that takes more bytes than this.
-inline constexpr std::size_t kPictureMemoryLimit = std::size_t{512} << 20U;
 
 // The bytes of a picture file. A small file is held in memory; a large one stays open and is read
 // piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.
@@ -26,7 +24,7 @@ class PictureFile {
   std::size_t Size() const { return size_; }
 
   // What is read from here on may take its time, a few seconds; after that the file has ended.
-  void StartClock();
+  void StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
 
   // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
   // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
@@ -38,6 +36,9 @@ class PictureFile {
   bool BeginsWith(std::string_view bytes) noexcept;
 
  private:
+  // Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
+  static constexpr std::chrono::seconds kTimeToRead{3};
+
   void Read(std::size_t offset, std::size_t count);
 
   // Closed once all is in memory.
