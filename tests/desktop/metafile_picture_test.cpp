@@ -63,6 +63,9 @@ TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
   } cases[] = {
       {"placeable", Placeable(200, 100, 100) + kWmfHeader + kWmfBox + kWmfEnd, {2880, 1440}},
       {"placeable, no unit", Placeable(1440, 720, 0) + kWmfHeader + kWmfBox + kWmfEnd, {1440, 720}},
+      {"placeable, upside down",
+       Placeable(200, -100, 100) + kWmfHeader + WmfWindow(60, 40) + kWmfBox + kWmfEnd,
+       {2880, 1440}},
       {"placeable, empty", Placeable(0, 0, 100) + kWmfHeader + WmfWindow(60, 40) + kWmfBox + kWmfEnd, {900, 600}},
       {"window", kWmfHeader + WmfWindow(60, -40) + kWmfBox + kWmfEnd, {900, 600}},
       {"large window", kWmfHeader + WmfWindow(10'000, 5'000) + kWmfBox + kWmfEnd, {10'000, 5'000}},
@@ -142,6 +145,23 @@ TEST(MetafilePicture, DrawsNoArcOfAnEmptyBox) {
   Screen screen(200, 150, 0xFFFFFFFF);
   Show(QUORVALE_METAFILES "/empty_arc.emf", screen.Bounds(), screen);
   EXPECT_NE(screen.At(15, 15), 0xFFFFFFFFU);
+}
+
+// So many runs in one row that their sum is no number any more.
+TEST(MetafilePicture, DrawsNoRunsBeyondTheEndOfTheirRow) {
+  const TemporaryDirectory folder;
+  constexpr int kRuns = 10'000'000;
+  constexpr std::size_t kWords = 3 + 11 + 20 + 2 + kRuns;
+  const Bytes head = Words({kWords & 0xFFFF, kWords >> 16, 0x0F43, 0x0020, 0x00CC, 0, 4, 4, 0, 0, 75, 100, 0, 0});
+  const Bytes info = Words({40, 0, 4, 0, 4, 0, 1, 8, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0});
+  const Bytes red = Words({0x0000, 0x00FF});
+  Bytes runs(2 * kRuns);
+  for (std::size_t i = 0; i < runs.size(); i += 2) runs[i] = 255;
+  const std::string path =
+      WritePicture(folder, "runs", Placeable(100, 75, 96) + kWmfHeader + head + info + red + runs + kWmfEnd);
+  Screen screen(100, 75);
+  Show(path, screen.Bounds(), screen);
+  EXPECT_EQ(screen.At(50, 70), 0xFFFF0000U);
 }
 
 TEST(MetafilePicture, TakesTwoSecondsAtTheMost) {

@@ -5,16 +5,6 @@
 #include "base/failure.h"
 
 namespace quorvale {
-namespace {
-
-// `rect` as seen from the corner of `box`.
-PixelRect Within(const PixelRect& box, PixelRect rect) {
-  rect.left -= box.left;
-  rect.top -= box.top;
-  return rect;
-}
-
-}  // namespace
 
 void BitmapPicture::Describe(PixelSize size, Orientation orientation) {
   size_ = orientation.Turn(size);

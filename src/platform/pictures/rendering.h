@@ -9,6 +9,13 @@
 
 namespace quorvale {
 
+// `rect` as seen from the corner of `box`.
+inline PixelRect Within(const PixelRect& box, PixelRect rect) {
+  rect.left -= box.left;
+  rect.top -= box.top;
+  return rect;
+}
+
 // A part of a picture scaled to a box: what is on the screen.
 struct Rendering {
   PixelSize box;

@@ -23,6 +23,16 @@ TEST(PictureImage, TransparentPixelsLeaveTheBackground) {
   }
 }
 
+// Its codes have three bits from the second one on.
+TEST(PictureImage, AGifMayHavePixelsOfOneBit) {
+  const TemporaryDirectory folder;
+  const Bytes gif{'G', 'I', 'F', '8', '9', 'a', 3, 0, 1, 0, 0x80, 0, 0, 0,    0,    0, 255, 255,
+                  255, ',', 0,   0,   0,   0,   3, 0, 1, 0, 0,    1, 2, 0x92, 0x0C, 0, ';'};
+  Screen screen(3, 1);
+  Show(WritePicture(folder, "bit.gif", gif), screen.Bounds(), screen);
+  EXPECT_EQ(screen.pixels, (std::vector<Pixel>{0xFF000000, 0xFFFFFFFF, 0xFFFFFFFF}));
+}
+
 TEST(PictureImage, HalfTransparentPixelsMixWithTheBackground) {
   const TemporaryDirectory folder;
   QImage image(4, 4, QImage::Format_ARGB32);

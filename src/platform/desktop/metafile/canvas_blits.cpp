@@ -20,7 +20,7 @@ QTransform Placing(const QRectF& part, const QPolygonF& corners) {
 
 // Draws a part of an image; one that is made much smaller is averaged first.
 void DrawImage(QPainter& painter, QTransform place, const QImage& image, const QRectF& part, bool smooth) {
-  const QRect inside = part.toAlignedRect() & image.rect();
+  const QRect inside = part.normalized().toAlignedRect() & image.rect();
   if (inside.isEmpty()) return;
   QImage shown = inside == image.rect() ? image : image.copy(inside);
   place = QTransform::fromTranslate(inside.x(), inside.y()) * place;
@@ -47,10 +47,14 @@ bool IsWhite(QRgb pixel) { return qRed(pixel) >= 128; }
 
 }  // namespace
 
+void BlitRequest::SetPart(const QRectF& counted) {
+  part = counted.translated(counted.width() < 0 ? 1 : 0, counted.height() < 0 ? 1 : 0);
+}
+
 void BlitRequest::SetDibPart(const Dib& dib, const QRectF& counted, int first) {
   source = dib.image;
-  part = counted;
-  part.moveTop(dib.top_down ? counted.y() - first : dib.image.height() + first - counted.height() - counted.y());
+  SetPart(counted);
+  part.moveTop(dib.top_down ? part.y() - first : dib.image.height() + first - part.height() - part.y());
 }
 
 void MetafileCanvas::Blit(const BlitRequest& request) {
@@ -75,7 +79,7 @@ void MetafileCanvas::Blit(const BlitRequest& request) {
     return;
   }
   drawn_ |= outline.boundingRect();
-  if (request.source.isNull() || request.part.width() <= 0 || request.part.height() <= 0) return;
+  if (request.source.isNull() || request.part.width() == 0 || request.part.height() == 0) return;
   const QTransform place = Placing(request.part, corners);
   const QRect area = Visible(outline.boundingRect());
   if (area.isEmpty() || !place.isInvertible()) return;

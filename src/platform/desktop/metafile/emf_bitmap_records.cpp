@@ -40,7 +40,7 @@ BlitStart ReadStart(ByteReader& reader) {
 void Finish(const Playback& playback, const ByteReader& reader, BlitStart& start, QSizeF size) {
   if (start.bitmap.Exists()) {
     start.request.source = start.bitmap.Read(playback, reader).image;
-    start.request.part = SourcePart(start.page, QRectF(start.from, size));
+    start.request.SetPart(SourcePart(start.page, QRectF(start.from, size)));
   }
   playback.canvas.Blit(start.request);
 }

@@ -1,6 +1,6 @@
 // Pens, brushes, fonts and palettes of EMF files.
 
-#include "platform/desktop/metafile/dib.h"
+#include "platform/desktop/metafile/emf_bitmaps.h"
 #include "platform/desktop/metafile/emf_reading.h"
 #include "platform/desktop/metafile/object_records.h"
 #include "platform/desktop/metafile/playback.h"
@@ -34,14 +34,10 @@ void CreateBrush(const Playback& playback, ByteReader& reader) {
 }
 
 Dib ReadDibOf(const Playback& playback, ByteReader& reader, ColourTable table) {
-  const std::size_t info_at = reader.U32();
-  const std::size_t info_size = reader.U32();
-  const std::size_t bits_at = reader.U32();
-  const std::size_t bits_size = reader.U32();
-  return ReadDib({.info = reader.Piece(info_at, info_size),
-                  .bits = reader.Piece(bits_at, bits_size),
-                  .table = table,
-                  .palette = playback.canvas.State().palette.get()});
+  EmfBitmap bitmap;
+  bitmap.table = table;
+  bitmap.ReadPlace(reader);
+  return bitmap.Read(playback, reader);
 }
 
 template <bool two_colours>
@@ -64,9 +60,9 @@ void CreateExtendedPen(const Playback& playback, ByteReader& reader) {
   Pen pen = SimplePen(style, width, colour);
   pen.simple = false;
   pen.geometric = (style & kGeometric) != 0;
-  constexpr unsigned kDibPattern = 5;
-  if (brush_style == 3 || brush_style == kDibPattern) {
-    pen.brush = PatternBrush(ReadDibOf(playback, bitmap, ColourTable::kColours).image, brush_style == 3);
+  enum : unsigned { kPattern = 3, kDibPattern = 5, kPointedDibPattern = 6 };
+  if (brush_style == kPattern || brush_style == kDibPattern || brush_style == kPointedDibPattern) {
+    pen.brush = PatternBrush(ReadDibOf(playback, bitmap, ColourTable::kColours).image, brush_style == kPattern);
   } else {
     pen.brush = SimpleBrush(brush_style, colour, hatch);
   }

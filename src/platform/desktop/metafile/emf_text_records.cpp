@@ -1,5 +1,7 @@
 // Text of EMF files.
 
+#include <algorithm>
+
 #include "platform/desktop/metafile/emf_reading.h"
 #include "platform/desktop/metafile/playback.h"
 #include "platform/desktop/metafile/text_decoding.h"
@@ -16,11 +18,14 @@ enum Option : unsigned {
   kAdvancesDown = 0x2000,
 };
 
+// More than a text may have; laying out takes time and memory.
+constexpr std::size_t kMostCharacters = 8192;
+
 // The part that all texts share; offsets count from the record's start.
 void ReadRun(const Playback& playback, ByteReader& reader, bool wide) {
   TextRun run;
   run.at = EmfPoint(reader);
-  const std::size_t count = reader.U32();
+  const std::size_t count = std::min<std::size_t>(reader.U32(), kMostCharacters);
   const std::size_t text_at = reader.U32();
   const unsigned options = reader.U32();
   run.rect = EmfRect(reader);
@@ -28,7 +33,7 @@ void ReadRun(const Playback& playback, ByteReader& reader, bool wide) {
   run.fill_rect = (options & kOpaque) != 0;
   run.clip_to_rect = (options & kClipped) != 0;
   const Font& font = playback.canvas.State().font;
-  const ByteSpan bytes = count < reader.Size() ? reader.Piece(text_at, wide ? count * 2 : count) : ByteSpan{};
+  const ByteSpan bytes = reader.Piece(text_at, wide ? count * 2 : count);
   if ((options & kGlyphNumbers) != 0) {
     run.text = DecodeGlyphs(bytes);
   } else {
@@ -64,7 +69,7 @@ void SmallTextOut(const Playback& playback, ByteReader& reader) {
   constexpr std::size_t kModeAndScales = 12;
   TextRun run;
   run.at = EmfPoint(reader);
-  const std::size_t count = reader.U32();
+  const std::size_t count = std::min<std::size_t>(reader.U32(), kMostCharacters);
   const unsigned options = reader.U32();
   reader.Skip(kModeAndScales);
   if ((options & kNoRect) == 0) {
@@ -73,7 +78,7 @@ void SmallTextOut(const Playback& playback, ByteReader& reader) {
     run.clip_to_rect = (options & kClipped) != 0;
   }
   const bool wide = (options & kSmallChars) == 0;
-  const ByteSpan bytes = count < reader.Size() ? reader.Piece(reader.At(), wide ? count * 2 : count) : ByteSpan{};
+  const ByteSpan bytes = reader.Piece(reader.At(), wide ? count * 2 : count);
   if ((options & kGlyphNumbers) == 0) {
     // Small ones are the lower halves of wide ones.
     run.text =

@@ -62,7 +62,7 @@ QImage Smaller(const QImage& image, int samples) {
 Metafile::Metafile(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)), header_(ReadMetafileHeader(bytes_)) {
   if (bytes_.size() > kLargestFile) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   Check();
-  if (header_.kind == MetafileKind::kWmf && header_.window.isEmpty()) FindWmfSize();
+  if (header_.kind == MetafileKind::kWmf && header_.window.isNull()) FindWmfSize();
 }
 
 RecordStream Metafile::Records() const { return {header_.kind, ByteSpan(bytes_).subspan(header_.first_record)}; }

@@ -53,6 +53,8 @@ struct BlitRequest {
   unsigned masked_op = 0xAA;
   double opacity = 1;
 
+  // The part of `source`. Sides below 0 mirror, and count back from the pixel that they begin with.
+  void SetPart(const QRectF& counted);
   // A part of a bitmap that counts from its lower edge, of which the rows from `first` on are at hand.
   void SetDibPart(const Dib& dib, const QRectF& counted, int first);
 };

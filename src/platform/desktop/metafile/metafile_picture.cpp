@@ -11,12 +11,6 @@
 namespace quorvale {
 namespace {
 
-PixelRect Within(const PixelRect& box, PixelRect rect) {
-  rect.left -= box.left;
-  rect.top -= box.top;
-  return rect;
-}
-
 // Where `ground` lies between black and white, channel by channel.
 Pixel Between(Pixel on_black, Pixel on_white, Pixel ground) {
   const auto channel = [&](unsigned shift) {

@@ -1,5 +1,7 @@
 #include "platform/desktop/metafile/run_length.h"
 
+#include <algorithm>
+
 namespace quorvale {
 namespace {
 
@@ -13,7 +15,7 @@ class RunReader {
       const unsigned count = reader_.U8();
       const unsigned value = reader_.U8();
       if (count > 0) {
-        for (unsigned i = 0; i < count; ++i) Put(depth_ == 8 ? value : Half(value, i));
+        for (unsigned i = 0; i < count && x_ < image_.width(); ++i) Put(depth_ == 8 ? value : Half(value, i));
       } else if (!Escape(value)) {
         return;
       }
@@ -23,10 +25,10 @@ class RunReader {
  private:
   static unsigned Half(unsigned byte, unsigned i) { return i % 2 == 0 ? byte >> 4U : byte & 0xFU; }
 
+  // However long a row is, `x_` stops at the image's edge.
   void Put(unsigned number) {
-    if (x_ < image_.width() && number < colours_.size()) {
-      reinterpret_cast<QRgb*>(image_.scanLine(y_))[x_] = colours_[number];
-    }
+    if (x_ == image_.width()) return;
+    if (number < colours_.size()) reinterpret_cast<QRgb*>(image_.scanLine(y_))[x_] = colours_[number];
     ++x_;
   }
 
@@ -38,7 +40,7 @@ class RunReader {
     } else if (value == 1) {
       return false;
     } else if (value == 2) {
-      x_ += reader_.U8();
+      x_ = std::min(x_ + reader_.U8(), image_.width());
       y_ -= reader_.U8();
     } else {
       unsigned byte = 0;

@@ -48,7 +48,7 @@ void BitBlit(const Playback& playback, ByteReader& reader) {
   request.target = ReadTarget(reader);
   if (has_bitmap) {
     request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, ColourTable::kColours).image;
-    request.part = QRectF(from, request.target.size());
+    request.SetPart(QRectF(from, request.target.size()));
   }
   playback.canvas.Blit(request);
 }
@@ -64,7 +64,7 @@ void StretchBlit(const Playback& playback, ByteReader& reader) {
   request.target = ReadTarget(reader);
   if (has_bitmap) {
     request.source = device ? ReadBitmap(playback, reader) : ReadDibOf(playback, reader, ColourTable::kColours).image;
-    request.part = QRectF(from, QSizeF(size.x(), size.y()));
+    request.SetPart(QRectF(from, QSizeF(size.x(), size.y())));
   }
   playback.canvas.Blit(request);
 }

@@ -87,8 +87,8 @@ void CreateRegion(const Playback& playback, ByteReader& reader) {
   Region region;
   for (std::size_t scan = 0; scan < scans && reader.Left() >= 6; ++scan) {
     const std::size_t numbers = reader.U16();
-    const double top = reader.U16();
-    const double bottom = reader.U16();
+    const double top = reader.I16();
+    const double bottom = reader.I16();
     for (std::size_t i = 0; i + 1 < numbers && reader.Left() >= 4; i += 2) {
       const double left = reader.I16();
       const double right = reader.I16();

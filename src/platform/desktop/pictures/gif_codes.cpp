@@ -38,8 +38,9 @@ void GifCodes::Remember(int code) {
     start_[static_cast<std::size_t>(new_code_)] = static_cast<std::uint16_t>(last_code_);
     end_[static_cast<std::size_t>(new_code_)] = static_cast<std::uint8_t>(first_);
     ++new_code_;
-    if (new_code_ == 1 << code_bits_ && code_bits_ < kLongestCode) ++code_bits_;
   }
+  // Pixels of one bit need the third bit as soon as there is a code.
+  if (new_code_ == 1 << code_bits_ && code_bits_ < kLongestCode) ++code_bits_;
   last_code_ = code;
 }
 

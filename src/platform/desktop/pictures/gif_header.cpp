@@ -22,7 +22,7 @@ constexpr int kWidestStart = 11;
 // A code of one and a half bytes stands for at most as many pixels as there are codes.
 constexpr std::int64_t kPixelsToByte = 4096;
 // Beyond this drawing would take too much time, however small the file.
-constexpr std::int64_t kMostPixels = 1 << 30;
+constexpr std::int64_t kMostPixels = 1 << 28;
 
 [[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
 

@@ -22,6 +22,9 @@ void Bitmaps(HDC dc, bool) {
   SetDIBitsToDevice(dc, 40, 80, 40, 30, 0, 0, 0, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS);
   StretchDIBits(dc, 90, 80, 40, 30, 10, 5, 20, 15, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
   StretchDIBits(dc, 180, 80, -40, 30, 0, 0, 40, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
+  // A source may count backwards as well.
+  StretchDIBits(dc, 184, 80, 12, 30, 27, 0, -12, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
+  StretchDIBits(dc, 101, 115, 8, 30, 16, 29, 8, -30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
   Bitmap runs;
   runs.header = {sizeof(BITMAPINFOHEADER), 16, 8, 1, 8, BI_RLE8, 0, 0, 0, 256, 0};
   for (int i = 0; i < 256; ++i) runs.colours[i] = {static_cast<BYTE>(i), static_cast<BYTE>(255 - i), 128, 0};

@@ -39,6 +39,14 @@ void Paths(HDC dc, bool) {
   Brush(dc, RGB(200, 60, 60));
   SetPolyFillMode(dc, WINDING);
   FillPath(dc);
+  // An open figure.
+  Pen(dc, PS_SOLID, 3, RGB(0, 120, 0));
+  BeginPath(dc);
+  MoveToEx(dc, 176, 105, nullptr);
+  LineTo(dc, 196, 105);
+  LineTo(dc, 186, 145);
+  EndPath(dc);
+  StrokeAndFillPath(dc);
 }
 
 void Clips(HDC dc, bool emf) {
