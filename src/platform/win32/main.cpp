@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com_apartment.h"
+#include "platform/win32/system/command_line.h"
 #include "platform/win32/system/win32_file_system.h"
 #include "platform/win32/system/win32_host.h"
 #include "platform/win32/system/win32_password.h"
@@ -62,6 +63,6 @@ int RunProgram(const std::string& text) {
 
 // The signature is the system's.
 // NOLINTNEXTLINE(readability-non-const-parameter)
-int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR lpCmdLine, int /*nShowCmd*/) {
-  return quorvale::RunProgram(lpCmdLine);
+int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR /*lpCmdLine*/, int /*nShowCmd*/) {
+  return quorvale::RunProgram(quorvale::CommandText());
 }
