@@ -36,6 +36,8 @@ void FollowHost(const std::string& text) {
 }
 
 int RunProgram(const std::string& text) {
+  // A list may name an empty drive; the system's question for a disk would stand in the way of the show.
+  SetErrorMode(SEM_FAILCRITICALERRORS);
   const ComApartment components;
   // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
   const bool is_show = IsMode(text, "/S") || IsMode(text, "/P");
