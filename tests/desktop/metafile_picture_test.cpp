@@ -137,6 +137,13 @@ TEST(MetafilePicture, InvertsWhateverBackgroundThereIs) {
   }
 }
 
+// An arc of an empty box has no points, from the first of which a line would come.
+TEST(MetafilePicture, DrawsNoArcOfAnEmptyBox) {
+  Screen screen(200, 150, 0xFFFFFFFF);
+  Show(QUORVALE_METAFILES "/empty_arc.emf", screen.Bounds(), screen);
+  EXPECT_NE(screen.At(15, 15), 0xFFFFFFFFU);
+}
+
 TEST(MetafilePicture, TakesTwoSecondsAtTheMost) {
   const TemporaryDirectory folder;
   Bytes bytes = Placeable(100, 100, 96) + kWmfHeader + kWmfBox;

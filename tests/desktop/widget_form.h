@@ -59,6 +59,7 @@ class WidgetForm : public Form {
   TextBox txt{*this, {.name = "txt", .place = At(1200), .tab_index = 4, .container = &fra}, 2};
   CheckBox chk{*this, {.name = "chk", .caption = "Chec&k", .place = At(1500), .tab_index = 5, .container = &fra}};
   ListBox lst{*this, {.name = "lst", .place = {3000, 300, 2500, 3600}, .tab_index = 6, .container = &fra}};
+  Label lblColour{*this, {.name = "lblColour", .place = At(1800), .tab_index = 7, .container = &fra}};
   DropDownList cbo{*this, {.name = "cbo", .place = At(1800), .tab_index = 7, .container = &fra}, {"None", "Some"}};
   Slider sld{*this, {.name = "sld", .place = At(2100), .tab_index = 8, .container = &fra}, 1, 20};
   Button cmdFile{*this,

@@ -13,12 +13,15 @@ namespace quorvale {
 namespace {
 
 constexpr int kHalfCovered = 128;
+// A region of more pieces is taken for the box around it.
+constexpr std::size_t kMostSpans = 500'000;
 
 // The pixels of a layer that are covered, as bands of a region.
 QRegion CoveredRegion(const QImage& layer, QPoint at) {
   std::vector<QRect> spans;
   std::size_t last_band = 0;
   for (int y = 0; y < layer.height(); ++y) {
+    if (spans.size() > kMostSpans) return QRect(at, layer.size());
     const auto* row = reinterpret_cast<const QRgb*>(layer.constScanLine(y));
     const std::size_t band = spans.size();
     for (int x = 0; x < layer.width(); ++x) {

@@ -22,8 +22,6 @@ constexpr std::array<std::array<unsigned, kHatchSide>, 6> kHatches{{
 // A pen wider than this many pixels counts as wide.
 constexpr double kThin = 1.5;
 constexpr double kWidestPen = 1e5;
-// Sides of a pattern: it repeats anyway.
-constexpr int kLargestPattern = 1024;
 
 QImage HatchImage(unsigned hatch, QRgb ink, QRgb paper) {
   QImage image(kHatchSide, kHatchSide, QImage::Format_ARGB32_Premultiplied);
@@ -117,7 +115,7 @@ QBrush MetafileCanvas::MakeBrush(const Brush& brush) const {
                          state_.opaque_background ? state_.Colour(state_.background) : 0U);
       break;
     case Brush::Style::kPattern:
-      image = brush.pattern.copy(brush.pattern.rect() & QRect(0, 0, kLargestPattern, kLargestPattern));
+      image = brush.pattern;
       if (image.isNull()) return {};
       if (brush.two_colours) {
         const QRgb zero = state_.Colour(state_.text_colour);

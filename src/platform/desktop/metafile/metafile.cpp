@@ -19,6 +19,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kPlayingTime{2000};
 constexpr std::size_t kMostRecords = 2'000'000;
+// Bytes. What is read of it takes several times as much memory.
+constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
 // Drawn at twice the size and averaged, edges come out soft, and areas that meet leave no seam. A large
 // picture does without: it would take too much memory.
 constexpr int kSamples = 2;
@@ -58,6 +60,7 @@ QImage Smaller(const QImage& image, int samples) {
 }  // namespace
 
 Metafile::Metafile(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)), header_(ReadMetafileHeader(bytes_)) {
+  if (bytes_.size() > kLargestFile) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   Check();
   if (header_.kind == MetafileKind::kWmf && header_.window.isEmpty()) FindWmfSize();
 }

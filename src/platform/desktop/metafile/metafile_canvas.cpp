@@ -11,7 +11,7 @@ namespace quorvale {
 namespace {
 
 // More than any file needs.
-constexpr std::size_t kMostSaved = 1000;
+constexpr std::size_t kMostSaved = 250;
 constexpr int kHalfCovered = 128;
 
 }  // namespace

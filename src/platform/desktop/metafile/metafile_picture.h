@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/desktop/metafile/metafile.h"
-#include "platform/desktop/pictures/rendering.h"
+#include "platform/pictures/rendering.h"
 #include "toolkit/picture.h"
 
 namespace quorvale {

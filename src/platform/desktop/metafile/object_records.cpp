@@ -6,6 +6,8 @@ namespace {
 constexpr unsigned kStyleMask = 0xF;
 // Hatches that stand for shades and so on: drawn as areas.
 constexpr unsigned kHatchCount = 6;
+// Pixels of a pattern's sides: it repeats anyway.
+constexpr int kLargestPattern = 512;
 
 QRgb ReadColour(ByteReader& reader) {
   const int red = reader.U8();
@@ -42,7 +44,7 @@ Brush SimpleBrush(unsigned style, ColourReference colour, unsigned hatch) {
 Brush PatternBrush(const QImage& image, bool two_colours) {
   Brush brush;
   brush.style = image.isNull() ? Brush::Style::kNone : Brush::Style::kPattern;
-  brush.pattern = image;
+  brush.pattern = image.copy(image.rect() & QRect(0, 0, kLargestPattern, kLargestPattern));
   brush.two_colours = two_colours;
   return brush;
 }

@@ -9,6 +9,13 @@ namespace {
 
 // Files number their objects with 16 bits.
 constexpr std::size_t kMostObjects = 0x10000;
+// Few bytes of a file can make a large pattern.
+constexpr qsizetype kMostPatternBytes = qsizetype{128} << 20U;
+
+qsizetype PatternBytes(const GdiObject& object) {
+  const auto* brush = std::get_if<Brush>(&object);
+  return brush == nullptr ? 0 : brush->pattern.sizeInBytes();
+}
 
 Font StockFont() {
   Font font;
@@ -47,6 +54,10 @@ void ObjectTable::Add(GdiObject object) {
 void ObjectTable::Set(std::uint32_t place, GdiObject object) {
   if (place >= kMostObjects) return;
   if (place >= slots_.size()) slots_.resize(place + 1);
+  if (qsizetype bytes = PatternBytes(object); bytes > 0) {
+    for (const Slot& slot : slots_) bytes += PatternBytes(slot.object);
+    if (bytes > kMostPatternBytes) object = Brush{.style = Brush::Style::kNone};
+  }
   slots_[place] = {true, std::move(object)};
 }
 

@@ -2,14 +2,14 @@
 
 #include <memory>
 
-#include "platform/desktop/pictures/bitmap_picture.h"
 #include "platform/desktop/pictures/bmp_header.h"
+#include "platform/desktop/pictures/file_picture.h"
 #include "platform/desktop/pictures/picture_file.h"
 
 namespace quorvale {
 
 // A bitmap file. Only the rows and columns in view are read.
-class BmpPicture : public BitmapPicture {
+class BmpPicture : public FilePicture {
  public:
   static bool Recognizes(PictureFile& file);
 
@@ -17,7 +17,7 @@ class BmpPicture : public BitmapPicture {
   explicit BmpPicture(std::unique_ptr<PictureFile> file);
 
  protected:
-  std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
+  std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override;
 
  private:
   BmpHeader header_;

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/desktop/pictures/byte_stream.h"
-#include "platform/desktop/pictures/sequential_rows.h"
+#include "platform/pictures/sequential_rows.h"
 
 namespace quorvale {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/desktop/pictures/exif_tags.h"
+#include "platform/pictures/exif_tags.h"
 
 namespace quorvale {
 namespace {

@@ -3,8 +3,8 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/desktop/pictures/orientation.h"
 #include "platform/desktop/pictures/picture_file.h"
+#include "platform/pictures/orientation.h"
 #include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 

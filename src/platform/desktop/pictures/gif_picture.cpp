@@ -9,10 +9,10 @@ namespace quorvale {
 bool GifPicture::Recognizes(PictureFile& file) { return file.BeginsWith("GIF8"); }
 
 GifPicture::GifPicture(std::unique_ptr<PictureFile> file)
-    : BitmapPicture(std::move(file)), header_(ReadGifHeader(File())) {
+    : FilePicture(std::move(file)), header_(ReadGifHeader(File())) {
   Describe(header_.size, {});
 }
 
-std::unique_ptr<RowSource> GifPicture::Open(PixelSize /*stored_box*/) { return OpenGifRows(File(), header_); }
+std::unique_ptr<RowSource> GifPicture::OpenRows(PixelSize /*stored_box*/) { return OpenGifRows(File(), header_); }
 
 }  // namespace quorvale

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/desktop/pictures/bitmap_picture.h"
+#include "platform/desktop/pictures/file_picture.h"
 #include "platform/desktop/pictures/gif_header.h"
 #include "platform/desktop/pictures/picture_file.h"
 
@@ -10,7 +10,7 @@ namespace quorvale {
 
 // A GIF, of which the first frame is shown. No more of it is decoded than it takes to come to the last
 // row in view.
-class GifPicture : public BitmapPicture {
+class GifPicture : public FilePicture {
  public:
   static bool Recognizes(PictureFile& file);
 
@@ -18,7 +18,7 @@ class GifPicture : public BitmapPicture {
   explicit GifPicture(std::unique_ptr<PictureFile> file);
 
  protected:
-  std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
+  std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override;
 
  private:
   GifHeader header_;

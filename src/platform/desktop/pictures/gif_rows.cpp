@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/desktop/pictures/gif_codes.h"
-#include "platform/desktop/pictures/sequential_rows.h"
+#include "platform/pictures/sequential_rows.h"
 
 namespace quorvale {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "platform/desktop/pictures/gif_header.h"
 #include "platform/desktop/pictures/picture_file.h"
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/row_source.h"
 
 namespace quorvale {
 

@@ -53,7 +53,7 @@ class JpegRows : public RowSource {
 
 bool JpegPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\xFF\xD8"); }
 
-JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : BitmapPicture(std::move(file)), decoder_(ReadHeader()) {
+JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
   Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(File())));
 }
 
@@ -63,7 +63,7 @@ std::unique_ptr<JpegDecoder> JpegPicture::ReadHeader() {
   return decoder;
 }
 
-std::unique_ptr<RowSource> JpegPicture::Open(PixelSize stored_box) {
+std::unique_ptr<RowSource> JpegPicture::OpenRows(PixelSize stored_box) {
   auto decoder = decoder_ ? std::move(decoder_) : ReadHeader();
   return std::make_unique<JpegRows>(std::move(decoder), stored_box);
 }

@@ -2,14 +2,14 @@
 
 #include <memory>
 
-#include "platform/desktop/pictures/bitmap_picture.h"
+#include "platform/desktop/pictures/file_picture.h"
 #include "platform/desktop/pictures/jpeg_decoder.h"
 #include "platform/desktop/pictures/picture_file.h"
 
 namespace quorvale {
 
 // A photo. Only the part in view is decoded, at a scale near the one it is shown at.
-class JpegPicture : public BitmapPicture {
+class JpegPicture : public FilePicture {
  public:
   static bool Recognizes(PictureFile& file);
 
@@ -17,7 +17,7 @@ class JpegPicture : public BitmapPicture {
   explicit JpegPicture(std::unique_ptr<PictureFile> file);
 
  protected:
-  std::unique_ptr<RowSource> Open(PixelSize stored_box) override;
+  std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override;
 
  private:
   std::unique_ptr<JpegDecoder> ReadHeader();

@@ -9,11 +9,9 @@
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
+#include "platform/pictures/picture_limit.h"
 
 namespace quorvale {
-
-// No picture is read, decoded or held that takes more bytes than this.
-inline constexpr std::size_t kPictureMemoryLimit = std::size_t{512} << 20U;
 
 // The bytes of a picture file. A small file is held in memory; a large one stays open and is read
 // piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.

@@ -81,11 +81,11 @@ QImage Blank(const QImageReader& reader, std::size_t file_size) {
 
 bool PngPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
 
-PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : BitmapPicture(std::move(file)), image_(Decode()) {
+PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), image_(Decode()) {
   Describe({image_.width(), image_.height()}, {});
 }
 
-std::unique_ptr<RowSource> PngPicture::Open(PixelSize /*stored_box*/) {
+std::unique_ptr<RowSource> PngPicture::OpenRows(PixelSize /*stored_box*/) {
   return std::make_unique<ImageRows>(image_.isNull() ? Decode() : std::exchange(image_, {}));
 }
 

@@ -142,7 +142,8 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Labels lead to the control behind them, whose name they are for who can't see them.
+// Labels lead to the control behind them, whose name they are for who can't see them. One without a text only shows a
+// colour.
 void DialogWindow::ArrangeControls() {
   std::erase_if(controls_, [](const Control& c) { return !c.widget || c.control->Design().tab_index < 0; });
   std::stable_sort(controls_.begin(), controls_.end(), [](const Control& a, const Control& b) {
@@ -152,7 +153,8 @@ void DialogWindow::ArrangeControls() {
   LabelWidget* label = nullptr;
   for (const Control& control : controls_) {
     QWidget* const widget = control.widget;
-    if (auto* const found = qobject_cast<LabelWidget*>(widget)) label = found;
+    auto* const found = qobject_cast<LabelWidget*>(widget);
+    if (found != nullptr && !found->PlainText().isEmpty()) label = found;
     if (widget->focusPolicy() == Qt::NoFocus) continue;
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();

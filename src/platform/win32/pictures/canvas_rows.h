@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/row_source.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

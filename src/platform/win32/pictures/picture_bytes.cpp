@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/picture_file.h"
+#include "platform/pictures/picture_limit.h"
 #include "platform/win32/system/file_content.h"
 #include "platform/win32/system/handle.h"
 #include "platform/win32/system/system_error.h"

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/picture_file.h"
+#include "platform/pictures/picture_limit.h"
 #include "platform/win32/pictures/canvas_rows.h"
 #include "platform/win32/pictures/jpeg_head.h"
 #include "platform/win32/pictures/wic_rows.h"

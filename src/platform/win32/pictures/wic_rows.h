@@ -3,7 +3,7 @@
 #include <array>
 #include <vector>
 
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/row_source.h"
 #include "platform/win32/pictures/wic_codec.h"
 
 namespace quorvale {

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "platform/desktop/pictures/row_source.h"
-#include "platform/desktop/pictures/scale_axis.h"
+#include "platform/pictures/row_source.h"
+#include "platform/pictures/scale_axis.h"
 
 namespace quorvale {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/desktop/pictures/orientation.h"
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/orientation.h"
+#include "platform/pictures/row_source.h"
 #include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/orientation.h"
+#include "platform/pictures/orientation.h"
 
 #include <algorithm>
 #include <array>

@@ -1,13 +1,13 @@
-#include "platform/desktop/pictures/rendering.h"
+#include "platform/pictures/rendering.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/picture_file.h"
-#include "platform/desktop/pictures/row_scaler.h"
-#include "platform/desktop/pictures/scale_axis.h"
+#include "platform/pictures/picture_limit.h"
+#include "platform/pictures/row_scaler.h"
+#include "platform/pictures/scale_axis.h"
 
 namespace quorvale {
 namespace {

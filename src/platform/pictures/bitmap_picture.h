@@ -1,18 +1,16 @@
 #pragma once
 
 #include <memory>
-#include <utility>
 
-#include "platform/desktop/pictures/orientation.h"
-#include "platform/desktop/pictures/picture_file.h"
-#include "platform/desktop/pictures/rendering.h"
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/orientation.h"
+#include "platform/pictures/rendering.h"
+#include "platform/pictures/row_source.h"
 #include "toolkit/picture.h"
 
 namespace quorvale {
 
-// A picture made of pixels, whatever its format. It keeps what was last on the screen, and decodes its
-// file again for another size or part.
+// A picture made of pixels, whatever its format. It keeps what was last on the screen, and decodes again for
+// another size or part.
 class BitmapPicture : public Picture {
  public:
   // Decodes for the place where the picture will be shown. Fails with kBadPicture.
@@ -22,12 +20,6 @@ class BitmapPicture : public Picture {
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
 
  protected:
-  // For a kind of picture that reads its file by itself.
-  BitmapPicture() = default;
-  explicit BitmapPicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)) {}
-
-  PictureFile& File() { return *file_; }
-
   // The stored picture from its start, for a box of that size. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> Open(PixelSize stored_box) = 0;
 
@@ -37,7 +29,6 @@ class BitmapPicture : public Picture {
  private:
   void RenderFor(PixelSize box, const PixelRect& part);
 
-  std::unique_ptr<PictureFile> file_;
   PixelSize size_;
   Orientation orientation_;
   Rendering rendering_;

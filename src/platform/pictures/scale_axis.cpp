@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/scale_axis.h"
+#include "platform/pictures/scale_axis.h"
 
 #include <algorithm>
 #include <cmath>

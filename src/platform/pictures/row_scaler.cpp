@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/row_scaler.h"
+#include "platform/pictures/row_scaler.h"
 
 #include <algorithm>
 #include <cstddef>

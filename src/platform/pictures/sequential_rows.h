@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/desktop/pictures/orientation.h"
-#include "platform/desktop/pictures/row_source.h"
+#include "platform/pictures/orientation.h"
+#include "platform/pictures/row_source.h"
 
 namespace quorvale {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/exif_tags.h"
+#include "platform/pictures/exif_tags.h"
 
 #include <algorithm>
 #include <array>

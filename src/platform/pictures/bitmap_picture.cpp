@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures/bitmap_picture.h"
+#include "platform/pictures/bitmap_picture.h"
 
 #include <new>
 
@@ -51,7 +51,6 @@ void BitmapPicture::RenderFor(PixelSize box, const PixelRect& part) {
   try {
     // The last one makes room first.
     rendering_ = {};
-    if (file_) file_->StartClock();
     rendering_ = Render(*Open(orientation_.Turn(box)), orientation_, box, part);
   } catch (const std::bad_alloc&) {
     throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
