@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com_apartment.h"
+#include "platform/win32/system/command_line.h"
 #include "platform/win32/system/win32_file_system.h"
 #include "platform/win32/system/win32_host.h"
 #include "platform/win32/system/win32_password.h"
@@ -35,6 +36,8 @@ void FollowHost(const std::string& text) {
 }
 
 int RunProgram(const std::string& text) {
+  // A list may name an empty drive; the system's question for a disk would stand in the way of the show.
+  SetErrorMode(SEM_FAILCRITICALERRORS);
   const ComApartment components;
   // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
   const bool is_show = IsMode(text, "/S") || IsMode(text, "/P");
@@ -62,6 +65,6 @@ int RunProgram(const std::string& text) {
 
 // The signature is the system's.
 // NOLINTNEXTLINE(readability-non-const-parameter)
-int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR lpCmdLine, int /*nShowCmd*/) {
-  return quorvale::RunProgram(lpCmdLine);
+int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR /*lpCmdLine*/, int /*nShowCmd*/) {
+  return quorvale::RunProgram(quorvale::CommandText());
 }

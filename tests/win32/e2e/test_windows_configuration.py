@@ -1,5 +1,6 @@
 """The configuration window on Windows, driven by keys."""
 
+import os
 import time
 import unittest
 
@@ -79,6 +80,17 @@ class Configuration(WindowsTest):
         self.keys("n")
         self.assertEqual(self.program.wait(timeout=10), 0)
         self.assertEqual(self.saved(), [])
+
+    def test_a_list_is_saved_again_under_a_shorter_name(self):
+        self.add(self.red)
+        for name in ("the first and longer name.qvl", "short.qvl"):
+            path = os.path.join(self.session.folder, name)
+            self.menu("Down", "a")
+            self.session.wait_for_window("Save Play List")
+            self.keys("End", "shift+Home")
+            self.display.xdotool("type", "--delay", "10", windows_path(path))
+            self.keys("Return")
+            wait_until(lambda: os.path.exists(path), name)
 
     def test_the_about_window_closes_by_enter(self):
         self.menu("Right", "Right", "Down", "Up", "Return")

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/win32/pictures/jpeg_head.h"
+#include "platform/win32/pictures/picture_bytes.h"
 #include "support/failure_of.h"
 #include "win32/pictures/picture_samples.h"
 #include "win32/work_directory.h"
@@ -93,6 +95,22 @@ TEST_F(PictureLoaderTest, PhotosStandUprightHoweverTheCameraWasHeld) {
     const auto picture = Show(path, box, screen_);
     ExpectQuarters(screen_, box, quarters);
     EXPECT_EQ(picture->NaturalSize(1).width, static_cast<float>(box.width) * kTwipsPerPixel);
+  }
+}
+
+TEST(JpegHead, KnowsWhatADecoderPutsTogetherInMemory) {
+  const struct {
+    char frame;
+    char colours;
+    char colours_in_first_scan;
+    bool has_several_scans;
+  } cases[] = {
+      {'\xC0', 3, 3, false}, {'\xC0', 3, 1, true}, {'\xC1', 1, 1, false}, {'\xC2', 3, 3, true}, {'\xC4', 9, 1, false}};
+  for (const auto& test : cases) {
+    const std::string head = std::string("\xFF\xD8\xFF") + test.frame + std::string("\0\x08\x08\0\1\0\1", 7) +
+                             test.colours + std::string("\xFF\xDA\0\x08", 4) + test.colours_in_first_scan;
+    EXPECT_EQ(ReadJpegHead(PictureBytes(head.begin(), head.end())).has_several_scans, test.has_several_scans)
+        << int{test.frame} << ' ' << int{test.colours_in_first_scan};
   }
 }
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "platform/win32/system/command_line.h"
 #include "platform/win32/system/help_page.h"
 #include "platform/win32/system/win32_host.h"
 #include "platform/win32/system/win32_password.h"
@@ -70,6 +71,25 @@ TEST(Win32Programs, StartsWhatIsThere) {
     EXPECT_EQ(FailureOf([&] { programs.Start(line, kWindowNormalFocus); }), FailureNumber::kNotFound) << line;
   }
   EXPECT_EQ(FailureOf([&] { programs.ShellExecute("open", "C:\\none\\none.html", 1); }), FailureNumber::kNotFound);
+}
+
+TEST(CommandLine, BeginsBehindTheProgram) {
+  const struct {
+    const char* line;
+    const char* text;
+  } cases[] = {
+      {R"(C:\Windows\QUORVALE.SCR /s)", "/s"},
+      {R"("C:\My files\Quorvale.scr" /p 1234)", "/p 1234"},
+      {"C:\\B\xC3\xBC"
+       "cher\\\xE7\x8C\xAB.scr\t /INSTALL C:\\a b\\",
+       "/INSTALL C:\\a b\\"},
+      {R"("C:\My files"\Quorvale.scr /c:1)", "/c:1"},
+      {"Quorvale.scr", ""},
+      {"Quorvale.scr  ", ""},
+      {R"("C:\My files\Quorvale.scr)", ""},
+      {"", ""},
+  };
+  for (const auto& test : cases) EXPECT_EQ(SkipProgram(test.line), test.text) << test.line;
 }
 
 TEST(HelpPage, IsFoundBesideTheHelpFile) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <cstring>
+#include <thread>
 
 #include "platform/win32/toolkit/win32_platform.h"
 #include "toolkit/buttons.h"
@@ -123,6 +124,17 @@ TEST_F(WidgetsTest, LeavesAControlThatIsDisabledUnderTheFocus) {
   dialog_->cancel.SetEnabled(false);
   app_.PumpEvents();
   EXPECT_EQ(FocusText(), "&Last");
+}
+
+// What another thread or program sends runs inside the loop's wait and does not end it.
+TEST_F(WidgetsTest, EndsBeingModalAtACloseMessageThatIsSent) {
+  const UINT_PTR alarm = SetTimer(nullptr, 0, 5'000, nullptr);
+  const ULONGLONG start = GetTickCount64();
+  std::thread sender([window = Handle()] { SendMessageW(window, WM_CLOSE, 0, 0); });
+  dialog_->ShowModal();
+  EXPECT_LT(GetTickCount64() - start, 4'000U);
+  sender.join();
+  KillTimer(nullptr, alarm);
 }
 
 TEST_F(WidgetsTest, TypesIntoATextBoxThroughItsFilter) {

@@ -8,7 +8,7 @@ namespace quorvale {
 // What the segments ahead of a JPEG file's pixels tell.
 struct JpegHead {
   // In several scans, which a decoder puts together in memory.
-  bool is_progressive = false;
+  bool has_several_scans = false;
   // As cameras store it, 1 to 8.
   int orientation = 1;
 };

@@ -17,12 +17,12 @@ constexpr std::uint64_t kMostPixelsToByte = 4096;
 
 bool IsJpeg(const PictureBytes& bytes) { return WordAt(bytes, 0) == 0xD8FF; }
 
-void CheckSize(PixelSize size, const PictureBytes& bytes, bool is_progressive) {
+void CheckSize(PixelSize size, const PictureBytes& bytes, bool has_several_scans) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
   if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
   // Photos in one scan are the only ones that are never in memory as a whole.
-  if (IsJpeg(bytes) && !is_progressive) return;
+  if (IsJpeg(bytes) && !has_several_scans) return;
   if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
 }
 
@@ -81,7 +81,7 @@ WicPicture::WicPicture(PictureBytes bytes)
   const bool on_canvas = canvas_.width > 0;
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
   const JpegHead head = ReadJpegHead(bytes_);
-  CheckSize(size, bytes_, head.is_progressive);
+  CheckSize(size, bytes_, head.has_several_scans);
   Describe(size, Orientation::FromExif(head.orientation));
 }
 

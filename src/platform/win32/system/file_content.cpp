@@ -32,6 +32,7 @@ class DraftFile {
   DraftFile& operator=(const DraftFile&) = delete;
 
   bool Write(const std::string& content) const {
+    if (name_.empty()) return false;
     const Handle file(
         CreateFileW(name_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file.IsOpen()) return false;

@@ -55,7 +55,9 @@ std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
   // Relative paths of the program stay what they are.
   request.Flags = dialog.flags | OFN_EXPLORER | OFN_NOCHANGEDIR;
   const bool is_chosen = (dialog.save ? GetSaveFileNameW(&request) : GetOpenFileNameW(&request)) != 0;
-  return is_chosen ? Joined(path.c_str()) : std::string();
+  if (!is_chosen) return {};
+  // Behind a single answer there may be a rest of the name that the dialog began with.
+  return (dialog.flags & kOfnAllowMultiSelect) != 0 ? Joined(path.c_str()) : FromWide(path.c_str());
 }
 
 Colour ShowWin32ColourDialog(HWND owner, Colour start) {

@@ -73,6 +73,8 @@ void DialogWindow::Appear() {
 void DialogWindow::Hide() {
   LetOthersTakeInput();
   TopWindow::Hide();
+  // A message that was sent, not posted, does not end the modal loop's wait.
+  PostMessageW(Window(), WM_NULL, 0, 0);
 }
 
 void DialogWindow::RunModal() {

@@ -90,8 +90,8 @@ void ListBoxControl::ShowItems() {
   is_stale_ = false;
   // Each selection would be drawn, and scrolled to.
   Send(WM_SETREDRAW, FALSE);
-  Send(LB_SETCOUNT, static_cast<WPARAM>(list_.ListCount()));
   const LRESULT top = Send(LB_GETTOPINDEX);
+  Send(LB_SETCOUNT, static_cast<WPARAM>(list_.ListCount()));
   Send(LB_SETSEL, FALSE, -1);
   int first = 0;
   for (int i = 0; i < list_.ListCount(); ++i) {
