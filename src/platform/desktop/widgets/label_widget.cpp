@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QRegularExpression>
+#include <QTextDocument>
 
 #include "platform/desktop/widgets/fitting.h"
 
@@ -71,7 +72,8 @@ void LabelWidget::Fit() {
     }
   }
   setText(Breakable(WithoutMiddle(PlainText(), fitting)));
-  setToolTip(PlainText().toHtmlEscaped());
+  // A path may look like a page of HTML, which a tool tip would show as one.
+  setToolTip(Qt::mightBeRichText(PlainText()) ? Qt::convertFromPlainText(PlainText()) : PlainText());
 }
 
 bool LabelWidget::Fits(const QFont& font, const QString& text) const {
