@@ -103,6 +103,19 @@ run_all_tests() {
   count_of build
 }
 
+# "windows" is a table of its own: the Windows program's code beside the Linux program's.
+bench() {
+  need $screen_packages $bench_packages
+  build release
+  if [ "${1:-}" = windows ]; then
+    need $windows_packages $wine_packages
+    build windows-64
+    scripts/bench-windows.sh
+  else
+    scripts/bench.sh "$@"
+  fi
+}
+
 # Whatever the user's umask is, everybody may read what the package brings.
 package() (
   need dpkg-dev desktop-file-utils
@@ -144,7 +157,7 @@ case "${1:-}" in
   test) run_all_tests ;;
   build) build release ;;
   configure) build release && build/quorvale /C ;;
-  bench) need $screen_packages $bench_packages && build release && scripts/bench.sh "${@:2}" ;;
+  bench) bench "${@:2}" ;;
   package) package ;;
   lint) lint ;;
   *)
@@ -154,7 +167,7 @@ Usage: ./quorvale.sh COMMAND. Each command installs what is missing and builds f
   test       run every test
   configure  open the configuration window
   build      only build; the program is build/quorvale
-  bench      measure speed and memory; prints a table, and JSON beside it
+  bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine
   package    make a Debian package and a zip for Windows in build/packages
   lint       check format and code
 TEXT

@@ -1,0 +1,131 @@
+// Measures what is the same program on every platform: decoding, the effects' drawing, and lists. Nothing of it
+// needs a screen, so that the figures of two platforms can stand side by side. Takes the pictures to decode.
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/random.h"
+#include "measure.h"
+#include "platform/headless/headless_desktop.h"
+#include "playlist/list_entry.h"
+#include "playlist/media_collections.h"
+#include "playlist/shuffle.h"
+#include "portable/platform_parts.h"
+#include "process/process.h"
+#include "report.h"
+#include "saver/main_form.h"
+#include "settings/reg_settings.h"
+#include "toolkit/bitmap.h"
+#include "toolkit/picture.h"
+#include "transitions/run_transition.h"
+
+namespace quorvale {
+namespace {
+
+constexpr int kRounds = 5;
+constexpr int kWidth = 1920;
+constexpr int kHeight = 1080;
+constexpr int kFirstTick = 500;  // milliseconds
+constexpr PixelRect kScreen{.width = kWidth, .height = kHeight};
+constexpr const char* kEffects[] = {"Sweep Right",         "Sweep Down",        "Spotlight",       "Bubbles",
+                                    "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"};
+
+std::string NameOf(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
+
+void MeasureDecoding(Report& report, PictureLoader& loader, const std::vector<std::string>& paths) {
+  report.Begin("Loading and painting at 1920x1080, ms", {{"stretched"}, {"own size"}});
+  Bitmap screen(kWidth, kHeight, 0);
+  const auto load = [&](const std::string& path, bool stretched) {
+    const auto box = [stretched](const TwipSize& natural) {
+      return stretched ? kScreen : ToPixels({.width = natural.width, .height = natural.height}, 1);
+    };
+    return MillisecondsOf([&] {
+      const auto picture = loader.Load(path, {.box = box, .clip = kScreen});
+      picture->Paint(screen.View(), box(picture->NaturalSize(1)), kScreen);
+    });
+  };
+  for (const std::string& path : paths) {
+    report.Row(NameOf(path),
+               AlternatingMedians(kRounds, {[&] { return load(path, true); }, [&] { return load(path, false); }}));
+  }
+}
+
+// The drawing alone: on the desktop in memory no pass takes its time.
+void MeasureEffects(Report& report) {
+  HeadlessDesktop desktop;
+  desktop.SetScreen(kWidth, kHeight);
+  Process process(desktop, desktop.Services());
+  process.RunMode = "/S";
+  process.SetOption("Stretch", "1");
+  desktop.files.AddFile("C:\\Picture.jpg", "picture 1920 1080 ff0000");
+  process.Settings.SaveSetting(kPictureSection, "File0", MakeListEntry("Picture.jpg", "C:\\"));
+  const auto form = std::make_shared<MainForm>(process);
+  form->Show();
+  desktop.queue.Advance(kFirstTick);
+  process.SetOption("BackColor", "255");
+  process.TransitionSpeed = 20;
+  report.Begin("Drawing an effect at 1920x1080, ms", {{"whole effect"}});
+  for (const char* const effect : kEffects) {
+    process.SetOption("SwapAffect", effect);
+    const auto run = [&] {
+      form->PicBase.SetBackColor(kWhite);
+      form->PicBase.SetFillColor(kBlack);
+      form->PicBase.Cls();
+      desktop.presentations.clear();
+      return MillisecondsOf([&] { RunTransition(process, form->PicPreview); });
+    };
+    report.Row(effect, AlternatingMedians(kRounds, {run}));
+  }
+}
+
+void MeasureLists(Report& report, Registry& registry) {
+  constexpr int kEntries = 10'000;
+  const std::string section = "Bench";
+  CRegSettings settings(registry);
+  const auto save = [&] {
+    settings.DeleteSetting(section);
+    return MillisecondsOf([&] {
+      for (int i = 0; i < kEntries; ++i) {
+        settings.SaveSetting(section, std::to_string(i), MakeListEntry(std::to_string(i) + ".jpg", "/pictures/"));
+      }
+    });
+  };
+  const auto load = [&] {
+    return MillisecondsOf([&] {
+      for (int i = 0; i < kEntries; ++i) settings.GetSetting(section, std::to_string(i));
+    });
+  };
+  const auto shuffle = [] {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 1'000'000; ++i) paths.push_back("/pictures/" + std::to_string(i) + ".jpg");
+    Collection collection(std::move(paths));
+    Random random;
+    return MillisecondsOf([&] { ShuffleCollection(collection, random); });
+  };
+  report.Begin("Lists, ms", {{"save 10,000"}, {"load 10,000"}, {"shuffle 1,000,000"}});
+  report.Row("settings store, collection", AlternatingMedians(kRounds, {save, load, shuffle}));
+  settings.DeleteSetting(section);
+}
+
+}  // namespace
+}  // namespace quorvale
+
+int main(int argc, char** argv) {
+  using namespace quorvale;
+  try {
+    Report report("");
+    const auto parts = MakePlatformParts();
+    MeasureDecoding(report, parts->Pictures(), {argv + 1, argv + argc});
+    MeasureEffects(report);
+    MeasureLists(report, parts->Store());
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "quorvale-portable-bench: %s\n", failure.what());
+    return EXIT_FAILURE;
+  }
+  return EXIT_SUCCESS;
+}
