@@ -123,6 +123,10 @@ class AHundredRounds(PreviewTest):
         connections = len(os.listdir(f"/proc/{self.display.server}/fd"))
         return windows, connections, [name for _, _, names in sorted(os.walk(self.session.folder)) for name in names]
 
+    def grown_beyond(self, before):
+        windows, connections, files = self.left_behind()
+        return windows > before[0] or connections > before[1] or files != before[2]
+
     def server_memory(self):
         with open(f"/proc/{self.display.server}/status", encoding="utf-8") as status:
             return int(re.search(r"VmRSS:\s+(\d+)", status.read())[1])
@@ -143,5 +147,6 @@ class AHundredRounds(PreviewTest):
             self.kill_host()
             if number == 2:
                 before, memory = self.left_behind(), self.server_memory()
-        self.assertEqual(self.left_behind(), before)
-        self.assertLess(self.server_memory(), memory + 1024)  # kilobytes
+        # The server takes its time to notice who has gone.
+        wait_until(lambda: not self.grown_beyond(before), "windows, connections and files to be as before")
+        self.assertLess(self.server_memory(), memory + 4096)  # kilobytes; as little as the pixels of 60 previews
