@@ -1,9 +1,5 @@
 #include "platform/pictures/bitmap_picture.h"
 
-#include <new>
-
-#include "base/failure.h"
-
 namespace quorvale {
 
 void BitmapPicture::Describe(PixelSize size, Orientation orientation) {
@@ -16,35 +12,8 @@ TwipSize BitmapPicture::NaturalSize(float scale) const {
           static_cast<float>(size_.height) * kTwipsPerPixel / scale};
 }
 
-void BitmapPicture::Prepare(const PicturePlace& place) {
-  const PixelRect box = place.box(NaturalSize(place.scale));
-  RenderFor({box.width, box.height}, Within(box, Intersect(box, place.clip)));
-}
-
-void BitmapPicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {
-  const PixelRect in_target = Intersect(box, target.Bounds());
-  const PixelRect wanted = Intersect(in_target, clip);
-  if (wanted.IsEmpty()) return;
-  const PixelSize size{box.width, box.height};
-  if (!rendering_.Shows(size, Within(box, wanted))) {
-    // All of it that can be seen: the next call may ask for another part.
-    try {
-      RenderFor(size, Within(box, in_target));
-    } catch (const Failure&) {
-      return;
-    }
-  }
-  rendering_.Paint(target, box.left, box.top, wanted);
-}
-
-void BitmapPicture::RenderFor(PixelSize box, const PixelRect& part) {
-  try {
-    // The last one makes room first.
-    rendering_ = {};
-    rendering_ = Render(*Open(orientation_.Turn(box)), orientation_, box, part);
-  } catch (const std::bad_alloc&) {
-    throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
-  }
+Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part) {
+  return Render(*Open(orientation_.Turn(box)), orientation_, box, part);
 }
 
 }  // namespace quorvale

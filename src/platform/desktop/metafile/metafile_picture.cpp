@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <new>
+#include <memory>
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/picture_file.h"
+#include "platform/pictures/picture_limit.h"
 
 namespace quorvale {
 namespace {
@@ -30,65 +30,40 @@ MetafilePicture::MetafilePicture(std::vector<std::uint8_t> bytes) : metafile_(st
 
 TwipSize MetafilePicture::NaturalSize(float /*scale*/) const { return metafile_.NaturalSize(); }
 
-void MetafilePicture::Prepare(const PicturePlace& place) {
-  const PixelRect box = place.box(NaturalSize(place.scale));
-  RenderFor({box.width, box.height}, Within(box, Intersect(box, place.clip)));
-}
-
-void MetafilePicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {
-  const PixelRect in_target = Intersect(box, target.Bounds());
-  const PixelRect wanted = Intersect(in_target, clip);
-  if (wanted.IsEmpty()) return;
-  const PixelSize size{box.width, box.height};
-  if (!rendering_.Shows(size, Within(box, wanted))) {
-    try {
-      RenderFor(size, Within(box, in_target));
-    } catch (const Failure&) {
-      return;
-    }
-  }
+void MetafilePicture::PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const {
   if (on_white_.isNull()) {
-    rendering_.Paint(target, box.left, box.top, wanted);
-  } else {
-    PaintByBackground(target, box.left, box.top, wanted);
+    Shown().Paint(target, left, top, clip);
+    return;
   }
-}
-
-void MetafilePicture::PaintByBackground(const PixelView& target, int left, int top, const PixelRect& clip) const {
-  const PixelRect& part = rendering_.part;
+  const PixelRect& part = Shown().part;
   for (int y = clip.top; y < clip.Bottom(); ++y) {
     const int from_y = y - top - part.top;
     const int from_x = clip.left - left - part.left;
-    const Pixel* black = rendering_.View().Row(from_y) + from_x;
+    const Pixel* black = Shown().View().Row(from_y) + from_x;
     const Pixel* white = reinterpret_cast<const Pixel*>(on_white_.constScanLine(from_y)) + from_x;
     Pixel* to = target.Row(y) + clip.left;
     for (int x = 0; x < clip.width; ++x) to[x] = Between(black[x], white[x], to[x]);
   }
 }
 
-void MetafilePicture::RenderFor(PixelSize box, const PixelRect& part) {
-  rendering_ = {};
+Rendering MetafilePicture::Make(PixelSize box, const PixelRect& part) {
   on_white_ = {};
-  if (part.IsEmpty()) return;
+  if (part.IsEmpty()) return {};
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > kPictureMemoryLimit / sizeof(Pixel)) FailTooLarge();
-  try {
-    const auto [image, on_white] =
-        metafile_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
-    if (image.isNull()) FailTooLarge();
-    Rendering made;
-    made.box = box;
-    made.part = part;
-    made.opaque = false;
-    made.pixels = std::make_unique_for_overwrite<Pixel[]>(count);
-    for (int y = 0; y < part.height; ++y) {
-      std::copy_n(reinterpret_cast<const Pixel*>(image.constScanLine(y)), part.width, made.View().Row(y));
-    }
-    rendering_ = std::move(made);
-    on_white_ = on_white;
-  } catch (const std::bad_alloc&) {
-    FailTooLarge();
+  const auto [image, on_white] =
+      metafile_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
+  if (image.isNull()) FailTooLarge();
+  Rendering made;
+  made.box = box;
+  made.part = part;
+  made.opaque = false;
+  made.pixels = std::make_unique_for_overwrite<Pixel[]>(count);
+  for (int y = 0; y < part.height; ++y) {
+    std::copy_n(reinterpret_cast<const Pixel*>(image.constScanLine(y)), part.width, made.View().Row(y));
   }
+  on_white_ = on_white;
+  return made;
 }
 
 }  // namespace quorvale
