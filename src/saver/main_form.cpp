@@ -60,6 +60,19 @@ void MainForm::Form_MouseDown() { Unload(); }
 
 void MainForm::Form_MouseMove() { CountMouseMove(); }
 
+// What keeps other programs' keys from going past the password: a show that may not end comes back to the front.
+void MainForm::Form_Deactivate() {
+  Unload();
+  if (IsLoaded()) process_.system.windows.ActivateWindow(kMainFormCaption);
+}
+
+// The picture stays where it is; the next tick places its own anew.
+void MainForm::Form_ScreenChange() {
+  const ScreenSize screen = App().Screen();
+  Move(0, 0, screen.Width, screen.Height);
+  PicBase.Move(0, 0, screen.Width, screen.Height);
+}
+
 void MainForm::tmrSwitch_Timer() {
   if (!process_.StopRequested) SlideTick(process_, PicPreview, imgFullSize);
 }

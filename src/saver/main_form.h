@@ -23,6 +23,8 @@ class MainForm : public ShowForm {
   void Form_KeyDown(int key) override;
   void Form_MouseDown() override;
   void Form_MouseMove() override;
+  void Form_Deactivate() override;
+  void Form_ScreenChange() override;
   void tmrSwitch_Timer() override;
 
  private:

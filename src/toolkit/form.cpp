@@ -144,6 +144,16 @@ void Form::OnHelpRequested() {
   application_.Dispatch([self = shared_from_this()] { self->Form_Help(); });
 }
 
+void Form::OnDeactivated() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Form_Deactivate(); });
+}
+
+void Form::OnScreenChanged() {
+  if (!IsLoaded()) return;
+  application_.Dispatch([self = shared_from_this()] { self->Form_ScreenChange(); });
+}
+
 PixelRect Form::NominalFrame() const {
   if (kind_ != WindowKind::kDialog) return {};
   PixelRect frame = {.width = kFrameWidth, .height = kCaptionHeight};

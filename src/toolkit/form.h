@@ -80,6 +80,10 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   virtual void Form_MouseMove() {}
   // The user pressed F1.
   virtual void Form_Help() {}
+  // A saver window has lost the focus to another program, or is out of sight.
+  virtual void Form_Deactivate() {}
+  // A saver window has to fit another screen.
+  virtual void Form_ScreenChange() {}
 
  private:
   friend class Application;
@@ -91,6 +95,8 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   void OnMouseMove() override;
   void OnCloseRequested() override;
   void OnHelpRequested() override;
+  void OnDeactivated() override;
+  void OnScreenChanged() override;
 
   // What a dialog's frame and menu take of its size, in pixels.
   PixelRect NominalFrame() const;

@@ -34,6 +34,13 @@ class WindowEvents {
   virtual void OnCloseRequested() = 0;
   // The user pressed F1.
   virtual void OnHelpRequested() = 0;
+  // A saver window is no longer what the user has before him: a window of another program took the focus, or
+  // this one was minimised or is out of sight. A box of this program over it and a screen locker's grab of the
+  // keyboard are no such thing. Not told while a box is up; what still holds then is told when it closes.
+  virtual void OnDeactivated() = 0;
+  // The primary monitor of a saver window is another one, or its size has changed; `Platform::Screen` tells it.
+  // Windows on other monitors are the platform's business. Not told while there is no monitor.
+  virtual void OnScreenChanged() = 0;
 };
 
 // What happens to a picture box's window. Positions are in the toolkit's pixels.

@@ -84,6 +84,8 @@ class WindowFixture : public testing::Test, private WindowEvents, private Surfac
   void OnMouseMove() override { told_.emplace_back("form move"); }
   void OnCloseRequested() override { told_.emplace_back("close"); }
   void OnHelpRequested() override { told_.emplace_back("help"); }
+  void OnDeactivated() override { told_.emplace_back("deactivated"); }
+  void OnScreenChanged() override { told_.emplace_back("screen"); }
   void OnMouseDown(int x, int y) override { told_.push_back("box press " + At(x, y)); }
   void OnMouseMove(int x, int y) override { told_.push_back("box move " + At(x, y)); }
   void OnScaleChanged() override { told_.emplace_back("scale"); }

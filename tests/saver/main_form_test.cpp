@@ -42,6 +42,7 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
       {"a key on the form", [&] { desktop.PressKey(form_->Hwnd(), 16); }, true},
       {"a press on the form", [&] { desktop.PressMouse(form_->Hwnd()); }, true},
       {"a close request", [&] { desktop.RequestClose(form_->Hwnd()); }, true},
+      {"another program's window", [&] { desktop.Deactivate(form_->Hwnd()); }, true},
       {"a press on the background", [&] { desktop.PressMouse(Box(), 1, 1); }, false},
       {"a press on the picture", [&] { desktop.PressMouse(Box(), 400, 300); }, false},
       {"nine moves", [&] { Moves(9); }, false},
@@ -115,6 +116,23 @@ TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
   EXPECT_EQ(desktop.windows.cursor_count, 7) << "6 from the unloading, raised once more by the ending";
   EXPECT_EQ(desktop.paced_runs.back().pumps, 7);
   EXPECT_EQ(Position(), "1");
+}
+
+// The show stayed as large as the screen was at its start.
+TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
+  process.SetOption("Stretch", "1");
+  process.SetOption("SwapAffect", "Sweep Down");
+  Start();
+  FirstTick();
+  desktop.queue.AtPump(5, [&] {
+    desktop.SetScreen(600, 900);
+    EXPECT_EQ(desktop.windows.Find(form_->Hwnd())->bounds, (PixelRect{0, 0, 600, 900}));
+    EXPECT_EQ(form_->PicBase.Pixels().Bounds(), (PixelRect{0, 0, 600, 900}));
+    EXPECT_EQ(At(599, 899), 0U);
+  });
+  NextTick();
+  EXPECT_EQ(form_->PicPreview.Height(), 900 * kTwipsPerPixel);
+  EXPECT_EQ(At(599, 899), 0x0000FFU);
 }
 
 TEST_F(MainFormTest, TheTimerDoesNothingOnceTheShowIsToEnd) {

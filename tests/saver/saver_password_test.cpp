@@ -94,6 +94,8 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
   EXPECT_EQ(desktop.pictures.loads.size(), 1U);
   desktop.MoveMouse(form_->PicBase.Hwnd());
   EXPECT_TRUE(form_->IsLoaded()) << "the eleventh move ends nothing";
+  desktop.Deactivate(form_->Hwnd());
+  EXPECT_EQ(desktop.windows.GetForegroundWindow(), form_->Hwnd()) << "another program's window is kept behind";
   answer = 1;
   desktop.PressKey(form_->PicBase.Hwnd(), 32);
   EXPECT_FALSE(form_->IsLoaded());

@@ -146,6 +146,7 @@ void HeadlessDesktop::SetScreen(int width, int height, float scale) {
   screen_ = {.width = width, .height = height, .scale = scale};
   for (const auto& [handle, window] : windows.All()) {
     if (window.surface_events != nullptr) window.surface_events->OnScaleChanged();
+    if (window.events != nullptr && window.kind == WindowKind::kSaver) window.events->OnScreenChanged();
   }
 }
 
@@ -172,6 +173,12 @@ bool HeadlessDesktop::RequestClose(WindowHandle window) {
 bool HeadlessDesktop::RequestHelp(WindowHandle window) {
   return Deliver(
       window, [](SurfaceEvents& /*box*/) {}, [](WindowEvents& form) { form.OnHelpRequested(); });
+}
+
+bool HeadlessDesktop::Deactivate(WindowHandle window) {
+  windows.SetForeground(windows.CreateForeign("Another program"));
+  return Deliver(
+      window, [](SurfaceEvents& /*box*/) {}, [](WindowEvents& form) { form.OnDeactivated(); });
 }
 
 void HeadlessDesktop::RunModal(WindowPeer& window) {

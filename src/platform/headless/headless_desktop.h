@@ -78,7 +78,7 @@ class HeadlessDesktop : public Platform {
   std::vector<PacedRunLog> paced_runs;
   std::vector<Presentation> presentations;
 
-  // 800 by 600 pixels at scale 1 at first. A new scale is told to every picture box.
+  // 800 by 600 pixels at scale 1 at first. A change is told to every picture box and saver window.
   void SetScreen(int width, int height, float scale = 1);
 
   // Input at a form's or a picture box's window, delivered at once; positions in the toolkit's pixels.
@@ -89,6 +89,8 @@ class HeadlessDesktop : public Platform {
   bool PressMouse(WindowHandle window, int x = 0, int y = 0);
   bool RequestClose(WindowHandle window);
   bool RequestHelp(WindowHandle window);
+  // A window of another program comes to the front of that one.
+  bool Deactivate(WindowHandle window);
 
   // A message arrives at a window, and whoever hooks it hears of it.
   void SendMessage(WindowHandle window, int message);

@@ -75,6 +75,8 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
   void OnMouseMove() override { Tell("form move"); }
   void OnCloseRequested() override { Tell("close"); }
   void OnHelpRequested() override { Tell("help"); }
+  void OnDeactivated() override { Tell("deactivated"); }
+  void OnScreenChanged() override { Tell("screen"); }
   void OnMouseDown(int x, int y) override { Tell("down " + std::to_string(x) + ' ' + std::to_string(y)); }
   void OnMouseMove(int /*x*/, int /*y*/) override { Tell("move"); }
   void OnScaleChanged() override { Tell("scale"); }
