@@ -108,12 +108,12 @@ TwipRect Layout::ExpectedNaturalBox(const TwipSize& natural) const {
   TwipRect box{CentredLeft(natural.width), CentredTop(natural.height), natural.width * RatioX(),
                natural.height * RatioY()};
   const float bottom = ExpectedBottom();
-  if (box.height > bottom) box.height = bottom - box.top;
+  if (box.height > bottom && bottom >= box.top) box.height = bottom - box.top;
   return box;
 }
 
 TwipRect Layout::ExpectedStretchedBox() const {
-  return {0, 0, PicBase_.Width(), HasCaption() ? CaptionTop() : PicBase_.Height()};
+  return {0, 0, PicBase_.Width(), HasCaption() && CaptionTop() >= 0 ? CaptionTop() : PicBase_.Height()};
 }
 
 // Clears the surface and puts the drawing position where the file name will stand: in the bottom line,

@@ -76,6 +76,7 @@ void ImageControl::SetPicture(std::shared_ptr<Picture> picture) {
 
 void ImageControl::SetBounds(const TwipRect& bounds) {
   RequireLoaded();
+  if (!(bounds.width >= 0 && bounds.height >= 0)) throw Failure(FailureNumber::kInvalidValue, "Invalid size", Name());
   if (bounds == bounds_) return;
   const TwipRect old = std::exchange(bounds_, bounds);
   if (!visible_) return;

@@ -32,6 +32,7 @@ class ImageControl : public Control {
   float Height() const;
   void SetLeft(float left);
   void SetTop(float top);
+  // These two also fail with kInvalidValue below 0.
   void SetWidth(float width);
   void SetHeight(float height);
   TwipRect Bounds() const { return bounds_; }

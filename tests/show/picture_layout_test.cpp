@@ -161,6 +161,22 @@ TEST_F(PictureLayoutTest, WithoutAPictureThereIsStillNameAndFrame) {
   EXPECT_EQ(form.PicPreview.Width(), 0);
 }
 
+// The list gets shorter during the effect: the name and its line can't be had, and nothing tells where the picture
+// should end.
+TEST_F(PictureLayoutTest, ACaptionThatFailsLeavesThePictureAndItsFrame) {
+  Pictures({"picture 400 300 ff0000", "picture 200 100 00ff00"});
+  for (const char* option : {"ShowFileName", "ShowFrame"}) process.SetOption(option, "1");
+  process.SetOption("SwapAffect", "Sweep Right");
+  MainForm& form = Start();
+  FirstTick();
+  const TwipRect place = form.PicPreview.Bounds();
+  desktop.queue.AtPump(5, [&] { process.PictureList = Collection({"C:\\P0.jpg"}); });
+  const DrawRecorder recorder(form.PicBase);
+  NextTick();
+  ExpectRect(form.PicPreview.Bounds(), place);
+  EXPECT_FLOAT_EQ(recorder.operations.back().y2, place.top + place.height + 60);
+}
+
 TEST_F(PictureLayoutTest, AStretchedPictureHasNoFrame) {
   Pictures({"picture 40 30 ff0000"});
   process.SetOption("Stretch", "1");

@@ -196,6 +196,12 @@ TEST_F(PictureBoxTest, NumbersThatAreNoPlacesAreRefused) {
   for (const int pen : {0, -1, 32'768}) {
     EXPECT_EQ(FailureOf([&] { box.SetDrawWidth(pen); }), FailureNumber::kInvalidValue);
   }
+  const TwipRect size = form->ImageBelow.Bounds();
+  for (const float side : {-1.0F, std::nanf("")}) {
+    EXPECT_EQ(FailureOf([&] { form->ImageBelow.SetWidth(side); }), FailureNumber::kInvalidValue);
+    EXPECT_EQ(FailureOf([&] { form->ImageBelow.SetHeight(side); }), FailureNumber::kInvalidValue);
+  }
+  EXPECT_EQ(form->ImageBelow.Bounds(), size);
   box.LineBox(-1e30F, 0, 1e30F, 1e30F, kRed);
   box.Line(-1e30F, 300, 1e30F, 300, kGreen);
   EXPECT_EQ(RgbAt(box.Pixels(), 99, 39), kRedRgb);
