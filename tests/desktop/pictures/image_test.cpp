@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/failure.h"
 #include "desktop/pictures/samples.h"
@@ -84,11 +85,33 @@ TEST(PictureImage, GrowsInStraightLinesFromPixelToPixel) {
   }
 }
 
-TEST(PictureImage, CutOffIsABadPictureOrWhatThereIs) {
+// A tag of the orientation turns a PNG as it turns a photo.
+TEST(PictureImage, APngStandsUprightInAllOrientations) {
+  const TemporaryDirectory folder;
+  const QImage waves = MakeWaves(40, 30);
+  const Bytes plain = MakeImage(Decode(MakeJpeg(waves, {.name = ""})), "PNG");
+  for (int exif = 1; exif <= 8; ++exif) {
+    const QImage upright = Decode(MakeJpeg(waves, {.name = "", .exif = exif}));
+    const Bytes segment = ExifData(exif);
+    for (const auto& [data, at_end] :
+         {std::pair(Bytes(segment.begin() + 6, segment.end()), false), {segment, false}, {segment, true}}) {
+      const std::string path = WritePicture(folder, "turned.png", WithPngChunk(plain, "eXIf", data, at_end));
+      Screen screen(upright.width(), upright.height());
+      const auto picture = Show(path, screen.Bounds(), screen);
+      EXPECT_EQ(picture->NaturalSize(1).width, upright.width() * kTwipsPerPixel) << exif;
+      EXPECT_EQ(Difference(screen, screen.Bounds(), screen.Bounds(), upright), 0) << exif << at_end;
+    }
+  }
+}
+
+// The libraries would print what they think of it.
+TEST(PictureImage, CutOffIsABadPictureOrWhatThereIsAndSaysNothing) {
+  testing::internal::CaptureStderr();
   const TemporaryDirectory folder;
   const QImage noise = MakeNoise(60, 40);
-  for (const Bytes& bytes : {MakeImage(noise, "BMP"), MakeImage(noise, "PNG"),
-                             MakeGif(60, 40, [](int x, int y) { return 1 + (x * y) % 120; })}) {
+  for (const Bytes& bytes :
+       {MakeImage(noise, "BMP"), MakeImage(noise, "PNG"), WithPngChunk(MakeImage(noise, "PNG"), "gAMA", {0}, false),
+        MakeGif(60, 40, [](int x, int y) { return 1 + (x * y) % 120; })}) {
     for (std::size_t length = 0; length < bytes.size(); length += bytes.size() / 20) {
       const std::string path =
           WritePicture(folder, "cut", Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)));
@@ -100,6 +123,7 @@ TEST(PictureImage, CutOffIsABadPictureOrWhatThereIs) {
       }
     }
   }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 }  // namespace

@@ -11,22 +11,15 @@
 
 #include <jpeglib.h>
 
+#include "support/png_chunk.h"
+
 namespace quorvale {
 namespace {
 
 constexpr std::uint8_t kGifClear = 128;
 constexpr std::uint8_t kGifEnd = 129;
-
-// The smallest camera data that hold an orientation, in either order of bytes.
-Bytes ExifData(int orientation) {
-  const auto number = static_cast<std::uint8_t>(orientation);
-  if (orientation % 2 == 0) {
-    return {'E',  'x',  'i', 'f', 0, 0, 'I', 'I', 42,     0, 8, 0, 0, 0, 1, 0,
-            0x12, 0x01, 3,   0,   1, 0, 0,   0,   number, 0, 0, 0, 0, 0, 0, 0};
-  }
-  return {'E',  'x',  'i', 'f', 0, 0, 'M', 'M', 0, 42,     0, 0, 0, 8, 0, 1,
-          0x01, 0x12, 0,   3,   0, 0, 0,   1,   0, number, 0, 0, 0, 0, 0, 0};
-}
+// The size of a PNG's last chunk.
+constexpr std::ptrdiff_t kPngEnd = 12;
 
 // Compresses rows of `format`, after `adjust` has had its say.
 Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
@@ -68,6 +61,16 @@ std::string WritePicture(const TemporaryDirectory& directory, const std::string&
   return directory.Path(name);
 }
 
+Bytes ExifData(int orientation) {
+  const auto number = static_cast<std::uint8_t>(orientation);
+  if (orientation % 2 == 0) {
+    return {'E',  'x',  'i', 'f', 0, 0, 'I', 'I', 42,     0, 8, 0, 0, 0, 1, 0,
+            0x12, 0x01, 3,   0,   1, 0, 0,   0,   number, 0, 0, 0, 0, 0, 0, 0};
+  }
+  return {'E',  'x',  'i', 'f', 0, 0, 'M', 'M', 0, 42,     0, 0, 0, 8, 0, 1,
+          0x01, 0x12, 0,   3,   0, 0, 0,   1,   0, number, 0, 0, 0, 0, 0, 0};
+}
+
 Bytes MakeJpeg(const QImage& image, const JpegStyle& style) {
   const auto adjust = [&](jpeg_compress_struct& encoder) {
     if (style.grey) jpeg_set_colorspace(&encoder, JCS_GRAYSCALE);
@@ -90,6 +93,13 @@ Bytes MakeImage(const QImage& image, const char* format) {
   buffer.open(QIODevice::WriteOnly);
   image.save(&buffer, format);
   return {bytes.begin(), bytes.end()};
+}
+
+Bytes WithPngChunk(const Bytes& png, const std::string& type, const Bytes& data, bool at_end) {
+  const std::string chunk = PngChunk(type, {data.begin(), data.end()});
+  Bytes bytes = png;
+  bytes.insert(at_end ? bytes.end() - kPngEnd : bytes.begin() + kPngHeaderEnd, chunk.begin(), chunk.end());
+  return bytes;
 }
 
 // The codes are all 8 bits wide, since the table of words is given up before they would grow.
@@ -159,8 +169,8 @@ PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip) {
   return {[box](const TwipSize&) { return box; }, clip, 1};
 }
 
-std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen) {
-  auto picture = DesktopPictureLoader().Load(path, PlaceAt(box, screen.Bounds()));
+std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen, PictureReading reading) {
+  auto picture = DesktopPictureLoader(reading).Load(path, PlaceAt(box, screen.Bounds()));
   picture->Paint(screen.View(), box, screen.Bounds());
   return picture;
 }

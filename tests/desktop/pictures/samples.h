@@ -32,6 +32,10 @@ Bytes MakeJpeg(const QImage& image, const JpegStyle& style);
 // Four inks, 255 being none.
 Bytes MakeInkJpeg(const QImage& inks);
 Bytes MakeImage(const QImage& image, const char* format);
+// A PNG with a chunk behind its header or before its end.
+Bytes WithPngChunk(const Bytes& png, const std::string& type, const Bytes& data, bool at_end);
+// The smallest camera data that hold an orientation, in either order of bytes.
+Bytes ExifData(int orientation);
 // One frame of that many colours of grey, 0 being transparent.
 Bytes MakeGif(int width, int height, const std::function<int(int x, int y)>& colour);
 
@@ -58,7 +62,8 @@ struct Screen {
 // A place that doesn't depend on the picture.
 PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip);
 // Loads for that box on the screen and paints it.
-std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen);
+std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen,
+                              PictureReading reading = {});
 
 // The largest difference of a channel in `area` between the screen and `image` at `box`'s corner.
 int Difference(const Screen& screen, const PixelRect& area, const PixelRect& box, const QImage& image);

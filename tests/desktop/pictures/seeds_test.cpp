@@ -77,6 +77,23 @@ TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
   }
 }
 
+// Wherever the borders of the pieces lie in which a large file is read.
+TEST(PictureSeeds, EveryFileReadsTheSameInPieces) {
+  std::vector<std::string> paths;
+  for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) paths.push_back(seed.path());
+  for (const char* metafile : {"/polygons.wmf", "/polygons.emf"})
+    paths.push_back(QUORVALE_METAFILES + std::string(metafile));
+  for (const std::string& path : paths) {
+    Screen wanted(kWidth, kHeight);
+    Show(path, kBounds, wanted);
+    for (std::size_t piece = 1; piece < 30; ++piece) {
+      Screen screen(kWidth, kHeight);
+      Show(path, kBounds, screen, {.held_size = 0, .piece_size = piece});
+      EXPECT_EQ(screen.pixels, wanted.pixels) << path << ", pieces of " << piece;
+    }
+  }
+}
+
 TEST(PictureSeeds, WhatAGifLeavesOutIsTheBackground) {
   Screen transparent(kWidth, kHeight);
   Show(Seed("transparent.gif"), kBounds, transparent);

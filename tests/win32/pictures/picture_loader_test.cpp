@@ -81,7 +81,7 @@ TEST_F(PictureLoaderTest, NaturalSizesFollowThePixelsOrTheHeader) {
   EXPECT_EQ(size.height, 1440);
 }
 
-TEST_F(PictureLoaderTest, PhotosStandUprightHoweverTheCameraWasHeld) {
+TEST_F(PictureLoaderTest, PicturesStandUprightHoweverTheCameraWasHeld) {
   const struct {
     int orientation;
     std::array<int, 4> quarters;
@@ -89,12 +89,14 @@ TEST_F(PictureLoaderTest, PhotosStandUprightHoweverTheCameraWasHeld) {
                {6, {2, 0, 3, 1}}, {7, {3, 1, 2, 0}}, {8, {1, 3, 0, 2}}, {9, {0, 1, 2, 3}}};
   for (const auto& [orientation, quarters] : cases) {
     SCOPED_TRACE(orientation);
-    const std::string path = directory_.Write("photo", MakeJpeg(kWidth, kHeight, QuartersAt, orientation));
     const bool is_turned = orientation >= 5 && orientation <= 8;
     const PixelRect box{0, 0, is_turned ? kHeight : kWidth, is_turned ? kWidth : kHeight};
-    const auto picture = Show(path, box, screen_);
-    ExpectQuarters(screen_, box, quarters);
-    EXPECT_EQ(picture->NaturalSize(1).width, static_cast<float>(box.width) * kTwipsPerPixel);
+    for (const auto make : {MakeJpeg, MakePng}) {
+      const auto picture =
+          Show(directory_.Write("photo", make(kWidth, kHeight, QuartersAt, orientation)), box, screen_);
+      ExpectQuarters(screen_, box, quarters);
+      EXPECT_EQ(picture->NaturalSize(1).width, static_cast<float>(box.width) * kTwipsPerPixel);
+    }
   }
 }
 

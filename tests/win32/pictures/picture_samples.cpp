@@ -6,6 +6,7 @@
 
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/pictures/wic_codec.h"
+#include "support/png_chunk.h"
 
 namespace quorvale {
 namespace {
@@ -65,31 +66,25 @@ std::string Wmf(int width, int height, bool has_window) {
   return bytes;
 }
 
-std::string CameraData(int orientation) {
+std::string ExifTags(int orientation) {
   const std::string entry = Short(0x0112) + Short(3) + Long(1) + Short(orientation) + Short(0);
-  const std::string tags = "II" + Short(42) + Long(8) + Short(1) + entry + Long(0);
-  const std::string data = std::string("Exif\0\0", 6) + tags;
+  return "II" + Short(42) + Long(8) + Short(1) + entry + Long(0);
+}
+
+std::string ExifSegment(int orientation) {
+  const std::string data = std::string("Exif\0\0", 6) + ExifTags(orientation);
   const auto length = static_cast<char>(data.size() + 2);
   return std::string("\xFF\xE1\0", 3) + length + data;
 }
 
-}  // namespace
-
-Pixel Quarters(int x, int y, int width, int height) { return kQuarters[QuarterAt(x, y, width, height)]; }
-
-std::string MakeBmp(int width, int height, const Colouring& colours) {
-  const std::string rows = Rows24(width, height, true, colours);
-  return "BM" + Long(54 + rows.size()) + Long(0) + Long(54) + Long(40) + Long(static_cast<std::size_t>(width)) +
-         Long(static_cast<std::size_t>(height)) + Short(1) + Short(24) + std::string(24, '\0') + rows;
-}
-
-std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation) {
+// With the encoder of that format.
+std::string Encode(const GUID& container, int width, int height, const Colouring& colours) {
   const ComApartment apartment;
   const WicFactory factory = CreateWicFactory();
   ComPointer<IStream> stream;
   CreateStreamOnHGlobal(nullptr, TRUE, stream.Out());
   ComPointer<IWICBitmapEncoder> encoder;
-  factory->CreateEncoder(GUID_ContainerFormatJpeg, nullptr, encoder.Out());
+  factory->CreateEncoder(container, nullptr, encoder.Out());
   encoder->Initialize(stream.Get(), WICBitmapEncoderNoCache);
   ComPointer<IWICBitmapFrameEncode> frame;
   encoder->CreateNewFrame(frame.Out(), nullptr);
@@ -108,7 +103,27 @@ std::string MakeJpeg(int width, int height, const Colouring& colours, int orient
   stream->Seek({}, STREAM_SEEK_CUR, &size);
   std::string bytes(static_cast<const char*>(GlobalLock(memory)), size.LowPart);
   GlobalUnlock(memory);
-  return orientation == 0 ? bytes : bytes.insert(2, CameraData(orientation));
+  return bytes;
+}
+
+}  // namespace
+
+Pixel Quarters(int x, int y, int width, int height) { return kQuarters[QuarterAt(x, y, width, height)]; }
+
+std::string MakeBmp(int width, int height, const Colouring& colours) {
+  const std::string rows = Rows24(width, height, true, colours);
+  return "BM" + Long(54 + rows.size()) + Long(0) + Long(54) + Long(40) + Long(static_cast<std::size_t>(width)) +
+         Long(static_cast<std::size_t>(height)) + Short(1) + Short(24) + std::string(24, '\0') + rows;
+}
+
+std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation) {
+  std::string bytes = Encode(GUID_ContainerFormatJpeg, width, height, colours);
+  return orientation == 0 ? bytes : bytes.insert(2, ExifSegment(orientation));
+}
+
+std::string MakePng(int width, int height, const Colouring& colours, int orientation) {
+  std::string bytes = Encode(GUID_ContainerFormatPng, width, height, colours);
+  return bytes.insert(kPngHeaderEnd, PngChunk("eXIf", ExifTags(orientation)));
 }
 
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear) {

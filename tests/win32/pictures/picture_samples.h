@@ -19,6 +19,7 @@ Pixel Quarters(int x, int y, int width, int height);
 std::string MakeBmp(int width, int height, const Colouring& colours);
 // `orientation` as cameras store it, 1 to 8; without camera data if 0.
 std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation = 0);
+std::string MakePng(int width, int height, const Colouring& colours, int orientation);
 // A canvas with a picture on a part of it, in four colours of quarters; where `is_clear`, it is transparent.
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear);
 // Quarters, in drawing: with a size in millimetres, in a header of its own, or only in its records.

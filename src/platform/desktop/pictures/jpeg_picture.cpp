@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/desktop/pictures/exif.h"
+#include "platform/pictures/exif.h"
 
 namespace quorvale {
 namespace {
@@ -54,7 +54,7 @@ class JpegRows : public RowSource {
 bool JpegPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\xFF\xD8"); }
 
 JpegPicture::JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
-  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(ExifOrientation(File())));
+  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(JpegOrientation(File().Reader())));
 }
 
 std::unique_ptr<JpegDecoder> JpegPicture::ReadHeader() {

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -12,11 +13,6 @@
 
 namespace quorvale {
 namespace {
-
-// Files up to this size are held in memory.
-constexpr std::size_t kHeldSize = std::size_t{8} << 20U;
-// How much of a larger one is read at a time.
-constexpr std::size_t kPieceSize = std::size_t{256} << 10U;
 
 [[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
 
@@ -31,7 +27,8 @@ FileDescriptor Open(const std::string& path) {
 
 }  // namespace
 
-PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
+PictureFile::PictureFile(const std::string& path, PictureReading reading)
+    : piece_size_(reading.piece_size), file_(Open(path)) {
   struct stat status {};
   if (fstat(file_.Get(), &status) != 0 || !S_ISREG(status.st_mode)) {
     Fail(FailureNumber::kUnreadable, "Not a plain file");
@@ -41,8 +38,8 @@ PictureFile::PictureFile(const std::string& path) : file_(Open(path)) {
   }
   size_ = static_cast<std::size_t>(status.st_size);
   StartClock();
-  const bool held = size_ <= kHeldSize;
-  Read(0, held ? size_ : kPieceSize);
+  const bool held = size_ <= reading.held_size;
+  Read(0, held ? size_ : std::min(size_, piece_size_));
   if (size_ > 0 && buffer_.empty()) Fail(FailureNumber::kUnreadable, "File can't be read");
   if (held) {
     size_ = buffer_.size();
@@ -54,7 +51,7 @@ std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
   if (offset >= size_) return {};
   if (file_.IsOpen() && (offset < buffer_offset_ || offset >= buffer_offset_ + buffer_.size())) {
     if (std::chrono::steady_clock::now() > latest_) return {};
-    Read(offset, std::min(kPieceSize, size_ - offset));
+    Read(offset, std::min(piece_size_, size_ - offset));
   }
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
 }
@@ -72,8 +69,9 @@ bool PictureFile::Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept 
 }
 
 bool PictureFile::BeginsWith(std::string_view bytes) noexcept {
-  const auto start = From(0);
-  return start.size() >= bytes.size() && std::memcmp(start.data(), bytes.data(), bytes.size()) == 0;
+  std::array<std::uint8_t, 8> start{};
+  return bytes.size() <= start.size() && Copy(0, std::span(start).first(bytes.size())) &&
+         std::memcmp(start.data(), bytes.data(), bytes.size()) == 0;
 }
 
 // The file may have shrunk, or its disk fail: then the bytes end where they end. After the first call

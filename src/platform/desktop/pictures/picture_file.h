@@ -9,9 +9,18 @@
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
+#include "platform/pictures/exif.h"
 #include "platform/pictures/picture_limit.h"
 
 namespace quorvale {
+
+// How files are read.
+struct PictureReading {
+  // Bytes: files up to this size are held in memory.
+  std::size_t held_size = std::size_t{8} << 20U;
+  // How much of a larger one is read at a time, at least 1.
+  std::size_t piece_size = std::size_t{256} << 10U;
+};
 
 // The bytes of a picture file. A small file is held in memory; a large one stays open and is read
 // piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.
@@ -19,7 +28,7 @@ class PictureFile {
  public:
   // Fails with kNotFound or kUnreadable; kBadPicture beyond `kPictureMemoryLimit`. What is no plain
   // file is unreadable.
-  explicit PictureFile(const std::string& path);
+  explicit PictureFile(const std::string& path, PictureReading reading = {});
 
   std::size_t Size() const { return size_; }
 
@@ -35,12 +44,18 @@ class PictureFile {
 
   bool BeginsWith(std::string_view bytes) noexcept;
 
+  // `Copy`, for as long as the file lives.
+  FileReader Reader() {
+    return [this](std::size_t offset, std::span<std::uint8_t> to) { return Copy(offset, to); };
+  }
+
  private:
   // Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
   static constexpr std::chrono::seconds kTimeToRead{3};
 
   void Read(std::size_t offset, std::size_t count);
 
+  std::size_t piece_size_;
   // Closed once all is in memory.
   FileDescriptor file_;
   std::size_t size_ = 0;

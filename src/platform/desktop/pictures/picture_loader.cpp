@@ -1,7 +1,9 @@
 #include "platform/desktop/pictures/picture_loader.h"
 
-#include <QImageReader>
+#include <algorithm>
+#include <array>
 #include <new>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -24,6 +26,9 @@ std::shared_ptr<BitmapPicture> OpenBitmap(std::unique_ptr<PictureFile> file) {
   throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
 }
 
+// As much as tells a metafile from other files.
+constexpr std::size_t kMetafileHead = 64;
+
 template <typename Kind>
 std::shared_ptr<Picture> Prepared(std::shared_ptr<Kind> picture, const PicturePlace& place) {
   picture->Prepare(place);
@@ -41,19 +46,18 @@ std::vector<std::uint8_t> Bytes(PictureFile& file) {
 }
 
 std::shared_ptr<Picture> Open(std::unique_ptr<PictureFile> file, const PicturePlace& place) {
-  if (IsMetafile(file->From(0))) return Prepared(std::make_shared<MetafilePicture>(Bytes(*file)), place);
+  std::array<std::uint8_t, kMetafileHead> head{};
+  file->Copy(0, head);
+  if (IsMetafile(std::span(head).first(std::min(head.size(), file->Size()))))
+    return Prepared(std::make_shared<MetafilePicture>(Bytes(*file)), place);
   return Prepared(OpenBitmap(std::move(file)), place);
 }
 
 }  // namespace
 
-DesktopPictureLoader::DesktopPictureLoader() {
-  QImageReader::setAllocationLimit(static_cast<int>(kPictureMemoryLimit >> 20U));
-}
-
 std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   try {
-    return Open(std::make_unique<PictureFile>(path), place);
+    return Open(std::make_unique<PictureFile>(path, reading_), place);
   } catch (const std::bad_alloc&) {
     throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/desktop/pictures/picture_file.h"
 #include "toolkit/picture.h"
 
 namespace quorvale {
@@ -10,8 +11,11 @@ namespace quorvale {
 // Tells the kind of a picture file by its content.
 class DesktopPictureLoader : public PictureLoader {
  public:
-  DesktopPictureLoader();
+  explicit DesktopPictureLoader(PictureReading reading = {}) : reading_(reading) {}
   std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) override;
+
+ private:
+  PictureReading reading_;
 };
 
 }  // namespace quorvale

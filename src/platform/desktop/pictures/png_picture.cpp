@@ -1,108 +1,213 @@
 #include "platform/desktop/pictures/png_picture.h"
 
-#include <QIODevice>
-#include <QImageReader>
+#include <png.h>
+
 #include <algorithm>
-#include <new>
+#include <bit>
+#include <csetjmp>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "base/failure.h"
+#include "platform/pictures/exif.h"
+#include "platform/pictures/sequential_rows.h"
 
 namespace quorvale {
+
+// Decodes a PNG file row by row. The library's way of failing, a long jump, stays inside: here the calls give false,
+// and the decoder is of no use after that.
+class PngDecoder {
+ public:
+  explicit PngDecoder(PictureFile& file);
+  ~PngDecoder() { png_destroy_read_struct(&png_, &info_, nullptr); }
+  PngDecoder(const PngDecoder&) = delete;
+  PngDecoder& operator=(const PngDecoder&) = delete;
+
+  bool ReadHeader();
+
+  // After `ReadHeader`, before `Start`.
+  int Width() const { return static_cast<int>(png_get_image_width(png_, info_)); }
+  int Height() const { return static_cast<int>(png_get_image_height(png_, info_)); }
+  bool HasAlpha() const {
+    return (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0 ||
+           png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+  }
+  bool IsInterlaced() const { return png_get_interlace_type(png_, info_) != PNG_INTERLACE_NONE; }
+
+  // Before the first row. Rows then come as pixels whose colours are not multiplied by their alpha.
+  bool Start();
+  bool ReadRow(Pixel* row);
+  // All rows of an interlaced file, one after the other. Where damage ends them, what the passes before have left
+  // stays; false if there is not even one whole pass.
+  bool ReadPasses(std::span<Pixel> pixels);
+
+ private:
+  // What the library calls back. It would print what it has to say.
+  [[noreturn]] static void OnError(png_structp png, png_const_charp text);
+  static void OnWarning(png_structp /*png*/, png_const_charp /*text*/) {}
+  static void OnRead(png_structp png, png_bytep to, std::size_t count);
+
+  template <typename Body>
+  bool Guarded(Body body);
+
+  PictureFile& file_;
+  std::size_t offset_ = 0;
+  std::jmp_buf failed_{};
+  png_structp png_ = nullptr;
+  png_infop info_ = nullptr;
+  int passes_ = 1;
+};
+
+PngDecoder::PngDecoder(PictureFile& file)
+    : file_(file), png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, this, OnError, OnWarning)) {
+  if (png_ == nullptr) return;
+  info_ = png_create_info_struct(png_);
+  png_set_read_fn(png_, this, OnRead);
+  // Only what makes the pixels: packed texts and profiles would unpack to as much memory as a stranger's file likes.
+  png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+}
+
+// The bodies hold nothing that a jump could leave undestroyed.
+template <typename Body>
+bool PngDecoder::Guarded(Body body) {
+  if (setjmp(failed_) != 0) return false;
+  body();
+  return true;
+}
+
+void PngDecoder::OnError(png_structp png, png_const_charp /*text*/) {
+  std::longjmp(static_cast<PngDecoder*>(png_get_error_ptr(png))->failed_, 1);
+}
+
+void PngDecoder::OnRead(png_structp png, png_bytep to, std::size_t count) {
+  auto& self = *static_cast<PngDecoder*>(png_get_io_ptr(png));
+  if (!self.file_.Copy(self.offset_, {to, count})) png_error(png, "");
+  self.offset_ += count;
+}
+
+bool PngDecoder::ReadHeader() {
+  return info_ != nullptr && Guarded([this] { png_read_info(png_, info_); });
+}
+
+bool PngDecoder::Start() {
+  return Guarded([this] {
+    png_set_expand(png_);
+    png_set_scale_16(png_);
+    png_set_gray_to_rgb(png_);
+    constexpr bool kBlueFirst = std::endian::native == std::endian::little;
+    if (kBlueFirst) {
+      png_set_bgr(png_);
+    } else {
+      png_set_swap_alpha(png_);
+    }
+    png_set_add_alpha(png_, 0xFF, kBlueFirst ? PNG_FILLER_AFTER : PNG_FILLER_BEFORE);
+    passes_ = png_set_interlace_handling(png_);
+    png_read_update_info(png_, info_);
+  });
+}
+
+bool PngDecoder::ReadRow(Pixel* row) {
+  return Guarded([&] { png_read_row(png_, reinterpret_cast<png_bytep>(row), nullptr); });
+}
+
+bool PngDecoder::ReadPasses(std::span<Pixel> pixels) {
+  const auto width = static_cast<std::size_t>(Width());
+  for (int pass = 0; pass < passes_; ++pass) {
+    for (std::size_t at = 0; at < pixels.size(); at += width) {
+      // As a row for display: each pixel of a pass also fills the places of those that later ones bring.
+      const bool read = Guarded([&] { png_read_row(png_, nullptr, reinterpret_cast<png_bytep>(&pixels[at])); });
+      if (!read) return pass > 0;
+    }
+  }
+  return true;
+}
+
 namespace {
 
-class FileDevice : public QIODevice {
- public:
-  explicit FileDevice(PictureFile& file) : file_(file) { open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
-
-  bool isSequential() const override { return false; }
-  qint64 size() const override { return static_cast<qint64>(file_.Size()); }
-
- protected:
-  qint64 readData(char* to, qint64 most) override {
-    const auto bytes = file_.From(static_cast<std::size_t>(pos()));
-    const auto count = std::min(bytes.size(), static_cast<std::size_t>(most));
-    std::copy_n(bytes.begin(), count, to);
-    return static_cast<qint64>(count);
-  }
-  qint64 writeData(const char* /*from*/, qint64 /*count*/) override { return -1; }
-
- private:
-  PictureFile& file_;
-};
-
-class ImageRows : public RowSource {
- public:
-  explicit ImageRows(QImage image) : image_(std::move(image)) {}
-
-  Side Across() const override { return {image_.width(), static_cast<double>(image_.width())}; }
-  Side Down() const override { return {image_.height(), static_cast<double>(image_.height())}; }
-  bool IsOpaque() const override { return !image_.hasAlphaChannel(); }
-
-  std::size_t Memory() const override { return static_cast<std::size_t>(image_.sizeInBytes()); }
-
-  bool Start(int left, int /*right*/, int /*top*/) override {
-    left_ = left;
-    return true;
-  }
-
-  const Pixel* Row(int y) override { return reinterpret_cast<const Pixel*>(image_.constScanLine(y)) + left_; }
-
- private:
-  QImage image_;
-  int left_ = 0;
-};
+// The most pixels that the format packs into a byte.
+constexpr std::int64_t kPixelsToByte = 8300;
 
 [[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
 
-// The most that the format packs into a byte.
-constexpr std::size_t kPixelsToByte = 8300;
-
-std::size_t Bytes(QSize size, int depth) {
-  return static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()) *
-         static_cast<std::size_t>(depth) / 8;
+// By its alpha, which stays.
+Pixel Multiplied(Pixel pixel) {
+  const Pixel alpha = pixel >> 24U;
+  const auto channel = [&](unsigned shift) { return ((pixel >> shift & 0xFFU) * alpha + 127U) / 255U << shift; };
+  return alpha << 24U | channel(16) | channel(8) | channel(0);
 }
 
-// The image to decode into, so that what a damaged file leaves out is not what memory happened to hold.
-// A size that the bytes of the file can't fill is none.
-QImage Blank(const QImageReader& reader, std::size_t file_size) {
-  const QSize size = reader.size();
-  const QImage::Format format = reader.imageFormat();
-  if (!size.isValid() || format == QImage::Format_Invalid) Fail("Damaged picture");
-  if (Bytes(size, 8) / kPixelsToByte > file_size) Fail("Damaged picture");
-  if (Bytes(size, 32) > kPictureMemoryLimit) Fail("Picture too large");
-  QImage image(size, format);
-  if (image.isNull()) throw std::bad_alloc();
-  image.fill(image.hasAlphaChannel() ? Qt::transparent : Qt::black);
-  return image;
-}
+class PngRows : public SequentialRows {
+ public:
+  explicit PngRows(std::unique_ptr<PngDecoder> decoder)
+      : SequentialRows({decoder->Width(), decoder->Height()}),
+        decoder_(std::move(decoder)),
+        opaque_(!decoder_->HasAlpha()),
+        interlaced_(decoder_->IsInterlaced()),
+        width_(static_cast<std::size_t>(decoder_->Width())),
+        count_(width_ * static_cast<std::size_t>(decoder_->Height())) {}
+
+  bool IsOpaque() const override { return opaque_; }
+  std::size_t Memory() const override { return interlaced_ ? count_ * sizeof(Pixel) : 0; }
+
+ protected:
+  bool GoTo(int top) override {
+    pixels_.resize(interlaced_ ? count_ : width_);
+    if (!decoder_->Start()) return false;
+    if (interlaced_) return decoder_->ReadPasses(pixels_);
+    for (int y = 0; y < top; ++y) {
+      if (!decoder_->ReadRow(pixels_.data())) return false;
+    }
+    return true;
+  }
+
+  bool Decode(int y, std::span<Pixel> row) override {
+    const Pixel* from = pixels_.data() + Left();
+    if (interlaced_) {
+      from += static_cast<std::size_t>(y) * width_;
+    } else if (!decoder_->ReadRow(pixels_.data())) {
+      return false;
+    }
+    if (opaque_) {
+      std::copy_n(from, row.size(), row.begin());
+    } else {
+      std::transform(from, from + row.size(), row.begin(), Multiplied);
+    }
+    return true;
+  }
+
+ private:
+  std::unique_ptr<PngDecoder> decoder_;
+  bool opaque_;
+  bool interlaced_;
+  std::size_t width_;
+  std::size_t count_;
+  // One row, or all of an interlaced file.
+  std::vector<Pixel> pixels_;
+};
 
 }  // namespace
 
 bool PngPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
 
-PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), image_(Decode()) {
-  Describe({image_.width(), image_.height()}, {});
+PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
+  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(PngOrientation(File().Reader())));
 }
+
+PngPicture::~PngPicture() = default;
 
 std::unique_ptr<RowSource> PngPicture::OpenRows(PixelSize /*stored_box*/) {
-  return std::make_unique<ImageRows>(image_.isNull() ? Decode() : std::exchange(image_, {}));
+  return std::make_unique<PngRows>(decoder_ ? std::move(decoder_) : ReadHeader());
 }
 
-QImage PngPicture::Decode() {
-  FileDevice device(File());
-  // Qt isn't left to look for a format itself: its plugins, of which any program may bring more, would
-  // all get to see what a stranger's file holds.
-  QImageReader reader(&device, "png");
-  reader.setAutoDetectImageFormat(false);
-  QImage image = Blank(reader, File().Size());
-  if (!reader.read(&image) || image.isNull()) Fail("Damaged picture");
-  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-  // Another depth takes a second image for a moment.
-  if (image.depth() != 32 && Bytes(image.size(), image.depth() + 32) > kPictureMemoryLimit) Fail("Picture too large");
-  image.convertTo(format);
-  if (image.isNull()) throw std::bad_alloc();
-  return image;
+// A size that the bytes of the file can't fill is none.
+std::unique_ptr<PngDecoder> PngPicture::ReadHeader() {
+  auto decoder = std::make_unique<PngDecoder>(File());
+  if (!decoder->ReadHeader()) Fail("Damaged picture");
+  const std::int64_t pixels = std::int64_t{decoder->Width()} * decoder->Height();
+  if (pixels / kPixelsToByte > static_cast<std::int64_t>(File().Size())) Fail("Damaged picture");
+  if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) Fail("Picture too large");
+  return decoder;
 }
 
 }  // namespace quorvale

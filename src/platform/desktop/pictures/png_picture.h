@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QImage>
 #include <memory>
 
 #include "platform/desktop/pictures/file_picture.h"
@@ -8,22 +7,25 @@
 
 namespace quorvale {
 
-// A PNG, which Qt reads. It is decoded as a whole, and only what is seen of it is kept.
+class PngDecoder;
+
+// A PNG. Decoded row by row down to the last row in view; an interlaced one is decoded as a whole.
 class PngPicture : public FilePicture {
  public:
   static bool Recognizes(PictureFile& file);
 
   // Fails with kBadPicture.
   explicit PngPicture(std::unique_ptr<PictureFile> file);
+  ~PngPicture() override;
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override;
 
  private:
-  QImage Decode();
+  std::unique_ptr<PngDecoder> ReadHeader();
 
-  // Waits for the first `Open`.
-  QImage image_;
+  // Has read the header, and waits for the first `Open`.
+  std::unique_ptr<PngDecoder> decoder_;
 };
 
 }  // namespace quorvale

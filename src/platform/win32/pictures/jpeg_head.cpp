@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/pictures/exif_tags.h"
+#include "platform/pictures/exif.h"
 #include "platform/win32/pictures/picture_bytes.h"
 
 namespace quorvale {

@@ -1,13 +1,31 @@
-#include "platform/pictures/exif_tags.h"
+#include "platform/pictures/exif.h"
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
+#include <cstring>
+#include <vector>
 
 namespace quorvale {
 namespace {
 
 constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
+
+// A segment of a JPEG file: marker and length, which counts itself.
+constexpr std::size_t kSegmentHead = 4;
+constexpr std::uint8_t kApp1 = 0xE1;
+constexpr std::uint8_t kStartOfScan = 0xDA;
+// Cameras write Exif first; a file with more segments before it is not worth the search.
+constexpr int kMostSegments = 64;
+
+// A chunk of a PNG file: length, type, data, checksum.
+constexpr std::size_t kPngSignature = 8;
+constexpr std::size_t kChunkHead = 8;
+constexpr std::size_t kChunkFrame = 12;
+// Exif with a large thumbnail fits.
+constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
+// More than the largest file has in chunks as small as encoders write them, 8 KiB.
+constexpr int kMostChunks = 100'000;
+
 constexpr std::uint16_t kOrientationTag = 0x0112;
 // Kinds of whole numbers; cameras should write the first.
 constexpr std::uint32_t kShort = 3;
@@ -65,6 +83,41 @@ class TagBlock {
 };
 
 }  // namespace
+
+int JpegOrientation(const FileReader& read) {
+  std::size_t offset = 2;
+  for (int segment = 0; segment < kMostSegments; ++segment) {
+    std::array<std::uint8_t, kSegmentHead> head{};
+    if (!read(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
+    const std::size_t length = std::size_t{head[2]} << 8U | head[3];
+    if (length < 2) break;
+    if (head[1] == kApp1) {
+      std::vector<std::uint8_t> data(length - 2);
+      read(offset + kSegmentHead, data);
+      if (const auto orientation = OrientationInSegment(data)) return *orientation;
+    }
+    offset += 2 + length;
+  }
+  return 1;
+}
+
+int PngOrientation(const FileReader& read) {
+  std::size_t offset = kPngSignature;
+  for (int chunk = 0; chunk < kMostChunks; ++chunk) {
+    std::array<std::uint8_t, kChunkHead> head{};
+    if (!read(offset, head) || std::memcmp(&head[4], "IEND", 4) == 0) break;
+    const std::size_t length =
+        std::size_t{head[0]} << 24U | std::size_t{head[1]} << 16U | std::size_t{head[2]} << 8U | head[3];
+    if (std::memcmp(&head[4], "eXIf", 4) == 0) {
+      std::vector<std::uint8_t> data(std::min(length, kLongestExif));
+      read(offset + kChunkHead, data);
+      // Some programs put the signature of a JPEG segment in front.
+      return OrientationInSegment(data).value_or(TagBlock(data).Orientation().value_or(1));
+    }
+    offset += kChunkFrame + length;
+  }
+  return 1;
+}
 
 std::optional<int> OrientationInSegment(std::span<const std::uint8_t> segment) {
   if (segment.size() <= kSignature.size()) return std::nullopt;
