@@ -1,5 +1,6 @@
 #include "toolkit/application.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -9,16 +10,18 @@
 namespace quorvale {
 namespace {
 
-// Counts a running handler, whichever way it ends.
+// Lists a running handler, whichever way it ends.
 class RunningHandler {
  public:
-  explicit RunningHandler(int& count) : count_(count) { ++count_; }
-  ~RunningHandler() { --count_; }
+  RunningHandler(std::vector<std::uint64_t>& running, std::uint64_t number) : running_(running) {
+    running_.push_back(number);
+  }
+  ~RunningHandler() { running_.pop_back(); }
   RunningHandler(const RunningHandler&) = delete;
   RunningHandler& operator=(const RunningHandler&) = delete;
 
  private:
-  int& count_;
+  std::vector<std::uint64_t>& running_;
 };
 
 // Windows must go before the form whose events they deliver, hence the fixed order.
@@ -47,8 +50,8 @@ ScreenSize Application::Screen() const {
 
 void Application::Dispatch(const std::function<void()>& handler) {
   // Whatever was kept may have been delivering the last event itself, and its call has ended only now.
-  if (running_handlers_ == 0) DropInOrder(std::exchange(kept_, {}));
-  const RunningHandler running(running_handlers_);
+  if (running_handlers_.empty()) DropInOrder(std::exchange(kept_, {}));
+  const RunningHandler running(running_handlers_, ++last_handler_);
   try {
     handler();
   } catch (const std::exception& failure) {
@@ -56,8 +59,17 @@ void Application::Dispatch(const std::function<void()>& handler) {
   }
 }
 
+std::uint64_t Application::CallingHandler() const {
+  if (running_handlers_.empty()) return 0;
+  return running_handlers_.size() == 1 ? running_handlers_.front() : *(running_handlers_.end() - 2);
+}
+
+bool Application::IsRunning(std::uint64_t handler) const {
+  return handler == 0 || std::ranges::find(running_handlers_, handler) != running_handlers_.end();
+}
+
 void Application::KeepUntilIdle(std::shared_ptr<void> object) {
-  if (running_handlers_ > 0) kept_.push_back(std::move(object));
+  if (!running_handlers_.empty()) kept_.push_back(std::move(object));
 }
 
 }  // namespace quorvale

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -56,6 +57,12 @@ class Application {
   // to the next event: the platform may still be on its way out of the last one.
   void Dispatch(const std::function<void()>& handler);
 
+  // Names the running handler from which the innermost one was called, or the innermost where there is no other; 0
+  // where none runs.
+  std::uint64_t CallingHandler() const;
+  // Whether that handler has not returned yet. 0 never does.
+  bool IsRunning(std::uint64_t handler) const;
+
   // Keeps `object` until no event is being delivered; lets go of it at once where none is.
   void KeepUntilIdle(std::shared_ptr<void> object);
 
@@ -64,7 +71,9 @@ class Application {
 
  private:
   Platform& platform_;
-  int running_handlers_ = 0;
+  // Their numbers, the outermost first.
+  std::vector<std::uint64_t> running_handlers_;
+  std::uint64_t last_handler_ = 0;
   std::vector<std::shared_ptr<void>> kept_;
 };
 

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "toolkit/control.h"
 #include "toolkit/menu.h"
+#include "toolkit/widget.h"
 
 namespace quorvale {
 namespace {
@@ -167,6 +168,31 @@ void Form::SendBounds() {
   bounds.width = std::max(bounds.width - frame.width, 0);
   bounds.height = std::max(bounds.height - frame.height, 0);
   window_->SetBounds(bounds);
+}
+
+const Widget* Form::FocusedControl() const {
+  const Widget* focused = nullptr;
+  ForEach<Widget>([&focused](const Widget& control) {
+    if (control.HasFocus()) focused = &control;
+  });
+  return focused;
+}
+
+void Form::NoteFocusLost(const Widget& control) {
+  if (lost_focus_.now_at != &control || !application_.IsRunning(lost_focus_.handler)) {
+    lost_focus_ = {.by = {}, .now_at = nullptr, .handler = application_.CallingHandler()};
+  }
+  lost_focus_.by.push_back(&control);
+  lost_focus_.now_at = FocusedControl();
+}
+
+bool Form::ReclaimFocus(const Widget& control) {
+  if (lost_focus_.now_at != FocusedControl() || !application_.IsRunning(lost_focus_.handler)) return false;
+  const auto claim = std::ranges::find(lost_focus_.by, &control);
+  if (claim == lost_focus_.by.end()) return false;
+  lost_focus_.by.erase(claim, lost_focus_.by.end());
+  lost_focus_.now_at = &control;
+  return true;
 }
 
 Control* Form::FindControl(std::string_view control_name) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 namespace quorvale {
 
 class Control;
+class Widget;
 
 // A top-level window with controls and event handlers. Made with `std::make_shared`, loaded, perhaps
 // shown, unloaded once. While it is loaded `Application::Forms` holds it; an unloaded form answers
@@ -88,6 +90,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
  private:
   friend class Application;
   friend class Control;
+  friend class Widget;
   enum class State { kUnloaded, kLoading, kLoaded, kUnloading };
 
   void OnKeyDown(int key) override;
@@ -101,6 +104,19 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   // What a dialog's frame and menu take of its size, in pixels.
   PixelRect NominalFrame() const;
   void SendBounds();
+
+  // The focus that controls lost one after the other by being disabled. They have a claim to it until the handler that
+  // led to that has returned, or somebody moves the focus from where the platform put it.
+  struct LostFocus {
+    std::vector<const Widget*> by;
+    const Widget* now_at = nullptr;
+    std::uint64_t handler = 0;
+  };
+
+  const Widget* FocusedControl() const;
+  void NoteFocusLost(const Widget& control);
+  // Whether that control has a claim, which is met then; those that lost the focus before it keep theirs.
+  bool ReclaimFocus(const Widget& control);
 
   // Null when there is none. Names compare without regard to case.
   Control* FindControl(std::string_view control_name) const;
@@ -117,6 +133,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   Artwork icon_;
   std::unique_ptr<WindowPeer> window_;
   std::vector<Control*> controls_;
+  LostFocus lost_focus_;
 };
 
 template <typename ControlType>

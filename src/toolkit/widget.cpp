@@ -22,7 +22,11 @@ void Widget::SetCaption(std::string caption) {
 }
 
 void Widget::SetEnabled(bool enabled) {
-  if (std::exchange(enabled_, enabled) != enabled) Tell(WidgetAspect::kEnabled);
+  if (std::exchange(enabled_, enabled) == enabled) return;
+  const bool had_focus = HasFocus();
+  Tell(WidgetAspect::kEnabled);
+  if (!enabled && had_focus) Parent().NoteFocusLost(*this);
+  if (enabled && peer_ && CanTakeFocus() && Parent().ReclaimFocus(*this)) peer_->TakeFocus();
 }
 
 void Widget::SetVisible(bool visible) {
@@ -44,6 +48,8 @@ bool Widget::CanTakeFocus() const {
   if (!enabled_ || !design_.visible) return false;
   return design_.container == nullptr || design_.container->CanTakeFocus();
 }
+
+bool Widget::HasFocus() const { return peer_ && peer_->HasFocus(); }
 
 void Widget::CreatePeer() { peer_ = MakePeer(App().GetPlatform().Widgets()); }
 

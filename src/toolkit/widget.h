@@ -41,6 +41,7 @@ class Widget : public Control {
   const std::string& Caption() const { return design_.caption; }
   void SetCaption(std::string caption);
   bool Enabled() const { return enabled_; }
+  // A control that loses the focus by being disabled has it back when the same event enables it again.
   void SetEnabled(bool enabled);
   bool Visible() const { return design_.visible; }
   void SetVisible(bool visible);
@@ -50,6 +51,7 @@ class Widget : public Control {
   // Gives it the focus. Fails with kInvalidArgument when it can't take it: hidden, disabled or on a hidden frame.
   void SetFocus();
   bool CanTakeFocus() const;
+  bool HasFocus() const;
 
  protected:
   void CreatePeer() override;

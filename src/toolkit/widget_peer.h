@@ -31,6 +31,8 @@ class WidgetPeer {
   // Look at that aspect of the control again. Must not report anything back as the user's doing.
   virtual void Update(WidgetAspect aspect) = 0;
   virtual void TakeFocus() = 0;
+  // Whether keys go to it while its window is the active one.
+  virtual bool HasFocus() const = 0;
 };
 
 // The platform's side of a list box; the items stay in the control, and the peer shows those in view.

@@ -86,6 +86,37 @@ TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
   }
 }
 
+// A move takes the selection off the item before the other one has it, which disables the button for a moment.
+TEST_F(ConfigTest, UpAndDownKeepTheFocusAsLongAsTheyCanGoOn) {
+  for (const auto& [button, selected, focus] : {std::tuple{kMoveUp, 2, "cmdImages(3)"},
+                                                {kMoveUp, 1, "cmdImages(4)"},
+                                                {kMoveDown, 1, "cmdImages(4)"},
+                                                {kMoveDown, 2, "cmdOK"}}) {
+    OpenWith("a b c d");
+    Select({selected});
+    form->cmdImages.at(static_cast<std::size_t>(button)).SetFocus();
+    Press(button);
+    EXPECT_EQ(desktop.widgets.focused, focus) << selected;
+    form->Unload();
+  }
+}
+
+TEST_F(ConfigTest, AFocusThatHasMovedOnIsNotTakenBack) {
+  OpenWith("a b c");
+  Select({1});
+  Button& up = form->cmdImages[kMoveUp];
+  up.SetFocus();
+  process.app.Dispatch([&] {
+    up.SetEnabled(false);
+    form->OptPicture.SetFocus();
+    up.SetEnabled(true);
+  });
+  EXPECT_EQ(desktop.widgets.focused, "OptPicture");
+  up.SetFocus();
+  for (const bool enabled : {false, true}) process.app.Dispatch([&] { up.SetEnabled(enabled); });
+  EXPECT_EQ(desktop.widgets.focused, "cmdImages(4)");
+}
+
 // An entry that gives back another path than it was made of would vanish at the next start.
 TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
   const std::string longest(254, 'n');

@@ -168,6 +168,18 @@ TEST_F(WidgetsTest, AreVisitedInTabOrder) {
   EXPECT_EQ(Focused(), "txt") << "a label's access key leads to the control behind it";
 }
 
+TEST_F(WidgetsTest, HaveTheFocusBackWhenOneEventDisablesAndEnablesThem) {
+  form_->cmdFile.Click = [this] {
+    for (const bool enabled : {false, true}) form_->cmdFile.SetEnabled(enabled);
+  };
+  form_->cmdFile.SetFocus();
+  Press(Qt::Key_Space);
+  EXPECT_EQ(Focused(), "cmdFile");
+  form_->cmdFile.Click = [this] { form_->cmdFile.SetEnabled(false); };
+  Press(Qt::Key_Space);
+  EXPECT_EQ(Focused(), "cmdAdd");
+}
+
 TEST_F(WidgetsTest, KeepTheAreaBelowTheMenuAtItsSize) {
   const QMenuBar& menus = *window_->findChild<QMenuBar*>();
   EXPECT_EQ(window_->height() - menus.height(), 380);

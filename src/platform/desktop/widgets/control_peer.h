@@ -23,6 +23,7 @@ class ControlPeer : public WidgetPeer {
 
   void Update(WidgetAspect aspect) override;
   void TakeFocus() override { widget_->setFocus(); }
+  bool HasFocus() const override { return widget_ && widget_->window()->focusWidget() == widget_; }
 
  private:
   void Show();

@@ -13,6 +13,7 @@ class ListPeer : public ListBoxPeer {
 
   void Update(WidgetAspect aspect) override { shared_.Update(aspect); }
   void TakeFocus() override { shared_.TakeFocus(); }
+  bool HasFocus() const override { return shared_.HasFocus(); }
   void ItemsAdded(int /*first*/, int /*count*/) override { view_.NoteAdded(); }
   void ItemsRemoved(int /*first*/, int /*count*/) override { view_.NoteRemoved(); }
   void ItemChanged(int /*index*/) override { view_.NoteChanged(); }

@@ -48,6 +48,7 @@ class NativeControl {
   // Looks at that aspect of the toolkit's control again.
   virtual void Refresh(WidgetAspect aspect);
   void TakeFocus();
+  bool HasFocus() const { return window_ != nullptr && GetFocus() == window_; }
   // The dialog has come to a monitor of another resolution.
   virtual void FollowScale();
 
@@ -88,6 +89,7 @@ class ControlPeer : public Peer, public NativeControl {
 
   void Update(WidgetAspect aspect) override { Refresh(aspect); }
   void TakeFocus() override { NativeControl::TakeFocus(); }
+  bool HasFocus() const override { return NativeControl::HasFocus(); }
 };
 
 }  // namespace quorvale
