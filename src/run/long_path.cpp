@@ -26,6 +26,11 @@ std::size_t LastSeparator(const std::string& path, const PathSyntax& syntax) {
   return position == 0 ? std::string::npos : position - 1;
 }
 
+// Several separators in a row divide as one does. The one that a root begins with goes too.
+void DropLastSeparators(std::string& path, const PathSyntax& syntax) {
+  while (!path.empty() && syntax.IsSeparator(path.back())) path.pop_back();
+}
+
 }  // namespace
 
 std::string GetLongPath(FileSystem& files, const std::string& path) {
@@ -33,7 +38,8 @@ std::string GetLongPath(FileSystem& files, const std::string& path) {
   const PathSyntax syntax = files.Syntax();
   const bool closed = syntax.IsSeparator(path.back());
   std::string ending = closed ? std::string(1, path.back()) : std::string();
-  std::string rest = closed ? path.substr(0, path.size() - 1) : path;
+  std::string rest = path;
+  DropLastSeparators(rest, syntax);
 
   const std::optional<std::string> last = Lookup(files, rest);
   if (!last) return ending;
@@ -43,10 +49,12 @@ std::string GetLongPath(FileSystem& files, const std::string& path) {
   if (result.empty()) return path;
 
   rest.resize(separator);
+  DropLastSeparators(rest, syntax);
   separator = LastSeparator(rest, syntax);
   while (separator != std::string::npos) {
     if (const std::optional<std::string> name = Lookup(files, rest)) result.insert(0, *name + syntax.separator);
     rest.resize(separator);
+    DropLastSeparators(rest, syntax);
     separator = LastSeparator(rest, syntax);
   }
   // What is left is the drive, or nothing at all; it has no longer form.

@@ -32,12 +32,6 @@ constexpr std::array<Sample, 5> kSamples = {{
 // The keys that lead to this program's name in the list of savers: the first letters of its name.
 constexpr char kProductKeys[] = "Qu";
 
-// What stands behind the switch and one more character, without the blanks at its ends.
-std::string PathText(const std::string& text) {
-  const std::size_t behind = text.find(kSetUpSwitch) + std::string_view(kSetUpSwitch).size();
-  return Trim(Mid(std::string_view(text).substr(behind), 2));
-}
-
 // Built, not asked of the running process: the saver file has to stand in the system directory.
 std::string SaverFilePath(Process& process) {
   return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
@@ -45,8 +39,17 @@ std::string SaverFilePath(Process& process) {
 
 }  // namespace
 
+// What stands behind the switch and one more character.
+std::string SetUpDirectory(const std::string& text) {
+  const std::size_t behind = text.find(kSetUpSwitch);
+  if (behind == std::string::npos) return {};
+  std::string path = Trim(Mid(std::string_view(text).substr(behind + std::string_view(kSetUpSwitch).size()), 2));
+  const bool is_quoted = path.size() >= 2 && path.front() == '"' && path.back() == '"';
+  return is_quoted ? path.substr(1, path.size() - 2) : path;
+}
+
 std::vector<ReportedStep> SetUpSteps(Process& process, const std::string& text) {
-  const std::string path = PathText(text);
+  const std::string path = SetUpDirectory(text);
   std::vector<ReportedStep> steps;
   steps.emplace_back([&process, path] { process.SetOption("InstallPath", path); });
   for (const Sample& sample : kSamples) {

@@ -157,6 +157,14 @@ class UnderXScreenSaver(DaemonTest):
                 pass
         return found
 
+    def test_the_set_up_without_a_directory_leaves_the_saver_alone(self):
+        file = os.path.join(self.session.folder, ".xscreensaver")
+        with open(file, encoding="utf-8") as settings:
+            before = settings.read()
+        self.assertEqual(self.as_user(PROGRAM, "/INSTALL").wait(timeout=10), 0)
+        with open(file, encoding="utf-8") as settings:
+            self.assertEqual(settings.read(), before)
+
     def test_blanking_shows_the_pictures_until_it_is_over(self):
         self.assertEqual(self.as_user(PROGRAM, "/INSTALL", self.session.folder + "/").wait(timeout=10), 0)
         self.session.play(self.red, self.blue)

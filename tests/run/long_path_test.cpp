@@ -27,6 +27,8 @@ TEST_F(LongPathTest, EachElementGetsItsLongName) {
       {"C:\\LONGFO~1", "C:\\Long Folder"},
       {"C:\\gone\\x.jpg", "C:\\gone\\x.jpg"},
       {"C:\\LONGFO~1\\gone\\", "C:\\LONGFO~1\\gone\\"},
+      {"C:\\LONGFO~1\\\\", "C:\\Long Folder\\"},
+      {"C:\\\\LONGFO~1\\\\LONGNA~1.JPG", "C:\\Long Folder\\Long Name.jpg"},
   };
   for (const auto& [path, expected] : cases) EXPECT_EQ(GetLongPath(desktop.files, path), expected) << path;
 }
@@ -36,6 +38,10 @@ TEST_F(LongPathTest, UnixPathsAreTheirOwnLongForm) {
   for (const char* path : {"/Long Folder/Long Name.jpg", "/Long Folder/", "/gone/x", "/"}) {
     EXPECT_EQ(GetLongPath(desktop.files, path), path);
   }
+  for (const char* path : {"/Long Folder//", "//Long Folder/", "//Long Folder///"}) {
+    EXPECT_EQ(GetLongPath(desktop.files, path), "/Long Folder/") << path;
+  }
+  EXPECT_EQ(GetLongPath(desktop.files, "/Long Folder//Long Name.jpg//"), "/Long Folder/Long Name.jpg/");
 }
 
 TEST_F(LongPathTest, ALookupThatFailsLeavesItsElementOut) {

@@ -199,6 +199,9 @@ TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
                                                         {"/INSTALL\xC3\xA9/x/", "/x/"},
                                                         {"/INSTALL   /a /INSTALL b", "/a /INSTALL b"},
                                                         {"/INSTALL\t\tx", "\tx"},
+                                                        {"/INSTALL  \"C:\\My x\\\" ", "C:\\My x\\"},
+                                                        {"/INSTALL \"/x", "\"/x"},
+                                                        {"/INSTALL \"", "\""},
                                                         {"/INSTALLx", ""},
                                                         {"/INSTALL", ""}}) {
     Main(process, text);

@@ -26,6 +26,7 @@
 #include "process/end_saver.h"
 #include "process/process.h"
 #include "run/main_procedure.h"
+#include "run/set_up.h"
 #include "settings/version_record.h"
 
 namespace quorvale {
@@ -61,8 +62,10 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   SqliteRegistry registry(SettingsDirectory());
   DesktopHost host([&registry] { registry.Close(); });
   const std::string directory = host.GetSystemDirectory(kLongestPath);
-  PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR",
-                        [&] { BecomeSaverOfUser(directory, host.ProgramName()); });
+  PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR", [&] {
+    // Without samples there is nothing to show, and XScreenSaver may have a better saver.
+    if (!SetUpDirectory(text).empty()) BecomeSaverOfUser(directory, host.ProgramName());
+  });
   SdlSoundPlayer sound;
   QtPrograms programs;
   DesktopPassword password;
