@@ -31,7 +31,7 @@ void frmConfig::WritePlayListFile(const std::string& path) {
 void frmConfig::ReadPlayListFile(const std::string& path) {
   FileSystem& files = process_.system.files;
   try {
-    AppendPlayListText(files.ReadFile(path), files, lstList[0], lstList[1]);
+    AppendPlayListText(files.ReadFile(path, kMostPlayListBytes + 1), files, lstList[0], lstList[1]);
   } catch (const std::exception& failure) {
     App().ShowMessageBox({.text = std::string("Unable to Read Play List File.  ") + failure.what()});
   }

@@ -1,8 +1,8 @@
 #include "playlist/play_list_file.h"
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "system/file_system.h"
-#include "toolkit/list_box.h"
 
 namespace quorvale {
 namespace {
@@ -38,12 +38,15 @@ std::string PlayListText(const ListBox& pictures, const ListBox& sounds) {
 
 // Lines are judged one by one: one name that is no UTF-8 leaves the others as they are.
 void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictures, ListBox& sounds) {
+  const bool is_too_long = text.size() > kMostPlayListBytes;
+  if (is_too_long) text = text.substr(0, text.find_last_of(kLineEnd) + 1);
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   while (!text.empty()) {
     const std::string_view line = TakeLine(text);
     ListBox& list = line.starts_with('P') ? pictures : sounds;
     list.AddItem(IsUtf8(line) ? Mid(line, 3) : Mid(files.FromOlderCodePage(std::string(line)), 3));
   }
+  if (is_too_long) throw Failure(FailureNumber::kListFull, "The list is full", "AppendPlayListText");
 }
 
 }  // namespace quorvale

@@ -38,8 +38,8 @@ class FileSystem {
   // The short form of the path of an existing file, or empty when there is none. At most `size` - 1 bytes.
   virtual std::string GetShortPathName(const std::string& path, std::uint32_t size) = 0;
 
-  // All bytes of a plain file. Fails with kNotFound or kUnreadable and the system's description.
-  virtual std::string ReadFile(const std::string& path) = 0;
+  // The first `most` bytes of a plain file. Fails with kNotFound or kUnreadable and the system's description.
+  virtual std::string ReadFile(const std::string& path, std::size_t most) = 0;
 
   // Gives a file that content, and makes it where it is missing. Until the new content is whole the old
   // one stays. Fails with kUnwritable and the system's description.

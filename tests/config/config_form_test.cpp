@@ -92,7 +92,8 @@ TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
             "Unable to write to Play List File.  Can't be written: C:\\My & Yours.x.qvl");
   EXPECT_FALSE(form->IsLoaded()) << "the steps go on";
   Open().cmdOK.UserClick();
-  EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl"), "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
+  EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl", std::string::npos),
+            "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
   EXPECT_EQ(process.Option("PlayList", ""), "C:\\My & Yours.x.qvl");
 }
 

@@ -43,15 +43,16 @@ class PlainFileTest : public testing::Test {
 TEST_F(PlainFileTest, AreReadWholeAndNothingElseIs) {
   const std::string bytes = "a\0b\r\n\xFF"s + std::string(200'000, 'x');
   directory_.Write("bytes", bytes);
-  EXPECT_EQ(files_.ReadFile(directory_.Path("bytes")), bytes);
-  EXPECT_EQ(files_.ReadFile(directory_.Path("link")), "old");
+  EXPECT_EQ(files_.ReadFile(directory_.Path("bytes"), std::string::npos), bytes);
+  EXPECT_EQ(files_.ReadFile(directory_.Path("bytes"), 100'000), bytes.substr(0, 100'000));
+  EXPECT_EQ(files_.ReadFile(directory_.Path("link"), std::string::npos), "old");
   const std::pair<std::string, FailureNumber> failures[] = {
       {"missing", FailureNumber::kNotFound},  {"old/x", FailureNumber::kNotFound},
       {"loop", FailureNumber::kNotFound},     {"old\0x"s, FailureNumber::kNotFound},
       {"folder", FailureNumber::kUnreadable}, {"pipe", FailureNumber::kUnreadable},
   };
   for (const auto& [name, number] : failures) {
-    EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name)); }), number) << name;
+    EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number) << name;
   }
 }
 

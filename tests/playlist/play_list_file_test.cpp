@@ -68,5 +68,13 @@ TEST_F(PlayListFileTest, AFullListKeepsWhatCameBefore) {
   EXPECT_EQ(sounds.ListCount(), 0);
 }
 
+TEST_F(PlayListFileTest, ATextLongerThanTwoFullListsIsReadToItsLastWholeLine) {
+  std::string text = "P:a\nS:b\n" + std::string(kMostPlayListBytes - 9, 'x');
+  Read(text);
+  EXPECT_EQ(sounds.ListCount(), 2);
+  EXPECT_EQ(FailureOf([&] { Read(text + "xx"); }), FailureNumber::kListFull);
+  EXPECT_EQ(pictures.ListCount() + sounds.ListCount(), 2);
+}
+
 }  // namespace
 }  // namespace quorvale

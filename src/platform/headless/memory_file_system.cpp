@@ -82,13 +82,13 @@ std::string MemoryFileSystem::GetShortPathName(const std::string& path, std::uin
   return result.substr(0, size > 0 ? size - 1 : 0);
 }
 
-std::string MemoryFileSystem::ReadFile(const std::string& path) {
+std::string MemoryFileSystem::ReadFile(const std::string& path, std::size_t most) {
   std::string content;
   const ReadResult result = failures.Next(FileCall::kReadFile) ? ReadResult::kUnreadable : Read(path, content);
   if (result == ReadResult::kUnreadable) throw Unreadable(path);
   if (result == ReadResult::kNotFound)
     throw Failure(FailureNumber::kNotFound, "No such file: " + path, "MemoryFileSystem");
-  return content;
+  return content.substr(0, most);
 }
 
 void MemoryFileSystem::WriteFile(const std::string& path, const std::string& content) {

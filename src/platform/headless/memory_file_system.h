@@ -25,7 +25,7 @@ class MemoryFileSystem : public FileSystem {
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;
-  std::string ReadFile(const std::string& path) override;
+  std::string ReadFile(const std::string& path, std::size_t most) override;
   void WriteFile(const std::string& path, const std::string& content) override;
   std::string FromOlderCodePage(const std::string& bytes) override { return FromCodePage1252(bytes); }
   PathSyntax Syntax() const override { return syntax_; }

@@ -109,16 +109,16 @@ TEST_F(Win32FileSystemTest, WhatIsWrittenIsReadAsAWhole) {
   const std::string path = directory_.Path("list.qvl");
   for (const std::string& content : {std::string("one\r\n"), std::string(200'000, 'x'), std::string()}) {
     files_.WriteFile(path, content);
-    EXPECT_EQ(files_.ReadFile(path), content);
+    EXPECT_EQ(files_.ReadFile(path, std::string::npos), content);
   }
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.qvl", "*.tmp"}), ElementsAre("list.qvl")) << "no draft stays";
 }
 
 TEST_F(Win32FileSystemTest, WhatCannotBeReadOrWrittenSaysWhy) {
   using enum FailureNumber;
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none")); }), kNotFound);
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none\\none")); }), kNotFound);
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("directory.jpg")); }), kUnreadable);
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none"), std::string::npos); }), kNotFound);
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none\\none"), std::string::npos); }), kNotFound);
+  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("directory.jpg"), std::string::npos); }), kUnreadable);
   for (const char* name : {"none\\list.qvl", "directory.jpg"}) {
     EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path(name), "x"); }), kUnwritable) << name;
   }
@@ -138,7 +138,7 @@ TEST_F(Win32FileSystemTest, NamesOfAllLanguagesArrive) {
   files_.WriteFile(folder + name, "x");
   EXPECT_THAT(Enumerate(folder, {"*.jpg"}), ElementsAre(name));
   EXPECT_EQ(files_.FindFile(folder + name, kAttributeNormal), name);
-  EXPECT_EQ(files_.ReadFile(folder + name), "x");
+  EXPECT_EQ(files_.ReadFile(folder + name, std::string::npos), "x");
 }
 
 }  // namespace

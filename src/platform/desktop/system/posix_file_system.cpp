@@ -103,9 +103,9 @@ std::string PosixFileSystem::GetShortPathName(const std::string& path, std::uint
   return IsSaverFile(path) || Exists(path) ? path : std::string();
 }
 
-std::string PosixFileSystem::ReadFile(const std::string& path) {
+std::string PosixFileSystem::ReadFile(const std::string& path, std::size_t most) {
   std::string content;
-  if (const int error = ReadPlainFile(path, content)) Fail(error, path);
+  if (const int error = ReadPlainFile(path, content, most)) Fail(error, path);
   return content;
 }
 

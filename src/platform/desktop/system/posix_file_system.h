@@ -27,7 +27,7 @@ class PosixFileSystem : public FileSystem {
   std::string FindFile(const std::string& path, int attributes) override;
 
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
-  std::string ReadFile(const std::string& path) override;
+  std::string ReadFile(const std::string& path, std::size_t most) override;
   void WriteFile(const std::string& path, const std::string& content) override;
   // Windows' western one, from where such lists come.
   std::string FromOlderCodePage(const std::string& bytes) override;

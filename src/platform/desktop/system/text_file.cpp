@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -66,7 +67,7 @@ class TemporaryName {
 
 }  // namespace
 
-int ReadPlainFile(const std::string& path, std::string& content) {
+int ReadPlainFile(const std::string& path, std::string& content, std::size_t most) {
   if (path.find('\0') != std::string::npos) return ENOENT;
   // Opening a pipe must not wait for who writes into it.
   const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -75,14 +76,15 @@ int ReadPlainFile(const std::string& path, std::string& content) {
   if (fstat(file.Get(), &status) != 0) return errno;
   if (!S_ISREG(status.st_mode)) return NotPlain(status.st_mode);
   content.clear();
-  content.reserve(static_cast<std::size_t>(status.st_size));
+  content.reserve(std::min(static_cast<std::size_t>(status.st_size), most));
   std::array<char, 65536> buffer{};
-  while (true) {
-    const ssize_t count = read(file.Get(), buffer.data(), buffer.size());
+  while (content.size() < most) {
+    const ssize_t count = read(file.Get(), buffer.data(), std::min(buffer.size(), most - content.size()));
     if (count < 0) return errno;
-    if (count == 0) return 0;
+    if (count == 0) break;
     content.append(buffer.data(), static_cast<std::size_t>(count));
   }
+  return 0;
 }
 
 int WritePlainFile(const std::string& path, const std::string& content) {

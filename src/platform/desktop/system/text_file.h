@@ -5,9 +5,9 @@
 
 namespace quorvale {
 
-// Gives `content` the bytes of a plain file. 0, or the system's number of what went wrong; what is no plain file
-// fails without waiting.
-int ReadPlainFile(const std::string& path, std::string& content);
+// Gives `content` the first `most` bytes of a plain file. 0, or the system's number of what went wrong; what is no
+// plain file fails without waiting.
+int ReadPlainFile(const std::string& path, std::string& content, std::size_t most = std::string::npos);
 
 // Gives a plain file that content, and makes it where it is missing. The new content is written beside the file
 // and then takes its place, with its mode and through links; where the folder can't be written the file itself

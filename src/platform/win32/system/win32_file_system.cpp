@@ -83,16 +83,18 @@ std::string Win32FileSystem::GetShortPathName(const std::string& path, std::uint
   return result;
 }
 
-std::string Win32FileSystem::ReadFile(const std::string& path) {
+std::string Win32FileSystem::ReadFile(const std::string& path, std::size_t most) {
   const Handle file = OpenForReading(path);
   constexpr std::size_t kPiece = 65536;
   std::string content;
-  while (true) {
-    std::array<std::uint8_t, kPiece> piece{};
-    const std::size_t got = ReadSome(file, piece, path);
-    if (got == 0) return content;
+  std::array<std::uint8_t, kPiece> piece{};
+  while (content.size() < most) {
+    const std::size_t wanted = std::min(kPiece, most - content.size());
+    const std::size_t got = ReadSome(file, std::span(piece).first(wanted), path);
+    if (got == 0) break;
     content.append(reinterpret_cast<const char*>(piece.data()), got);
   }
+  return content;
 }
 
 void Win32FileSystem::WriteFile(const std::string& path, const std::string& content) {

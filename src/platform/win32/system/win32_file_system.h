@@ -12,7 +12,7 @@ class Win32FileSystem : public FileSystem {
                       const std::function<void(const std::string& name)>& found) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
-  std::string ReadFile(const std::string& path) override;
+  std::string ReadFile(const std::string& path, std::size_t most) override;
   void WriteFile(const std::string& path, const std::string& content) override;
   std::string FromOlderCodePage(const std::string& bytes) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
