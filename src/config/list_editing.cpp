@@ -1,6 +1,5 @@
 #include "config/list_editing.h"
 
-#include "playlist/path_part.h"
 #include "playlist/token.h"
 #include "process/collection.h"
 #include "toolkit/common_dialog.h"
@@ -12,8 +11,9 @@ void ParseFileSelection(const CommonDialog& dialog, const PathSyntax& syntax, Co
                         std::string& directory) {
   const std::string& chosen = dialog.FileName;
   if (chosen.find('\0') == std::string::npos) {
-    names.Add(chosen.substr(NameStart(chosen, syntax)));
-    directory = PathPart(chosen, kPathDrive, syntax) + PathPart(chosen, kPathDirectory, syntax);
+    const std::size_t name = NameStart(chosen, syntax);
+    names.Add(chosen.substr(name));
+    directory = chosen.substr(0, name);
     return;
   }
   std::string rest = chosen + std::string(2, '\0');

@@ -70,6 +70,7 @@ TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
   for (const auto& [chosen, separator, expected] :
        {std::tuple<std::string, char, std::string>{"C:\\Pics\\a.b.bmp", '\\', "C:\\Pics\\a.b.bmp|"},
         {"C:\\a.bmp", '\\', "C:\\a.bmp|"},
+        {"/pics/mine/.jpg", '/', "/pics/mine/.jpg|"},
         {"C:\\Pics" + kNul + "b" + kNul + "a", '\\', "C:\\Pics\\b|C:\\Pics\\a|"},
         {"C:\\" + kNul + "a" + kNul + "b", '\\', "C:\\\\a|C:\\\\b|"},
         {"/pics" + kNul + "a" + kNul + "b", '/', "/pics/a|/pics/b|"},
