@@ -29,6 +29,8 @@ struct LabelStyle {
   bool border = false;
   bool bold = false;
   bool centred = false;
+  // Never goes on in a second line.
+  bool one_line = false;
   float points = 0;  // 0 is the window's own size
 };
 

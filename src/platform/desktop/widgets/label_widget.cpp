@@ -80,7 +80,8 @@ bool LabelWidget::Fits(const QFont& font, const QString& text) const {
   const QRect place = contentsRect();
   const QRect room(0, 0, place.width(), kLargestHeight);
   const QFontMetrics metrics(font);
-  const QRect needed = metrics.boundingRect(room, static_cast<int>(alignment()) | Qt::TextWordWrap, text);
+  const QRect needed =
+      metrics.boundingRect(room, static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0), text);
   // One line may use the room that its letters leave above and below.
   const int least = metrics.height() - 2 * metrics.descent();
   const bool is_one_line = needed.height() <= metrics.height();

@@ -45,6 +45,7 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Frame& frame) {
 std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Label& label) {
   auto widget = std::make_unique<LabelWidget>(FontOf(label.Style()));
   if (label.Style().border) widget->setFrameStyle(QFrame::Box | QFrame::Plain);
+  if (label.Style().one_line) widget->setWordWrap(false);
   if (label.Style().centred) widget->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   auto show = [&label, it = widget.get()] {
     ShowColours(*it, label);

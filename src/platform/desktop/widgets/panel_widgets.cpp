@@ -20,7 +20,9 @@ void FrameBox::paintEvent(QPaintEvent* /*event*/) {
   const QFontMetrics metrics(font());
   const bool has_title = !title().isEmpty();
   const int gap = Scaled(2);
-  const QRect text(Scaled(kCaptionLeft), 0, metrics.horizontalAdvance(WithoutAccessKey(title())), metrics.height());
+  const int left = Scaled(kCaptionLeft);
+  const QString shown = metrics.elidedText(title(), Qt::ElideMiddle, width() - 2 * left, Qt::TextShowMnemonic);
+  const QRect text(left, 0, metrics.horizontalAdvance(WithoutAccessKey(shown)), metrics.height());
   QRegion line = OutsideSiblings();
   if (has_title) line -= text.adjusted(-gap, 0, gap, 0);
   painter.setClipRegion(line);
@@ -29,7 +31,7 @@ void FrameBox::paintEvent(QPaintEvent* /*event*/) {
   if (!has_title) return;
   painter.setClipping(false);
   style()->drawItemText(&painter, text, Qt::AlignLeft | Qt::TextShowMnemonic | Qt::TextDontClip, palette(), isEnabled(),
-                        title(), QPalette::WindowText);
+                        shown, QPalette::WindowText);
 }
 
 QRegion FrameBox::OutsideSiblings() const {
