@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -122,6 +123,9 @@ TEST_F(WidgetsTest, PassOnWhatIsEntered) {
   EXPECT_EQ(form_->txt.Text(), "42");
   Press(Qt::Key_Backspace);
   EXPECT_EQ(form_->txt.Text(), "4");
+  QApplication::clipboard()->setText("a1b2");
+  Press(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(form_->txt.Text(), "41");
   form_->sld.SetFocus();
   Press(Qt::Key_PageUp);
   EXPECT_EQ(form_->sld.Value(), 5);

@@ -1,5 +1,7 @@
 #include "platform/desktop/widgets/text_field.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 
 #include "platform/desktop/toolkit/deliver.h"
@@ -26,7 +28,20 @@ TextField::TextField(TextBox& box) : box_(box) {
           [&box](const QString& text) { Deliver([&] { box.UserSetText(text.toStdString()); }); });
 }
 
+// The keys that paste type what they paste.
+void TextField::Paste() {
+  QString taken;
+  for (const char32_t character : QApplication::clipboard()->text().toUcs4()) {
+    int code = static_cast<int>(character);
+    Deliver([&] { code = box_.UserKeyPress(code); });
+    if (code != 0) taken += QString::fromStdU32String(std::u32string(1, static_cast<char32_t>(code)));
+  }
+  insert(taken);
+  Deliver([this] { box_.UserSetText(text().toStdString()); });
+}
+
 void TextField::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Paste)) return Paste();
   const int typed = TypedCharacter(*event);
   int taken = typed;
   if (typed != 0) Deliver([&] { taken = box_.UserKeyPress(typed); });

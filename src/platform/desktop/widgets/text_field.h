@@ -17,6 +17,8 @@ class TextField : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void Paste();
+
   TextBox& box_;
 };
 
