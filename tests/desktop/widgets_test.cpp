@@ -92,6 +92,13 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
       {"an option by arrow", [&] { form_->opt1.SetFocus(), Press(Qt::Key_Down); }, {"opt2"}},
       {"a tab by access key", [&] { Press(Qt::Key_W, Qt::AltModifier); }, {"tab"}},
       {"a picture", [&] { Click("picture"); }, {"picture"}},
+      {"a picture twice",
+       [&] {
+         Click("picture");
+         QTest::mouseDClick(&Find("picture"), Qt::LeftButton, Qt::NoModifier, QPoint(5, 8));
+         QTest::mouseRelease(&Find("picture"), Qt::LeftButton, Qt::NoModifier, QPoint(5, 8));
+       },
+       {"picture"}},
       {"Delete in the list", [&] { form_->lst.SetFocus(), Press(Qt::Key_Delete); }, {"Delete"}},
       {"a shortcut", [&] { Press(Qt::Key_N, Qt::ControlModifier); }, {"New"}},
       {"a menu and out", [&] { Press(Qt::Key_E, Qt::AltModifier), Press(Qt::Key_Escape); }, {"Edit opens", "530"}},

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <utility>
 
 #include "platform/desktop/toolkit/deliver.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
@@ -71,8 +72,13 @@ void ArtworkWidget::paintEvent(QPaintEvent* /*event*/) {
   style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
+void ArtworkWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) is_pressed_ = true;
+}
+
 void ArtworkWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && rect().contains(event->pos())) Deliver([this] { view_.UserClick(); });
+  if (event->button() != Qt::LeftButton || !std::exchange(is_pressed_, false)) return;
+  if (rect().contains(event->pos())) Deliver([this] { view_.UserClick(); });
 }
 
 void ArtworkWidget::keyPressEvent(QKeyEvent* event) {

@@ -35,12 +35,16 @@ class ArtworkWidget : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  // The second press of a double click makes no second click.
+  void mouseDoubleClickEvent(QMouseEvent* /*event*/) override {}
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
   ImageView& view_;
   QImage image_;
+  bool is_pressed_ = false;
 };
 
 // Tabs above the edge of an area on which other controls lie.

@@ -111,7 +111,8 @@ LRESULT ImageViewControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
 }
 
 void ImageViewControl::OnCommand(int code) {
-  if (code == STN_CLICKED || code == STN_DBLCLK) view_.UserClick();
+  // The second press of a double click makes no second click.
+  if (code == STN_CLICKED) view_.UserClick();
 }
 
 void ImageViewControl::Paint() {
