@@ -27,7 +27,10 @@ std::string ReasonAgainst(const std::string& name, const std::string& directory,
   if (Length(directory) > kMostDirectoryCharacters) {
     return "its directory is longer than " + std::to_string(kMostDirectoryCharacters) + " characters";
   }
-  if (EntryPath(entry, syntax) != path) return "a play list can't hold a blank or a separator at its end";
+  if (Trim(name) != name || Trim(directory) != directory) {
+    return "a play list can't hold a blank at the start or the end of a name";
+  }
+  if (EntryPath(entry, syntax) != path) return "a play list can't hold a separator at the end of a file's name";
   return {};
 }
 

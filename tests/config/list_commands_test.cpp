@@ -129,7 +129,8 @@ TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
   EXPECT_EQ(Names(0), "a C:\\Folder\\ " + longest + " z");
   ASSERT_EQ(desktop.boxes.shown.size(), 1U);
   for (const char* const part : {"\nx?y.jpg: it has a line end in it.", "nnn...: it is longer than 254 characters.",
-                                 "\nz: its directory is longer than 257 characters.", "\n b: "}) {
+                                 "\nz: its directory is longer than 257 characters.",
+                                 "\n b: a play list can't hold a blank at the start or the end of a name."}) {
     EXPECT_THAT(desktop.boxes.shown[0].text, HasSubstr(part));
   }
   EXPECT_TRUE(form->PlayListDirty());
