@@ -7,9 +7,9 @@
 
 namespace quorvale {
 
-PathState PathStatus(FileSystem& files, const std::string& path) {
-  if (!path.empty() && files.Syntax().IsSeparator(path.back())) return {.exists = DirExists(files, path)};
-  return {.names_file = true, .exists = FileExists(files, path)};
+bool PathExists(FileSystem& files, const std::string& path) {
+  const bool names_directory = !path.empty() && files.Syntax().IsSeparator(path.back());
+  return names_directory ? DirExists(files, path) : FileExists(files, path);
 }
 
 bool FileExists(FileSystem& files, const std::string& path) { return !files.FindFile(path, kAttributeNormal).empty(); }
@@ -25,7 +25,7 @@ bool DirExists(FileSystem& files, const std::string& path) {
 void PruneMissing(FileSystem& files, ListBox& list) {
   const PathSyntax syntax = files.Syntax();
   for (int i = list.ListCount() - 1; i >= 0; --i) {
-    if (!PathStatus(files, EntryPath(list.List(i), syntax)).exists) list.RemoveItem(i);
+    if (!PathExists(files, EntryPath(list.List(i), syntax))) list.RemoveItem(i);
   }
 }
 

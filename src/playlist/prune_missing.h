@@ -7,13 +7,9 @@ namespace quorvale {
 class FileSystem;
 class ListBox;
 
-struct PathState {
-  bool names_file = false;  // not a directory: the path ends in no separator
-  bool exists = false;
-};
-
-// A failure of the search comes out of the first two, except where the path names a directory.
-PathState PathStatus(FileSystem& files, const std::string& path);
+// Whether what the path names is there: a directory where it ends in a separator, else a file. A failure of the search
+// comes out of the first two, except where the path names a directory.
+bool PathExists(FileSystem& files, const std::string& path);
 bool FileExists(FileSystem& files, const std::string& path);
 // A directory that can't be looked for counts as missing.
 bool DirExists(FileSystem& files, const std::string& path);

@@ -37,8 +37,6 @@ class Mapping {
   void SetViewportOrigin(QPointF origin) { viewport_origin_ = origin; }
   QPointF WindowOrigin() const { return window_origin_; }
   QPointF ViewportOrigin() const { return viewport_origin_; }
-  QSizeF WindowExtent() const { return window_extent_; }
-  QSizeF ViewportExtent() const { return viewport_extent_; }
   bool IsFixed() const { return mode_ < kIsotropic; }
 
   void SetWorld(const QTransform& world) { world_ = world; }
