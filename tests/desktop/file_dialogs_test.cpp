@@ -1,6 +1,8 @@
 #include "platform/desktop/widgets/file_dialogs.h"
 
 #include <gmock/gmock.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -8,7 +10,9 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
+#include <QTest>
 #include <QTimer>
+#include <array>
 
 #include "desktop/temporary_directory.h"
 
@@ -78,6 +82,26 @@ TEST(FileDialogs, StartWhereTheLastFileWasChosen) {
   EXPECT_EQ(dialogs.Choose(nullptr, {.save = true, .start_name = "new.qvl"}), "");
   Answer([](QFileDialog& dialog) { Accept(dialog, "new"); });
   EXPECT_EQ(dialogs.Choose(nullptr, {.save = true}), directory.Path("new")) << "nothing is added to a name";
+}
+
+// Qt looks into files to see what kind they are. The system has files that never answer.
+TEST(FileDialogs, OpenNoneOfTheFilesThatTheyShow) {
+  const TemporaryDirectory directory;
+  directory.Write("unknown", "");
+  const int watch = inotify_init1(IN_NONBLOCK);
+  ASSERT_GE(inotify_add_watch(watch, directory.Path("unknown").c_str(), IN_OPEN), 0);
+  FileDialogs dialogs;
+  Answer([&](QFileDialog& dialog) {
+    dialog.setDirectory(QString::fromStdString(directory.Path()));
+    auto* const shown = dialog.findChild<QListView*>("listView");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->model()->rowCount(shown->rootIndex()) == 1; }));
+    QTest::qWait(100);
+    dialog.reject();
+  });
+  EXPECT_EQ(dialogs.Choose(nullptr, {}), "");
+  std::array<char, 1024> events{};
+  EXPECT_LT(read(watch, events.data(), events.size()), 0);
+  close(watch);
 }
 
 }  // namespace

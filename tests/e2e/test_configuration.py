@@ -118,17 +118,37 @@ class Lists(ConfigurationTest):
 
 
 class Window(unittest.TestCase):
+    def open_on(self, width, height, scale):
+        self.display = Display(width, height)
+        self.addCleanup(self.display.close)
+        self.session = Session(self.display)
+        self.addCleanup(self.session.close)
+        program = self.session.start("/C", QT_SCALE_FACTOR=str(scale))
+        self.wait_for(WINDOW)
+        return program
+
+    def wait_for(self, title):
+        wait_until(lambda: self.display.focused_title() == title, f"the window {title}")
+
+    def bottom(self, title):
+        frame = self.display.output("xwininfo", "-frame", "-name", title).decode()
+        return sum(int(re.search(name + r":\s+(\d+)", frame)[1]) for name in ("Absolute upper-left Y", "Height"))
+
     def test_fits_a_screen_of_few_pixels_and_a_large_scale(self):
-        display = Display(1024, 600)
-        self.addCleanup(display.close)
-        session = Session(display)
-        self.addCleanup(session.close)
-        session.start("/C", QT_SCALE_FACTOR="1.5")
-        wait_until(lambda: display.focused_title() == WINDOW, "the window")
-        frame = subprocess.run(["xwininfo", "-frame", "-name", WINDOW], env=display.environment, check=True,
-                               stdout=subprocess.PIPE, text=True).stdout
-        top, height = (int(re.search(name + r":\s+(\d+)", frame)[1]) for name in ("Absolute upper-left Y", "Height"))
-        self.assertLessEqual(top + height, 600)
+        self.open_on(1024, 600, 1.5)
+        self.assertLessEqual(self.bottom(WINDOW), 600)
+
+    def test_and_so_do_its_dialogs_for_files_which_end_with_the_program(self):
+        program = self.open_on(1280, 800, 2)
+        for keys, title in ((["alt+p", "d"], "Select Directory"), (["ctrl+o"], "Select Play List")):
+            self.wait_for(WINDOW)
+            self.display.xdotool("key", "--delay", 200, *keys)
+            self.wait_for(title)
+            self.assertLessEqual(self.bottom(title), 800)
+            if title != "Select Play List":
+                self.display.xdotool("key", "Escape")
+        program.terminate()
+        self.assertEqual(program.wait(timeout=20), 0)
 
 
 class Start(ConfigurationTest):

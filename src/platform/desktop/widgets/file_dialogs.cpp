@@ -3,7 +3,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 
 namespace quorvale {
@@ -20,6 +23,33 @@ QString ToPatterns(const QString& patterns) {
     if (pattern.toUpper() != pattern) result << pattern.trimmed().toUpper();
   }
   return result.join(' ');
+}
+
+// Tells files from folders and opens none of them. Qt would look into each to see what kind it is, and some files, as
+// those of a device or of the system, never answer.
+class PlainIcons : public QFileIconProvider {
+ public:
+  QIcon icon(IconType kind) const override { return QFileIconProvider::icon(kind); }
+  QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+  QString type(const QFileInfo& file) const override {
+    if (file.isDir()) return QStringLiteral("Folder");
+    return file.suffix().isEmpty() ? QStringLiteral("File") : file.suffix() + QStringLiteral(" File");
+  }
+};
+
+// Runs Qt's own dialog, or the desktop's, and gives what was chosen. Qt's would be larger than a small screen.
+QStringList Run(QFileDialog& dialog) {
+  PlainIcons icons;
+  dialog.setIconProvider(&icons);
+  dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);
+  if (const QScreen* const screen = QGuiApplication::primaryScreen()) {
+    constexpr int kFrame = 40;
+    const QSize room = screen->availableGeometry().size() - QSize(kFrame, kFrame);
+    dialog.setMinimumSize(dialog.minimumSize().boundedTo(room));
+    dialog.resize(dialog.sizeHint().boundedTo(room));
+    dialog.setMaximumSize(room);
+  }
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
 }
 
 QFileDialog::FileMode ModeOf(const FileDialog& dialog) {
@@ -59,16 +89,20 @@ std::string FileDialogs::Choose(QWidget* owner, const FileDialog& dialog) {
     qt_dialog.selectNameFilter(qt_dialog.nameFilters().value(std::max(dialog.filter_index - 1, 0)));
   }
   if (!dialog.start_name.empty()) qt_dialog.selectFile(QFile::decodeName(dialog.start_name.c_str()));
-  if (qt_dialog.exec() != QDialog::Accepted) return {};
-  const QStringList chosen = qt_dialog.selectedFiles();
+  const QStringList chosen = Run(qt_dialog);
   if (!chosen.isEmpty()) folder_ = QFileInfo(chosen.first()).path();
   return ToAnswer(chosen);
 }
 
 std::string FileDialogs::ChooseFolder(QWidget* owner, const std::string& title) {
-  const QString chosen = QFileDialog::getExistingDirectory(owner, QString::fromStdString(title), folder_);
-  if (!chosen.isEmpty()) folder_ = chosen;
-  return Encoded(chosen);
+  QFileDialog qt_dialog(owner, QString::fromStdString(title), folder_);
+  qt_dialog.setFileMode(QFileDialog::Directory);
+  qt_dialog.setOption(QFileDialog::ShowDirsOnly);
+  qt_dialog.setSupportedSchemes({"file"});
+  const QStringList chosen = Run(qt_dialog);
+  if (chosen.isEmpty()) return {};
+  folder_ = chosen.first();
+  return Encoded(folder_);
 }
 
 }  // namespace quorvale
