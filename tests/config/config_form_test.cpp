@@ -1,7 +1,10 @@
 #include "config/config_form.h"
 
+#include <map>
+
 #include "config/application_info.h"
 #include "config/config_fixture.h"
+#include "config/help_commands.h"
 
 namespace quorvale {
 namespace {
@@ -46,9 +49,12 @@ TEST_F(ConfigTest, WhatCanBeDoneFollowsTheListOnViewAndItsSelection) {
 }
 
 TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnOk) {
-  Store("PictureFiles", "a gone b");
+  Store("PictureFiles", "a gone gone2 folder b");
   Store("SoundFiles", "s");
-  desktop.files.Remove("C:\\Pics\\gone");
+  for (const char* const name : {"gone", "gone2", "folder"}) {
+    desktop.files.Remove(std::string("C:\\Pics\\") + name);
+  }
+  desktop.files.AddDirectory("C:\\Pics\\folder");
   desktop.files.AddDirectory("C:\\Empty");
   process.Settings.SaveSetting("SoundFiles", "File1", MakeListEntry("C:\\Empty\\", "C:\\Empty\\"));
   process.Settings.SaveSetting("SoundFiles", "File2", MakeListEntry("C:\\No\\", "C:\\No\\"));
@@ -57,7 +63,7 @@ TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnO
   EXPECT_EQ(Names(0), "a b");
   EXPECT_EQ(Names(1), "s C:\\Empty\\ C:\\Pics\\a");
   EXPECT_FALSE(form->PlayListDirty());
-  EXPECT_EQ(Stored("PictureFiles"), "a gone b");
+  EXPECT_EQ(Stored("PictureFiles"), "a gone gone2 folder b");
   form->cmdOK.UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored("PictureFiles"), "a b");
@@ -140,6 +146,24 @@ TEST_F(ConfigTest, HelpIsOpenedOrItsFailureTold) {
   desktop.programs.found = false;
   Choose("mnuHelpContents");
   EXPECT_EQ(desktop.boxes.shown.at(0).text, "File not found");
+  ShowHelp(process, *form, "", 3);
+  const MessageBox& box = desktop.boxes.shown.at(1);
+  EXPECT_EQ(box.text, "Unable to display Help Contents. There is no Help associated with this project.");
+  EXPECT_EQ(box.title, "Screen Saver Properties");
+  EXPECT_EQ(box.icon, MessageBoxIcon::kInformation);
+}
+
+TEST_F(ConfigTest, TheTabKeyVisitsTheListOnViewAndAddDirectoryLast) {
+  Open();
+  std::map<int, std::string> order;
+  form->ForEach<Widget>([&](const Widget& control) {
+    if (control.Design().tab_index >= 0 && control.Visible()) order[control.Design().tab_index] = control.Name();
+  });
+  std::string names;
+  for (const auto& [index, name] : order) names += name + " ";
+  EXPECT_EQ(names,
+            "OptPicture OptSound lstList(0) cmdImages(0) cmdImages(2) cmdImages(3) cmdImages(4) cmdOK cmdCancel "
+            "cmdImages(1) ");
 }
 
 }  // namespace

@@ -56,6 +56,9 @@ TEST_F(OptionsFormTest, AFirstRunShowsTheDefaultsAndOkWritesThem) {
   Open().cmdOK.UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored(), "0 0 0 0 5 0 Random 20 3 16777215 0 0 0 ");
+  EXPECT_THAT(form->cboAffect.Items(),
+              ElementsAre("None", "Random", "Sweep Right", "Sweep Left", "Sweep Down", "Sweep Up", "Spotlight",
+                          "Bubbles", "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"));
 }
 
 TEST_F(OptionsFormTest, EachControlGoesToItsOwnKeyAndComesBackUnlessCancelled) {
@@ -212,6 +215,10 @@ TEST_F(OptionsFormTest, ColoursComeFromTheirDialogAndStayAfterCancel) {
   dialog.cmdFrameColor.UserClick();
   EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
   EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite);
+  desktop.dialogs.AnswerColour([](Colour start) { return start - 1; });
+  dialog.cmdFrameColor.UserClick();
+  EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite - 1);
+  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
   EXPECT_EQ(process.Option("BackColor", "none"), "none");
 }
 

@@ -69,6 +69,60 @@ TEST_F(PlayListCommandTest, EveryCommandKeepsItsRules) {
   }
 }
 
+TEST_F(PlayListCommandTest, EveryDialogIsAskedForAsItsCommandNeedsIt) {
+  Open();
+  form->SetCurPlayList("C:\\Old.qvl");
+  const std::string open_list = "open|Select Play List||Play Lists (*.qvl)|*.qvl|All Files(*.*)|*.*|0 281004 260";
+  const std::string save_list =
+      "save|Save Play List|C:\\Old.qvl|Play List Files (*.qvl)|*.qvl|All Files(*.*)|*.*|0 280006 260";
+  const std::string masks = "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf";
+  const std::string add = "open|Select One or More Files to Add||";
+  const std::string add_files = "|All Files(*.*)|*.*|0 281204 10000";
+  for (const auto& [item, expected] : {std::pair<const char*, std::string>{"mnuOpen", open_list},
+                                       {"mnuAddFiles", add + "Pictures (" + masks + ")|" + masks + add_files},
+                                       {"mnuSaveAs", save_list},
+                                       {"mnuMergeList", open_list}}) {
+    Choose(item);
+    const FileDialog& dialog = desktop.dialogs.files.back();
+    std::ostringstream asked;
+    asked << (dialog.save ? "save|" : "open|") << dialog.title << "|" << dialog.start_name << "|" << dialog.filter
+          << "|" << dialog.filter_index << std::hex << " " << dialog.flags << std::dec << " " << dialog.max_file_size;
+    EXPECT_EQ(asked.str(), expected);
+  }
+  Choose("mnuAddDir");
+  EXPECT_EQ(desktop.dialogs.folders.back(), "Select Directory");
+}
+
+TEST_F(PlayListCommandTest, EveryMessageHasItsTextAndItsIcon) {
+  OpenAndChange();
+  form->SetCurPlayList("C:\\Old.qvl");
+  desktop.files.failures.FailCall(FileCall::kWriteFile, 1, 0);
+  desktop.dialogs.AnswerFile("C:\\none");
+  Choose("mnuSave");
+  Choose("mnuMergeList");
+  form->SetCurPlayList("");
+  form->cmdCancel.UserClick();
+  const struct {
+    const char* text;
+    const char* title;
+    MessageBoxButtons buttons;
+    MessageBoxIcon icon;
+  } expected[] = {
+      {"Unable to write to Play List File.  Can't be written: C:\\Old.qvl", "", MessageBoxButtons::kOk,
+       MessageBoxIcon::kNone},
+      {"Unable to Read Play List File.  No such file: C:\\none", "", MessageBoxButtons::kOk, MessageBoxIcon::kNone},
+      {"Your Play List has been changed.  Do you want to save your changes?", "Save Play List",
+       MessageBoxButtons::kYesNoCancel, MessageBoxIcon::kQuestion},
+  };
+  ASSERT_EQ(desktop.boxes.shown.size(), std::size(expected));
+  for (std::size_t i = 0; i < std::size(expected); ++i) {
+    EXPECT_EQ(desktop.boxes.shown[i].text, expected[i].text);
+    EXPECT_EQ(desktop.boxes.shown[i].title, expected[i].title);
+    EXPECT_EQ(desktop.boxes.shown[i].buttons, expected[i].buttons);
+    EXPECT_EQ(desktop.boxes.shown[i].icon, expected[i].icon);
+  }
+}
+
 // The search that can't be made ends Open half-way: what is pruned is pruned, and the old name stays.
 TEST_F(PlayListCommandTest, AFailureOfTheSearchEndsOpenWithoutAWord) {
   OpenAndChange();

@@ -26,7 +26,7 @@ class MediaCollectionsTest : public ShowTest {
   void SetUp() override {
     form = std::make_shared<ListForm>(process);
     form->Load();
-    for (const char* name : {"b.JPG", "a.jpg", "c.bmp", "d.jpeg", "e.txt", "f.gif", "z.emf", "song.wav"}) {
+    for (const char* name : {"b.JPG", "a.jpg", "c.bmp", "d.jpeg", "e.txt", "f.gif", "y.wmf", "z.emf", "song.wav"}) {
       desktop.files.AddFile(std::string("C:\\d\\") + name);
     }
     desktop.files.AddFile("C:\\d\\hidden.jpg", "", kAttributeHidden);
@@ -51,8 +51,8 @@ class MediaCollectionsTest : public ShowTest {
 TEST_F(MediaCollectionsTest, DirectoriesComeInTheOrderOfTheMaskAndThenByName) {
   EXPECT_THAT(PicturesOf({"C:\\x.txt", MakeListEntry("C:\\d\\", "C:\\d\\"), "C:\\y.jpg"}),
               ElementsAre("C:\\x.txt", "C:\\d\\c.bmp", "C:\\d\\f.gif", "C:\\d\\a.jpg", "C:\\d\\b.JPG", "C:\\d\\d.jpeg",
-                          "C:\\d\\z.emf", "C:\\y.jpg"));
-  EXPECT_EQ(PicturesOf({"C:\\d\\", "C:\\d\\"}).size(), 12U);
+                          "C:\\d\\y.wmf", "C:\\d\\z.emf", "C:\\y.jpg"));
+  EXPECT_EQ(PicturesOf({"C:\\d\\", "C:\\d\\"}).size(), 14U);
 }
 
 TEST_F(MediaCollectionsTest, AListEndsAtAGapOrAtTheEndMark) {

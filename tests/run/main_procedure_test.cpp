@@ -58,6 +58,21 @@ TEST_F(MainTest, ASecondShowEndsSilently) {
   EXPECT_TRUE(ShowIsUp());
 }
 
+TEST_F(MainTest, TheConfigurationGoesOnWhenItsWindowFailsAndPumpsBeforeItBringsTheCallerForward) {
+  const WindowHandle caller = desktop.windows.CreateForeign("Display Properties");
+  desktop.windows.SetForeground(caller);
+  bool pumped = false;
+  desktop.dialogs.WorkModal([&](WindowHandle /*window*/) {
+    EXPECT_FALSE(desktop.windows.Find(caller)->enabled);
+    desktop.queue.Post([&] { pumped = desktop.windows.Find(caller)->enabled; });
+    throw Failure(FailureNumber::kInternal, "No window", "Test");
+  });
+  Main(process, "/C");
+  EXPECT_TRUE(pumped);
+  EXPECT_EQ(desktop.windows.GetForegroundWindow(), caller);
+  EXPECT_TRUE(desktop.boxes.shown.empty());
+}
+
 TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
   process.SetOption("TransSpeed", "99999999999");
   desktop.boxes.Answer(MessageBoxAnswer::kRetry);
@@ -98,6 +113,7 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
   const std::string directory = "C:\\Program Files\\Samples Of Ours\\";
   const auto stored = [&](const char* section, const char* key) { return process.Settings.GetSetting(section, key); };
   EXPECT_EQ(stored("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", directory));
+  EXPECT_EQ(stored("PictureFiles", "File1"), MakeListEntry("Sample2.jpg", directory));
   EXPECT_EQ(stored("PictureFiles", "File2"), MakeListEntry("Sample3.jpg", directory));
   EXPECT_EQ(stored("PictureFiles", "File3"), "a later entry");
   EXPECT_EQ(stored("SoundFiles", "File0"), MakeListEntry("Camera.wav", directory));

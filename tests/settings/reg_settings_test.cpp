@@ -58,6 +58,8 @@ TEST_F(RegSettingsTest, AValueOfAnotherTypeIsItsBytesLessTheLast) {
   settings.SaveSetting("S", "x", "");
   desktop.registry.SetValue(kHkeyCurrentUser, std::string(kKey) + "\\S", "n", kRegDword, std::string("\1\0\3\4", 4));
   EXPECT_EQ(settings.GetSetting("S", "n"), std::string("\1\0\3", 3));
+  desktop.registry.SetValue(kHkeyCurrentUser, std::string(kKey) + "\\S", "n", kRegDword, "");
+  EXPECT_EQ(settings.GetSetting("S", "n", "default"), "default") << "a value of no bytes is none";
 }
 
 TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {

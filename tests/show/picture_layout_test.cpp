@@ -108,6 +108,16 @@ TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
   EXPECT_EQ(At(393, 585), 0xFFFFFFU);
 }
 
+TEST_F(PictureLayoutTest, AFrameWithoutAColourIsBlack) {
+  Pictures({"picture 400 300 ff0000"});
+  process.SetOption("ShowFrame", "1");
+  process.SetOption("BackColor", "&HFF00&");
+  Start();
+  FirstTick();
+  EXPECT_EQ(At(100, 100), 0x00FF00U);
+  EXPECT_EQ(At(198, 148), 0U);
+}
+
 TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
   struct Case {
     const char* mode;

@@ -245,6 +245,11 @@ TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
       EXPECT_EQ(first, Effects()[index].first) << number;
     }
   }
+  const std::vector<DrawOperation> drawn = Run("Random");
+  process.Settings.DeleteSetting("Options", "SwapAffect");
+  const DrawRecorder recorder(form_->PicBase);
+  RunTransition(process, form_->PicPreview);
+  EXPECT_EQ(recorder.operations, drawn) << "without a stored effect";
 }
 
 TEST_F(ShowTest, TheFirstPictureOfAProcessHasNoTransition) {
