@@ -148,6 +148,58 @@ TEST_F(SettingsFileTest, AFullDiskCostsWritesOnly) {
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
 
+TEST_F(SettingsFileTest, IsTheOwnersAlone) {
+  ASSERT_TRUE(Save("Interval", "7"));
+  SqliteRegistry open(directory_.Path());
+  ASSERT_EQ(CRegSettings(open).GetSetting("Options", "Interval"), "7");
+  for (const auto& entry : std::filesystem::directory_iterator(directory_.Path())) {
+    EXPECT_EQ(entry.status().permissions(), std::filesystem::perms(0600)) << entry.path();
+  }
+}
+
+// Modes bind nobody but an ordinary user. With a write-ahead log that a killed program left, and without one.
+TEST_F(SettingsFileTest, IsReadWhereNothingCanBeWritten) {
+  for (const bool with_log : {false, true}) {
+    SCOPED_TRACE(with_log);
+    const TemporaryDirectory place;
+    const std::string directory = place.Path("100% mine? #1");
+    std::filesystem::create_directory(directory);
+    {
+      SqliteRegistry registry(directory_.Path());
+      ASSERT_TRUE(CRegSettings(registry).SaveSetting("Options", "Interval", with_log ? "8" : "7"));
+      if (!with_log) registry.Close();
+      for (const char* const name : {"/settings.db", "/settings.db-wal"}) {
+        if (with_log || std::string(name) == "/settings.db") {
+          std::filesystem::copy_file(directory_.Path() + name, directory + name);
+        }
+      }
+    }
+    const pid_t child = Fork([&] {
+      if (getuid() == 0) {
+        for (const std::string& path : {place.Path(), directory, directory + "/settings.db"}) {
+          if (chown(path.c_str(), 65534, 65534) != 0) return 1;
+        }
+        if (with_log && chown((directory + "/settings.db-wal").c_str(), 65534, 65534) != 0) return 1;
+        if (setgid(65534) != 0 || setuid(65534) != 0) return 2;
+      }
+      if (chmod(directory.c_str(), 0500) != 0) return 3;
+      SqliteRegistry registry(directory);
+      CRegSettings settings(registry);
+      for (int i = 0; i < 2; ++i) {
+        if (settings.GetSetting("Options", "Interval", kMissing) != (with_log ? "8" : "7")) return 4;
+        if (settings.SaveSetting("Options", "Interval", "9")) return 5;
+      }
+      // What has become writable is found again.
+      chmod(directory.c_str(), 0700);
+      usleep(1'100'000);
+      return settings.SaveSetting("Options", "Interval", "9") ? 0 : 6;
+    });
+    EXPECT_EQ(StatusOf(child) >> 8, 0);
+    SqliteRegistry registry(directory);
+    EXPECT_EQ(CRegSettings(registry).GetSetting("Options", "Interval", kMissing), "9");
+  }
+}
+
 TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
   for (int number = 0; number < 200; ++number) ASSERT_TRUE(Save(KeyOf(number), ValueOf(number)));
   const std::string sound = directory_.Read("settings.db");

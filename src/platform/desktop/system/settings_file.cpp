@@ -1,5 +1,6 @@
 #include "platform/desktop/system/settings_file.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/desktop/system/file_descriptor.h"
 #include "platform/desktop/system/settings_location.h"
 
 namespace quorvale {
@@ -14,6 +16,7 @@ namespace {
 
 // How long a set-aside waits for those who have the file open, and they for it.
 constexpr std::chrono::milliseconds kLockPatience{1000};
+constexpr std::chrono::milliseconds kReadOnlyLife{1000};
 constexpr int kMostSetAside = 1000;
 
 // The hives have rows of their own from the start, under their own numbers, so that every other key has
@@ -71,6 +74,37 @@ bool IsThere(const std::string& path) {
   return true;
 }
 
+// SQLite would let everybody read it. The files beside it get the mode of this one.
+void CreateForOwner(const std::string& path) {
+  const FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+}
+
+// 0 for a file that is missing too.
+off_t SizeOf(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_size : 0;
+}
+
+std::string ImmutableUri(const std::string& path) {
+  std::string uri = "file:";
+  for (const char c : path) {
+    switch (c) {
+      case '%':
+        uri += "%25";
+        break;
+      case '?':
+        uri += "%3f";
+        break;
+      case '#':
+        uri += "%23";
+        break;
+      default:
+        uri += c;
+    }
+  }
+  return uri + "?immutable=1";
+}
+
 bool IsDamaged(const std::string& path) {
   try {
     if (!IsThere(path)) return false;
@@ -103,14 +137,26 @@ SettingsFile::SettingsFile(std::string directory)
     : directory_(std::move(directory)), path_(directory_ + "/settings.db"), given_up_(directory_.empty()) {}
 
 SqliteDatabase* SettingsFile::Open(Access access) {
+  if (read_only_until_ && std::chrono::steady_clock::now() >= *read_only_until_) Close();
+  if (read_only_until_ && access == Access::kWrite) throw SqliteError{SQLITE_READONLY};
   if (database_ != nullptr) return database_.get();
   if (given_up_) throw SqliteError{SQLITE_CANTOPEN};
+  try {
+    return OpenToWrite(access);
+  } catch (const SqliteError& error) {
+    if (access == Access::kWrite || !error.IsUnwritable() || !IsThere(path_)) throw;
+    return OpenToReadOnly();
+  }
+}
+
+SqliteDatabase* SettingsFile::OpenToWrite(Access access) {
   const bool write = access == Access::kWrite;
   if (!IsThere(path_) && !write) return nullptr;
   if (write && !CreateDirectories(directory_)) throw SqliteError{SQLITE_CANTOPEN};
   std::optional<DirectoryLock> share = DirectoryLock::Take(directory_, DirectoryLock::Kind::kShared, kLockPatience);
   if (!share) throw SqliteError{SQLITE_BUSY};
 
+  if (write) CreateForOwner(path_);
   auto database = std::make_unique<SqliteDatabase>(path_, SQLITE_OPEN_READWRITE | (write ? SQLITE_OPEN_CREATE : 0));
   database->SetPatience(kLockPatience);
   if (!HasSchema(*database)) {
@@ -121,6 +167,23 @@ SqliteDatabase* SettingsFile::Open(Access access) {
   database->Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON");
   share_ = std::move(share);
   database_ = std::move(database);
+  return database_.get();
+}
+
+// A database with a write-ahead log wants an index of the log beside it, which this place can't hold. Without locks the
+// index lies in memory; a file without a log is read as one that nobody changes.
+SqliteDatabase* SettingsFile::OpenToReadOnly() {
+  std::unique_ptr<SqliteDatabase> database;
+  if (SizeOf(path_ + "-wal") > 0) {
+    database = std::make_unique<SqliteDatabase>(path_, SQLITE_OPEN_READONLY, "unix-none");
+    database->KeepLogAtClose();
+    database->Execute("PRAGMA locking_mode = EXCLUSIVE");
+  } else {
+    database = std::make_unique<SqliteDatabase>(ImmutableUri(path_), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+  }
+  if (!HasSchema(*database)) return nullptr;
+  database_ = std::move(database);
+  read_only_until_ = std::chrono::steady_clock::now() + kReadOnlyLife;
   return database_.get();
 }
 
@@ -135,6 +198,7 @@ bool SettingsFile::SetAside() {
 }
 
 void SettingsFile::Close() {
+  read_only_until_.reset();
   database_.reset();
   share_.reset();
 }

@@ -38,11 +38,15 @@ std::string_view SqliteQuery::Bytes(int column) const {
   return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
-SqliteDatabase::SqliteDatabase(const std::string& path, int flags) {
+SqliteDatabase::SqliteDatabase(const std::string& path, int flags, const char* vfs) {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int result = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, vfs);
   connection_.reset(opened);
   Check(result);
+}
+
+void SqliteDatabase::KeepLogAtClose() {
+  Check(sqlite3_db_config(connection_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr));
 }
 
 void SqliteDatabase::SetPatience(std::chrono::milliseconds patience) {
@@ -63,17 +67,22 @@ SqliteQuery SqliteDatabase::Query(const char* statement) {
   return SqliteQuery(kept.get());
 }
 
+SqliteTransaction::SqliteTransaction(SqliteDatabase& database)
+    : database_(database), is_part_(database.InTransaction()) {
+  database_.Execute(is_part_ ? "SAVEPOINT part" : "BEGIN IMMEDIATE");
+}
+
 SqliteTransaction::~SqliteTransaction() {
   if (!open_) return;
   try {
-    database_.Execute("ROLLBACK");
+    database_.Execute(is_part_ ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
   } catch (const SqliteError&) {
     // After some failures SQLite has rolled back by itself, and says that there is nothing to roll back.
   }
 }
 
 void SqliteTransaction::Commit() {
-  database_.Execute("COMMIT");
+  database_.Execute(is_part_ ? "RELEASE part" : "COMMIT");
   open_ = false;
 }
 

@@ -23,6 +23,11 @@ class SqliteError {
            Primary() == SQLITE_CONSTRAINT;
   }
   bool IsBusy() const { return Primary() == SQLITE_BUSY; }
+  // A file that is there, in a place where what belongs beside it can't be made or written.
+  bool IsUnwritable() const {
+    return Primary() == SQLITE_CANTOPEN || Primary() == SQLITE_READONLY || Primary() == SQLITE_IOERR ||
+           Primary() == SQLITE_FULL;
+  }
 
  private:
   int Primary() const { return code_ & 0xFF; }
@@ -58,7 +63,11 @@ class SqliteQuery {
 // A connection to one SQLite file, for one thread. What can't be done throws `SqliteError`.
 class SqliteDatabase {
  public:
-  SqliteDatabase(const std::string& path, int flags);
+  // `vfs` names one of SQLite's ways to the file system; null is the usual one.
+  SqliteDatabase(const std::string& path, int flags, const char* vfs = nullptr);
+
+  // Leaves the write-ahead log as it is when this connection is closed.
+  void KeepLogAtClose();
 
   // How long a call waits for another connection to finish.
   void SetPatience(std::chrono::milliseconds patience);
@@ -68,6 +77,8 @@ class SqliteDatabase {
 
   // `statement` is a constant: it is prepared once and kept under its address.
   SqliteQuery Query(const char* statement);
+
+  bool InTransaction() const { return sqlite3_get_autocommit(connection_.get()) == 0; }
 
   // The rows that the last INSERT, UPDATE or DELETE changed by itself.
   int Changes() { return sqlite3_changes(connection_.get()); }
@@ -82,10 +93,10 @@ class SqliteDatabase {
   std::unordered_map<const void*, std::unique_ptr<sqlite3_stmt, Closer>> statements_;
 };
 
-// A write transaction: taken up at once, rolled back unless it is committed.
+// A write transaction: taken up at once, rolled back unless it is committed. Inside another it is a part of that one.
 class SqliteTransaction {
  public:
-  explicit SqliteTransaction(SqliteDatabase& database) : database_(database) { database_.Execute("BEGIN IMMEDIATE"); }
+  explicit SqliteTransaction(SqliteDatabase& database);
   ~SqliteTransaction();
   SqliteTransaction(const SqliteTransaction&) = delete;
   SqliteTransaction& operator=(const SqliteTransaction&) = delete;
@@ -94,6 +105,7 @@ class SqliteTransaction {
 
  private:
   SqliteDatabase& database_;
+  bool is_part_;
   bool open_ = true;
 };
 
