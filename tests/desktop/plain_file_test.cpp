@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 
@@ -12,6 +15,23 @@
 #include "platform/desktop/system/posix_file_system.h"
 #include "support/failure_of.h"
 #include "system/programs.h"
+
+namespace {
+
+// How many of the writes to come a signal interrupts.
+int interrupted_writes = 0;
+
+}  // namespace
+
+// Takes the place of the C library's in this program.
+extern "C" ssize_t write(int file, const void* bytes, size_t count) {
+  if (interrupted_writes > 0) {
+    --interrupted_writes;
+    errno = EINTR;
+    return -1;
+  }
+  return syscall(SYS_write, file, bytes, count);
+}
 
 namespace quorvale {
 namespace {
@@ -54,6 +74,13 @@ TEST_F(PlainFileTest, AreReadWholeAndNothingElseIs) {
   for (const auto& [name, number] : failures) {
     EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number) << name;
   }
+}
+
+TEST_F(PlainFileTest, AreWrittenWholeThoughASignalComesInBetween) {
+  interrupted_writes = 2;
+  files_.WriteFile(directory_.Path("old"), "new");
+  EXPECT_EQ(interrupted_writes, 0);
+  EXPECT_EQ(directory_.Read("old"), "new");
 }
 
 TEST_F(PlainFileTest, AreWrittenThroughLinksAndKeepTheirMode) {

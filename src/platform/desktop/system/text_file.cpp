@@ -21,6 +21,7 @@ namespace {
 bool WriteAll(int file, std::string_view text) {
   while (!text.empty()) {
     const ssize_t count = write(file, text.data(), text.size());
+    if (count < 0 && errno == EINTR) continue;
     if (count < 0) return false;
     text.remove_prefix(static_cast<std::size_t>(count));
   }
