@@ -9,8 +9,8 @@ std::string Process::Option(const std::string& key, const std::string& fallback)
   return Settings.GetSetting("Options", key, fallback, kHkeyCurrentUser);
 }
 
-void Process::SetOption(const std::string& key, const std::string& value) {
-  Settings.SaveSetting("Options", key, value, kHkeyCurrentUser);
+bool Process::SetOption(const std::string& key, const std::string& value) {
+  return Settings.SaveSetting("Options", key, value, kHkeyCurrentUser);
 }
 
 }  // namespace quorvale

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -20,7 +21,8 @@ struct Process {
 
   // An option of the show, read from the store at each call.
   std::string Option(const std::string& key, const std::string& fallback);
-  void SetOption(const std::string& key, const std::string& value);
+  // True when it is stored.
+  bool SetOption(const std::string& key, const std::string& value);
 
   // Whether the run's mode is that switch.
   bool IsMode(std::string_view mode) const { return RunMode.starts_with(mode); }
@@ -47,6 +49,9 @@ struct Process {
 
   Collection PictureList;
   Collection SoundList;
+
+  // Positions of the lists that the store did not take, under their options.
+  std::map<std::string, std::string> UnstoredPositions;
 
   // The show is to end.
   bool StopRequested = false;

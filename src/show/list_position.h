@@ -7,9 +7,12 @@ namespace quorvale {
 
 struct Process;
 
-// The position, from 1, at which a tick goes on in a list of `count` entries: behind the one stored in
-// the option `last`, wrapping at the end, or at the list's start when the option `reset` is on and this
-// is the process's first tick. A stored position that is no number gives 0.
+// The position, from 1, at which a tick goes on in a list of `count` entries: behind the one kept under `last`,
+// wrapping at the end, or at the list's start when the option `reset` is on and this is the process's first tick. A
+// stored position that is no number gives 0.
 std::int32_t NextPosition(Process& process, const std::string& reset, const std::string& last, int count);
+
+// Keeps a position in the option `last`. One that the store does not take holds for this run.
+void KeepPosition(Process& process, const std::string& last, std::int32_t position);
 
 }  // namespace quorvale

@@ -47,7 +47,7 @@ void ShowNextPicture(Process& process, ImageControl& PicPreview, ImageControl& i
   Step([&] { PicPreview.SetVisible(false); });
   LayOutPicture(process, PicPreview, imgFullSize, PictureIndex);
   Step([&] { PicPreview.SetVisible(true); });
-  Step([&] { process.SetOption("LastPicture", std::to_string(PictureIndex)); });
+  Step([&] { KeepPosition(process, "LastPicture", PictureIndex); });
 }
 
 void ShowNoPicture(ImageControl& PicPreview) {

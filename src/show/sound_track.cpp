@@ -12,7 +12,7 @@ void PlayNextSound(Process& process) {
   Step([&] { process.app.PumpEvents(); });
   // The list is asked only now: an event may have put another in its place.
   Step([&] { PlaySoundFile(process, process.SoundList.Item(SoundIndex), kSndFilename); });
-  Step([&] { process.SetOption("LastSound", std::to_string(SoundIndex)); });
+  Step([&] { KeepPosition(process, "LastSound", SoundIndex); });
   Step([&] { process.app.PumpEvents(); });
 }
 

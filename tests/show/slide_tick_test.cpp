@@ -21,6 +21,28 @@ class SlideTickTest : public ShowTest {
   }
 };
 
+// A full disk stores no positions; the show must not stand at one picture for that.
+TEST_F(SlideTickTest, PositionsThatAreNotStoredHoldForTheRun) {
+  ThreePictures();
+  Sounds(2);
+  process.SetOption("LastPicture", "1");
+  desktop.registry.failures.FailEvery(RegistryCall::kSet, kErrorWriteFault);
+  Start();
+  FirstTick();
+  NextTick();
+  NextTick();
+  EXPECT_THAT(Loaded(), ElementsAre('1', '2', '0'));
+  EXPECT_EQ(Position(), "1");
+  desktop.registry.failures.Forget();
+  NextTick();
+  EXPECT_EQ(Position(), "2") << "and then from the store again";
+  process.SetOption("LastPicture", "0");
+  NextTick();
+  EXPECT_THAT(Loaded(), ElementsAre('1', '2', '0', '1', '0'));
+  ASSERT_EQ(desktop.sound.played.size(), 5U);
+  EXPECT_NE(desktop.sound.played[0].path, desktop.sound.played[1].path);
+}
+
 struct PositionCase {
   const char* stored;
   const char* reset;
