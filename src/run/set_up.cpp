@@ -1,6 +1,7 @@
 #include "run/set_up.h"
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "base/text.h"
@@ -37,6 +38,20 @@ std::string SaverFilePath(Process& process) {
   return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
 }
 
+// One act: a set-up that is killed leaves no list half its own.
+void StoreSamples(Process& process, const std::string& path) {
+  std::vector<std::string> entries;
+  for (const Sample& sample : kSamples) {
+    entries.push_back(MakeListEntry(sample.name, GetLongPath(process.system.files, path)));
+  }
+  process.Settings.SaveTogether([&] {
+    process.SetOption("InstallPath", path);
+    for (std::size_t i = 0; i < kSamples.size(); ++i) {
+      process.Settings.SaveSetting(kSamples.at(i).section, kSamples.at(i).key, entries[i], kHkeyCurrentUser);
+    }
+  });
+}
+
 }  // namespace
 
 // What stands behind the switch and one more character.
@@ -51,13 +66,7 @@ std::string SetUpDirectory(const std::string& text) {
 std::vector<ReportedStep> SetUpSteps(Process& process, const std::string& text) {
   const std::string path = SetUpDirectory(text);
   std::vector<ReportedStep> steps;
-  steps.emplace_back([&process, path] { process.SetOption("InstallPath", path); });
-  for (const Sample& sample : kSamples) {
-    steps.emplace_back([&process, path, sample] {
-      const std::string directory = GetLongPath(process.system.files, path);
-      process.Settings.SaveSetting(sample.section, sample.key, MakeListEntry(sample.name, directory), kHkeyCurrentUser);
-    });
-  }
+  steps.emplace_back([&process, path] { StoreSamples(process, path); });
   steps.emplace_back([&process] {
     const std::string saver = GetShortPath(process.system.files, SaverFilePath(process));
     process.system.files.WritePrivateProfileString("boot", "SCRNSAVE.EXE", saver, "SYSTEM.INI");

@@ -1,5 +1,7 @@
 #include "settings/reg_settings.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "settings/version_record.h"
 
@@ -8,6 +10,11 @@ namespace {
 
 // What the registry calls a value that a caller knows as `key`.
 std::string ValueName(const std::string& key) { return key == "*" ? std::string() : key; }
+
+// Why there is no value, by the result of the call that gave none.
+SettingRead Unread(std::int32_t result) {
+  return result == kErrorFileNotFound ? SettingRead::kMissing : SettingRead::kFailed;
+}
 
 }  // namespace
 
@@ -32,30 +39,52 @@ bool CRegSettings::DeleteSetting(const std::string& section, const std::string& 
 
 std::string CRegSettings::GetSetting(const std::string& section, const std::string& key, const std::string& fallback,
                                      std::uint32_t lKeyType) {
+  std::string value;
+  return ReadSetting(section, key, value, lKeyType) == SettingRead::kFound ? value : fallback;
+}
+
+SettingRead CRegSettings::ReadSetting(const std::string& section, const std::string& key, std::string& value,
+                                      std::uint32_t lKeyType) {
   RegistryKey opened = 0;
-  if (registry_.RegOpenKeyEx(lKeyType, BuildKeyPath(section), kKeyAllAccess, opened) != kErrorSuccess) return fallback;
+  const std::int32_t found = registry_.RegOpenKeyEx(lKeyType, BuildKeyPath(section), kKeyAllAccess, opened);
+  if (found != kErrorSuccess) return Unread(found);
   const OpenRegistryKey open_key(registry_, opened);
   std::uint32_t type = 0;
   std::uint32_t size = 0;
-  if (registry_.RegQueryValueEx(open_key.Get(), ValueName(key), type, nullptr, size) != kErrorSuccess || size == 0) {
-    return fallback;
-  }
-  std::string value(size, ' ');
+  const std::int32_t sized = registry_.RegQueryValueEx(open_key.Get(), ValueName(key), type, nullptr, size);
+  if (sized != kErrorSuccess) return Unread(sized);
+  if (size == 0) return SettingRead::kMissing;
+  std::string text(size, ' ');
   std::uint32_t room = size;
-  if (registry_.RegQueryValueEx(open_key.Get(), ValueName(key), type, value.data(), room) != kErrorSuccess) {
-    return fallback;
-  }
-  value.resize(size - 1);
-  return value;
+  const std::int32_t read = registry_.RegQueryValueEx(open_key.Get(), ValueName(key), type, text.data(), room);
+  if (read != kErrorSuccess) return Unread(read);
+  text.resize(size - 1);
+  value = std::move(text);
+  return SettingRead::kFound;
 }
 
 bool CRegSettings::SaveSetting(const std::string& section, const std::string& key, const std::string& setting,
                                std::uint32_t lKeyType) {
+  const bool saved = Save(section, key, setting, lKeyType);
+  a_save_failed_ = a_save_failed_ || !saved;
+  return saved;
+}
+
+bool CRegSettings::Save(const std::string& section, const std::string& key, const std::string& setting,
+                        std::uint32_t lKeyType) {
   RegistryKey opened = 0;
   if (registry_.RegCreateKeyEx(lKeyType, BuildKeyPath(section), kKeyAllAccess, opened) != kErrorSuccess) return false;
   const OpenRegistryKey open_key(registry_, opened);
   return registry_.RegSetValueEx(open_key.Get(), ValueName(key), kRegSz, setting.data(),
                                  static_cast<std::uint32_t>(setting.size())) == kErrorSuccess;
+}
+
+bool CRegSettings::SaveTogether(const std::function<void()>& writes) {
+  RegistryWrites act(registry_);
+  if (act.Begun() != kErrorSuccess) return false;
+  a_save_failed_ = false;
+  writes();
+  return !a_save_failed_ && act.Commit() == kErrorSuccess;
 }
 
 std::string CRegSettings::BuildKeyPath(const std::string& section) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace quorvale {
 
@@ -17,6 +18,7 @@ inline constexpr std::uint32_t kRegDword = 4;
 
 // Results of a registry call; any other non-zero number is a failure too.
 inline constexpr std::int32_t kErrorSuccess = 0;
+inline constexpr std::int32_t kErrorInvalidFunction = 1;
 inline constexpr std::int32_t kErrorFileNotFound = 2;
 inline constexpr std::int32_t kErrorAccessDenied = 5;
 inline constexpr std::int32_t kErrorInvalidHandle = 6;
@@ -58,6 +60,41 @@ class Registry {
   virtual std::int32_t RegDeleteKey(RegistryKey key, const std::string& name) = 0;
 
   virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
+
+  // Several writes as one act, for `RegistryWrites`. What is written from `BeginWrites` on is kept as a whole by
+  // `CommitWrites` or not at all; no other process sees a part of it. A call that the system failed in between makes
+  // the commit fail. After a failed begin there is nothing to end, after a failed commit nothing is kept. Acts don't
+  // nest: a begin inside another, and an end without a begin, give kErrorInvalidFunction.
+  // A registry that can't do that keeps each write by itself, which is what these do.
+  virtual std::int32_t BeginWrites() { return kErrorSuccess; }
+  virtual std::int32_t CommitWrites() { return kErrorSuccess; }
+  virtual void CancelWrites() {}
+};
+
+// Writes that belong together, from its making to `Commit`. Without that they are cancelled.
+class RegistryWrites {
+ public:
+  explicit RegistryWrites(Registry& registry) : registry_(registry), begun_(registry.BeginWrites()) {
+    is_open_ = begun_ == kErrorSuccess;
+  }
+  ~RegistryWrites() {
+    if (is_open_) registry_.CancelWrites();
+  }
+  RegistryWrites(const RegistryWrites&) = delete;
+  RegistryWrites& operator=(const RegistryWrites&) = delete;
+
+  // The result of the begin. Unless it is kErrorSuccess, whatever is written now would stand by itself.
+  std::int32_t Begun() const { return begun_; }
+
+  std::int32_t Commit() {
+    if (!std::exchange(is_open_, false)) return begun_;
+    return registry_.CommitWrites();
+  }
+
+ private:
+  Registry& registry_;
+  std::int32_t begun_;
+  bool is_open_ = false;
 };
 
 // Holds an open key and closes it.

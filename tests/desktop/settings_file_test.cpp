@@ -148,6 +148,78 @@ TEST_F(SettingsFileTest, AFullDiskCostsWritesOnly) {
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
 
+// A list as OK saves it: all of it or nothing, under a kill and on a full disk.
+class SavedTogetherTest : public SettingsFileTest {
+ protected:
+  static constexpr int kEntries = 300;
+
+  static bool SaveList(CRegSettings& settings, int round) {
+    return settings.SaveTogether([&] {
+      settings.DeleteSetting("List");
+      for (int i = 0; i < kEntries; ++i) settings.SaveSetting("List", KeyOf(i), ValueOf(round));
+    });
+  }
+  // The round whose list is stored; -1 for anything but a whole list.
+  int StoredRound() {
+    SqliteRegistry registry(directory_.Path());
+    CRegSettings settings(registry);
+    const std::string first = settings.GetSetting("List", KeyOf(0));
+    for (int i = 1; i < kEntries; ++i) {
+      if (settings.GetSetting("List", KeyOf(i)) != first) return -1;
+    }
+    return first.empty() ? -1 : first[0] - 'a';
+  }
+};
+
+TEST_F(SavedTogetherTest, AKillLeavesTheOldListOrTheNew) {
+  for (int milliseconds = 0; milliseconds < 40; milliseconds += 2) {
+    {
+      SqliteRegistry registry(directory_.Path());
+      CRegSettings settings(registry);
+      ASSERT_TRUE(SaveList(settings, 0));
+    }
+    const pid_t child = Fork([&]() -> int {
+      SqliteRegistry registry(directory_.Path());
+      CRegSettings settings(registry);
+      for (int round = 1;; round = round % 20 + 1) SaveList(settings, round);
+    });
+    usleep(1000 * static_cast<unsigned>(milliseconds));
+    kill(child, SIGKILL);
+    EXPECT_TRUE(WIFSIGNALED(StatusOf(child)));
+    EXPECT_GE(StoredRound(), 0) << milliseconds;
+  }
+}
+
+TEST_F(SavedTogetherTest, AFullDiskOrALockLeavesTheOldList) {
+  {
+    SqliteRegistry registry(directory_.Path());
+    CRegSettings settings(registry);
+    ASSERT_TRUE(SaveList(settings, 3));
+  }
+  const pid_t child = Fork([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit most{100'000, 100'000};
+    setrlimit(RLIMIT_FSIZE, &most);
+    SqliteRegistry registry(directory_.Path());
+    CRegSettings settings(registry);
+    if (SaveList(settings, 4)) return 1;
+    return settings.GetSetting("List", KeyOf(kEntries - 1)) == ValueOf(3) ? 0 : 2;
+  });
+  EXPECT_EQ(StatusOf(child), 0);
+  EXPECT_EQ(StoredRound(), 3);
+
+  SqliteDatabase other(directory_.Path("settings.db"), SQLITE_OPEN_READWRITE);
+  other.Execute("BEGIN IMMEDIATE");
+  SqliteRegistry registry(directory_.Path());
+  CRegSettings settings(registry);
+  EXPECT_FALSE(SaveList(settings, 5));
+  other.Execute("COMMIT");
+  EXPECT_EQ(StoredRound(), 3);
+  EXPECT_TRUE(SaveList(settings, 5));
+  EXPECT_EQ(StoredRound(), 5);
+  EXPECT_THAT(FilesAside(), testing::IsEmpty());
+}
+
 TEST_F(SettingsFileTest, IsTheOwnersAlone) {
   ASSERT_TRUE(Save("Interval", "7"));
   SqliteRegistry open(directory_.Path());

@@ -91,6 +91,20 @@ TEST_F(SettingsToolTest, SetsAndGetsWhatTheProgramReads) {
   EXPECT_EQ(Run({"list"}), quiet);
 }
 
+// Its sections go in name order, and the last one can't go.
+TEST_F(SettingsToolTest, AResetThatFailsDeletesNothing) {
+  EXPECT_EQ(Run({"reset"}).status, 0);
+  EXPECT_TRUE(directory_.Read("quorvale/settings.db").empty()) << "there is nothing to make a file for";
+  EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 0);
+  EXPECT_EQ(Run({"set", "PictureFiles", "File0", "Sea.jpg"}).status, 0);
+  SqliteDatabase(directory_.Path("quorvale/settings.db"), SQLITE_OPEN_READWRITE)
+      .Execute(
+          "CREATE TRIGGER t BEFORE DELETE ON keys WHEN old.path LIKE '%PictureFiles' "
+          "BEGIN SELECT RAISE(FAIL, ''); END");
+  EXPECT_EQ(Run({"reset"}).status, 1);
+  EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{0, "7\n"}));
+}
+
 TEST_F(SettingsToolTest, ReachesOtherKeys) {
   const std::string key = R"(Control Panel\Desktop)";
   EXPECT_EQ(Run({"--key", key, "set", "", "ScreenSaveUsePassword", "1"}).status, 0);

@@ -162,5 +162,29 @@ TEST_F(SqliteRegistryTest, AnotherObjectSeesEachWriteAtOnce) {
   EXPECT_EQ(CRegSettings(registry_).GetSetting("Options", "*"), " blanks stay ");
 }
 
+TEST_F(SqliteRegistryTest, AnActIsSeenWholeOrNotAtAll) {
+  SqliteRegistry other(directory_.Path("config"));
+  CRegSettings here(registry_);
+  CRegSettings there(other);
+  here.SaveSetting("Options", "Interval", "5");
+  EXPECT_EQ(registry_.CommitWrites(), kErrorInvalidFunction);
+  for (const bool committed : {false, true}) {
+    {
+      RegistryWrites act(registry_);
+      EXPECT_EQ(registry_.BeginWrites(), kErrorInvalidFunction) << "acts don't nest";
+      EXPECT_TRUE(here.SaveSetting("New\\Section", "a", "1")) << "a key is made in it";
+      EXPECT_FALSE(here.DeleteSetting("Missing")) << "which is no failure of the act";
+      EXPECT_TRUE(here.DeleteSetting("Options"));
+      EXPECT_EQ(there.GetSetting("Options", "Interval"), "5");
+      if (committed) {
+        EXPECT_EQ(act.Commit(), kErrorSuccess);
+      }
+    }
+    EXPECT_EQ(there.GetSetting("Options", "Interval", "none"), committed ? "none" : "5");
+    EXPECT_EQ(there.GetSetting("New\\Section", "a", "none"), committed ? "1" : "none");
+  }
+  EXPECT_TRUE(there.SaveSetting("Options", "Interval", "6")) << "nothing is held any more";
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -110,5 +110,34 @@ TEST_F(MemoryRegistryTest, CallsFailWhenTold) {
   EXPECT_EQ(registry.RegSetValueEx(key, "v", kRegSz, "y", 1), kErrorSuccess);
 }
 
+TEST_F(MemoryRegistryTest, AnActIsKeptAsAWholeOrNotAtAll) {
+  const auto set = [this](const char* text) {
+    EXPECT_EQ(registry.RegSetValueEx(Create("Key\\Below"), "v", kRegSz, text, 1), kErrorSuccess);
+  };
+  const auto text = [this] { return registry.Text(kHkeyCurrentUser, "Key\\Below", "v").value_or("none"); };
+  set("1");
+  EXPECT_EQ(registry.CommitWrites(), kErrorInvalidFunction);
+  for (const bool committed : {false, true}) {
+    RegistryWrites act(registry);
+    EXPECT_EQ(registry.BeginWrites(), kErrorInvalidFunction) << "acts don't nest";
+    set("2");
+    EXPECT_EQ(registry.RegDeleteKey(Create("Key"), "Below"), kErrorSuccess);
+    if (committed) {
+      EXPECT_EQ(act.Commit(), kErrorSuccess);
+    } else {
+      registry.CancelWrites();
+    }
+    EXPECT_EQ(text(), committed ? "none" : "1");
+  }
+  registry.failures.FailCall(RegistryCall::kCommit, 1, kErrorWriteFault);
+  {
+    RegistryWrites act(registry);
+    set("3");
+    EXPECT_EQ(act.Commit(), kErrorWriteFault);
+  }
+  EXPECT_EQ(text(), "none");
+  EXPECT_EQ(registry.single_writes, 1);
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -108,7 +108,9 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
   desktop.files.SetShortName("C:\\Program Files", "PROGRA~1");
   desktop.files.SetShortName("C:\\Program Files\\Samples Of Ours", "SAMPLE~1");
   process.Settings.SaveSetting("PictureFiles", "File3", "a later entry");
+  desktop.registry.single_writes = 0;
   Main(process, "x /INSTALL C:\\PROGRA~1\\SAMPLE~1\\  ");
+  EXPECT_EQ(desktop.registry.single_writes, 0) << "the entries are one act";
   EXPECT_EQ(process.Option("InstallPath", ""), "C:\\PROGRA~1\\SAMPLE~1\\");
   const std::string directory = "C:\\Program Files\\Samples Of Ours\\";
   const auto stored = [&](const char* section, const char* key) { return process.Settings.GetSetting(section, key); };

@@ -89,6 +89,45 @@ TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {
   EXPECT_EQ(desktop.registry.OpenKeys(), 0);
 }
 
+TEST_F(RegSettingsTest, WhatIsMissingIsToldFromWhatCannotBeRead) {
+  settings.SaveSetting("S", "a", "1");
+  std::string value = "before";
+  const auto read = [&](const char* key) { return settings.ReadSetting("S", key, value); };
+  EXPECT_EQ(read("b"), SettingRead::kMissing);
+  EXPECT_EQ(settings.ReadSetting("T", "a", value), SettingRead::kMissing);
+  for (const auto& [call, count] :
+       {std::pair{RegistryCall::kOpen, 1}, {RegistryCall::kQuery, 1}, {RegistryCall::kQuery, 2}}) {
+    desktop.registry.failures.FailCall(call, count, kErrorReadFault);
+    EXPECT_EQ(read("a"), SettingRead::kFailed);
+  }
+  EXPECT_EQ(value, "before");
+  EXPECT_EQ(read("a"), SettingRead::kFound);
+  EXPECT_EQ(value, "1");
+}
+
+TEST_F(RegSettingsTest, WritesTogetherAreKeptTogetherOrNotAtAll) {
+  settings.SaveSetting("S", "a", "old");
+  struct Case {
+    RegistryCall call;
+    int count;
+    bool kept;
+  };
+  for (const Case& c : {Case{RegistryCall::kBegin, 1, false}, Case{RegistryCall::kCreate, 2, false},
+                        Case{RegistryCall::kSet, 1, false}, Case{RegistryCall::kCommit, 1, false},
+                        Case{RegistryCall::kDeleteKey, 1, true}, Case{RegistryCall::kSet, 3, true}}) {
+    desktop.registry.failures.Forget();
+    desktop.registry.failures.FailCall(c.call, c.count, kErrorWriteFault);
+    EXPECT_EQ(settings.SaveTogether([&] {
+      settings.DeleteSetting("S");
+      settings.SaveSetting("S", "a", "new");
+      settings.SaveSetting("S", "b", "new");
+    }),
+              c.kept);
+    EXPECT_EQ(settings.GetSetting("S", "a") + settings.GetSetting("S", "b"), c.kept ? "newnew" : "old");
+  }
+  EXPECT_EQ(desktop.registry.single_writes, 1);
+}
+
 TEST_F(RegSettingsTest, NamesMakeThePathAndEmptyOnesRestoreIt) {
   settings.SetCompany("  Us  ");
   settings.SetAppName("It");

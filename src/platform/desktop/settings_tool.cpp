@@ -107,7 +107,14 @@ class SettingsTool {
   }
 
   int Reset(const Arguments& /*arguments*/) {
-    const std::int32_t result = DeleteTree(key_);
+    RegistryKey opened = 0;
+    std::int32_t result = registry_.RegOpenKeyEx(kHkeyCurrentUser, key_, kKeyRead, opened);
+    if (result == kErrorFileNotFound) return kDone;
+    const OpenRegistryKey open_key(registry_, opened);
+    RegistryWrites act(registry_);
+    if (result == kErrorSuccess) result = act.Begun();
+    if (result == kErrorSuccess) result = DeleteTree(key_);
+    if (result == kErrorSuccess) result = act.Commit();
     return result == kErrorFileNotFound ? kDone : Report(result);
   }
 

@@ -76,6 +76,7 @@ std::int32_t MemoryRegistry::RegSetValueEx(RegistryKey key, const std::string& n
   if (const auto result = Begin(RegistryCall::kSet)) return *result;
   std::shared_ptr<Node> node;
   if (const auto result = Use(key, kSetValue, node); result != kErrorSuccess) return result;
+  NoteWrite();
   node->values[UpperCase(name)] = {type, std::string(data, size)};
   return kErrorSuccess;
 }
@@ -84,7 +85,9 @@ std::int32_t MemoryRegistry::RegDeleteValue(RegistryKey key, const std::string& 
   if (const auto result = Begin(RegistryCall::kDeleteValue)) return *result;
   std::shared_ptr<Node> node;
   if (const auto result = Use(key, kSetValue, node); result != kErrorSuccess) return result;
-  return node->values.erase(UpperCase(name)) > 0 ? kErrorSuccess : kErrorFileNotFound;
+  if (node->values.erase(UpperCase(name)) == 0) return kErrorFileNotFound;
+  NoteWrite();
+  return kErrorSuccess;
 }
 
 std::int32_t MemoryRegistry::RegDeleteKey(RegistryKey key, const std::string& name) {
@@ -103,6 +106,7 @@ std::int32_t MemoryRegistry::RegDeleteKey(RegistryKey key, const std::string& na
   const auto doomed = parent->children.find(last);
   if (doomed == parent->children.end()) return kErrorFileNotFound;
   if (!doomed->second->children.empty()) return kErrorAccessDenied;
+  NoteWrite();
   doomed->second->deleted = true;
   parent->children.erase(doomed);
   return kErrorSuccess;
@@ -113,6 +117,28 @@ std::int32_t MemoryRegistry::RegCloseKey(RegistryKey key) {
   const bool was_open = open_.erase(key) > 0;
   if (result) return *result;
   return was_open ? kErrorSuccess : kErrorInvalidHandle;
+}
+
+std::int32_t MemoryRegistry::BeginWrites() {
+  if (const auto result = Begin(RegistryCall::kBegin)) return *result;
+  if (before_writes_) return kErrorInvalidFunction;
+  before_writes_.emplace();
+  for (const auto& [hive, root] : hives_) (*before_writes_)[hive] = Copy(*root);
+  return kErrorSuccess;
+}
+
+std::int32_t MemoryRegistry::CommitWrites() {
+  const auto result = Begin(RegistryCall::kCommit);
+  if (!before_writes_) return kErrorInvalidFunction;
+  if (result) hives_ = std::move(*before_writes_);
+  before_writes_.reset();
+  return result.value_or(kErrorSuccess);
+}
+
+void MemoryRegistry::CancelWrites() {
+  Begin(RegistryCall::kCancel);
+  if (before_writes_) hives_ = std::move(*before_writes_);
+  before_writes_.reset();
 }
 
 bool MemoryRegistry::HasKey(std::uint32_t hive, const std::string& path) const { return Find(hive, path) != nullptr; }
@@ -141,6 +167,12 @@ void MemoryRegistry::SetValue(std::uint32_t hive, const std::string& path, const
 std::optional<int> MemoryRegistry::Begin(RegistryCall call) {
   calls.push_back(call);
   return failures.Next(call);
+}
+
+std::shared_ptr<MemoryRegistry::Node> MemoryRegistry::Copy(const Node& node) {
+  auto copy = std::make_shared<Node>(node);
+  for (auto& [name, child] : copy->children) child = Copy(*child);
+  return copy;
 }
 
 std::shared_ptr<MemoryRegistry::Node> MemoryRegistry::Find(std::uint32_t hive, const std::string& path) const {

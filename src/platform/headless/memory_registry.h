@@ -12,7 +12,19 @@
 
 namespace quorvale {
 
-enum class RegistryCall { kAny, kOpen, kCreate, kQuery, kSet, kDeleteValue, kDeleteKey, kClose };
+enum class RegistryCall {
+  kAny,
+  kOpen,
+  kCreate,
+  kQuery,
+  kSet,
+  kDeleteValue,
+  kDeleteKey,
+  kClose,
+  kBegin,
+  kCommit,
+  kCancel
+};
 
 // A registry in memory, empty but for its hives. Its calls can be told to fail.
 class MemoryRegistry : public Registry {
@@ -30,12 +42,17 @@ class MemoryRegistry : public Registry {
   std::int32_t RegDeleteValue(RegistryKey key, const std::string& name) override;
   std::int32_t RegDeleteKey(RegistryKey key, const std::string& name) override;
   std::int32_t RegCloseKey(RegistryKey key) override;
+  std::int32_t BeginWrites() override;
+  std::int32_t CommitWrites() override;
+  void CancelWrites() override;
 
   // What follows is for the test: it neither counts as a call nor fails.
 
   FailureScript<RegistryCall> failures;
   // The calls made so far, in order.
   std::vector<RegistryCall> calls;
+  // Values set and values and keys deleted by themselves, outside an act of several writes.
+  int single_writes = 0;
 
   bool HasKey(std::uint32_t hive, const std::string& path) const;
   // A value's text, without its NUL.
@@ -69,7 +86,15 @@ class MemoryRegistry : public Registry {
   // The open key's node, if it can be used for what the bits of `access` stand for.
   std::int32_t Use(RegistryKey key, std::uint32_t access, std::shared_ptr<Node>& node) const;
 
-  std::map<std::uint32_t, std::shared_ptr<Node>> hives_;
+  using Hives = std::map<std::uint32_t, std::shared_ptr<Node>>;
+
+  static std::shared_ptr<Node> Copy(const Node& node);
+  // A write that worked is counted, where it stands by itself.
+  void NoteWrite() { single_writes += before_writes_ ? 0 : 1; }
+
+  Hives hives_;
+  // What an act of several writes found; none while there is no act.
+  std::optional<Hives> before_writes_;
   std::map<RegistryKey, OpenKey> open_;
   RegistryKey last_key_ = 0;
 };

@@ -39,13 +39,16 @@ constexpr char kDeleteValue[] = "DELETE FROM key_values WHERE key = ?1 AND name 
 
 bool IsHive(std::uint32_t hive) { return hive >= kHkeyClassesRoot && hive <= kHkeyDynData; }
 
+std::int32_t FaultOf(Access access) { return access == Access::kRead ? kErrorReadFault : kErrorWriteFault; }
+
 bool IsText(std::uint32_t type) { return type == kRegSz || type == kRegExpandSz || type == kRegMultiSz; }
 
 }  // namespace
 
 template <typename Work>
 std::int32_t SqliteRegistry::Run(Access access, Work work) {
-  const std::int32_t fault = access == Access::kRead ? kErrorReadFault : kErrorWriteFault;
+  if (act_) return RunInAct(access, work);
+  const std::int32_t fault = FaultOf(access);
   try {
     while (true) {
       try {
@@ -65,6 +68,19 @@ std::int32_t SqliteRegistry::Run(Access access, Work work) {
   } catch (const std::exception&) {
     return fault;
   }
+}
+
+template <typename Work>
+std::int32_t SqliteRegistry::RunInAct(Access access, Work work) {
+  if (act_->result != kErrorSuccess) return act_->result;
+  try {
+    return work(*file_.Open(access));
+  } catch (const SqliteError& error) {
+    act_->found_damage = error.IsDamage();
+  } catch (const std::exception&) {
+    // What there was no memory for is not written, and nothing else of the act either.
+  }
+  return act_->result = FaultOf(access);
 }
 
 template <typename Work>
@@ -159,6 +175,38 @@ std::int32_t SqliteRegistry::RegDeleteKey(RegistryKey key, const std::string& na
 
 std::int32_t SqliteRegistry::RegCloseKey(RegistryKey key) {
   return open_keys_.erase(key) == 0 ? kErrorInvalidHandle : kErrorSuccess;
+}
+
+std::int32_t SqliteRegistry::BeginWrites() {
+  if (act_) return kErrorInvalidFunction;
+  // Whoever begins an act is ready to wait, whatever an earlier call has met with.
+  waited_in_vain_ = false;
+  return Run(Access::kWrite, [&](SqliteDatabase& database) {
+    act_.emplace(database);
+    return kErrorSuccess;
+  });
+}
+
+std::int32_t SqliteRegistry::CommitWrites() {
+  if (!act_) return kErrorInvalidFunction;
+  const std::int32_t written = RunInAct(Access::kWrite, [&](SqliteDatabase& /*database*/) {
+    act_->transaction.Commit();
+    return kErrorSuccess;
+  });
+  CancelWrites();
+  return written;
+}
+
+void SqliteRegistry::CancelWrites() {
+  if (!act_) return;
+  const bool found_damage = act_->found_damage;
+  act_.reset();
+  if (found_damage && file_.SetAside()) open_keys_.clear();
+}
+
+void SqliteRegistry::Close() {
+  act_.reset();
+  file_.Close();
 }
 
 std::int32_t SqliteRegistry::EnumerateKeys(RegistryKey key, std::vector<std::string>& names) {

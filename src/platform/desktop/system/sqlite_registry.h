@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -16,9 +17,9 @@ struct RegistryValue {
   std::string data;  // as stored: a text may have come without its terminating NUL
 };
 
-// The registry of one user in a SQLite file. Every call is one transaction, on disk or absent whenever the
-// process is killed, and several processes may be at it at once. Reading creates nothing. A file that
-// can't be used makes calls fail, a damaged one is set aside and a new one begun.
+// The registry of one user in a SQLite file. Every call is one transaction, and so is an act of several writes: on
+// disk or absent whenever the process is killed. Several processes may be at it at once. Reading creates nothing. A
+// file that can't be used makes calls fail, a damaged one is set aside and a new one begun.
 class SqliteRegistry : public Registry {
  public:
   // `directory` as `SettingsDirectory` gives it.
@@ -35,14 +36,17 @@ class SqliteRegistry : public Registry {
   std::int32_t RegDeleteValue(RegistryKey key, const std::string& name) override;
   std::int32_t RegDeleteKey(RegistryKey key, const std::string& name) override;
   std::int32_t RegCloseKey(RegistryKey key) override;
+  std::int32_t BeginWrites() override;
+  std::int32_t CommitWrites() override;
+  void CancelWrites() override;
 
   // The names of the keys right below `key`, or its values, in name order.
   std::int32_t EnumerateKeys(RegistryKey key, std::vector<std::string>& names);
   std::int32_t EnumerateValues(RegistryKey key, std::vector<RegistryValue>& values);
 
   // Closes the file, which brings the log's content into it. Open keys stay open, and the next call opens
-  // the file again.
-  void Close() { file_.Close(); }
+  // the file again. Writes that were not committed are lost.
+  void Close();
 
  private:
   struct OpenKey {
@@ -57,6 +61,11 @@ class SqliteRegistry : public Registry {
   template <typename Work>
   std::int32_t Run(SettingsFile::Access access, Work work);
 
+  // The same for a call in an act of several writes. The first that the system fails ends the transaction, and the
+  // calls behind it do nothing.
+  template <typename Work>
+  std::int32_t RunInAct(SettingsFile::Access access, Work work);
+
   // The same for a call on an open key that has the right `needed`: runs `work(database, opened)`.
   template <typename Work>
   std::int32_t RunOn(RegistryKey key, std::uint32_t needed, SettingsFile::Access access, Work work);
@@ -65,7 +74,17 @@ class SqliteRegistry : public Registry {
   // Null when `key` is not open.
   const OpenKey* Find(RegistryKey key) const;
 
+  // An act of several writes, and what came of its calls.
+  struct Act {
+    explicit Act(SqliteDatabase& database) : transaction(database) {}
+
+    SqliteTransaction transaction;
+    std::int32_t result = kErrorSuccess;
+    bool found_damage = false;
+  };
+
   SettingsFile file_;
+  std::optional<Act> act_;
   std::unordered_map<RegistryKey, OpenKey> open_keys_;
   RegistryKey last_key_ = 0;
   bool waited_in_vain_ = false;
