@@ -1,6 +1,8 @@
 #include "config/config_form.h"
 
+#include <algorithm>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "base/text.h"
@@ -18,6 +20,22 @@
 #include "system/programs.h"
 
 namespace quorvale {
+namespace {
+
+bool Contains(const std::array<TakenPart, 2>& parts, TakenPart part) {
+  return std::find(parts.begin(), parts.end(), part) != parts.end();
+}
+
+std::string ReasonAgainstSaving(ListsSaved saved) {
+  if (saved == ListsSaved::kUnread) {
+    return "Nothing was saved: your settings could not be read when this window opened, and what was not read is not "
+           "replaced. The menu File keeps the lists in a Play List file.";
+  }
+  return "Your settings can't be saved, and are what they were. The disk may be full, or another program may hold "
+         "them.";
+}
+
+}  // namespace
 
 frmConfig::frmConfig(Process& process) : ConfigControls(process) {
   ConnectControls();
@@ -80,9 +98,23 @@ void frmConfig::Form_Load() {
     TellFailure(App(), "GetConfiguration(Me)", statement);
   };
   tell([this] { LoadPlayLists(process_, *this); });
+  tell([this] { TellWhatWasNotTaken(); });
   for (ListBox& list : lstList) tell([this, &list] { PruneMissing(process_.system.files, list); });
   tell([this] { UpdateCommandStates(); });
   tell([this] { RefreshPreview(); });
+}
+
+void frmConfig::TellWhatWasNotTaken() {
+  std::string text;
+  if (Contains(TakenParts, TakenPart::kUnread)) {
+    text =
+        "Your settings can't be read. The lists that this window shows are not the stored ones, and OK will not put "
+        "them in their place.";
+  } else if (Contains(TakenParts, TakenPart::kFirst)) {
+    text = "A Play List is full: it shows the first " + std::to_string(ListBox::kMostItems) +
+           " of its entries. The others stay in the settings and are played.";
+  }
+  if (!text.empty()) App().ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});
 }
 
 void frmConfig::Form_Help() { mnuHelpContents_Click(); }
@@ -115,8 +147,13 @@ void frmConfig::UpdateCommandStates() {
   lblPath.SetCaption(LiteralCaption(directory));
 }
 
+// What is not stored stays in the window, where the user can do something about it.
 void frmConfig::cmdOK_Click() {
-  SavePlayLists(process_, *this);
+  const ListsSaved saved = SavePlayLists(process_, *this);
+  if (saved != ListsSaved::kSaved) {
+    App().ShowMessageBox({.text = ReasonAgainstSaving(saved), .icon = MessageBoxIcon::kExclamation});
+    return;
+  }
   if (!CurPlayList().empty()) WritePlayListFile(CurPlayList());
   Unload();
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "config/config_controls.h"
+#include "playlist/list_store.h"
 
 namespace quorvale {
 
@@ -26,6 +28,8 @@ class frmConfig : public ConfigControls {
   // The full path of the play list file in hand; empty when there is none. The frame shows its name.
   const std::string& CurPlayList() const { return cur_play_list_; }
   void SetCurPlayList(std::string path);
+  // What each list box has taken of the stored list.
+  std::array<TakenPart, 2> TakenParts{TakenPart::kAll, TakenPart::kAll};
   // Whether the lists hold changes that no file holds.
   bool PlayListDirty() const { return play_list_dirty_; }
   void SetPlayListDirty(bool dirty) { play_list_dirty_ = dirty; }
@@ -54,6 +58,7 @@ class frmConfig : public ConfigControls {
  private:
   void ConnectControls();
   void ConnectMenus();
+  void TellWhatWasNotTaken();
 
   void OptPicture_Click();
   void OptSound_Click();

@@ -1,5 +1,9 @@
 #include "config/stored_play_lists.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
 #include "config/config_form.h"
 #include "playlist/list_store.h"
 #include "playlist/media_collections.h"
@@ -10,17 +14,27 @@ namespace {
 
 constexpr char kPlayListKey[] = "PlayList";
 
+constexpr std::array<const char*, 2> kSections = {kPictureSection, kSoundSection};
+
 }  // namespace
 
-void SavePlayLists(Process& process, const frmConfig& frm) {
-  SaveList(process.Settings, frm.lstList[0], kPictureSection, kFileKeyPrefix);
-  SaveList(process.Settings, frm.lstList[1], kSoundSection, kFileKeyPrefix);
-  process.SetOption(kPlayListKey, frm.CurPlayList());
+ListsSaved SavePlayLists(Process& process, const frmConfig& frm) {
+  const auto& taken = frm.TakenParts;
+  if (std::find(taken.begin(), taken.end(), TakenPart::kUnread) != taken.end()) return ListsSaved::kUnread;
+  const bool saved = process.Settings.SaveTogether([&] {
+    for (std::size_t i = 0; i < kSections.size(); ++i) {
+      const auto save = taken.at(i) == TakenPart::kFirst ? SaveFirstPart : SaveList;
+      save(process.Settings, frm.lstList.at(i), kSections.at(i), kFileKeyPrefix);
+    }
+    process.SetOption(kPlayListKey, frm.CurPlayList());
+  });
+  return saved ? ListsSaved::kSaved : ListsSaved::kRefused;
 }
 
 void LoadPlayLists(Process& process, frmConfig& frm) {
-  LoadList(process.Settings, frm.lstList[0], kPictureSection, kFileKeyPrefix);
-  LoadList(process.Settings, frm.lstList[1], kSoundSection, kFileKeyPrefix);
+  for (std::size_t i = 0; i < kSections.size(); ++i) {
+    frm.TakenParts.at(i) = LoadList(process.Settings, frm.lstList.at(i), kSections.at(i), kFileKeyPrefix);
+  }
   frm.SetCurPlayList(process.Option(kPlayListKey, ""));
 }
 

@@ -7,18 +7,48 @@
 
 namespace quorvale {
 
-void SaveList(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix) {
-  // Without the section no key of a longer earlier list survives.
-  settings.DeleteSetting(section, "", kHkeyCurrentUser);
+namespace {
+
+void SaveItems(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix) {
   for (int i = 0; i < list.ListCount(); ++i) {
     settings.SaveSetting(section, prefix + std::to_string(i), list.List(i), kHkeyCurrentUser);
   }
 }
 
-void LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix) {
+}  // namespace
+
+void SaveList(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix) {
+  // Without the section no key of a longer earlier list survives.
+  settings.DeleteSetting(section, "", kHkeyCurrentUser);
+  SaveItems(settings, list, section, prefix);
+}
+
+void SaveFirstPart(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix) {
+  SaveItems(settings, list, section, prefix);
+  int to = list.ListCount();
+  if (to == ListBox::kMostItems) return;
+  int from = ListBox::kMostItems;
+  std::string entry;
+  const auto key = [&prefix](int number) { return prefix + std::to_string(number); };
+  for (; settings.ReadSetting(section, key(from), entry) == SettingRead::kFound && entry != kEndOfList; ++from) {
+    settings.SaveSetting(section, key(to++), entry, kHkeyCurrentUser);
+  }
+  for (; to < from; ++to) settings.DeleteSetting(section, key(to), kHkeyCurrentUser);
+}
+
+TakenPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix) {
   for (int i = 0;; ++i) {
-    std::string entry = settings.GetSetting(section, prefix + std::to_string(i), kEndOfList, kHkeyCurrentUser);
-    if (entry == kEndOfList) return;
+    std::string entry;
+    switch (settings.ReadSetting(section, prefix + std::to_string(i), entry, kHkeyCurrentUser)) {
+      case SettingRead::kFailed:
+        return TakenPart::kUnread;
+      case SettingRead::kMissing:
+        return TakenPart::kAll;
+      case SettingRead::kFound:
+        break;
+    }
+    if (entry == kEndOfList) return TakenPart::kAll;
+    if (list.ListCount() >= ListBox::kMostItems) return TakenPart::kFirst;
     list.AddItem(std::move(entry));
   }
 }

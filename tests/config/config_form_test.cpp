@@ -103,6 +103,76 @@ TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
   EXPECT_EQ(process.Option("PlayList", ""), "C:\\My & Yours.x.qvl");
 }
 
+TEST_F(ConfigTest, OkIsOneAct) {
+  OpenWith("a b", "s");
+  desktop.registry.single_writes = 0;
+  form->cmdOK.UserClick();
+  EXPECT_FALSE(form->IsLoaded());
+  EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
+  EXPECT_EQ(desktop.registry.single_writes, 0);
+}
+
+// A list that looks empty because the store was locked must not take the place of the one that is in it.
+TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
+  for (const int failing_read : {1, 4}) {
+    SCOPED_TRACE(failing_read);
+    Store("PictureFiles", "a b");
+    Store("SoundFiles", "s");
+    desktop.boxes.shown.clear();
+    desktop.registry.failures.FailCall(RegistryCall::kOpen, failing_read, kErrorReadFault);
+    Open();
+    ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+    EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("Your settings can't be read."));
+    form->cmdOK.UserClick();
+    ASSERT_EQ(desktop.boxes.shown.size(), 2U);
+    EXPECT_THAT(desktop.boxes.shown[1].text, ::testing::StartsWith("Nothing was saved:"));
+    EXPECT_TRUE(form->IsLoaded());
+    EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
+    form->cmdCancel.UserClick();
+    EXPECT_FALSE(form->IsLoaded());
+  }
+}
+
+TEST_F(ConfigTest, AFailedSaveIsToldOnceAndTheWindowStaysWithTheEdit) {
+  for (const RegistryCall call : {RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
+    OpenWith("a b");
+    Select({0});
+    Press(kRemove);
+    desktop.boxes.shown.clear();
+    desktop.registry.failures.FailEvery(call, kErrorWriteFault);
+    form->cmdOK.UserClick();
+    ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+    EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("Your settings can't be saved"));
+    EXPECT_TRUE(form->IsLoaded());
+    EXPECT_EQ(Names(0), "b");
+    EXPECT_EQ(Stored("PictureFiles"), "a b");
+    desktop.registry.failures.Forget();
+    form->cmdOK.UserClick();
+    EXPECT_FALSE(form->IsLoaded());
+    EXPECT_EQ(Stored("PictureFiles"), "b");
+    EXPECT_EQ(desktop.boxes.shown.size(), 1U);
+  }
+}
+
+TEST_F(ConfigTest, AListThatIsTooLongIsToldAndLosesNothing) {
+  desktop.files.AddFile("C:\\Pics\\a");
+  const std::string entry = MakeListEntry("a", "C:\\Pics\\");
+  const auto key = [](int number) { return "File" + std::to_string(number); };
+  for (int i = 0; i < ListBox::kMostItems; ++i) process.Settings.SaveSetting("PictureFiles", key(i), entry);
+  process.Settings.SaveSetting("PictureFiles", key(ListBox::kMostItems), "the last");
+  process.Settings.SaveSetting("SoundFiles", "File0", entry);
+  Open();
+  ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+  EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("A Play List is full"));
+  EXPECT_EQ(Names(1), "a");
+  form->lstList[0].UserSelect({0, 5});
+  Press(kRemove);
+  form->cmdOK.UserClick();
+  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 2), "none"), "the last");
+  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 1), "none"), "none");
+  EXPECT_EQ(Stored("SoundFiles"), "a");
+}
+
 TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
   struct Case {
     bool dirty;

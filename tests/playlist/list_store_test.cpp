@@ -79,10 +79,38 @@ TEST_F(ListStoreTest, FailingWritesAreSilentAndTheRestIsWritten) {
   EXPECT_EQ(desktop.registry.OpenKeys(), 0);
 }
 
-TEST_F(ListStoreTest, MoreThanAListBoxHoldsIsAFailure) {
-  Save({"last"});
-  while (list.ListCount() < ListBox::kMostItems) list.AddItem("");
-  EXPECT_EQ(FailureOf([&] { LoadList(settings, list, kSection, "File"); }), FailureNumber::kListFull);
+TEST_F(ListStoreTest, AnUnreadListIsToldFromAShortOne) {
+  Save({"1", "2", "3"});
+  list.Clear();
+  desktop.registry.failures.FailCall(RegistryCall::kQuery, 3, kErrorReadFault);
+  EXPECT_EQ(LoadList(settings, list, kSection, "File"), TakenPart::kUnread);
+  EXPECT_THAT(Items(), ElementsAre("1"));
+  list.Clear();
+  EXPECT_EQ(LoadList(settings, list, kSection, "File"), TakenPart::kAll);
+}
+
+TEST_F(ListStoreTest, WhatAListBoxHasNoRoomForStaysBehindIt) {
+  constexpr int kMost = ListBox::kMostItems;
+  const auto stored = [this](int number) {
+    return settings.GetSetting(kSection, "File" + std::to_string(number), "none");
+  };
+  for (const int stored_items : {kMost, kMost + 3}) {
+    for (int i = 0; i < stored_items; ++i) {
+      settings.SaveSetting(kSection, "File" + std::to_string(i), std::to_string(i));
+    }
+    list.Clear();
+    const TakenPart taken = LoadList(settings, list, kSection, "File");
+    EXPECT_EQ(list.ListCount(), kMost);
+    EXPECT_EQ(taken, stored_items > kMost ? TakenPart::kFirst : TakenPart::kAll);
+  }
+  SaveFirstPart(settings, list, kSection, "File");
+  EXPECT_EQ(stored(kMost + 2), std::to_string(kMost + 2));
+  list.RemoveItem(10);
+  list.RemoveItem(0);
+  SaveFirstPart(settings, list, kSection, "File");
+  EXPECT_EQ(stored(0), "1");
+  for (int i = kMost - 2; i <= kMost; ++i) EXPECT_EQ(stored(i), std::to_string(i + 2));
+  EXPECT_EQ(stored(kMost + 1), "none");
 }
 
 }  // namespace
