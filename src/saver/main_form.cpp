@@ -8,6 +8,7 @@
 #include "show/slide_tick.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
+#include "toolkit/platform.h"
 
 namespace quorvale {
 namespace {
@@ -32,6 +33,10 @@ void MainForm::Form_Load() {
   ReadPasswordState(process_);
   TellSaverRunning(process_, true);
   PicBase.Move(0, 0, screen.Width, screen.Height);
+  // The list may take seconds to read, and the desktop is covered all that time.
+  Window().SetVisible(true);
+  // What ended it in between has unloaded it.
+  if (!IsLoaded()) return;
   InitShow(process_, 1, *this);
   ForceCursorOff(process_);
 }

@@ -31,6 +31,25 @@ TEST_F(MainFormTest, CoversTheScreenAboveAllOthersWithoutACursor) {
   EXPECT_TRUE(form.tmrSwitch.Enabled());
 }
 
+// A long list takes seconds to read, and the desktop must not stay on view for that.
+TEST_F(MainFormTest, CoversTheScreenBeforeItReadsTheLists) {
+  struct WatchedRegistry : MemoryRegistry {
+    std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
+                              RegistryKey& key) override {
+      if (path.ends_with("\\PictureFiles")) found_visible = is_visible();
+      return MemoryRegistry::RegOpenKeyEx(hive, path, access, key);
+    }
+    std::function<bool()> is_visible;
+    bool found_visible = false;
+  } registry;
+  const System real = desktop.Services();
+  Process watched(desktop, {registry, real.files, real.windows, real.sound, real.programs, real.host, real.password});
+  const auto form = std::make_shared<MainForm>(watched);
+  registry.is_visible = [&] { return desktop.windows.Find(form->Hwnd())->visible; };
+  form->Show();
+  EXPECT_TRUE(registry.found_visible);
+}
+
 TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
   struct Case {
     const char* what;

@@ -1,11 +1,32 @@
 #include "platform/desktop/toolkit/window_peer.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QString>
+#include <QThread>
 #include <QTimer>
 
 #include "platform/desktop/toolkit/deliver.h"
 
 namespace quorvale {
+
+namespace {
+
+constexpr int kLongestWait = 500;  // milliseconds
+
+// A form may be busy for seconds once it has shown its window, and nothing is painted before events are handled. What
+// the user does meanwhile is kept for later.
+void WaitUntilPainted(const QWindow& window) {
+  const QDeadlineTimer deadline(kLongestWait);
+  while (!window.isExposed() && !deadline.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QThread::msleep(1);
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
 
 QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles,
                            WindowHandle daemon_window)
@@ -44,6 +65,7 @@ void QtWindowPeer::ShowSaver() {
   }
   window_.Appear();
   black_windows_ = std::make_unique<BlackWindows>(window_);
+  WaitUntilPainted(window_);
 }
 
 }  // namespace quorvale

@@ -56,7 +56,10 @@ void TopWindow::Appear() {
   GetCursorPos(&pointer_);
   ShowWindow(Window(), SW_SHOW);
   SetForegroundWindow(Window());
-  if (kind_ == WindowKind::kSaver) black_windows_ = std::make_unique<BlackWindows>(*this);
+  if (kind_ != WindowKind::kSaver) return;
+  black_windows_ = std::make_unique<BlackWindows>(*this);
+  // The form may be busy for seconds before messages are handled again.
+  RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 // The black windows are not destroyed yet: one of them may be delivering the very event that ends the show.

@@ -18,6 +18,7 @@ class Win32WindowPeer : public WindowPeer {
   void SetCaption(const std::string& caption) override { SetWindowTextW(window_->Window(), ToWide(caption).c_str()); }
   void SetBounds(const PixelRect& bounds) override { window_->SetBounds(bounds); }
   void SetVisible(bool visible) override {
+    if (visible && IsWindowVisible(window_->Window()) != 0) return;
     if (visible) {
       window_->Appear();
     } else {
