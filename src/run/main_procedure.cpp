@@ -1,5 +1,7 @@
 #include "run/main_procedure.h"
 
+#include <cmath>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -40,21 +42,16 @@ void ShowMainForm(Process& process) {
   if (WindowAbsent(process, kMainFormCaption)) std::make_shared<MainForm>(process)->Show();
 }
 
-// The window handle that stands behind the switch, or 0.
-void ReadSystemHwnd(Process& process, const std::string& text) {
-  process.SystemHwnd = RoundToInt32(LenientParse(Mid(text, 3)));
-}
-
 std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
   const std::string& mode = process.RunMode;
   if (mode == "/C") return ConfigurationSteps(process);
   if (mode == "/S") return {[&process] { ShowMainForm(process); }};
   if (mode == "/P") {
-    return {[&process, text] { ReadSystemHwnd(process, text); },
+    return {[&process, text] { process.SystemHwnd = SwitchHandle(text); },
             [&process] { std::make_shared<ControlForm>(process)->Load(); }};
   }
   if (mode == "/A") {
-    return {[&process, text] { ReadSystemHwnd(process, text); }, [&process] { ChangePassword(process); }};
+    return {[&process, text] { process.SystemHwnd = SwitchHandle(text); }, [&process] { ChangePassword(process); }};
   }
   if (text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
   return {};
@@ -67,6 +64,13 @@ void Main(Process& process, const std::string& text) {
   if (!RunReportedSteps(process.app, ModeSteps(process, text))) return;
   // What fails from here on is no longer reported.
   if (process.RunMode == "/C") Configure(process);
+}
+
+std::int32_t SwitchHandle(const std::string& text) {
+  constexpr double kOnePastTheLargest = 4294967296.0;
+  const double number = std::nearbyint(LenientParse(Mid(text, 3)));
+  const bool has_highest_bit = number > std::numeric_limits<std::int32_t>::max() && number < kOnePastTheLargest;
+  return RoundToInt32(has_highest_bit ? number - kOnePastTheLargest : number);
 }
 
 bool WindowAbsent(Process& process, const std::string& title) { return process.system.windows.FindWindow(title) == 0; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace quorvale {
@@ -10,6 +11,10 @@ struct Process;
 // characters choose the mode, which is then started. Returns when the mode is up or over; the program
 // goes on as long as a form is loaded.
 void Main(Process& process, const std::string& text);
+
+// The window handle behind the switch that `text` begins with, or 0. A handle is 32 bits and its writer may count
+// them with a sign or without. Fails with kOverflow for a number that has more.
+std::int32_t SwitchHandle(const std::string& text);
 
 // Whether no window has that title.
 bool WindowAbsent(Process& process, const std::string& title);

@@ -115,8 +115,16 @@ TEST_F(ControlFormTest, AHandleThatIsNoWindowEndsAtTheFirstTick) {
 
 TEST_F(ControlFormTest, TheHandleIsTheNumberBehindTheSwitch) {
   const std::vector<std::pair<std::string, std::int32_t>> cases = {
-      {"/P 1234", 1234}, {"/p1234", 1234}, {"/P   12 x", 12}, {"/P:1234", 0},
-      {"/P", 0},         {"/P -8", -8},    {"/P &H10&", 16},
+      {"/P 1234", 1234},
+      {"/p1234", 1234},
+      {"/P   12 x", 12},
+      {"/P:1234", 0},
+      {"/P", 0},
+      {"/P -8", -8},
+      {"/P &H10&", 16},
+      {"/P 2147483648", std::numeric_limits<std::int32_t>::min()},
+      {"/P 4294967295", -1},
+      {"/P -2147483648", std::numeric_limits<std::int32_t>::min()},
   };
   for (const auto& [text, handle] : cases) {
     Main(process, text);

@@ -1,11 +1,8 @@
 // The Windows program: makes what the core runs on, and runs it.
 
-#include <cmath>
-#include <cstdint>
-#include <limits>
 #include <string>
 
-#include "base/numbers.h"
+#include "base/failure.h"
 #include "base/text.h"
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com_apartment.h"
@@ -30,9 +27,11 @@ bool IsMode(const std::string& text, const char* mode) { return UpperCase(Left(t
 
 // The host of a preview may count other pixels than we would.
 void FollowHost(const std::string& text) {
-  const double number = LenientParse(Mid(text, 3));
-  if (std::abs(number) > std::numeric_limits<std::int32_t>::max()) return;
-  FollowDpiOf(reinterpret_cast<HWND>(ToWindowHandle(RoundToInt32(number))));
+  try {
+    FollowDpiOf(reinterpret_cast<HWND>(ToWindowHandle(SwitchHandle(text))));
+  } catch (const Failure&) {
+    // `Main` reads the number again, and tells of the failure.
+  }
 }
 
 int RunProgram(const std::string& text) {
