@@ -54,9 +54,11 @@ int RunProgram(const std::string& text) {
   Win32Password password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
 
-  process.app.LastFormGone = EndEventLoop;
   Main(process, text);
-  return process.app.Forms.Count() > 0 ? RunEventLoop() : 0;
+  // Only now: a form that fails to load goes as well, and a loop told to end would take the box that says so along.
+  if (process.app.Forms.Count() == 0) return 0;
+  process.app.LastFormGone = EndEventLoop;
+  return RunEventLoop();
 }
 
 }  // namespace

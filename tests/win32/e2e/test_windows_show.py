@@ -127,6 +127,23 @@ class Monitors(WindowsTest):
         self.assert_ends(program)
 
 
+class LoadFailure(WindowsTest):
+    """The form that fails to load goes, and once took the program along before the box could be seen."""
+
+    def test_a_box_tells_of_it_and_retry_goes_on(self):
+        for arguments in (["/S"], ["/P", "123"]):
+            with self.subTest(arguments=arguments):
+                self.session.options(TransSpeed="99999999999")
+                program = self.session.start(*arguments)
+                self.session.wait_for_window("Program Error")
+                self.session.options(TransSpeed="20")
+                self.display.xdotool("key", "alt+r")
+                if arguments == ["/S"]:
+                    self.wait_for_colour(RED)
+                    self.display.xdotool("key", "space")
+                self.assert_ends(program)
+
+
 class Password(WindowsTest):
     def test_a_wrong_password_lets_the_show_go_on_and_the_right_one_ends_it(self):
         for file in (PROGRAM, PASSWORD):
