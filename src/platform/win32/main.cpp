@@ -35,6 +35,8 @@ void FollowHost(const std::string& text) {
 }
 
 int RunProgram(const std::string& text) {
+  // What the system loads for us later comes from its own directory and not from the program's.
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
   // A list may name an empty drive; the system's question for a disk would stand in the way of the show.
   SetErrorMode(SEM_FAILCRITICALERRORS);
   const ComApartment components;

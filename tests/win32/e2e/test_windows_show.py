@@ -8,7 +8,8 @@ import tempfile
 import time
 import unittest
 
-from wine_session import BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, wait_until
+from wine_session import (BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, entry, wait_until,
+                          windows_path)
 
 RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
 
@@ -142,6 +143,29 @@ class LoadFailure(WindowsTest):
                     self.wait_for_colour(RED)
                     self.display.xdotool("key", "space")
                 self.assert_ends(program)
+
+
+class Planted(WindowsTest):
+    """Savers are handed around, and unpacked where anything may lie."""
+
+    def test_nothing_that_lies_beside_the_program_is_run_or_loaded(self):
+        shutil.copy(PROGRAM, self.session.folder)
+        program = os.path.join(self.session.folder, os.path.basename(PROGRAM))
+        for name in ("comctl32", "dwmapi", "mpr", "uxtheme", "version", "windowscodecs", "winmm"):
+            shutil.copy(os.path.join(BUILD, "planted_library.dll"), os.path.join(self.session.folder, name + ".dll"))
+        shutil.copy(os.path.join(BUILD, "planted_program.exe"), os.path.join(self.session.folder, "rundll32.exe"))
+        self.session.write({"SoundFiles": {"File0": entry(os.path.join(self.session.folder, "none.wav"))}})
+        show = self.session.start_show(program)
+        self.wait_for_colour(BLUE)
+        self.display.xdotool("key", "space")
+        self.assert_ends(show)
+        for arguments in (["/A", "5"], ["/INSTALL", windows_path(self.session.folder) + "\\"]):
+            self.session.start(*arguments, program=program, cwd=self.session.folder).wait(timeout=20)
+        time.sleep(2)
+        planted = os.path.join(self.session.folder, "planted.txt")
+        if os.path.exists(planted):
+            with open(planted, encoding="ascii") as file:
+                self.fail(file.read())
 
 
 class Password(WindowsTest):

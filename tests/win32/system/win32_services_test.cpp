@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "platform/win32/loaded_library.h"
 #include "platform/win32/system/command_line.h"
 #include "platform/win32/system/help_page.h"
 #include "platform/win32/system/win32_host.h"
@@ -19,6 +20,21 @@ std::string MakeWave() {
                          44);
   return head + std::string(8000, '\x80');
 }
+
+std::string FolderOfProgram() { return std::filesystem::path(ProgramPath()).parent_path().string() + "\\"; }
+
+// A directory that is the current one as long as the object lives.
+class CurrentDirectory {
+ public:
+  CurrentDirectory() : before_(std::filesystem::current_path()) { std::filesystem::current_path(directory_.Path()); }
+  ~CurrentDirectory() { std::filesystem::current_path(before_); }
+  CurrentDirectory(const CurrentDirectory&) = delete;
+  CurrentDirectory& operator=(const CurrentDirectory&) = delete;
+
+ private:
+  WorkDirectory directory_;
+  std::filesystem::path before_;
+};
 
 TEST(Win32SoundPlayer, AnswersForTheFile) {
   const WorkDirectory directory;
@@ -42,6 +58,19 @@ TEST(Win32Host, KnowsWhereItRuns) {
   EXPECT_EQ(host.PlatformId(), kPlatformLocksItself);
 }
 
+TEST(Win32Host, SetsAParameterOfTheSystem) {
+  static_assert(kSpiScreenSaverRunning == SPI_SETSCREENSAVERRUNNING);
+  const auto is_active = [] {
+    BOOL active = FALSE;
+    SystemParametersInfoA(SPI_GETSCREENSAVEACTIVE, 0, &active, 0);
+    return active != FALSE;
+  };
+  for (const bool active : {false, true}) {
+    Win32Host().SystemParametersInfo(SPI_SETSCREENSAVEACTIVE, active ? 1 : 0);
+    EXPECT_EQ(is_active(), active);
+  }
+}
+
 TEST(Win32Host, TellsTheTimeOfDay) {
   constexpr double kDay = 24.0 * 60 * 60;
   SYSTEMTIME now{};
@@ -55,7 +84,12 @@ TEST(Win32Host, TellsTheTimeOfDay) {
 TEST(Win32Password, AsksTheLibraryThatIsThereAndNoOther) {
   Win32Password password;
   EXPECT_EQ(password.VerifyScreenSavePwd(1), 0U) << "nobody to ask";
-  const std::string folder = std::filesystem::path(ProgramPath()).parent_path().string() + "\\";
+  const std::string folder = FolderOfProgram();
+  {
+    const CurrentDirectory elsewhere;
+    ASSERT_NE(CopyFileA((folder + "echo_password.cpl").c_str(), "password.cpl", FALSE), 0);
+    EXPECT_EQ(password.VerifyScreenSavePwd(7), 0U) << "whoever made the current directory is nobody to ask";
+  }
   ASSERT_NE(CopyFileA((folder + "echo_password.cpl").c_str(), (folder + "password.cpl").c_str(), FALSE), 0);
   EXPECT_EQ(password.VerifyScreenSavePwd(0), 0U);
   EXPECT_EQ(password.VerifyScreenSavePwd(7), 7U);
@@ -64,13 +98,36 @@ TEST(Win32Password, AsksTheLibraryThatIsThereAndNoOther) {
   EXPECT_NO_THROW(password.PwdChangePassword("SCRSAVE", 0));
 }
 
+TEST(LoadedLibrary, IsTheSystemsUnlessToldOtherwise) {
+  const auto* const name = "VerifyScreenSavePwd";
+  EXPECT_EQ(LoadedLibrary("echo_password.cpl").Find<BOOL WINAPI(HWND)>(name), nullptr);
+  const LoadedLibrary beside("echo_password.cpl", LibraryPlace::kSystemOrBesideTheProgram);
+  EXPECT_NE(beside.Find<BOOL WINAPI(HWND)>(name), nullptr);
+}
+
 TEST(Win32Programs, StartsWhatIsThere) {
   Win32Programs programs;
-  EXPECT_NO_THROW(programs.Start("cmd.exe /c exit", kWindowMinimisedFocus));
+  for (const char* line :
+       {"cmd.exe /c exit", "cmd /c exit", "\"cmd.exe\" /c exit", R"(C:\windows\system32\cmd.exe /c exit)"}) {
+    EXPECT_NO_THROW(programs.Start(line, kWindowMinimisedFocus)) << line;
+  }
   for (const char* line : {"C:\\none\\none.exe /x", ""}) {
     EXPECT_EQ(FailureOf([&] { programs.Start(line, kWindowNormalFocus); }), FailureNumber::kNotFound) << line;
   }
   EXPECT_EQ(FailureOf([&] { programs.ShellExecute("open", "C:\\none\\none.html", 1); }), FailureNumber::kNotFound);
+}
+
+// What is there has been put there by whoever handed the program out.
+TEST(Win32Programs, StartsNothingThatLiesBesideTheProgramOrInTheCurrentDirectory) {
+  const std::string beside = FolderOfProgram() + "planted.exe";
+  const CurrentDirectory current;
+  for (const std::string& path : {beside, std::string("planted.exe")}) {
+    ASSERT_NE(CopyFileA("C:\\windows\\system32\\rundll32.exe", path.c_str(), FALSE), 0);
+    for (const char* line : {"planted.exe /x", "\"planted.exe\" /x", "planted"}) {
+      EXPECT_EQ(FailureOf([&] { Win32Programs().Start(line, kWindowMinimisedFocus); }), FailureNumber::kNotFound);
+    }
+    DeleteFileA(path.c_str());
+  }
 }
 
 TEST(CommandLine, BeginsBehindTheProgram) {
@@ -96,6 +153,7 @@ TEST(HelpPage, IsFoundBesideTheHelpFile) {
   const WorkDirectory directory;
   const std::string file = directory.Path("QVSAVER.HLP");
   EXPECT_EQ(FailureOf([&] { FindHelpPage(file, kHelpContents, 0); }), FailureNumber::kNotFound);
+  EXPECT_EQ(FailureOf([&] { Win32Programs().WinHelp(0, file, kHelpContents, 0); }), FailureNumber::kNotFound);
   directory.MakeDirectory("Quorvale");
   const std::string contents = directory.Write("Quorvale\\index.html", "");
   const std::string topic = directory.Write("Quorvale\\topic-7.html", "");

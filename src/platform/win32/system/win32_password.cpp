@@ -1,6 +1,6 @@
 #include "platform/win32/system/win32_password.h"
 
-#include "platform/win32/system/loaded_library.h"
+#include "platform/win32/loaded_library.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {
@@ -12,7 +12,8 @@ using ChangeFunction = DWORD WINAPI(LPCSTR provider, HWND owner, DWORD flags, DW
 }  // namespace
 
 std::uint32_t Win32Password::VerifyScreenSavePwd(WindowHandle owner) {
-  const LoadedLibrary library("password.cpl");
+  // A saver's own directory is the system directory, where it is installed. It is asked on old systems only.
+  const LoadedLibrary library("password.cpl", LibraryPlace::kSystemOrBesideTheProgram);
   auto* const verify = library.Find<VerifyFunction>("VerifyScreenSavePwd");
   return verify == nullptr ? 0 : static_cast<std::uint32_t>(verify(reinterpret_cast<HWND>(owner)));
 }

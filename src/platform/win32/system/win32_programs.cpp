@@ -14,6 +14,8 @@
 namespace quorvale {
 namespace {
 
+constexpr DWORD kLongestPath = 32768;
+
 // One press or release of a key.
 INPUT KeyStroke(WORD key, WORD character, DWORD flags) {
   INPUT input{};
@@ -42,6 +44,27 @@ void AppendStrokes(wchar_t character, std::vector<INPUT>& strokes) {
   if (is_shifted) strokes.push_back(KeyStroke(VK_SHIFT, 0, KEYEVENTF_KEYUP));
 }
 
+// The file of a program that is named without a directory: the system's, or one along the user's path. Left to itself
+// the system would look beside this program and in the current directory first.
+std::string FindProgram(const std::string& name) {
+  std::string places(kLongestPath, '\0');
+  places.resize(GetSystemDirectoryA(places.data(), kLongestPath));
+  std::string further(kLongestPath, '\0');
+  further.resize(GetWindowsDirectoryA(further.data(), kLongestPath));
+  places += ';' + further;
+  further.resize(kLongestPath);
+  further.resize(GetEnvironmentVariableA("PATH", further.data(), kLongestPath));
+  places += ';' + further;
+  std::string found(kLongestPath, '\0');
+  found.resize(SearchPathA(places.c_str(), name.c_str(), ".exe", kLongestPath, found.data(), nullptr));
+  return found;
+}
+
+std::string ProgramOf(const std::string& command_line) {
+  if (command_line.starts_with('"')) return command_line.substr(1, command_line.find('"', 1) - 1);
+  return command_line.substr(0, command_line.find_first_of(" \t"));
+}
+
 }  // namespace
 
 void Win32Programs::Start(const std::string& command_line, int window_style) {
@@ -52,7 +75,12 @@ void Win32Programs::Start(const std::string& command_line, int window_style) {
   start.wShowWindow = static_cast<WORD>(window_style);
   PROCESS_INFORMATION process{};
   std::string line = command_line;
-  if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process) == 0) {
+  const std::string program = ProgramOf(line);
+  const bool has_directory = program.find_first_of("\\/:") != std::string::npos;
+  const std::string file = has_directory ? std::string() : FindProgram(program);
+  if (!has_directory && file.empty()) throw FileFailure(ERROR_FILE_NOT_FOUND, line, FailureNumber::kNotFound);
+  if (CreateProcessA(has_directory ? nullptr : file.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                     &start, &process) == 0) {
     throw FileFailure(GetLastError(), command_line, FailureNumber::kNotFound);
   }
   const Handle thread(process.hThread);

@@ -1,14 +1,17 @@
 #include "platform/win32/system/win32_sound_player.h"
 
-#include "platform/win32/windows_api.h"
-// Behind the header that it builds on.
-#include <mmsystem.h>
-#undef PlaySound
-
 namespace quorvale {
+namespace {
+
+using PlayFunction = BOOL WINAPI(LPCSTR path, HMODULE module, DWORD flags);
+
+}  // namespace
 
 bool Win32SoundPlayer::PlaySound(const std::string& path, std::uint32_t flags) {
-  return PlaySoundA(path.c_str(), nullptr, flags) != 0;
+  // Linked to the program it would be taken from the program's own directory before that of the system.
+  if (!multimedia_) multimedia_.emplace("winmm.dll");
+  auto* const play = multimedia_->Find<PlayFunction>("PlaySoundA");
+  return play != nullptr && play(path.c_str(), nullptr, flags) != 0;
 }
 
 }  // namespace quorvale

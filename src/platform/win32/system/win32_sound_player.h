@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+
+#include "platform/win32/loaded_library.h"
 #include "system/sound_player.h"
 
 namespace quorvale {
@@ -8,6 +11,10 @@ namespace quorvale {
 class Win32SoundPlayer : public SoundPlayer {
  public:
   bool PlaySound(const std::string& path, std::uint32_t flags) override;
+
+ private:
+  // From the first sound on: one may still be playing.
+  std::optional<LoadedLibrary> multimedia_;
 };
 
 }  // namespace quorvale

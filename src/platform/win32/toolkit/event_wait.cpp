@@ -1,7 +1,5 @@
 #include "platform/win32/toolkit/event_wait.h"
 
-#include <mmsystem.h>
-
 #include "platform/win32/toolkit/event_loop.h"
 
 namespace quorvale {
@@ -11,17 +9,24 @@ constexpr DWORD kHighResolution = 0x2;  // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
 constexpr UINT kCoarseMilliseconds = 1;
 constexpr int kNanosecondsPerUnit = 100;
 
+using PeriodFunction = UINT WINAPI(UINT milliseconds);
+
+void CallWithPeriod(const LoadedLibrary& multimedia, const char* name) {
+  if (auto* const call = multimedia.Find<PeriodFunction>(name)) call(kCoarseMilliseconds);
+}
+
 }  // namespace
 
 EventWait::EventWait()
     : timer_(CreateWaitableTimerExW(nullptr, nullptr, kHighResolution, TIMER_MODIFY_STATE | SYNCHRONIZE)) {
   if (timer_ != nullptr) return;
   timer_ = CreateWaitableTimerW(nullptr, FALSE, nullptr);
-  is_system_sped_up_ = timeBeginPeriod(kCoarseMilliseconds) == TIMERR_NOERROR;
+  multimedia_.emplace("winmm.dll");
+  CallWithPeriod(*multimedia_, "timeBeginPeriod");
 }
 
 EventWait::~EventWait() {
-  if (is_system_sped_up_) timeEndPeriod(kCoarseMilliseconds);
+  if (multimedia_) CallWithPeriod(*multimedia_, "timeEndPeriod");
   if (timer_ != nullptr) CloseHandle(timer_);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 
+#include "platform/win32/loaded_library.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {
@@ -21,7 +23,8 @@ class EventWait {
 
  private:
   HANDLE timer_;
-  bool is_system_sped_up_ = false;
+  // Where the system's clock had to be sped up.
+  std::optional<LoadedLibrary> multimedia_;
 };
 
 }  // namespace quorvale

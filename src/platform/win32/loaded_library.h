@@ -6,13 +6,20 @@
 
 namespace quorvale {
 
-// A library that a system may have or not. It is looked for beside the program and in the system directory,
-// nowhere else: what lies in the current directory is anybody's.
+// Where a library is looked for: never in the current directory or along the path, where anybody may put one.
+enum class LibraryPlace {
+  kSystem,
+  kSystemOrBesideTheProgram,
+};
+
+// A library that a system may have or not.
 class LoadedLibrary {
  public:
-  explicit LoadedLibrary(const std::string& file)
-      : module_(LoadLibraryExA(file.c_str(), nullptr,
-                               LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
+  explicit LoadedLibrary(const std::string& file, LibraryPlace place = LibraryPlace::kSystem)
+      : module_(LoadLibraryExA(
+            file.c_str(), nullptr,
+            LOAD_LIBRARY_SEARCH_SYSTEM32 |
+                (place == LibraryPlace::kSystem ? DWORD{0} : DWORD{LOAD_LIBRARY_SEARCH_APPLICATION_DIR}))) {}
   ~LoadedLibrary() {
     if (module_ != nullptr) FreeLibrary(module_);
   }
