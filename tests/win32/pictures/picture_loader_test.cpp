@@ -186,5 +186,59 @@ TEST_F(PictureLoaderTest, CutOffIsABadPictureOrWhatThereIs) {
   }
 }
 
+const MetafileRecord kSave{EMR_SAVEDC, META_SAVEDC, {}};
+const MetafileRecord kDrawBlack{EMR_SETROP2, META_SETROP2, {R2_BLACK}};
+MetafileRecord Restore(int which) { return {EMR_RESTOREDC, META_RESTOREDC, {which}}; }
+
+// A state that the file has not saved is ours: without it nothing is drawn where it belongs.
+TEST_F(PictureLoaderTest, AMetafileRestoresOnlyWhatItHasSaved) {
+  const struct {
+    std::vector<MetafileRecord> records;
+    bool is_black;
+  } cases[] = {{{Restore(-1), Restore(-1)}, false},
+               {{Restore(-3), Restore(1), Restore(2), Restore(0)}, false},
+               {{kSave, kDrawBlack, Restore(-1)}, false},
+               {{kSave, kDrawBlack, kSave, Restore(1)}, false},
+               {{kSave, kDrawBlack, kSave, Restore(-1)}, true},
+               {{kSave, kDrawBlack, Restore(-2), Restore(2)}, true}};
+  for (const std::string& plain : {MakeEmf(kWidth, kHeight), MakePlainWmf(kWidth, kHeight)}) {
+    for (const auto& [records, is_black] : cases) {
+      SCOPED_TRACE(testing::Message() << "a file of " << plain.size() << " and " << records.size() << " records");
+      const std::string path = directory_.Write("saved", WithRecords(plain, records, RecordPlace::kFirst));
+      Screen screen(100, 80);
+      Show(path, {5, 7, kWidth, kHeight}, screen);
+      if (is_black) {
+        EXPECT_EQ(screen.At(12, 14), 0xFF000000);
+      } else {
+        ExpectQuarters(screen, {5, 7, kWidth, kHeight});
+      }
+    }
+  }
+}
+
+TEST_F(PictureLoaderTest, AMetafileWithoutEndKeepsWhatItHasDrawnInTwoSeconds) {
+  const MetafileRecord disc{EMR_ELLIPSE, META_ELLIPSE, {2, 2, kWidth - 2, kHeight - 2}};
+  const std::vector<MetafileRecord> discs(1'000'000, disc);
+  Screen screen(1600, 1200);
+  for (const std::string& plain : {MakeEmf(kWidth, kHeight), MakePlainWmf(kWidth, kHeight)}) {
+    const std::string path = directory_.Write("endless", WithRecords(plain, discs, RecordPlace::kLast));
+    const ULONGLONG start = GetTickCount64();
+    Show(path, screen.Bounds(), screen);
+    EXPECT_LT(GetTickCount64() - start, 20'000U);
+    EXPECT_EQ(screen.At(1, 1), 0xFFFF0000);
+  }
+}
+
+TEST_F(PictureLoaderTest, RefusesAFileThatIsTooLargeBeforeReadingIt) {
+  const std::string path = directory_.Write("large.bmp", "BM");
+  std::filesystem::resize_file(path, (std::uintmax_t{512} << 20U) + 1);
+  try {
+    Show(path, screen_.Bounds(), screen_);
+    ADD_FAILURE() << "no failure";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Description(), "Picture file too large");
+  }
+}
+
 }  // namespace
 }  // namespace quorvale

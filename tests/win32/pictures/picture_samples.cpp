@@ -179,6 +179,36 @@ std::string MakePlaceableWmf(int width, int height, int units_per_inch) {
 
 std::string MakePlainWmf(int width, int height) { return Wmf(width, height, true); }
 
+std::string WithRecords(const std::string& metafile, const std::vector<MetafileRecord>& records, RecordPlace place) {
+  const bool is_enhanced = metafile[0] == '\x01' && metafile[2] == '\0';
+  std::string added;
+  std::size_t longest = 0;
+  for (const auto& [enhanced_type, plain_type, numbers] : records) {
+    if (is_enhanced) {
+      added += Long(static_cast<std::size_t>(enhanced_type)) + Long(8 + 4 * numbers.size());
+    } else {
+      added += Long(3 + numbers.size()) + Short(plain_type);
+    }
+    for (const int number : numbers) added += is_enhanced ? Long(static_cast<std::uint32_t>(number)) : Short(number);
+    longest = std::max(longest, 3 + numbers.size());
+  }
+  constexpr std::size_t kEnhancedEnd = 20;
+  constexpr std::size_t kPlainEnd = 6;
+  constexpr std::size_t kPlainHead = 18;
+  const std::size_t head = is_enhanced ? static_cast<std::uint8_t>(metafile[4]) : kPlainHead;
+  std::string bytes = metafile;
+  bytes.insert(place == RecordPlace::kFirst ? head : bytes.size() - (is_enhanced ? kEnhancedEnd : kPlainEnd), added);
+  if (is_enhanced) {
+    std::uint32_t count = 0;
+    std::copy_n(bytes.data() + 52, sizeof count, reinterpret_cast<char*>(&count));
+    bytes.replace(48, 8, Long(bytes.size()) + Long(count + records.size()));
+  } else {
+    bytes.replace(6, 4, Long(bytes.size() / 2));
+    bytes.replace(12, 4, Long(std::max<std::size_t>(longest, static_cast<std::uint8_t>(bytes[12]))));
+  }
+  return bytes;
+}
+
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen) {
   const PicturePlace place{[box](const TwipSize&) { return box; }, screen.Bounds(), 1};
   auto picture = Win32PictureLoader().Load(path, place);

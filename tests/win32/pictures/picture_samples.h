@@ -27,6 +27,16 @@ std::string MakeEmf(int width, int height);
 std::string MakePlaceableWmf(int width, int height, int units_per_inch);
 std::string MakePlainWmf(int width, int height);
 
+// A metafile of one of the functions above with more in its list of records. Numbers of a record are 32 bits wide in an
+// enhanced metafile, 16 bits in the other kind.
+struct MetafileRecord {
+  int enhanced_type;
+  int plain_type;
+  std::vector<int> numbers;
+};
+enum class RecordPlace { kFirst, kLast };
+std::string WithRecords(const std::string& metafile, const std::vector<MetafileRecord>& records, RecordPlace place);
+
 // A picture on a screen of one colour.
 struct Screen {
   static constexpr Pixel kBackground = 0xFF204060;

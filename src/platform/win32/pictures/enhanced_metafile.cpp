@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "platform/win32/pictures/metafile.h"
 #include "platform/win32/pictures/picture_bytes.h"
+#include "platform/win32/pictures/playing.h"
 
 namespace quorvale {
 namespace {
@@ -31,6 +32,21 @@ bool IsWhole(std::span<const std::uint8_t> bytes) {
   return false;
 }
 
+int CALLBACK PlayRecord(HDC context, HANDLETABLE* objects, const ENHMETARECORD* record, int count, LPARAM data) {
+  auto& playing = *reinterpret_cast<Playing*>(data);
+  if (playing.IsOver()) return 0;
+  if (record->iType == EMR_SAVEDC) playing.StateSaved();
+  if (record->iType != EMR_RESTOREDC) {
+    PlayEnhMetaFileRecord(context, objects, record, static_cast<UINT>(count));
+  } else if (record->nSize >= sizeof(EMRRESTOREDC)) {
+    EMRRESTOREDC restore = *reinterpret_cast<const EMRRESTOREDC*>(record);
+    restore.iRelative = playing.RestoreState(restore.iRelative);
+    const auto* const own = reinterpret_cast<const ENHMETARECORD*>(&restore);
+    if (restore.iRelative != 0) PlayEnhMetaFileRecord(context, objects, own, static_cast<UINT>(count));
+  }
+  return 1;
+}
+
 // A box's right and bottom edges are those pixels that it still has, for metafiles of this kind.
 RECT PlayRect(const PixelRect& box) { return {box.left, box.top, box.Right() - 1, box.Bottom() - 1}; }
 
@@ -47,7 +63,8 @@ class EnhancedMetafile : public Metafile {
 
   void Play(HDC context, const PixelRect& box) const override {
     const RECT rect = PlayRect(box);
-    PlayEnhMetaFile(context, handle_.get(), &rect);
+    Playing playing;
+    EnumEnhMetaFile(context, handle_.get(), &PlayRecord, &playing, &rect);
   }
 
  private:

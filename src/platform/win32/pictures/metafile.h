@@ -14,7 +14,8 @@ class Metafile {
  public:
   virtual ~Metafile() = default;
   virtual TwipSize NaturalSize() const = 0;
-  // Draws it, scaled to `box`.
+  // Draws it, scaled to `box`. Takes two seconds at the most, but for a record that takes longer by itself; what was
+  // drawn by then stays.
   virtual void Play(HDC context, const PixelRect& box) const = 0;
 };
 

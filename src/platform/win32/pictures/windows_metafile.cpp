@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "platform/win32/pictures/metafile.h"
 #include "platform/win32/pictures/picture_bytes.h"
+#include "platform/win32/pictures/playing.h"
 
 namespace quorvale {
 namespace {
@@ -75,6 +76,20 @@ bool ReadRecords(Bytes records, Window& window) {
   return false;
 }
 
+int CALLBACK PlayRecord(HDC context, HANDLETABLE* objects, METARECORD* record, int count, LPARAM data) {
+  constexpr DWORD kRestoreWords = 4;
+  auto& playing = *reinterpret_cast<Playing*>(data);
+  if (playing.IsOver()) return 0;
+  if (record->rdFunction == META_SAVEDC) playing.StateSaved();
+  if (record->rdFunction != META_RESTOREDC) {
+    PlayMetaFileRecord(context, objects, record, static_cast<UINT>(count));
+  } else if (record->rdSize >= kRestoreWords) {
+    const int back = playing.RestoreState(static_cast<std::int16_t>(record->rdParm[0]));
+    if (back != 0) RestoreDC(context, back);
+  }
+  return 1;
+}
+
 class WindowsMetafile : public Metafile {
  public:
   WindowsMetafile(MetafileHandle handle, const Window& window) : handle_(std::move(handle)), window_(window) {}
@@ -88,7 +103,8 @@ class WindowsMetafile : public Metafile {
     SetViewportExtEx(context, box.width, box.height, nullptr);
     SetWindowOrgEx(context, window_.left, window_.top, nullptr);
     SetWindowExtEx(context, window_.width, window_.height, nullptr);
-    PlayMetaFile(context, handle_.get());
+    Playing playing;
+    EnumMetaFile(context, handle_.get(), &PlayRecord, reinterpret_cast<LPARAM>(&playing));
   }
 
  private:
