@@ -164,7 +164,8 @@ SqliteDatabase* SettingsFile::OpenToWrite(Access access) {
     CreateSchema(*database);
   }
   TurnOnWriteAheadLog(*database);
-  database->Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON");
+  // In KiB. With SQLite's own 2 MB a long list is written out and read back while it is being saved.
+  database->Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; PRAGMA cache_size = -16000");
   share_ = std::move(share);
   database_ = std::move(database);
   return database_.get();
