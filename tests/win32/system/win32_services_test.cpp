@@ -3,6 +3,7 @@
 #include "platform/win32/loaded_library.h"
 #include "platform/win32/system/command_line.h"
 #include "platform/win32/system/help_page.h"
+#include "platform/win32/system/system_error.h"
 #include "platform/win32/system/win32_host.h"
 #include "platform/win32/system/win32_password.h"
 #include "platform/win32/system/win32_programs.h"
@@ -128,6 +129,26 @@ TEST(Win32Programs, StartsNothingThatLiesBesideTheProgramOrInTheCurrentDirectory
     }
     DeleteFileA(path.c_str());
   }
+}
+
+// The shell's own numbers are others than the system's.
+TEST(Win32Programs, SaysThatNothingOpensADocument) {
+  const WorkDirectory directory;
+  const std::string document = directory.Write("page.nobodys", "");
+  const std::string reason = DescribeError(ERROR_NO_ASSOCIATION);
+  try {
+    Win32Programs().ShellExecute("open", document, kWindowNormalFocus);
+    FAIL();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Description(), document + ": " + reason);
+  }
+}
+
+TEST(Win32Programs, KnowsWhatWindowsHasWherever) {
+  char windows[MAX_PATH] = {};
+  GetWindowsDirectoryA(windows, sizeof windows);
+  EXPECT_EQ(Win32Programs().HelpFile(), std::string(windows) + "\\HELP\\QVSAVER.HLP");
+  EXPECT_EQ(Win32Programs().SystemInformationTool(), "\"" + Win32Host().GetSystemDirectory(144) + "\\msinfo32.exe\"");
 }
 
 TEST(CommandLine, BeginsBehindTheProgram) {

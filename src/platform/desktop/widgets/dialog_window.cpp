@@ -15,20 +15,9 @@
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
 #include "toolkit/panels.h"
+#include "toolkit/spoken_name.h"
 
 namespace quorvale {
-
-namespace {
-
-// For a control without a caption: that of the label before it, or of the frame around it.
-QString NameFor(const Widget& control, const LabelWidget* label) {
-  if (label != nullptr) return label->PlainText();
-  const Frame* const frame = control.Design().container;
-  const bool is_framed = frame != nullptr && !frame->Caption().empty();
-  return WithoutAccessKey(Caption(is_framed ? frame->Caption() : control.Design().tool_tip));
-}
-
-}  // namespace
 
 DialogWindow::DialogWindow(WindowEvents& events)
     : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
@@ -159,7 +148,7 @@ void DialogWindow::ArrangeControls() {
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();
     if (label != nullptr) label->LeadTo(*widget);
-    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(NameFor(*control.control, label));
+    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(Caption(SpokenName(*control.control)));
     label = nullptr;
     last = widget;
   }

@@ -7,6 +7,10 @@ namespace quorvale {
 
 bool IsFile(const std::string& path);
 
+// The full path of the help file in the directory of Windows, wherever that is; empty where the program was built
+// without help.
+std::string HelpFilePath();
+
 // The page that a help command asks for, as a full path. The pages are in the folder "help" beside the program,
 // in the folder "Quorvale" beside the help file `file`, or beside that file. A topic without a page of its own gives
 // the contents. Fails with kNotFound when there are no pages.

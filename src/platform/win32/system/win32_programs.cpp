@@ -65,6 +65,25 @@ std::string ProgramOf(const std::string& command_line) {
   return command_line.substr(0, command_line.find_first_of(" \t"));
 }
 
+// The shell's numbers below 27 are the system's, the others its own.
+DWORD ShellError(std::intptr_t number) {
+  switch (number) {
+    case 0:
+      return ERROR_OUTOFMEMORY;
+    case SE_ERR_ASSOCINCOMPLETE:
+    case SE_ERR_NOASSOC:
+      return ERROR_NO_ASSOCIATION;
+    case SE_ERR_DDETIMEOUT:
+    case SE_ERR_DDEFAIL:
+    case SE_ERR_DDEBUSY:
+      return ERROR_DDE_FAIL;
+    case SE_ERR_DLLNOTFOUND:
+      return ERROR_DLL_NOT_FOUND;
+    default:
+      return static_cast<DWORD>(number);
+  }
+}
+
 }  // namespace
 
 void Win32Programs::Start(const std::string& command_line, int window_style) {
@@ -91,13 +110,22 @@ void Win32Programs::OpenDisplaySettings() {
   Start("rundll32.exe shell32.dll,Control_RunDLL desk.cpl,,1", kWindowMinimisedFocus);
 }
 
+std::string Win32Programs::SystemInformationTool() {
+  std::string directory(MAX_PATH, '\0');
+  directory.resize(GetSystemDirectoryA(directory.data(), static_cast<UINT>(directory.size())));
+  const std::string tool = directory + "\\msinfo32.exe";
+  return IsFile(tool) ? '"' + tool + '"' : std::string();
+}
+
 void Win32Programs::ShellExecute(const std::string& verb, const std::string& target, int show_command) {
   const HINSTANCE result = ShellExecuteA(nullptr, verb.c_str(), target.c_str(), nullptr, nullptr, show_command);
   // By old custom no handle, but a number that says how it went.
   constexpr std::intptr_t kLastError = 32;
   const auto number = reinterpret_cast<std::intptr_t>(result);
-  if (number <= kLastError) throw FileFailure(static_cast<std::uint32_t>(number), target, FailureNumber::kNotFound);
+  if (number <= kLastError) throw FileFailure(ShellError(number), target, FailureNumber::kNotFound);
 }
+
+std::string Win32Programs::HelpFile() { return HelpFilePath(); }
 
 void Win32Programs::WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) {
   if (IsFile(file)) {

@@ -1,0 +1,39 @@
+#include "toolkit/fitting.h"
+
+#include <gtest/gtest.h>
+
+#include "base/text.h"
+
+namespace quorvale {
+namespace {
+
+TEST(LayoutScale, IsWhatIsWantedAsFarAsTheScreenHasRoom) {
+  const struct {
+    double wanted;
+    double room;
+    double scale;
+  } cases[] = {{1, 560, 1}, {1.5, 704, 1.5}, {2.25, 748, 1.7}, {1, 352, 0.8}, {1, 100, 0.6}, {0.9, 2000, 0.9}};
+  for (const auto& test : cases) EXPECT_DOUBLE_EQ(LayoutScale(test.wanted, test.room, 440), test.scale) << test.room;
+}
+
+TEST(WithoutMiddle, KeepsAsMuchOfBothEndsAsFits) {
+  const std::string text = "C:\\P\xC3\xA4tze\\deep\\";
+  const std::string texts[] = {"\xE2\x80\xA6",
+                               "\xE2\x80\xA6\\",
+                               "C\xE2\x80\xA6\\",
+                               "C\xE2\x80\xA6p\\",
+                               "C:\xE2\x80\xA6p\\",
+                               "C:\xE2\x80\xA6"
+                               "ep\\",
+                               "C:\\\xE2\x80\xA6"
+                               "ep\\"};
+  for (std::size_t room = 1; room <= 7; ++room) {
+    EXPECT_EQ(WithoutMiddle(text, [room](const std::string& shown) { return Length(shown) <= room; }), texts[room - 1]);
+  }
+  EXPECT_EQ(WithoutMiddle(text, [](const std::string& shown) { return Length(shown) <= 14; }), text);
+  EXPECT_EQ(WithoutMiddle(text, [](const std::string& shown) { return Length(shown) <= 13; }),
+            "C:\\P\xC3\xA4t\xE2\x80\xA6\\deep\\");
+}
+
+}  // namespace
+}  // namespace quorvale
