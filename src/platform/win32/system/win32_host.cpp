@@ -15,8 +15,15 @@ std::uint64_t TicksOf(const FILETIME& time) {
 }
 
 FILETIME Now() {
+  // Windows 7 has only the other, which moves in steps of milliseconds.
+  static const auto get_precise = reinterpret_cast<void(WINAPI*)(FILETIME*)>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetSystemTimePreciseAsFileTime")));
   FILETIME now{};
-  GetSystemTimePreciseAsFileTime(&now);
+  if (get_precise != nullptr) {
+    get_precise(&now);
+  } else {
+    GetSystemTimeAsFileTime(&now);
+  }
   return now;
 }
 
