@@ -111,7 +111,26 @@ TEST_F(Win32FileSystemTest, WhatIsWrittenIsReadAsAWhole) {
     files_.WriteFile(path, content);
     EXPECT_EQ(files_.ReadFile(path, std::string::npos), content);
   }
-  EXPECT_THAT(Enumerate(directory_.Path(), {"*.qvl", "*.tmp"}), ElementsAre("list.qvl")) << "no draft stays";
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.qvl", "*.new"}), ElementsAre("list.qvl")) << "no draft stays";
+}
+
+// As one that its user may not write to: there is a directory where the draft would be.
+TEST_F(Win32FileSystemTest, AFolderThatTakesNoNewFilesKeepsItsOldOnesWritable) {
+  const std::string path = directory_.Write("list.qvl", "a longer text");
+  directory_.MakeDirectory(".quorvale-" + std::to_string(GetCurrentProcessId()) + ".new");
+  files_.WriteFile(path, "one");
+  EXPECT_EQ(files_.ReadFile(path, std::string::npos), "one");
+  EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path("new.qvl"), "x"); }), FailureNumber::kUnwritable);
+}
+
+TEST_F(Win32FileSystemTest, ALinkStaysALink) {
+  const std::string path = directory_.Write("list.qvl", "old");
+  const std::string link = directory_.Path("link.qvl");
+  const bool is_made =
+      CreateSymbolicLinkA(link.c_str(), path.c_str(), SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE) != 0;
+  if (!is_made || GetFileAttributesA(link.c_str()) == INVALID_FILE_ATTRIBUTES) GTEST_SKIP() << "no links here";
+  files_.WriteFile(link, "new");
+  EXPECT_EQ(files_.ReadFile(path, std::string::npos), "new");
 }
 
 TEST_F(Win32FileSystemTest, WhatCannotBeReadOrWrittenSaysWhy) {
@@ -119,10 +138,10 @@ TEST_F(Win32FileSystemTest, WhatCannotBeReadOrWrittenSaysWhy) {
   EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none"), std::string::npos); }), kNotFound);
   EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none\\none"), std::string::npos); }), kNotFound);
   EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("directory.jpg"), std::string::npos); }), kUnreadable);
-  for (const char* name : {"none\\list.qvl", "directory.jpg"}) {
+  for (const char* name : {"none\\list.qvl", "directory.jpg", "fixed.jpg"}) {
     EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path(name), "x"); }), kUnwritable) << name;
   }
-  EXPECT_THAT(Enumerate(directory_.Path(), {"*.tmp"}), IsEmpty());
+  EXPECT_THAT(Enumerate(directory_.Path(), {"*.new"}), IsEmpty());
 }
 
 TEST_F(Win32FileSystemTest, OlderTextKeepsItsLetters) {

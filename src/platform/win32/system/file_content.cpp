@@ -1,7 +1,7 @@
 #include "platform/win32/system/file_content.h"
 
 #include <algorithm>
-#include <array>
+#include <string>
 
 #include "platform/win32/system/system_error.h"
 #include "platform/win32/toolkit/wide_text.h"
@@ -15,42 +15,74 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
   throw Failure(FailureNumber::kUnwritable, path + ": " + DescribeError(GetLastError()), "Windows");
 }
 
-// A file of a name of its own that is gone with this object unless it has been moved.
+bool WriteAll(const Handle& file, const std::string& content) {
+  DWORD written = 0;
+  // Nothing writes pieces of a whole that was given at once but a full disk.
+  return ::WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) != 0 &&
+         written == content.size() && FlushFileBuffers(file.Get()) != 0;
+}
+
+Handle OpenForWriting(const std::wstring& path, DWORD creation) {
+  return Handle(CreateFileW(path.c_str(), GENERIC_WRITE, kShareAll, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool WriteInPlace(const std::wstring& path, const std::string& content) {
+  const Handle file = OpenForWriting(path, OPEN_ALWAYS);
+  return file.IsOpen() && WriteAll(file, content) && SetEndOfFile(file.Get()) != 0;
+}
+
+// The file that a link leads to; every other path as it is.
+std::wstring BehindLinks(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
+  const Handle file(CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file.IsOpen()) return path;
+  std::wstring target(GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+  const auto room = static_cast<DWORD>(target.size());
+  target.resize(GetFinalPathNameByHandleW(file.Get(), target.data(), room, FILE_NAME_NORMALIZED));
+  return target.empty() ? path : target;
+}
+
+// A file of a name of its own beside `path`, which is gone with this object unless it has been moved there.
 class DraftFile {
  public:
-  // In the directory of `path`, which ends up there.
-  explicit DraftFile(const std::wstring& path) {
-    const std::wstring directory = path.substr(0, path.find_last_of(L"\\/:") + 1);
-    std::array<wchar_t, MAX_PATH> name{};
-    if (GetTempFileNameW(directory.empty() ? L"." : directory.c_str(), L"qvl", 0, name.data()) != 0)
-      name_ = name.data();
-  }
+  explicit DraftFile(const std::wstring& path)
+      : name_(path.substr(0, path.find_last_of(L"\\/:") + 1) + L".quorvale-" + std::to_wstring(GetCurrentProcessId()) +
+              L".new"),
+        file_(OpenNew(name_)) {}
   ~DraftFile() {
-    if (!name_.empty()) DeleteFileW(name_.c_str());
+    const bool is_ours = file_.IsOpen();
+    file_.Close();
+    if (is_ours) DeleteFileW(name_.c_str());
   }
   DraftFile(const DraftFile&) = delete;
   DraftFile& operator=(const DraftFile&) = delete;
 
-  bool Write(const std::string& content) const {
-    if (name_.empty()) return false;
-    const Handle file(
-        CreateFileW(name_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) return false;
-    DWORD written = 0;
-    // Nothing writes pieces of a whole that was given at once but a full disk.
-    return ::WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) != 0 &&
-           written == content.size() && FlushFileBuffers(file.Get()) != 0;
-  }
-
+  bool IsOpen() const { return file_.IsOpen(); }
+  bool Write(const std::string& content) const { return WriteAll(file_, content); }
   bool MoveTo(const std::wstring& path) {
-    const bool moved =
-        MoveFileExW(name_.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-    if (moved) name_.clear();
-    return moved;
+    file_.Close();
+    return MoveFileExW(name_.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0 ||
+           Discard();
   }
 
  private:
+  // Over what an earlier process of that number has left.
+  static Handle OpenNew(const std::wstring& name) {
+    DeleteFileW(name.c_str());
+    return OpenForWriting(name, CREATE_NEW);
+  }
+
+  // Keeps the error of what failed.
+  bool Discard() const {
+    const DWORD error = GetLastError();
+    DeleteFileW(name_.c_str());
+    SetLastError(error);
+    return false;
+  }
+
   std::wstring name_;
+  Handle file_;
 };
 
 }  // namespace
@@ -80,9 +112,23 @@ std::size_t ReadSome(const Handle& file, std::span<std::uint8_t> to, const std::
 void ReplaceFileContent(const std::string& path, const std::string& content) {
   SetLastError(ERROR_INVALID_NAME);
   if (path.find('\0') != std::string::npos) FailWriting(path);
-  const std::wstring wide = ToWide(path);
-  DraftFile draft(wide);
-  if (!draft.Write(content) || !draft.MoveTo(wide)) FailWriting(path);
+  const std::wstring target = BehindLinks(ToWide(path));
+  const DWORD attributes = GetFileAttributesW(target.c_str());
+  const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+  // A new file of its name would take no notice of one that is protected.
+  if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    FailWriting(path);
+  }
+  if (exists && !OpenForWriting(target, OPEN_EXISTING).IsOpen()) FailWriting(path);
+  const bool leads_nowhere = exists && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  DraftFile draft(target);
+  if (leads_nowhere || (exists && !draft.IsOpen())) {
+    // A folder that takes no new files need not mind what happens to its old ones.
+    if (!WriteInPlace(target, content)) FailWriting(path);
+  } else if (!draft.IsOpen() || !draft.Write(content) || !draft.MoveTo(target)) {
+    FailWriting(path);
+  }
 }
 
 }  // namespace quorvale
