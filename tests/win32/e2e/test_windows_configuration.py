@@ -5,7 +5,7 @@ import time
 import unittest
 
 from test_windows_show import RED, WindowsTest
-from wine_session import entry, wait_until, windows_path
+from wine_session import DESKTOP, entry, wait_until, windows_path
 
 TITLE = "Screen Saver Properties"
 
@@ -99,6 +99,35 @@ class Configuration(WindowsTest):
         self.keys("Return")
         self.keys("Escape")
         self.assertEqual(self.program.wait(timeout=10), 0)
+
+
+class LargeText(WindowsTest):
+    """Resolutions that ask for a larger window than the screen has room for."""
+    screen = (1366, 768)
+    dpi = 144
+
+    def setUp(self):
+        super().setUp()
+        self.set_dpi(self.dpi)
+        self.addCleanup(self.set_dpi, 96)
+
+    def set_dpi(self, dpi):
+        self.session.run("wine", "reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
+
+    def test_the_window_lies_on_the_screen_as_a_whole(self):
+        self.session.start("/c:1234")
+        self.session.wait_for_window(TITLE)
+        self.keep_screenshot(f"windows-configuration-{self.dpi}")
+        place = self.display.output("xdotool", "getactivewindow", "getwindowgeometry", "--shell").decode().split()
+        values = dict(line.split("=") for line in place)
+        self.assertGreater(int(values["HEIGHT"]), 0.8 * self.screen[1])
+        self.assertGreaterEqual(int(values["Y"]), 0)
+        self.assertLessEqual(int(values["Y"]) + int(values["HEIGHT"]), self.screen[1])
+
+
+class LargerText(LargeText):
+    screen = (1280, 960)
+    dpi = 216
 
 
 if __name__ == "__main__":

@@ -15,8 +15,10 @@ RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
 
 
 class WindowsTest(unittest.TestCase):
+    screen = (800, 600)
+
     def setUp(self):
-        self.display = Display()
+        self.display = Display(*self.screen)
         self.addCleanup(self.display.close)
         folder = tempfile.mkdtemp(prefix="quorvale-wine-")
         self.addCleanup(shutil.rmtree, folder, ignore_errors=True)

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/win32/toolkit/black_windows.h"
@@ -10,11 +11,16 @@
 namespace quorvale {
 namespace {
 
-DWORD StyleOf(WindowKind kind) {
-  return (kind == WindowKind::kDialog ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_POPUP) | WS_CLIPCHILDREN;
-}
+DWORD StyleOf(WindowKind kind) { return (kind == WindowKind::kDialog ? kDialogStyle : WS_POPUP) | WS_CLIPCHILDREN; }
 
-DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? WS_EX_DLGMODALFRAME : 0; }
+DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? kDialogExtendedStyle : 0; }
+
+// The corner of a window of that size that lies in the work area and nearest to `wanted`.
+POINT InWorkArea(POINT wanted, SIZE size) {
+  const RECT area = WorkAreaOf(MonitorFromPoint(wanted, MONITOR_DEFAULTTONEAREST));
+  return {std::max(area.left, std::min(wanted.x, area.right - size.cx)),
+          std::max(area.top, std::min(wanted.y, area.bottom - size.cy))};
+}
 
 }  // namespace
 
@@ -23,7 +29,7 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events)
       kind_(kind),
       pixels_(pixels),
       events_(events),
-      scale_(ToolkitScale(pixels, DpiOf(Window()))) {}
+      scale_(ToolkitScale(pixels, DpiOf(Window()), PrimaryMonitor())) {}
 
 TopWindow::~TopWindow() = default;
 
@@ -49,6 +55,7 @@ void TopWindow::PlaceAt(POINT corner) const {
   const PixelRect client = ToDevice(bounds_, scale_);
   const SIZE size = WindowSize({client.width, client.height}, StyleOf(kind_), ExtendedStyleOf(kind_),
                                GetMenu(Window()) != nullptr, DpiOf(Window()));
+  if (kind_ == WindowKind::kDialog) corner = InWorkArea(corner, size);
   SetWindowPos(Window(), nullptr, corner.x, corner.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -45,7 +45,7 @@ class TopWindow : public NativeWindow {
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
   WindowEvents& Events() const { return events_; }
-  void SetDpi(int dpi) { scale_ = ToolkitScale(pixels_, dpi); }
+  void SetDpi(int dpi, HMONITOR monitor) { scale_ = ToolkitScale(pixels_, dpi, monitor); }
   // Where `SetBounds` wants it, and at another corner.
   void Place() const;
   void PlaceAt(POINT corner) const;

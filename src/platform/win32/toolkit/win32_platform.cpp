@@ -26,7 +26,7 @@ Win32Platform::Win32Platform(Win32Options options, PictureLoader& pictures)
       text_(options_.pixels == PixelKind::kPhysical ? SystemDpi() : kUsualDpi) {}
 
 ScreenInfo Win32Platform::Screen() {
-  const float scale = ToolkitScale(options_.pixels, SystemDpi());
+  const float scale = ToolkitScale(options_.pixels, SystemDpi(), PrimaryMonitor());
   const auto toolkit_pixels = [scale](int metric) {
     return static_cast<int>(std::lround(static_cast<float>(GetSystemMetrics(metric)) / scale));
   };

@@ -181,7 +181,7 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 
 // The fonts that the controls give up go only when all have new ones.
 void DialogWindow::FollowScale(int dpi, const RECT& wanted) {
-  SetDpi(dpi);
+  SetDpi(dpi, MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST));
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
   PlaceAt({wanted.left, wanted.top});
   EnumChildWindows(Window(), &FollowScaleOf, 0);
