@@ -1,5 +1,6 @@
 #include "platform/win32/widgets/common_dialogs.h"
 
+#include <cderr.h>
 #include <commdlg.h>
 #include <objbase.h>
 #include <shlobj.h>
@@ -8,13 +9,15 @@
 #include <array>
 #include <memory>
 
+#include "base/failure.h"
 #include "platform/win32/toolkit/wide_text.h"
 
 namespace quorvale {
 namespace {
 
-// Room for some hundreds of files in any case.
-constexpr int kLeastRoom = 65'536;
+// Room for ten thousand files in any case: with more, the user would have to choose again.
+constexpr std::size_t kLeastRoom = 1U << 20U;
+constexpr std::size_t kMostRoom = 1U << 26U;
 
 // A text and the NUL behind it, for a list that ends with one more.
 std::wstring Zeroed(std::string text) {
@@ -36,12 +39,9 @@ struct FreeTaskMemory {
   void operator()(void* memory) const { CoTaskMemFree(memory); }
 };
 
-}  // namespace
-
-std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
-  std::wstring path = ToWide(dialog.start_name);
-  path.resize(std::max(
-      {path.size() + 1, static_cast<std::size_t>(dialog.max_file_size), static_cast<std::size_t>(kLeastRoom)}));
+// Asks once. Gives the system's error, or 0 for an answer, which is then in `path`, and for Cancel, which leaves it
+// empty.
+DWORD AskForFiles(HWND owner, const FileDialog& dialog, std::wstring& path) {
   const std::wstring filter = Zeroed(dialog.filter);
   const std::wstring title = ToWide(dialog.title);
   OPENFILENAMEW request{};
@@ -54,10 +54,33 @@ std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
   request.lpstrTitle = dialog.title.empty() ? nullptr : title.c_str();
   // Relative paths of the program stay what they are.
   request.Flags = dialog.flags | OFN_EXPLORER | OFN_NOCHANGEDIR;
-  const bool is_chosen = (dialog.save ? GetSaveFileNameW(&request) : GetOpenFileNameW(&request)) != 0;
-  if (!is_chosen) return {};
-  // Behind a single answer there may be a rest of the name that the dialog began with.
-  return (dialog.flags & kOfnAllowMultiSelect) != 0 ? Joined(path.c_str()) : FromWide(path.c_str());
+  if ((dialog.save ? GetSaveFileNameW(&request) : GetOpenFileNameW(&request)) != 0) return 0;
+  const DWORD error = CommDlgExtendedError();
+  path.front() = L'\0';
+  return error;
+}
+
+}  // namespace
+
+std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
+  std::wstring start = ToWide(dialog.start_name);
+  std::size_t room = std::max({start.size() + 1, static_cast<std::size_t>(dialog.max_file_size), kLeastRoom});
+  while (true) {
+    std::wstring path = start;
+    path.resize(room);
+    const DWORD error = AskForFiles(owner, dialog, path);
+    if (error == FNERR_BUFFERTOOSMALL && room < kMostRoom) {
+      room *= 8;
+    } else if (error == FNERR_INVALIDFILENAME && !start.empty()) {
+      // The dialog does not even open with a name that it takes for none.
+      start.clear();
+    } else if (error != 0) {
+      throw Failure(FailureNumber::kInternal, "The file dialog failed: " + std::to_string(error), "Windows");
+    } else {
+      // Behind a single answer there may be a rest of the name that the dialog began with.
+      return (dialog.flags & kOfnAllowMultiSelect) != 0 ? Joined(path.c_str()) : FromWide(path.c_str());
+    }
+  }
 }
 
 Colour ShowWin32ColourDialog(HWND owner, Colour start) {
