@@ -7,6 +7,7 @@
 #include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/widgets/accessible_names.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/native_control.h"
 #include "platform/win32/widgets/tab_order.h"
@@ -59,7 +60,10 @@ DialogWindow::DialogWindow(PixelKind pixels, WindowEvents& events)
 DialogWindow::~DialogWindow() { LetOthersTakeInput(); }
 
 void DialogWindow::Appear() {
-  if (!std::exchange(is_arranged_, true)) ArrangeTabOrder(Window());
+  if (!std::exchange(is_arranged_, true)) {
+    ArrangeTabOrder(Window());
+    NameControls(Window());
+  }
   // A window above the one that the user was at stays above it.
   const HWND active = GetActiveWindow();
   if (active != nullptr && active != Window() && IsWindowVisible(active) != 0) {
@@ -95,8 +99,7 @@ HWND DialogWindow::ContainerOf(const Widget& widget) const {
   return found != containers_.end() ? found->second : Window();
 }
 
-void DialogWindow::AddToolTip(HWND control, const std::string& text) const {
-  if (text.empty()) return;
+void DialogWindow::SetToolTip(HWND control, const std::string& text) const {
   std::wstring wide = ToWide(text);
   TTTOOLINFOW tool{};
   tool.cbSize = sizeof tool;
@@ -104,7 +107,8 @@ void DialogWindow::AddToolTip(HWND control, const std::string& text) const {
   tool.hwnd = Window();
   tool.uId = reinterpret_cast<UINT_PTR>(control);
   tool.lpszText = wide.data();
-  SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tool_tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  if (!text.empty()) SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void DialogWindow::Focus(HWND control) {
@@ -170,6 +174,10 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_SETFOCUS:
       if (focus_ != nullptr) SetFocus(focus_);
       return 0;
+    case WM_THEMECHANGED:
+    case WM_SYSCOLORCHANGE:
+      page_.Forget();
+      break;
     case WM_DPICHANGED:
       FollowScale(HIWORD(first), *reinterpret_cast<const RECT*>(second));
       return 0;
@@ -183,6 +191,7 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 void DialogWindow::FollowScale(int dpi, const RECT& wanted) {
   SetDpi(dpi, MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST));
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
+  page_.Forget();
   PlaceAt({wanted.left, wanted.top});
   EnumChildWindows(Window(), &FollowScaleOf, 0);
 }

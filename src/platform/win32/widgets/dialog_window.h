@@ -7,6 +7,7 @@
 
 #include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/widgets/dialog_fonts.h"
+#include "platform/win32/widgets/page_background.h"
 
 namespace quorvale {
 
@@ -31,7 +32,9 @@ class DialogWindow : public TopWindow {
   // For the controls.
   HWND ContainerOf(const Widget& widget) const;
   void AddContainer(const Frame& frame, HWND window) { containers_[&frame] = window; }
-  void AddToolTip(HWND control, const std::string& text) const;
+  // Empty takes it away.
+  void SetToolTip(HWND control, const std::string& text) const;
+  PageBackground& Page() { return page_; }
   HFONT FontOf(float points, bool bold) { return fonts_->Get(points, bold); }
   // At once, or when the window comes on the screen.
   void Focus(HWND control);
@@ -65,6 +68,7 @@ class DialogWindow : public TopWindow {
 
   std::unique_ptr<DialogFonts> fonts_;
   HWND tool_tips_;
+  PageBackground page_;
   std::map<const Frame*, HWND> containers_;
   NativeControl* default_button_ = nullptr;
   NativeControl* cancel_button_ = nullptr;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <cmath>
+
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
@@ -10,6 +12,8 @@ namespace {
 
 // Room for the open list, in lines.
 constexpr int kOpenLines = 12;
+// The height of a slider's thumb at the usual resolution.
+constexpr float kThumbPixels = 14;
 
 std::string TextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -35,6 +39,7 @@ void TextBoxControl::Refresh(WidgetAspect aspect) {
 
 LRESULT TextBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message != WM_CHAR) return Default(message, first, second);
+  if (first == kSelectAll) return Send(EM_SETSEL, 0, -1);
   const int code = box_.UserKeyPress(static_cast<int>(first));
   return code != 0 ? Default(message, static_cast<WPARAM>(code), second) : 0;
 }
@@ -88,7 +93,9 @@ void DropDownControl::Place() const {
 void DropDownControl::ShowChoice() const { Send(CB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex())); }
 
 SliderControl::SliderControl(DialogWindow& dialog, Slider& slider)
-    : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS}), slider_(slider) {
+    : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS | TBS_FIXEDLENGTH}),
+      slider_(slider) {
+  FitThumb();
   Send(TBM_SETRANGE, TRUE, MAKELPARAM(slider.Min(), slider.Max()));
   ShowPosition();
 }
@@ -99,6 +106,16 @@ void SliderControl::Refresh(WidgetAspect aspect) {
   } else {
     NativeControl::Refresh(aspect);
   }
+}
+
+void SliderControl::FollowScale() {
+  ControlPeer::FollowScale();
+  FitThumb();
+}
+
+// The usual one leaves no room for the ticks.
+void SliderControl::FitThumb() const {
+  Send(TBM_SETTHUMBLENGTH, static_cast<WPARAM>(std::lround(kThumbPixels * Dialog().Scale())));
 }
 
 void SliderControl::OnScroll() { slider_.UserSetValue(static_cast<int>(Send(TBM_GETPOS))); }

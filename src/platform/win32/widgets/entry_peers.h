@@ -9,6 +9,7 @@ class TextBoxControl : public ControlPeer<> {
  public:
   TextBoxControl(DialogWindow& dialog, TextBox& box);
 
+  bool ShowsCaption() const override { return false; }
   void Refresh(WidgetAspect aspect) override;
 
  protected:
@@ -26,6 +27,7 @@ class DropDownControl : public ControlPeer<> {
  public:
   DropDownControl(DialogWindow& dialog, DropDownList& list);
 
+  bool ShowsCaption() const override { return false; }
   void Refresh(WidgetAspect aspect) override;
   void FollowScale() override;
 
@@ -43,12 +45,15 @@ class SliderControl : public ControlPeer<> {
  public:
   SliderControl(DialogWindow& dialog, Slider& slider);
 
+  bool ShowsCaption() const override { return false; }
   void Refresh(WidgetAspect aspect) override;
+  void FollowScale() override;
 
  protected:
   void OnScroll() override;
 
  private:
+  void FitThumb() const;
   void ShowPosition() const;
 
   Slider& slider_;

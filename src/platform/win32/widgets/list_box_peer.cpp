@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -17,9 +18,10 @@ constexpr UINT kShowItems = WM_APP + 10;
 constexpr int kTextIndent = 2;
 // More than any list is wide.
 constexpr std::size_t kMostCharacters = 300;
+constexpr LPARAM kUsualTextBytes = 600;
 
 constexpr DWORD kStyle =
-    WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_EXTENDEDSEL | LBS_OWNERDRAWFIXED | LBS_NODATA | LBS_NOINTEGRALHEIGHT;
+    WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_EXTENDEDSEL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
 
 int LineHeight(HFONT font) {
   const MemoryContext context;
@@ -54,6 +56,11 @@ LRESULT ListBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_KEYDOWN:
       if (first == VK_DELETE) list_.UserDelete();
       break;
+    case WM_CHAR:
+      if (first != kSelectAll) break;
+      Send(LB_SETSEL, TRUE, -1);
+      ReportSelection();
+      return 0;
     default:
       break;
   }
@@ -73,7 +80,7 @@ void ListBoxControl::OnDraw(const DRAWITEMSTRUCT& item) {
                                                                : COLOR_WINDOWTEXT;
   SetTextColor(item.hDC, GetSysColor(text_colour));
   SetBkColor(item.hDC, GetSysColor(is_selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-  const std::wstring text = ToWide(Left(list_.List(index), kMostCharacters));
+  const std::wstring text = ShownText(index);
   ExtTextOutW(item.hDC, item.rcItem.left + kTextIndent, item.rcItem.top, ETO_OPAQUE | ETO_CLIPPED, &item.rcItem,
               text.data(), static_cast<UINT>(text.size()), nullptr);
   if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
@@ -91,7 +98,8 @@ void ListBoxControl::ShowItems() {
   // Each selection would be drawn, and scrolled to.
   Send(WM_SETREDRAW, FALSE);
   const LRESULT top = Send(LB_GETTOPINDEX);
-  Send(LB_SETCOUNT, static_cast<WPARAM>(list_.ListCount()));
+  const LRESULT caret = Send(LB_GETCARETINDEX);
+  ShowTexts();
   Send(LB_SETSEL, FALSE, -1);
   int first = 0;
   for (int i = 0; i < list_.ListCount(); ++i) {
@@ -101,10 +109,37 @@ void ListBoxControl::ShowItems() {
       SelectRange(first, i);
     }
   }
+  PutCaret(static_cast<int>(caret));
   Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
+  // One item that the program has selected is where the keyboard goes on.
+  if (std::exchange(is_selected_, false) && list_.SelCount() == 1) {
+    int only = 0;
+    while (!list_.Selected(only)) ++only;
+    PutCaret(only);
+  }
   Send(WM_SETREDRAW, TRUE);
   InvalidateRect(Window(), nullptr, TRUE);
 }
+
+// Scrolls to it.
+void ListBoxControl::PutCaret(int index) const {
+  const int last = list_.ListCount() - 1;
+  if (index < 0 || last < 0) return;
+  Send(LB_SETANCHORINDEX, static_cast<WPARAM>(std::min(index, last)));
+  Send(LB_SETCARETINDEX, static_cast<WPARAM>(std::min(index, last)), FALSE);
+}
+
+// The system keeps the texts for screen readers alone; what is drawn comes from the list.
+void ListBoxControl::ShowTexts() {
+  if (!std::exchange(has_new_texts_, false)) return;
+  Send(LB_RESETCONTENT);
+  Send(LB_INITSTORAGE, static_cast<WPARAM>(list_.ListCount()), list_.ListCount() * kUsualTextBytes);
+  for (int i = 0; i < list_.ListCount(); ++i) {
+    Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ShownText(i).c_str()));
+  }
+}
+
+std::wstring ListBoxControl::ShownText(int index) const { return ToWide(Left(list_.List(index), kMostCharacters)); }
 
 void ListBoxControl::SelectRange(int first, int last) const {
   if (first == last) {

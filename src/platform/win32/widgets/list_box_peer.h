@@ -1,20 +1,25 @@
 #pragma once
 
+#include <string>
+
 #include "platform/win32/widgets/native_control.h"
 #include "toolkit/list_box.h"
 
 namespace quorvale {
 
-// The system's list without texts of its own: it asks for those in view, so that ten thousand items cost
-// nothing.
+// The system's list, filled anew when texts have changed.
 class ListBoxControl : public ControlPeer<ListBoxPeer> {
  public:
   ListBoxControl(DialogWindow& dialog, ListBox& list);
 
-  void ItemsAdded(int /*first*/, int /*count*/) override { ShowSoon(); }
-  void ItemsRemoved(int /*first*/, int /*count*/) override { ShowSoon(); }
-  void ItemChanged(int /*index*/) override { ShowSoon(); }
-  void SelectionChanged() override { ShowSoon(); }
+  bool ShowsCaption() const override { return false; }
+  void ItemsAdded(int /*first*/, int /*count*/) override { NoteTexts(); }
+  void ItemsRemoved(int /*first*/, int /*count*/) override { NoteTexts(); }
+  void ItemChanged(int /*index*/) override { NoteTexts(); }
+  void SelectionChanged() override {
+    is_selected_ = true;
+    ShowSoon();
+  }
   void FollowScale() override;
 
  protected:
@@ -24,8 +29,15 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
 
  private:
   void FitLines() const;
+  void NoteTexts() {
+    has_new_texts_ = true;
+    ShowSoon();
+  }
   void ShowSoon();
   void ShowItems();
+  void ShowTexts();
+  void PutCaret(int index) const;
+  std::wstring ShownText(int index) const;
   void SelectRange(int first, int last) const;
   void ReportSelection();
   void TakeDrop(WPARAM drop);
@@ -33,6 +45,9 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
   ListBox& list_;
   // Changes are made in loops; they are shown together, once.
   bool is_stale_ = false;
+  bool has_new_texts_ = true;
+  // Since the items were last shown, the program has changed the selection.
+  bool is_selected_ = false;
 };
 
 }  // namespace quorvale

@@ -36,7 +36,7 @@ NativeControl::NativeControl(DialogWindow& dialog, Widget& widget, const Control
   SetPropW(window_, kControl, this);
   SetWindowSubclass(window_, &NativeControl::Procedure, kSubclass, reinterpret_cast<DWORD_PTR>(this));
   SetFont(0, false);
-  dialog.AddToolTip(window_, widget.Design().tool_tip);
+  dialog.SetToolTip(window_, widget.Design().tool_tip);
 }
 
 NativeControl::~NativeControl() {
@@ -70,13 +70,19 @@ bool NativeControl::Reflect(UINT message, WPARAM first, LPARAM second, LRESULT& 
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN: {
       NativeControl* const control = control_of(second);
-      const HBRUSH brush = control != nullptr ? control->OnColour(reinterpret_cast<HDC>(first)) : nullptr;
+      const HBRUSH brush = control != nullptr ? control->Background(reinterpret_cast<HDC>(first)) : nullptr;
       result = reinterpret_cast<LRESULT>(brush);
       return brush != nullptr;
     }
     default:
       return false;
   }
+}
+
+HBRUSH NativeControl::Background(HDC context) {
+  const HBRUSH own = OnColour(context);
+  if (own != nullptr || !dialog_.Page().IsUnder(widget_)) return own;
+  return dialog_.Page().Brush(context);
 }
 
 void NativeControl::Refresh(WidgetAspect aspect) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "platform/win32/windows_api.h"
+#include "toolkit/spoken_name.h"
 #include "toolkit/widget.h"
 
 namespace quorvale {
 
 class DialogWindow;
+
+// The character that Ctrl+A types.
+inline constexpr WPARAM kSelectAll = 1;
 
 // The system's class of a control, and how it is made.
 struct ControlKind {
@@ -33,6 +37,10 @@ class NativeControl {
   // Null once the window has been destroyed.
   HWND Window() const { return window_; }
   const WidgetDesign& Design() const { return widget_.Design(); }
+
+  // Whether its caption tells what it is; if not, screen readers are told.
+  virtual bool ShowsCaption() const { return true; }
+  std::string NameToSpeak() const { return SpokenName(widget_); }
 
   // Whether it is one of a row of option buttons, through which the arrow keys go.
   virtual bool IsOptionButton() const { return false; }
@@ -62,7 +70,7 @@ class NativeControl {
   virtual LRESULT OnNotify(NMHDR& /*notice*/) { return 0; }
   virtual void OnScroll() {}
   virtual void OnDraw(const DRAWITEMSTRUCT& /*item*/) {}
-  // The brush for its background; null leaves the colours to the system.
+  // The brush for a background of its own; null is what lies under the control.
   virtual HBRUSH OnColour(HDC /*context*/) { return nullptr; }
 
   DialogWindow& Dialog() const { return dialog_; }
@@ -72,6 +80,8 @@ class NativeControl {
   void SetFont(float points, bool bold);
 
  private:
+  // Null leaves the colours to the system.
+  HBRUSH Background(HDC context);
   void DetachFromWindow() const;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                     DWORD_PTR self);

@@ -1,5 +1,7 @@
 #include "platform/win32/widgets/panel_peers.h"
 
+#include <algorithm>
+
 #include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/widgets/dialog_window.h"
 
@@ -9,11 +11,6 @@ namespace {
 ControlKind KindOf(const Frame& frame) {
   if (frame.Border()) return {L"BUTTON", BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
   return {L"STATIC", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
-}
-
-ControlKind KindOf(const Label& label) {
-  return {L"STATIC", (label.Style().centred ? SS_CENTER : SS_LEFT) | (label.Design().tool_tip.empty() ? 0U : SS_NOTIFY),
-          label.Style().border ? WS_EX_CLIENTEDGE : 0U};
 }
 
 // What the artwork lets through shows `background`.
@@ -42,7 +39,8 @@ void Fill(HWND window, HDC context, HBRUSH brush) {
 
 }  // namespace
 
-FrameControl::FrameControl(DialogWindow& dialog, Frame& frame) : ControlPeer(dialog, frame, KindOf(frame)) {
+FrameControl::FrameControl(DialogWindow& dialog, Frame& frame)
+    : ControlPeer(dialog, frame, KindOf(frame)), frame_(frame) {
   dialog.AddContainer(frame, Window());
 }
 
@@ -51,29 +49,20 @@ LRESULT FrameControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (Reflect(message, first, second, result)) return result;
   // The system's frame leaves what it surrounds to the window below, which leaves it to the frame.
   if (message == WM_ERASEBKGND) {
-    Fill(Window(), reinterpret_cast<HDC>(first), GetSysColorBrush(COLOR_BTNFACE));
+    auto* const context = reinterpret_cast<HDC>(first);
+    PageBackground& page = Dialog().Page();
+    Fill(Window(), context, page.IsUnder(frame_) ? page.Brush(context) : GetSysColorBrush(COLOR_BTNFACE));
     return 1;
   }
   return Default(message, first, second);
 }
 
-LabelControl::LabelControl(DialogWindow& dialog, Label& label)
-    : ControlPeer(dialog, label, KindOf(label)), label_(label) {
-  SetFont(label.Style().points, label.Style().bold);
-}
-
-void LabelControl::FollowScale() {
-  ControlPeer::FollowScale();
-  SetFont(label_.Style().points, label_.Style().bold);
-}
-
-HBRUSH LabelControl::OnColour(HDC context) {
-  if (!label_.HasBackColor() && !label_.HasForeColor()) return nullptr;
-  const COLORREF background = label_.HasBackColor() ? label_.BackColor() : GetSysColor(COLOR_BTNFACE);
-  SetBkColor(context, background);
-  SetTextColor(context, label_.HasForeColor() ? label_.ForeColor() : GetSysColor(COLOR_BTNTEXT));
-  background_.reset(CreateSolidBrush(background));
-  return background_.get();
+// A pixel of the layout high, and never less than one of the screen.
+void RuleControl::Place() const {
+  const PixelRect place = ToPixels(rule_.Place(), Dialog().Scale());
+  const int thickness = std::max(1, static_cast<int>(Dialog().Scale()));
+  SetWindowPos(Window(), nullptr, place.left, place.top, place.width, std::max(place.height, thickness),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT RuleControl::OnMessage(UINT message, WPARAM first, LPARAM second) {

@@ -13,30 +13,23 @@ class FrameControl : public ControlPeer<> {
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
-};
-
-class LabelControl : public ControlPeer<> {
- public:
-  LabelControl(DialogWindow& dialog, Label& label);
-
-  void FollowScale() override;
-
- protected:
-  HBRUSH OnColour(HDC context) override;
 
  private:
-  Label& label_;
-  GdiObject<HBRUSH> background_;
+  Frame& frame_;
 };
 
 class RuleControl : public ControlPeer<> {
  public:
-  RuleControl(DialogWindow& dialog, Rule& rule) : ControlPeer(dialog, rule, {L"STATIC"}), rule_(rule) {}
+  RuleControl(DialogWindow& dialog, Rule& rule) : ControlPeer(dialog, rule, {L"STATIC"}), rule_(rule) { Place(); }
+
+  void FollowScale() override { Place(); }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
+  void Place() const;
+
   Rule& rule_;
 };
 
@@ -46,6 +39,7 @@ class ImageViewControl : public ControlPeer<> {
       : ControlPeer(dialog, view, {L"STATIC", SS_NOTIFY | (view.Click ? WS_TABSTOP : 0U)}), view_(view) {}
 
   bool IsBackground() const override { return true; }
+  bool ShowsCaption() const override { return false; }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;

@@ -21,6 +21,7 @@ TabStripControl::TabStripControl(DialogWindow& dialog, TabStrip& strip)
     Send(TCM_INSERTITEMW, static_cast<WPARAM>(position++), reinterpret_cast<LPARAM>(&item));
   }
   ShowSelected();
+  dialog.Page().SetStrip(strip, Window());
 }
 
 bool TabStripControl::TakeAccessKey(wchar_t key) {

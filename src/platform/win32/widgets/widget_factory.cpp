@@ -4,6 +4,7 @@
 #include "platform/win32/widgets/button_peers.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "platform/win32/widgets/entry_peers.h"
+#include "platform/win32/widgets/label_peer.h"
 #include "platform/win32/widgets/list_box_peer.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/panel_peers.h"
