@@ -11,8 +11,9 @@ extern const int kVersionRevision;
 inline constexpr char kLegalNotice[] = "Copyright (C) Halvern Inc. and contributors";
 inline constexpr char kWebAddress[] = "https://quorvale.example/";
 
-// The full path of the help file. Where it is not there, the platform shows the same help as HTML: that in the
-// folder "help" beside the program, or else that in the folder of this file.
+// The full path of the help file; on Windows it counts from the directory of the system. Where it is not there, the
+// platform shows the same help as HTML: that in the folder "help" beside the program, or else that in the folder of this
+// file.
 extern const char* const kHelpFile;
 // The topics that the program opens by number.
 inline constexpr unsigned kHelpTopicOptions = 7;

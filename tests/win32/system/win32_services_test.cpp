@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "config/application_info.h"
 #include "platform/win32/loaded_library.h"
 #include "platform/win32/system/command_line.h"
 #include "platform/win32/system/help_page.h"
@@ -147,7 +148,8 @@ TEST(Win32Programs, SaysThatNothingOpensADocument) {
 TEST(Win32Programs, KnowsWhatWindowsHasWherever) {
   char windows[MAX_PATH] = {};
   GetWindowsDirectoryA(windows, sizeof windows);
-  EXPECT_EQ(Win32Programs().HelpFile(), std::string(windows) + "\\HELP\\QVSAVER.HLP");
+  EXPECT_EQ(HelpFilePath(kHelpFile), std::string(windows) + "\\HELP\\QVSAVER.HLP");
+  EXPECT_EQ(HelpFilePath("C:\\a.hlp"), "C:\\a.hlp");
   EXPECT_EQ(Win32Programs().SystemInformationTool(), "\"" + Win32Host().GetSystemDirectory(144) + "\\msinfo32.exe\"");
 }
 

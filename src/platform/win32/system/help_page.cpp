@@ -32,11 +32,12 @@ bool IsFile(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::string HelpFilePath() {
-  const std::string file = QUORVALE_HELP_FILE;
+std::string HelpFilePath(const std::string& file) {
+  const bool is_full = file.starts_with('\\') || file.find(':') != std::string::npos;
+  if (is_full) return file;
   std::string directory(MAX_PATH, '\0');
   directory.resize(GetSystemWindowsDirectoryA(directory.data(), static_cast<UINT>(directory.size())));
-  return file.empty() ? file : directory + '\\' + file;
+  return directory + '\\' + file;
 }
 
 std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {

@@ -7,9 +7,9 @@ namespace quorvale {
 
 bool IsFile(const std::string& path);
 
-// The full path of the help file in the directory of Windows, wherever that is; empty where the program was built
-// without help.
-std::string HelpFilePath();
+// The full path of a help file: the program is built with one below the directory of Windows, which need not be
+// C:\WINDOWS.
+std::string HelpFilePath(const std::string& file);
 
 // The page that a help command asks for, as a full path. The pages are in the folder "help" beside the program,
 // in the folder "Quorvale" beside the help file `file`, or beside that file. A topic without a page of its own gives

@@ -125,13 +125,12 @@ void Win32Programs::ShellExecute(const std::string& verb, const std::string& tar
   if (number <= kLastError) throw FileFailure(ShellError(number), target, FailureNumber::kNotFound);
 }
 
-std::string Win32Programs::HelpFile() { return HelpFilePath(); }
-
 void Win32Programs::WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) {
-  if (IsFile(file)) {
-    WinHelpA(reinterpret_cast<HWND>(owner), file.c_str(), command, data);
+  const std::string path = HelpFilePath(file);
+  if (IsFile(path)) {
+    WinHelpA(reinterpret_cast<HWND>(owner), path.c_str(), command, data);
   } else {
-    ShellExecute("open", FindHelpPage(file, command, data), kWindowNormalFocus);
+    ShellExecute("open", FindHelpPage(path, command, data), kWindowNormalFocus);
   }
 }
 

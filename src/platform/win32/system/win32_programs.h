@@ -11,7 +11,6 @@ class Win32Programs : public Programs {
   // A system without a registry entry for its tool has it in the system directory.
   std::string SystemInformationTool() override;
   void ShellExecute(const std::string& verb, const std::string& target, int show_command) override;
-  std::string HelpFile() override;
   // Shows the page of `FindHelpPage` where there is no help file, as on every Windows of today.
   void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) override;
   void SendKeys(const std::string& keys) override;
