@@ -7,11 +7,11 @@
 #include <cstring>
 #include <span>
 
-namespace quorvale {
+namespace quorvale::metafile {
 
 using ByteSpan = std::span<const std::uint8_t>;
 
-// Reads little-endian numbers one after the other. What lies beyond the end reads as 0.
+// Reads little-endian numbers in turn. Reading beyond the end gives 0.
 class ByteReader {
  public:
   explicit ByteReader(ByteSpan bytes, std::size_t at = 0) : bytes_(bytes), at_(at) {}
@@ -27,20 +27,20 @@ class ByteReader {
   std::int16_t I16() { return Read<std::int16_t>(); }
   std::uint32_t U32() { return Read<std::uint32_t>(); }
   std::int32_t I32() { return Read<std::int32_t>(); }
-  // Infinity and what is no number are 0.
+  // Infinity and NaN become 0.
   double F32() {
     const auto value = Read<float>();
     return std::isfinite(value) ? static_cast<double>(value) : 0;
   }
 
-  // What is left from here.
+  // The bytes from here to the end.
   ByteSpan Rest() const { return bytes_.subspan(bytes_.size() - Left()); }
-  // Any piece of the whole; empty unless all of it is there.
+  // Bytes at an offset from the start. Empty unless all of them are there.
   ByteSpan Piece(std::size_t offset, std::size_t count) const {
     if (offset > bytes_.size() || count > bytes_.size() - offset) return {};
     return bytes_.subspan(offset, count);
   }
-  // `count` things of `size` bytes each, from here on: no more than the bytes hold.
+  // `count`, or fewer if less than that many items of `size` bytes are left.
   std::size_t Capped(std::size_t count, std::size_t size) const { return std::min(count, Left() / size); }
 
  private:
@@ -56,4 +56,4 @@ class ByteReader {
   std::size_t at_;
 };
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

@@ -4,19 +4,16 @@
 #include <cmath>
 #include <vector>
 
-#include "platform/desktop/metafile/canvas_limits.h"
-#include "platform/desktop/metafile/metafile_canvas.h"
-#include "platform/desktop/metafile/path_pieces.h"
-#include "platform/desktop/metafile/raster_op.h"
+#include "platform/desktop/metafile/canvas.h"
+#include "platform/desktop/metafile/canvas_paths.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
-constexpr int kHalfCovered = 128;
-// A region of more pieces is taken for the box around it.
+// A region of more rectangles is replaced by its bounds.
 constexpr std::size_t kMostSpans = 500'000;
 
-// The pixels of a layer that are covered, as bands of a region.
+// The covered pixels of a layer, as a region whose rectangles are in bands from top to bottom, as QRegion needs them.
 QRegion CoveredRegion(const QImage& layer, QPoint at) {
   std::vector<QRect> spans;
   std::size_t last_band = 0;
@@ -30,7 +27,7 @@ QRegion CoveredRegion(const QImage& layer, QPoint at) {
       while (x < layer.width() && qAlpha(row[x]) >= kHalfCovered) ++x;
       spans.emplace_back(at.x() + start, at.y() + y, x - start, 1);
     }
-    // A row like the one above makes its band higher.
+    // A row with the same spans as the one above extends that band.
     const std::size_t count = spans.size() - band;
     bool same = count > 0 && count == band - last_band && spans[last_band].bottom() + 1 == at.y() + y;
     for (std::size_t i = 0; same && i < count; ++i) {
@@ -51,7 +48,7 @@ QRegion CoveredRegion(const QImage& layer, QPoint at) {
 
 }  // namespace
 
-QRegion MetafileCanvas::PathRegion(const QPainterPath& path) const {
+QRegion Canvas::PathRegion(const QPainterPath& path) const {
   const QRect area = path.controlPointRect().adjusted(-1, -1, 1, 1).intersected(target_.rect()).toAlignedRect();
   if (area.isEmpty() || !CanFill(path, QRectF(area))) return {};
   QImage layer(area.size(), QImage::Format_ARGB32_Premultiplied);
@@ -65,7 +62,7 @@ QRegion MetafileCanvas::PathRegion(const QPainterPath& path) const {
   return CoveredRegion(layer, area.topLeft());
 }
 
-QPainterPath MetafileCanvas::RegionPath(const Region& region, const QTransform& map) const {
+QPainterPath Canvas::RegionPath(const Region& region, const QTransform& map) const {
   QPainterPath path;
   path.setFillRule(Qt::WindingFill);
   for (const QRectF& rect : region.rects) {
@@ -76,67 +73,67 @@ QPainterPath MetafileCanvas::RegionPath(const Region& region, const QTransform& 
   return path;
 }
 
-void MetafileCanvas::ChangeClip(const QRegion& region, ClipMode mode) {
-  const QRegion all = state_.kept_clip.value_or(QRegion(target_.rect()));
+void Canvas::CombineClip(const QRegion& region, RegionMode mode) {
+  const QRegion all = state_.meta_clip.value_or(QRegion(target_.rect()));
   const QRegion now = state_.clip.value_or(all);
   switch (mode) {
-    case ClipMode::kAnd:
+    case RGN_AND:
       state_.clip = now & region;
       break;
-    case ClipMode::kOr:
+    case RGN_OR:
       state_.clip = now | region;
       break;
-    case ClipMode::kXor:
+    case RGN_XOR:
       state_.clip = now ^ region;
       break;
-    case ClipMode::kWithout:
+    case RGN_DIFF:
       state_.clip = now - region;
       break;
-    case ClipMode::kCopy:
+    case RGN_COPY:
       state_.clip = region;
       break;
   }
-  if (state_.kept_clip && state_.clip) *state_.clip &= *state_.kept_clip;
+  if (state_.meta_clip && state_.clip) *state_.clip &= *state_.meta_clip;
   clip_changed_ = true;
 }
 
-void MetafileCanvas::IntersectClip(const QRectF& rect) {
-  ChangeClip(PathRegion(RegionPath({{rect}}, ToPixels())), ClipMode::kAnd);
+void Canvas::IntersectClipRect(const QRectF& rect) {
+  CombineClip(PathRegion(RegionPath({{rect}}, ToPixels())), RGN_AND);
 }
 
-void MetafileCanvas::ExcludeClip(const QRectF& rect) {
-  ChangeClip(PathRegion(RegionPath({{rect}}, ToPixels())), ClipMode::kWithout);
+void Canvas::ExcludeClipRect(const QRectF& rect) {
+  CombineClip(PathRegion(RegionPath({{rect}}, ToPixels())), RGN_DIFF);
 }
 
-void MetafileCanvas::OffsetClip(QPointF by) {
+void Canvas::OffsetClip(QPointF by) {
   if (!state_.clip) return;
   const QPointF moved = ToPixels().map(by) - ToPixels().map(QPointF(0, 0));
   if (IsFar(moved)) return;
   state_.clip->translate(moved.toPoint());
-  // However often it moves, it stays within reach.
+  // Repeated moves must not overflow.
   const auto reach = static_cast<int>(kFarthest);
   *state_.clip &= QRect(-reach, -reach, 2 * reach, 2 * reach);
   clip_changed_ = true;
 }
 
-void MetafileCanvas::KeepClip() { state_.kept_clip = state_.clip; }
+void Canvas::SetMetaRegion() { state_.meta_clip = state_.clip; }
 
-void MetafileCanvas::SelectClip(const Region* region, ClipMode mode, bool in_units) {
-  if (region == nullptr) {
-    state_.clip = state_.kept_clip;
-    clip_changed_ = true;
-    return;
-  }
-  ChangeClip(PathRegion(RegionPath(*region, in_units ? ToPixels() : setting_.to_target)), mode);
+void Canvas::ResetClip() {
+  state_.clip = state_.meta_clip;
+  clip_changed_ = true;
 }
 
-void MetafileCanvas::FillRegion(const Region& region, const Brush& brush) {
+void Canvas::SelectClip(const Region& region, RegionMode mode, bool logical) {
+  CombineClip(PathRegion(RegionPath(region, logical ? ToPixels() : setting_.to_target)), mode);
+}
+
+void Canvas::FillRegion(const Region& region, const Brush& brush) {
   const QPainterPath path = RegionPath(region, ToPixels());
-  PaintBy(TernaryOfMode(state_.raster_op), path.controlPointRect(),
-          [&](QPainter& painter) { painter.fillPath(path, MakeBrush(brush)); });
+  PaintByOp(TernaryOfRop2(state_.rop2), path.controlPointRect(),
+            [&](QPainter& painter) { painter.fillPath(path, MakeBrush(brush)); });
 }
 
-void MetafileCanvas::FrameRegion(const Region& region, const Brush& brush, QSizeF size) {
+void Canvas::FrameRegion(const Region& region, const Brush& brush, QSizeF size) {
   const QRegion whole = PathRegion(RegionPath(region, ToPixels()));
   const auto pixels = [](double length) { return static_cast<int>(std::clamp(std::abs(length), 1.0, kFarthest)); };
   const int across = pixels(size.width() * ToPixels().m11());
@@ -145,14 +142,13 @@ void MetafileCanvas::FrameRegion(const Region& region, const Brush& brush, QSize
                         whole.translated(0, -down);
   QPainterPath path;
   path.addRegion(whole - inner);
-  PaintBy(TernaryOfMode(state_.raster_op), path.controlPointRect(),
-          [&](QPainter& painter) { painter.fillPath(path, MakeBrush(brush)); });
+  PaintByOp(TernaryOfRop2(state_.rop2), path.controlPointRect(),
+            [&](QPainter& painter) { painter.fillPath(path, MakeBrush(brush)); });
 }
 
-void MetafileCanvas::InvertRegion(const Region& region) {
+void Canvas::InvertRegion(const Region& region) {
   const QPainterPath path = RegionPath(region, ToPixels());
-  PaintBy(raster_op::kInvertDestination, path.controlPointRect(),
-          [&](QPainter& painter) { painter.fillPath(path, Qt::black); });
+  PaintByOp(DSTINVERT, path.controlPointRect(), [&](QPainter& painter) { painter.fillPath(path, Qt::black); });
 }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

@@ -6,26 +6,25 @@
 #include <cmath>
 #include <numeric>
 
-#include "platform/desktop/metafile/canvas_limits.h"
-#include "platform/desktop/metafile/metafile_canvas.h"
-#include "platform/desktop/metafile/raster_op.h"
+#include "platform/desktop/metafile/canvas.h"
+#include "platform/desktop/metafile/canvas_paths.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
-// Pixels. Letters above are drawn from outlines anyway, and scaled.
+// Pixels. A larger font is this one, scaled.
 constexpr double kLargestFont = 300;
 constexpr double kLargestScale = 1e4;
 constexpr double kDefaultHeight = 16;
-// By how much letters may exceed the space that they are told, and how far they are narrowed then.
+// Text wider than its advances by more than the first factor is narrowed, at most to the second.
 constexpr double kTooWide = 1.05;
 constexpr double kNarrowest = 0.5;
-enum Align : unsigned {
-  kMovesPosition = 1,
-  kRight = 2,
-  kCentre = 6,
-  kBottom = 8,
-  kBaseline = 24,
+enum TextAlignMode : unsigned {
+  TA_UPDATECP = 1,
+  TA_RIGHT = 2,
+  TA_CENTER = 6,
+  TA_BOTTOM = 8,
+  TA_BASELINE = 24,
 };
 
 QFont MakeFont(const Font& font, double pixels) {
@@ -33,12 +32,12 @@ QFont MakeFont(const Font& font, double pixels) {
   made.setPixelSize(static_cast<int>(std::clamp(std::round(pixels), 1.0, kLargestFont)));
   made.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight <= 0 ? 400 : font.weight, 1, 1000)));
   made.setItalic(font.italic);
-  // Widths then are the same at every size.
+  // So that widths are proportional to the size.
   made.setHintingPreference(QFont::PreferNoHinting);
   return made;
 }
 
-// Everything that stands on one place: a character with what belongs to it.
+// The end of the character at `at` together with its combining marks.
 qsizetype ClusterEnd(const QString& text, qsizetype at) {
   ++at;
   while (at < text.size() && (text[at].isLowSurrogate() || text[at].isMark())) ++at;
@@ -47,8 +46,8 @@ qsizetype ClusterEnd(const QString& text, qsizetype at) {
 
 }  // namespace
 
-// Text as the font's own coordinates see it: the baseline starts at 0, 0 and runs to the right.
-struct MetafileCanvas::TextLayout {
+// Text in the coordinates of `font`: the baseline starts at 0, 0 and runs to the right.
+struct Canvas::TextLayout {
   QFont font;
   double ascent = 0;
   double descent = 0;
@@ -56,24 +55,24 @@ struct MetafileCanvas::TextLayout {
   double underline = 0;
   double strike_out = 0;
   double stroke = 0;
-  // Where each piece of the text begins.
+  // Characters that are placed one by one, or all of the text.
   struct Piece {
     QString text;
     double x = 0;
   };
   std::vector<Piece> pieces;
-  // To the target, without the place.
+  // To pixels of the target, without the translation.
   QTransform map;
-  // What the current position moves by, in units.
+  // What TA_UPDATECP adds to the current position, in logical units.
   QPointF moves;
   bool valid = false;
 };
 
-MetafileCanvas::TextLayout MetafileCanvas::LayOut(const TextRun& run) const {
+Canvas::TextLayout Canvas::LayOut(const TextRun& run) const {
   TextLayout layout;
   const Font& font = state_.font;
   const Mapping& mapping = state_.mapping;
-  // Letters are never mirrored by the direction in which units count.
+  // A mapping mode never mirrors text, whatever the direction of its axes.
   const double page_y = std::abs(mapping.PageY());
   const double page_x = std::abs(mapping.PageX());
   const double letter_x = setting_.advanced ? page_x : page_y;
@@ -96,13 +95,13 @@ MetafileCanvas::TextLayout MetafileCanvas::LayOut(const TextRun& run) const {
   layout.underline = metrics.underlinePos();
   layout.strike_out = -metrics.strikeOutPos();
   layout.stroke = metrics.lineWidth();
-  // From units along the line to the font's own.
+  // Font coordinates per logical unit along the line.
   double unit = page_x / letter_x / (scale * stretch);
-  const double told = std::accumulate(run.advances.begin(), run.advances.end(), 0.0) * unit;
+  const double intended = std::accumulate(run.advances.begin(), run.advances.end(), 0.0) * unit;
   const double own = metrics.horizontalAdvance(run.text);
-  if (told > 0 && own > told * kTooWide) {
-    // A typeface that stands in for another is often wider, and its letters would lie on each other.
-    const double narrowed = std::max(told / own, kNarrowest);
+  if (intended > 0 && own > intended * kTooWide) {
+    // A stand-in typeface is often wider than the intended one, and its characters would overlap.
+    const double narrowed = std::max(intended / own, kNarrowest);
     stretch *= narrowed;
     unit /= narrowed;
   }
@@ -133,34 +132,33 @@ MetafileCanvas::TextLayout MetafileCanvas::LayOut(const TextRun& run) const {
   return layout;
 }
 
-void MetafileCanvas::Text(const TextRun& run) {
+void Canvas::Text(const TextRun& run) {
   const QColor background = QColor::fromRgb(state_.Colour(state_.background));
   QPainterPath rect;
   if (run.fill_rect || run.clip_to_rect) rect = RegionPath({{run.rect}}, ToPixels());
   if (run.fill_rect) {
-    PaintBy(raster_op::kPatternCopy, rect.boundingRect(),
-            [&](QPainter& painter) { painter.fillPath(rect, background); });
+    PaintByOp(PATCOPY, rect.boundingRect(), [&](QPainter& painter) { painter.fillPath(rect, background); });
   }
   if (run.text.isEmpty()) return;
   const TextLayout layout = LayOut(run);
   if (!layout.valid) return;
-  const bool moves = (state_.text_align & kMovesPosition) != 0;
+  const bool moves = (state_.text_align & TA_UPDATECP) != 0;
   const QPointF start = ToPixels().map(moves ? state_.position : run.at);
   if (IsFar(start)) return;
 
   double x = 0;
-  if ((state_.text_align & kCentre) == kCentre) {
+  if ((state_.text_align & TA_CENTER) == TA_CENTER) {
     x = -layout.width / 2;
-  } else if ((state_.text_align & kCentre) == kRight) {
+  } else if ((state_.text_align & TA_CENTER) == TA_RIGHT) {
     x = -layout.width;
     if (moves) state_.position -= layout.moves;
   } else if (moves) {
     state_.position += layout.moves;
   }
   double y = layout.ascent;
-  if ((state_.text_align & kBaseline) == kBaseline) {
+  if ((state_.text_align & TA_BASELINE) == TA_BASELINE) {
     y = 0;
-  } else if ((state_.text_align & kBaseline) == kBottom) {
+  } else if ((state_.text_align & TA_BASELINE) == TA_BOTTOM) {
     y = -layout.descent;
   }
   const QTransform map = QTransform::fromTranslate(x, y) * layout.map * QTransform::fromTranslate(start.x(), start.y());
@@ -172,9 +170,9 @@ void MetafileCanvas::Text(const TextRun& run) {
     path_.addPath(map.map(letters));
     return;
   }
-  // Letters may reach out of their cell.
+  // Characters may extend beyond their cell.
   const QRectF reach = map.mapRect(cell.adjusted(-layout.ascent, -layout.ascent, layout.ascent, layout.ascent));
-  PaintBy(raster_op::kPatternCopy, reach, [&](QPainter& painter) {
+  PaintByOp(PATCOPY, reach, [&](QPainter& painter) {
     painter.save();
     if (run.clip_to_rect) painter.setClipPath(rect, Qt::IntersectClip);
     painter.setTransform(map, true);
@@ -193,4 +191,4 @@ void MetafileCanvas::Text(const TextRun& run) {
   });
 }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

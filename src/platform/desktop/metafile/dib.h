@@ -3,39 +3,41 @@
 #include <QImage>
 
 #include "platform/desktop/metafile/byte_reader.h"
-#include "platform/desktop/metafile/gdi_objects.h"
+#include "platform/desktop/metafile/objects.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 
-// What a bitmap's colour table holds, by the numbers of the records.
-enum class ColourTable : unsigned { kColours, kPaletteNumbers, kNone };
+// The colour table of a bitmap, by the numbers of the format: colours, 16-bit indices into the palette
+// that is selected, or no table.
+enum class ColorUsage : unsigned { DIB_RGB_COLORS, DIB_PAL_COLORS, DIB_PAL_INDICES };
 
 struct DibSource {
-  // The header and the colour table.
+  // BITMAPCOREHEADER or BITMAPINFOHEADER and its successors, masks and colour table.
   ByteSpan info;
-  // The rows. Empty if they follow on the colour table.
+  // The rows. Empty if they follow the colour table.
   ByteSpan bits;
-  ColourTable table = ColourTable::kColours;
+  ColorUsage usage = ColorUsage::DIB_RGB_COLORS;
   const Palette* palette = nullptr;
-  // The fourth byte of a 32-bit pixel is its alpha, by which the colours are multiplied already.
+  // The fourth byte of a 32-bit pixel is alpha, and the colours are premultiplied by it.
   bool alpha = false;
-  // How many rows the bits hold; all of them if below 0.
+  // How many rows `bits` holds. Negative: all of them.
   int rows = -1;
 };
 
 struct Dib {
-  // RGB32, or ARGB32_Premultiplied with alpha. Null if the data are damaged.
+  // RGB32, or ARGB32_Premultiplied with alpha. Null if the data is damaged.
   QImage image;
   int depth = 0;
-  // Rows are stored, and parts counted, from the upper edge.
+  // The rows are stored from the top, and source rectangles count from there.
   bool top_down = false;
 };
 
-// Every depth, packed or run-length encoded. Never makes an image that the bits can't fill.
+// Reads a device-independent bitmap of 1, 2, 4, 8, 16, 24 or 32 bits, packed or run-length encoded. Never
+// allocates an image that the bits cannot fill.
 Dib ReadDib(const DibSource& source);
 
-// An old bitmap without colours, that WMF files of the first days hold: two colours, or their own ones.
-// `reader` stands at its size.
-QImage ReadDeviceBitmap(ByteReader reader, std::size_t rows_at, QRgb zero, QRgb one);
+// Reads a Bitmap16 object, the device-dependent bitmap of early WMF files. `reader` stands at its width, the
+// rows begin at `rows_at`. Monochrome bitmaps get the colours `zero` and `one`; 24 and 32 bits have their own.
+QImage ReadBitmap16(ByteReader reader, std::size_t rows_at, QRgb zero, QRgb one);
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "platform/desktop/metafile/header.h"
 #include "platform/pictures/picture_limit.h"
 
 namespace quorvale {
 namespace {
 
-// Where `ground` lies between black and white, channel by channel.
+// Interpolates each channel between the pictures on black and on white by the level of the background.
 Pixel Between(Pixel on_black, Pixel on_white, Pixel ground) {
   const auto channel = [&](unsigned shift) {
     const auto black = static_cast<int>(on_black >> shift & 0xFFU);
@@ -26,9 +27,11 @@ Pixel Between(Pixel on_black, Pixel on_white, Pixel ground) {
 
 }  // namespace
 
-MetafilePicture::MetafilePicture(std::vector<std::uint8_t> bytes) : metafile_(std::move(bytes)) {}
+bool IsMetafile(std::span<const std::uint8_t> bytes) { return metafile::HasHeader(bytes); }
 
-TwipSize MetafilePicture::NaturalSize(float /*scale*/) const { return metafile_.NaturalSize(); }
+MetafilePicture::MetafilePicture(std::vector<std::uint8_t> bytes) : player_(std::move(bytes)) {}
+
+TwipSize MetafilePicture::NaturalSize(float /*scale*/) const { return player_.NaturalSize(); }
 
 void MetafilePicture::PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const {
   if (on_white_.isNull()) {
@@ -52,7 +55,7 @@ Rendering MetafilePicture::Make(PixelSize box, const PixelRect& part) {
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > kPictureMemoryLimit / sizeof(Pixel)) FailTooLarge();
   const auto [image, on_white] =
-      metafile_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
+      player_.Render({box.width, box.height}, {part.left, part.top, part.width, part.height});
   if (image.isNull()) FailTooLarge();
   Rendering made;
   made.box = box;

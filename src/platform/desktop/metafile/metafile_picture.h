@@ -1,14 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
-#include "platform/desktop/metafile/metafile.h"
+#include "platform/desktop/metafile/player.h"
 #include "platform/pictures/rendered_picture.h"
 
 namespace quorvale {
 
-// A picture that is drawn, not stored: at any size as sharp as can be.
+// Whether a file that begins with these bytes is a WMF or EMF file.
+bool IsMetafile(std::span<const std::uint8_t> bytes);
+
+// A WMF or EMF file, drawn anew for each size at which it is shown.
 class MetafilePicture : public RenderedPicture {
  public:
   // Fails with kBadPicture.
@@ -20,8 +24,8 @@ class MetafilePicture : public RenderedPicture {
   Rendering Make(PixelSize box, const PixelRect& part) override;
   void PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const override;
 
-  Metafile metafile_;
-  // What comes out on white, if the drawing takes account of its background; what is shown then is on black.
+  metafile::Player player_;
+  // Null unless the drawing depends on its background: then Shown() is the drawing on black, this the one on white.
   QImage on_white_;
 };
 

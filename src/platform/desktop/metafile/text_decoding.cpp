@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
 constexpr unsigned kSymbolCharset = 2;
@@ -48,7 +48,7 @@ class Converter {
     std::size_t room = space;
     while (left > 0 && iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1)) {
       if (room < 2) break;
-      // A byte that means nothing.
+      // An invalid byte.
       ++from;
       --left;
       *to++ = '?';
@@ -63,7 +63,7 @@ class Converter {
   iconv_t handle_;
 };
 
-// The letters of the typeface Symbol, from 0x41 on.
+// The encoding of the typeface Symbol: Greek letters in place of the Latin ones.
 QString FromSymbol(ByteSpan bytes) {
   constexpr QStringView kUpper = u"ΑΒΧΔΕΦΓΗΙϑΚΛΜΝΟΠΘΡΣΤΥςΩΞΨΖ";
   constexpr QStringView kLower = u"αβχδεφγηιϕκλμνοπθρστυϖωξψζ";
@@ -121,4 +121,4 @@ QString FamilyName(QString name) {
   return name.startsWith(u'@') ? name.mid(1) : name;
 }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

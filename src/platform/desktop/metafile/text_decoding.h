@@ -3,21 +3,20 @@
 #include <QString>
 
 #include "platform/desktop/metafile/byte_reader.h"
-#include "platform/desktop/metafile/gdi_objects.h"
+#include "platform/desktop/metafile/objects.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 
-// Bytes in the code page of the font's character set.
+// Text in the code page of the font's character set. Bytes without a meaning in it become question marks.
 QString DecodeText(ByteSpan bytes, const Font& font);
-// Two bytes to the character.
+// UTF-16, little-endian.
 QString DecodeWide(ByteSpan bytes);
-// Numbers of glyphs, two bytes each. What they mean is the typeface's own, but most agree on the Latin
-// letters.
+// 16-bit glyph indices. They depend on the typeface, but the common ones agree on ASCII; other glyphs become blanks.
 QString DecodeGlyphs(ByteSpan bytes);
-// Whether characters may take two bytes, so that bytes and characters don't go together.
+// Whether the code page has characters of two bytes.
 bool IsMultiByte(const Font& font);
 
-// The name of a typeface: up to its end mark, without the sign for vertical text.
+// A face name up to its null character, without the '@' of vertical typefaces.
 QString FamilyName(QString name);
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

@@ -1,40 +1,47 @@
-// Pens, brushes, fonts, palettes and regions of WMF files.
+// WMF records: pens, brushes, fonts, palettes, regions and bitmaps.
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "platform/desktop/metafile/dib.h"
-#include "platform/desktop/metafile/object_records.h"
-#include "platform/desktop/metafile/playback.h"
+#include "platform/desktop/metafile/record_values.h"
+#include "platform/desktop/metafile/records.h"
 #include "platform/desktop/metafile/text_decoding.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
-constexpr unsigned kPatternStyle = 3;
+Dib ReadDibOf(const Playback& playback, ByteReader& reader, ColorUsage usage, int rows = -1) {
+  return ReadDib(
+      {.info = reader.Rest(), .bits = {}, .usage = usage, .palette = playback.canvas.SelectedPalette(), .rows = rows});
+}
 
-void SelectObject(const Playback& playback, ByteReader& reader) { playback.Select(playback.objects.Get(reader.U16())); }
-void DeleteObject(const Playback& playback, ByteReader& reader) { playback.objects.Remove(reader.U16()); }
+// Objects.
 
-void CreatePen(const Playback& playback, ByteReader& reader) {
+void MetaSelectObject(const Playback& playback, ByteReader& reader) {
+  playback.Select(playback.objects.Get(reader.U16()));
+}
+void MetaDeleteObject(const Playback& playback, ByteReader& reader) { playback.objects.Remove(reader.U16()); }
+
+void MetaCreatePenIndirect(const Playback& playback, ByteReader& reader) {
   const unsigned style = reader.U16();
   const double width = reader.I16();
   reader.Skip(2);
-  playback.objects.Add(SimplePen(style, width, reader.U32()));
+  playback.objects.Add(MakeSimplePen(style, width, reader.U32()));
 }
 
-void CreateBrush(const Playback& playback, ByteReader& reader) {
+void MetaCreateBrushIndirect(const Playback& playback, ByteReader& reader) {
   const unsigned style = reader.U16();
   const ColourReference colour = reader.U32();
-  playback.objects.Add(SimpleBrush(style, colour, reader.U16()));
+  playback.objects.Add(MakeSimpleBrush(style, colour, reader.U16()));
 }
 
-void CreateFont(const Playback& playback, ByteReader& reader) {
+void MetaCreateFontIndirect(const Playback& playback, ByteReader& reader) {
   Font font;
   font.height = reader.I16();
   font.width = reader.I16();
   font.escapement = reader.I16();
+  // Orientation: the characters follow the escapement.
   reader.Skip(2);
   font.weight = reader.I16();
   ReadFontFlags(font, reader);
@@ -44,35 +51,34 @@ void CreateFont(const Playback& playback, ByteReader& reader) {
   playback.objects.Add(font);
 }
 
-void CreatePatternBrush(const Playback& playback, ByteReader& reader) {
+void MetaDibCreatePatternBrush(const Playback& playback, ByteReader& reader) {
   const unsigned style = reader.U16();
-  DibSource source{.info = {},
-                   .bits = {},
-                   .table = static_cast<ColourTable>(reader.U16()),
-                   .palette = playback.canvas.State().palette.get()};
-  source.info = reader.Rest();
-  Dib dib = ReadDib(source);
-  const bool two_colours = style == kPatternStyle && dib.depth == 1;
-  playback.objects.Add(PatternBrush(dib.image, two_colours));
+  const auto usage = static_cast<ColorUsage>(reader.U16());
+  const Dib dib = ReadDibOf(playback, reader, usage);
+  playback.objects.Add(MakePatternBrush(dib.image, style == BS_PATTERN && dib.depth == 1));
 }
 
-// The brush of the first days: a bitmap of the device, its rows behind 18 bytes that mean nothing.
-void CreateDevicePatternBrush(const Playback& playback, ByteReader& reader) {
+void MetaCreatePatternBrush(const Playback& playback, ByteReader& reader) {
+  // A Bitmap16 object without its rows, padded, and then the rows.
   constexpr std::size_t kHeaderSize = 32;
   const std::size_t rows_at = reader.At() + kHeaderSize;
-  playback.objects.Add(PatternBrush(ReadDeviceBitmap(reader, rows_at, 0xFF000000U, 0xFFFFFFFFU), true));
+  playback.objects.Add(MakePatternBrush(ReadBitmap16(reader, rows_at, 0xFF000000U, 0xFFFFFFFFU), true));
 }
 
-void CreatePalette(const Playback& playback, ByteReader& reader) {
+// Objects that no record can use still take an index.
+void MetaCreateNothing(const Playback& playback, ByteReader& /*reader*/) { playback.objects.Add(Region{}); }
+
+void MetaCreatePalette(const Playback& playback, ByteReader& reader) {
   reader.Skip(2);
   playback.objects.Add(ReadPalette(reader, reader.U16()));
 }
 
-void SelectPalette(const Playback& playback, ByteReader& reader) {
-  UsePalette(playback, playback.objects.Get(reader.U16()));
+void MetaSelectPalette(const Playback& playback, ByteReader& reader) {
+  playback.SelectPalette(playback.objects.Get(reader.U16()));
 }
 
-void SetPaletteEntries(const Playback& playback, ByteReader& reader) {
+// META_SETPALENTRIES and META_ANIMATEPALETTE change the palette that is selected.
+void MetaSetPalEntries(const Playback& playback, ByteReader& reader) {
   const std::size_t start = reader.U16();
   DeviceState& state = playback.canvas.State();
   if (state.palette == nullptr) return;
@@ -80,9 +86,12 @@ void SetPaletteEntries(const Playback& playback, ByteReader& reader) {
   state.palette = ChangedPalette(*state.palette, start, reader, count);
 }
 
-void CreateRegion(const Playback& playback, ByteReader& reader) {
+// Regions.
+
+void MetaCreateRegion(const Playback& playback, ByteReader& reader) {
   reader.Skip(10);
   const std::size_t scans = reader.U16();
+  // The longest scan and the bounds.
   reader.Skip(10);
   Region region;
   for (std::size_t scan = 0; scan < scans && reader.Left() >= 6; ++scan) {
@@ -94,24 +103,32 @@ void CreateRegion(const Playback& playback, ByteReader& reader) {
       const double right = reader.I16();
       region.rects.emplace_back(QPointF(left, top), QPointF(right, bottom));
     }
+    // Repeats the count.
     reader.Skip(2);
   }
   playback.objects.Add(region);
 }
 
-const Region* RegionAt(const Playback& playback, std::uint32_t place) {
-  return std::get_if<Region>(&playback.objects.Get(place));
+const Region* RegionAt(const Playback& playback, std::uint32_t index) {
+  return std::get_if<Region>(&playback.objects.Get(index));
 }
-Brush BrushAt(const Playback& playback, std::uint32_t place) {
-  const auto* brush = std::get_if<Brush>(&playback.objects.Get(place));
+Brush BrushAt(const Playback& playback, std::uint32_t index) {
+  const auto* brush = std::get_if<Brush>(&playback.objects.Get(index));
   return brush == nullptr ? Brush{.style = Brush::Style::kNone} : *brush;
 }
 
-void SelectClipRegion(const Playback& playback, ByteReader& reader) {
-  playback.canvas.SelectClip(RegionAt(playback, reader.U16()), ClipMode::kCopy, true);
+void MetaSelectClipRegion(const Playback& playback, ByteReader& reader) {
+  const Region* region = RegionAt(playback, reader.U16());
+  if (region == nullptr) {
+    playback.canvas.ResetClip();
+  } else {
+    playback.canvas.SelectClip(*region, RGN_COPY, true);
+  }
 }
-// Writers don't agree which comes first, the region or the brush, as they do elsewhere.
-void FillRegion(const Playback& playback, ByteReader& reader) {
+
+// Some programs write the parameters of this record and the next from first to last. The index that is a region shows
+// which way.
+void MetaFillRegion(const Playback& playback, ByteReader& reader) {
   std::uint32_t first = reader.U16();
   std::uint32_t second = reader.U16();
   if (RegionAt(playback, first) == nullptr) std::swap(first, second);
@@ -119,7 +136,7 @@ void FillRegion(const Playback& playback, ByteReader& reader) {
     playback.canvas.FillRegion(*region, BrushAt(playback, second));
   }
 }
-void FrameRegion(const Playback& playback, ByteReader& reader) {
+void MetaFrameRegion(const Playback& playback, ByteReader& reader) {
   std::array<std::uint16_t, 4> numbers{};
   for (std::uint16_t& number : numbers) number = reader.U16();
   if (RegionAt(playback, numbers[0]) == nullptr) numbers = {numbers[3], numbers[2], numbers[0], numbers[1]};
@@ -129,43 +146,130 @@ void FrameRegion(const Playback& playback, ByteReader& reader) {
     playback.canvas.FrameRegion(*region, BrushAt(playback, numbers[1]), {width, height});
   }
 }
-void PaintRegion(const Playback& playback, ByteReader& reader) {
+void MetaPaintRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
   if (region != nullptr) playback.canvas.FillRegion(*region, playback.canvas.State().brush);
 }
-void InvertRegion(const Playback& playback, ByteReader& reader) {
+void MetaInvertRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
   if (region != nullptr) playback.canvas.InvertRegion(*region);
 }
 
-// Made, but of no use here: it takes its place among the objects.
-void CreateNothing(const Playback& playback, ByteReader& /*reader*/) { playback.objects.Add(Region{}); }
+// Bitmaps.
 
-constexpr RecordHandler kRecords[] = {
-    {0x012D, kPrepares, SelectObject},
-    {0x01F0, kPrepares, DeleteObject},
-    {0x02FA, kPrepares, CreatePen},
-    {0x02FC, kPrepares, CreateBrush},
-    {0x02FB, kPrepares, CreateFont},
-    {0x0142, kPrepares, CreatePatternBrush},
-    {0x01F9, kPrepares, CreateDevicePatternBrush},
-    {0x00F8, kPrepares, CreateNothing},
-    {0x02FD, kPrepares, CreateNothing},
-    {0x06FE, kPrepares, CreateNothing},
-    {0x00F7, kPrepares, CreatePalette},
-    {0x0234, kPrepares, SelectPalette},
-    {0x0037, kPrepares, SetPaletteEntries},
-    {0x0436, kPrepares, SetPaletteEntries},
-    {0x06FF, kPrepares, CreateRegion},
-    {0x012C, kPrepares, SelectClipRegion},
-    {0x0228, kDraws, FillRegion},
-    {0x0429, kDraws, FrameRegion},
-    {0x012B, kDraws, PaintRegion},
-    {0x012A, kDraws, InvertRegion},
+enum class BitmapKind { kBitmap16, kDib };
+
+QImage ReadBitmap(const Playback& playback, ByteReader& reader, BitmapKind kind) {
+  if (kind == BitmapKind::kDib) return ReadDibOf(playback, reader, ColorUsage::DIB_RGB_COLORS).image;
+  constexpr std::size_t kHeaderSize = 10;
+  const DeviceState& state = playback.canvas.State();
+  return ReadBitmap16(reader, reader.At() + kHeaderSize, state.Colour(state.text_colour),
+                      state.Colour(state.background));
+}
+
+// A blit without a bitmap is shorter than one with: `words` are its parameters without a reserved one.
+bool HasBitmap(const ByteReader& reader, std::size_t words) { return reader.Left() > words * 2 + 2; }
+
+// Height, width, top, left.
+QRectF ReadTarget(ByteReader& reader) {
+  const QSizeF size = WmfSize(reader);
+  return {WmfPoint(reader), size};
+}
+
+void MetaPatBlt(const Playback& playback, ByteReader& reader) {
+  BlitRequest request;
+  request.op = TernaryOp(reader.U32());
+  request.target = ReadTarget(reader);
+  playback.canvas.Blit(request);
+}
+
+// META_BITBLT, META_DIBBITBLT.
+template <BitmapKind kind>
+void MetaBitBlt(const Playback& playback, ByteReader& reader) {
+  const bool has_bitmap = HasBitmap(reader, 8);
+  BlitRequest request;
+  request.op = TernaryOp(reader.U32());
+  const QPointF from = WmfPoint(reader);
+  if (!has_bitmap) reader.Skip(2);
+  request.target = ReadTarget(reader);
+  if (has_bitmap) {
+    request.source = ReadBitmap(playback, reader, kind);
+    request.SetPart(QRectF(from, request.target.size()));
+  }
+  playback.canvas.Blit(request);
+}
+
+// META_STRETCHBLT, META_DIBSTRETCHBLT.
+template <BitmapKind kind>
+void MetaStretchBlt(const Playback& playback, ByteReader& reader) {
+  const bool has_bitmap = HasBitmap(reader, 10);
+  BlitRequest request;
+  request.op = TernaryOp(reader.U32());
+  const QSizeF size = WmfSize(reader);
+  const QPointF from = WmfPoint(reader);
+  if (!has_bitmap) reader.Skip(2);
+  request.target = ReadTarget(reader);
+  if (has_bitmap) {
+    request.source = ReadBitmap(playback, reader, kind);
+    request.SetPart(QRectF(from, size));
+  }
+  playback.canvas.Blit(request);
+}
+
+void MetaStretchDib(const Playback& playback, ByteReader& reader) {
+  BlitRequest request;
+  request.op = TernaryOp(reader.U32());
+  const auto usage = static_cast<ColorUsage>(reader.U16());
+  const QSizeF size = WmfSize(reader);
+  const QPointF from = WmfPoint(reader);
+  request.target = ReadTarget(reader);
+  request.SetDibPart(ReadDibOf(playback, reader, usage), QRectF(from, size), 0);
+  playback.canvas.Blit(request);
+}
+
+void MetaSetDibToDev(const Playback& playback, ByteReader& reader) {
+  const auto usage = static_cast<ColorUsage>(reader.U16());
+  const int rows = reader.U16();
+  const int first_row = reader.U16();
+  const QPointF from = WmfPoint(reader);
+  BlitRequest request;
+  request.target = ReadTarget(reader);
+  request.SetDibPart(ReadDibOf(playback, reader, usage, rows), QRectF(from, request.target.size()), first_row);
+  playback.canvas.Blit(request);
+}
+
+constexpr RecordHandler kWmfObjectRecords[] = {
+    {META_SELECTOBJECT, kPrepares, MetaSelectObject},
+    {META_DELETEOBJECT, kPrepares, MetaDeleteObject},
+    {META_CREATEPENINDIRECT, kPrepares, MetaCreatePenIndirect},
+    {META_CREATEBRUSHINDIRECT, kPrepares, MetaCreateBrushIndirect},
+    {META_CREATEFONTINDIRECT, kPrepares, MetaCreateFontIndirect},
+    {META_DIBCREATEPATTERNBRUSH, kPrepares, MetaDibCreatePatternBrush},
+    {META_CREATEPATTERNBRUSH, kPrepares, MetaCreatePatternBrush},
+    {META_CREATEBRUSH, kPrepares, MetaCreateNothing},
+    {META_CREATEBITMAPINDIRECT, kPrepares, MetaCreateNothing},
+    {META_CREATEBITMAP, kPrepares, MetaCreateNothing},
+    {META_CREATEPALETTE, kPrepares, MetaCreatePalette},
+    {META_SELECTPALETTE, kPrepares, MetaSelectPalette},
+    {META_SETPALENTRIES, kPrepares, MetaSetPalEntries},
+    {META_ANIMATEPALETTE, kPrepares, MetaSetPalEntries},
+    {META_CREATEREGION, kPrepares, MetaCreateRegion},
+    {META_SELECTCLIPREGION, kPrepares, MetaSelectClipRegion},
+    {META_FILLREGION, kDraws, MetaFillRegion},
+    {META_FRAMEREGION, kDraws, MetaFrameRegion},
+    {META_PAINTREGION, kDraws, MetaPaintRegion},
+    {META_INVERTREGION, kDraws, MetaInvertRegion},
+    {META_PATBLT, kDraws, MetaPatBlt},
+    {META_BITBLT, kDraws, MetaBitBlt<BitmapKind::kBitmap16>},
+    {META_DIBBITBLT, kDraws, MetaBitBlt<BitmapKind::kDib>},
+    {META_STRETCHBLT, kDraws, MetaStretchBlt<BitmapKind::kBitmap16>},
+    {META_DIBSTRETCHBLT, kDraws, MetaStretchBlt<BitmapKind::kDib>},
+    {META_STRETCHDIB, kDraws, MetaStretchDib},
+    {META_SETDIBTODEV, kDraws, MetaSetDibToDev},
 };
 
 }  // namespace
 
-std::span<const RecordHandler> WmfObjectRecords() { return kRecords; }
+std::span<const RecordHandler> WmfObjectRecords() { return kWmfObjectRecords; }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

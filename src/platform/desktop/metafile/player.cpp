@@ -1,4 +1,4 @@
-#include "platform/desktop/metafile/metafile.h"
+#include "platform/desktop/metafile/player.h"
 
 #include <QTransform>
 #include <algorithm>
@@ -9,26 +9,25 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/desktop/metafile/playback.h"
-#include "platform/desktop/metafile/wmf_reading.h"
+#include "platform/desktop/metafile/record_values.h"
+#include "platform/desktop/metafile/records.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kPlayingTime{2000};
 constexpr std::size_t kMostRecords = 2'000'000;
-// Bytes. What is read of it takes several times as much memory.
+// Bytes. The objects and images made from them take several times as much memory.
 constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
-// Drawn at twice the size and averaged, edges come out soft, and areas that meet leave no seam. A large
-// picture does without: it would take too much memory.
+// Pictures are drawn at twice the size and averaged. That softens edges, and adjoining areas leave no seam as they
+// would with antialiasing. Large pictures are not, for want of memory.
 constexpr int kSamples = 2;
 constexpr std::int64_t kMostSampledPixels = std::int64_t{16} << 20U;
 
-enum WmfRecord : std::uint32_t { kMapModeRecord = 0x0103, kWindowRecord = 0x020C, kViewportRecord = 0x020E };
-// More than a screen has, in pixels: a window of a plain WMF file up to this counts in pixels, a larger
-// one in twips.
+// A WMF file without a size has a window of unknown units: up to this size pixels, above, where it would exceed any
+// screen, twips.
 constexpr double kLargestInPixels = 2048;
 constexpr double kTwipsPerScreenPixel = 15;
 
@@ -59,16 +58,16 @@ QImage Smaller(const QImage& image, int samples) {
 
 }  // namespace
 
-Metafile::Metafile(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)), header_(ReadMetafileHeader(bytes_)) {
+Player::Player(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)), header_(ReadHeader(bytes_)) {
   if (bytes_.size() > kLargestFile) throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
   Check();
-  if (header_.kind == MetafileKind::kWmf && header_.window.isNull()) FindWmfSize();
+  if (header_.format == Format::kWmf && header_.window.isNull()) FindWmfSize();
 }
 
-RecordStream Metafile::Records() const { return {header_.kind, ByteSpan(bytes_).subspan(header_.first_record)}; }
+RecordStream Player::Records() const { return {header_.format, ByteSpan(bytes_).subspan(header_.first_record)}; }
 
-void Metafile::Check() const {
-  const RecordTable& table = RecordsOf(header_.kind);
+void Player::Check() const {
+  const RecordTable& table = RecordsOf(header_.format);
   RecordStream records = Records();
   while (const auto record = records.Next()) {
     const RecordHandler* handler = table.Find(record->type);
@@ -77,20 +76,20 @@ void Metafile::Check() const {
   if (!records.Ended()) throw Failure(FailureNumber::kBadPicture, "Damaged metafile", "LoadPicture");
 }
 
-void Metafile::FindWmfSize() {
+void Player::FindWmfSize() {
   Mapping mapping(header_.device_pixels, header_.device_millimetres);
-  mapping.SetMode(Mapping::kAnisotropic);
+  mapping.SetMode(MM_ANISOTROPIC);
   QSizeF window;
   QSizeF viewport;
   RecordStream records = Records();
   while (const auto record = records.Next()) {
     ByteReader reader(record->bytes, record->head);
-    if (record->type == kMapModeRecord) {
+    if (record->type == META_SETMAPMODE) {
       mapping.SetMode(reader.U16());
-    } else if (record->type == kWindowRecord && window.isEmpty()) {
+    } else if (record->type == META_SETWINDOWEXT && window.isEmpty()) {
       const QPointF extent = WmfPoint(reader);
       window = {std::abs(extent.x()), std::abs(extent.y())};
-    } else if (record->type == kViewportRecord && viewport.isEmpty()) {
+    } else if (record->type == META_SETVIEWPORTEXT && viewport.isEmpty()) {
       const QPointF extent = WmfPoint(reader);
       viewport = {std::abs(extent.x()), std::abs(extent.y())};
     }
@@ -108,7 +107,7 @@ void Metafile::FindWmfSize() {
     SetWmfSize(header_, window.width() * scale, window.height() * scale);
     header_.window = QRectF(QPointF(), window);
   } else {
-    // Nothing tells but what is drawn.
+    // The header has no size, so play the file once and take the bounds of what it draws.
     header_.window = QRectF(QPointF(), header_.frame.size());
     QImage dot(1, 1, QImage::Format_RGB32);
     const Pass pass{Clock::now() + kPlayingTime / 2, kMostRecords, true};
@@ -119,22 +118,22 @@ void Metafile::FindWmfSize() {
   }
 }
 
-DeviceState Metafile::InitialState() const {
+DeviceState Player::InitialState() const {
   DeviceState state(Mapping(header_.device_pixels, header_.device_millimetres));
-  if (header_.kind == MetafileKind::kWmf) state.mapping.Fit(header_.window, header_.frame);
+  if (header_.format == Format::kWmf) state.mapping.Fit(header_.window, header_.frame);
   return state;
 }
 
-Metafile::Played Metafile::Play(QImage& target, const QTransform& to_target, double unit, const Pass& pass) const {
+Player::Played Player::Play(QImage& target, const QTransform& to_target, double unit, const Pass& pass) const {
   const CanvasSetting setting{.to_target = to_target,
                               .unit = unit,
-                              .advanced = header_.kind == MetafileKind::kEmf,
+                              .advanced = header_.format == Format::kEmf,
                               .over_background = pass.over_background,
                               .until = pass.until};
-  MetafileCanvas canvas(target, setting, InitialState());
+  Canvas canvas(target, setting, InitialState());
   ObjectTable objects;
   const Playback playback{canvas, objects};
-  const RecordTable& table = RecordsOf(header_.kind);
+  const RecordTable& table = RecordsOf(header_.format);
   RecordStream records = Records();
   Played played;
   while (played.records < pass.most_records && !canvas.NeedsBackground() && !canvas.OutOfTime()) {
@@ -151,7 +150,7 @@ Metafile::Played Metafile::Play(QImage& target, const QTransform& to_target, dou
   return played;
 }
 
-MetafileImage Metafile::Render(QSize size, const QRect& part) const {
+Drawing Player::Render(QSize size, const QRect& part) const {
   if (size.isEmpty() || part.isEmpty() || header_.frame.isEmpty()) return {};
   const std::int64_t pixels = std::int64_t{part.width()} * part.height();
   const int samples = pixels * kSamples * kSamples <= kMostSampledPixels ? kSamples : 1;
@@ -160,7 +159,7 @@ MetafileImage Metafile::Render(QSize size, const QRect& part) const {
                                QTransform::fromScale(size.width() / frame.width(), size.height() / frame.height()) *
                                QTransform::fromTranslate(-part.x(), -part.y()) *
                                QTransform::fromScale(samples, samples);
-  MetafileImage made{QImage(part.size() * samples, QImage::Format_ARGB32_Premultiplied), {}};
+  Drawing made{QImage(part.size() * samples, QImage::Format_ARGB32_Premultiplied), {}};
   if (made.image.isNull()) return {};
   made.image.fill(Qt::transparent);
   const Pass pass{Clock::now() + kPlayingTime, kMostRecords, false};
@@ -171,19 +170,19 @@ MetafileImage Metafile::Render(QSize size, const QRect& part) const {
   return {Smaller(made.image, samples), Smaller(made.on_white, samples)};
 }
 
-MetafileImage Metafile::RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const {
-  MetafileImage made{QImage(size, QImage::Format_RGB32), QImage(size, QImage::Format_RGB32)};
+Drawing Player::RenderOverBackgrounds(QSize size, const QTransform& to_target, double unit, Pass pass) const {
+  Drawing made{QImage(size, QImage::Format_RGB32), QImage(size, QImage::Format_RGB32)};
   if (made.image.isNull() || made.on_white.isNull()) return {};
   made.image.fill(Qt::black);
   made.on_white.fill(Qt::white);
   const auto now = Clock::now();
   pass.over_background = true;
   pass.until = now + (pass.until - now) / 2;
-  // Both must end with the same record.
+  // Both images must stop at the same record.
   pass.most_records = Play(made.image, to_target, unit, pass).records;
   pass.until = now + kPlayingTime;
   Play(made.on_white, to_target, unit, pass);
   return made;
 }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile

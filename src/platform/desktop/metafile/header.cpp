@@ -1,21 +1,23 @@
-#include "platform/desktop/metafile/metafile_header.h"
+#include "platform/desktop/metafile/header.h"
 
 #include <algorithm>
 
 #include "base/failure.h"
 
-namespace quorvale {
+namespace quorvale::metafile {
 namespace {
 
+// META_PLACEABLE, META_HEADER.
 constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
 constexpr std::size_t kPlaceableSize = 22;
 constexpr std::size_t kWmfHeaderSize = 18;
+// EMR_HEADER.
 constexpr std::uint32_t kEmfSignature = 0x464D4520;
 constexpr std::size_t kEmfHeaderSize = 88;
 constexpr double kTwipsPerInch = 1440;
 constexpr double kPixelsPerInch = 96;
 constexpr double kMillimetresPerInch = 25.4;
-// Twips: nobody has a larger screen, and what is computed with them stays finite.
+// Twips. Larger than every screen, and small enough for all that is computed from it.
 constexpr double kLongestSide = 3e6;
 
 bool IsWmfHeader(ByteReader reader) {
@@ -27,14 +29,16 @@ bool IsWmfHeader(ByteReader reader) {
 }
 
 bool IsPlaceable(ByteSpan bytes) { return ByteReader(bytes).U32() == kPlaceableKey; }
-bool IsEmf(ByteSpan bytes) { return ByteReader(bytes).U32() == 1 && ByteReader(bytes, 40).U32() == kEmfSignature; }
+bool IsEmf(ByteSpan bytes) {
+  return ByteReader(bytes).U32() == EMR_HEADER && ByteReader(bytes, 40).U32() == kEmfSignature;
+}
 
 [[noreturn]] void Fail() { throw Failure(FailureNumber::kBadPicture, "Damaged metafile", "LoadPicture"); }
 
 float Side(double twips) { return static_cast<float>(std::clamp(twips, 1.0, kLongestSide)); }
 
-MetafileHeader ReadWmf(ByteSpan bytes) {
-  MetafileHeader header;
+Header ReadWmf(ByteSpan bytes) {
+  Header header;
   const bool placeable = IsPlaceable(bytes);
   header.first_record = placeable ? kPlaceableSize : 0;
   if (bytes.size() < header.first_record || !IsWmfHeader(ByteReader(bytes.subspan(header.first_record)))) Fail();
@@ -54,10 +58,10 @@ MetafileHeader ReadWmf(ByteSpan bytes) {
   return header;
 }
 
-MetafileHeader ReadEmf(ByteSpan bytes) {
+Header ReadEmf(ByteSpan bytes) {
   if (bytes.size() < kEmfHeaderSize) Fail();
-  MetafileHeader header;
-  header.kind = MetafileKind::kEmf;
+  Header header;
+  header.format = Format::kEmf;
   ByteReader reader(bytes, 4);
   // The header is the first record.
   const std::size_t size = reader.U32();
@@ -84,7 +88,7 @@ MetafileHeader ReadEmf(ByteSpan bytes) {
   const double across = header.device_pixels.width() / header.device_millimetres.width();
   const double down = header.device_pixels.height() / header.device_millimetres.height();
   if (!frame.isEmpty()) {
-    // In hundredths of a millimetre.
+    // The file has it in hundredths of a millimetre.
     header.frame = QRectF(frame.x() * across / 100, frame.y() * down / 100, frame.width() * across / 100,
                           frame.height() * down / 100);
   } else if (bounds.width() >= 0 && bounds.height() >= 0) {
@@ -100,11 +104,11 @@ MetafileHeader ReadEmf(ByteSpan bytes) {
 
 }  // namespace
 
-bool IsMetafile(ByteSpan bytes) { return IsPlaceable(bytes) || IsEmf(bytes) || IsWmfHeader(ByteReader(bytes)); }
+bool HasHeader(ByteSpan bytes) { return IsPlaceable(bytes) || IsEmf(bytes) || IsWmfHeader(ByteReader(bytes)); }
 
-MetafileHeader ReadMetafileHeader(ByteSpan bytes) { return IsEmf(bytes) ? ReadEmf(bytes) : ReadWmf(bytes); }
+Header ReadHeader(ByteSpan bytes) { return IsEmf(bytes) ? ReadEmf(bytes) : ReadWmf(bytes); }
 
-void SetWmfSize(MetafileHeader& header, double width, double height) {
+void SetWmfSize(Header& header, double width, double height) {
   const double twips_per_pixel = kTwipsPerInch / kPixelsPerInch;
   header.natural = {Side(width * twips_per_pixel), Side(height * twips_per_pixel)};
   header.frame = QRectF(0, 0, header.natural.width / twips_per_pixel, header.natural.height / twips_per_pixel);
@@ -112,4 +116,4 @@ void SetWmfSize(MetafileHeader& header, double width, double height) {
   header.device_millimetres = header.device_pixels / kPixelsPerInch * kMillimetresPerInch;
 }
 
-}  // namespace quorvale
+}  // namespace quorvale::metafile
