@@ -9,16 +9,19 @@
 #include "bench_files.h"
 #include "groups.h"
 #include "measure.h"
+#include "platform/desktop/metafile/record_types.h"
 #include "platform/desktop/pictures/picture_loader.h"
 
 namespace quorvale {
 namespace {
 
+using enum metafile::WmfRecordType;
+
 constexpr int kRecords = 10'000;
-// What the files draw in.
+// Of the window, in logical units.
 constexpr int kSide = 10'000;
 
-// A WMF file with a header that says its size.
+// A WMF file with its size in the header.
 class WmfFile {
  public:
   WmfFile() { Write({0xCDD7, 0x9AC6, 0, 0, 0, kSide, kSide, 1440, 0, 0, 0, 1, 9, 0x300, 0, 0, 0, 0, 0, 0}); }
@@ -29,7 +32,7 @@ class WmfFile {
   }
 
   std::string Save(const std::string& name) {
-    Record(0, {});
+    Record(META_EOF, {});
     std::string path = BenchDirectory("metafiles") + "/" + name + ".wmf";
     std::ofstream(path, std::ios::binary).write(bytes_.data(), static_cast<std::streamsize>(bytes_.size()));
     return path;
@@ -50,21 +53,21 @@ using Draw = std::function<void(WmfFile& file, int x, int y)>;
 
 std::string MakeFile(const std::string& name, const Draw& draw) {
   WmfFile file;
-  file.Record(0x02FC, {0, 0x80FF, 0x0040, 0});  // a brush, an area's colour
-  file.Record(0x012D, {0});
+  file.Record(META_CREATEBRUSHINDIRECT, {0, 0x80FF, 0x0040, 0});  // a brush, an area's colour
+  file.Record(META_SELECTOBJECT, {0});
   for (int i = 0; i < kRecords; ++i) draw(file, i * 7919 % (kSide - 600), i * 104'729 % (kSide - 600));
   return file.Save(name);
 }
 
 void Polygon(WmfFile& file, int x, int y) {
-  file.Record(0x0324, {5, x, y, x + 500, y + 80, x + 420, y + 400, x + 200, y + 560, x + 30, y + 300});
+  file.Record(META_POLYGON, {5, x, y, x + 500, y + 80, x + 420, y + 400, x + 200, y + 560, x + 30, y + 300});
 }
-void Line(WmfFile& file, int x, int y) { file.Record(0x0213, {y, x}); }
-void Ellipse(WmfFile& file, int x, int y) { file.Record(0x0418, {y + 400, x + 600, y, x}); }
+void Line(WmfFile& file, int x, int y) { file.Record(META_LINETO, {y, x}); }
+void Ellipse(WmfFile& file, int x, int y) { file.Record(META_ELLIPSE, {y + 400, x + 600, y, x}); }
 // "Quorvale"
-void Text(WmfFile& file, int x, int y) { file.Record(0x0521, {8, 0x7551, 0x726F, 0x6176, 0x656C, y, x}); }
-// Inverts what is there: the file is played on black and on white.
-void Invert(WmfFile& file, int x, int y) { file.Record(0x061D, {0x0009, 0x0055, 300, 300, y, x}); }
+void Text(WmfFile& file, int x, int y) { file.Record(META_TEXTOUT, {8, 0x7551, 0x726F, 0x6176, 0x656C, y, x}); }
+// Inverts the background, so that the file is played twice, on black and on white.
+void Invert(WmfFile& file, int x, int y) { file.Record(META_PATBLT, {0x0009, 0x0055, 300, 300, y, x}); }
 
 double MillisecondsToShow(const std::string& path, int width, int height) {
   const PixelRect box{0, 0, width, height};

@@ -1,4 +1,4 @@
-// Plays what it is given, as a picture is played that is loaded and shown.
+// Plays its input as a picture that is loaded and shown.
 
 #include <QGuiApplication>
 #include <array>
@@ -30,7 +30,7 @@ void Show(std::vector<std::uint8_t> bytes) {
     picture.Prepare({.box = [&](const TwipSize& /*natural*/) { return whole; }, .clip = whole, .scale = 1});
     picture.Paint(view, whole, whole);
     picture.Paint(view, own, {20, 20, 30, 30});
-  } catch (const Failure&) {  // NOLINT(bugprone-empty-catch): what is no picture fails, and that is all.
+  } catch (const Failure&) {  // NOLINT(bugprone-empty-catch): damaged files are expected.
   }
 }
 

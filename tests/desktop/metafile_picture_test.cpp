@@ -7,9 +7,12 @@
 
 #include "base/failure.h"
 #include "desktop/pictures/samples.h"
+#include "platform/desktop/metafile/record_types.h"
 
 namespace quorvale {
 namespace {
+
+using enum metafile::WmfRecordType;
 
 constexpr std::size_t kPlaceableHeader = 22;
 
@@ -32,12 +35,12 @@ Bytes Words(std::initializer_list<int> words) {
 
 Bytes First(const Bytes& bytes, std::size_t count) { return {bytes.begin(), bytes.begin() + count}; }
 
-// A header of a plain file, records, and the end mark.
+// A file without META_PLACEABLE: its header, records, and the end.
 const Bytes kWmfHeader = Words({1, 9, 0x300, 0, 0, 0, 0, 0, 0});
-const Bytes kWmfEnd = Words({3, 0, 0});
-const Bytes kWmfBox = Words({7, 0, 0x041B, 60, 40, 20, 10});  // from 10, 20 to 40, 60
-Bytes WmfWindow(int width, int height) { return Words({5, 0, 0x020C, height, width}); }
-Bytes WmfMapMode(int mode) { return Words({4, 0, 0x0103, mode}); }
+const Bytes kWmfEnd = Words({3, 0, META_EOF});
+const Bytes kWmfBox = Words({7, 0, META_RECTANGLE, 60, 40, 20, 10});  // from 10, 20 to 40, 60
+Bytes WmfWindow(int width, int height) { return Words({5, 0, META_SETWINDOWEXT, height, width}); }
+Bytes WmfMapMode(int mode) { return Words({4, 0, META_SETMAPMODE, mode}); }
 
 Bytes Placeable(int right, int bottom, int units_to_inch) {
   return Words({0xCDD7, 0x9AC6, 0, 0, 0, right, bottom, units_to_inch, 0, 0, 0});
@@ -81,10 +84,10 @@ TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
   }
 }
 
-TEST(MetafilePicture, IsDamagedWithoutAHeaderOrIfItBreaksOffBeforeAnythingIsDrawn) {
+TEST(MetafilePicture, FailsWithoutAHeaderOrIfDamagedBeforeTheFirstDrawing) {
   const Bytes wmf = ReadSample("boxes.wmf");
   const Bytes emf = ReadSample("boxes.emf");
-  // In each, a pen and a brush are made and selected first.
+  // Each begins by making and selecting a pen and a brush.
   const std::size_t wmf_drawn = kPlaceableHeader + 18 + 16 + 8 + 14 + 8 + 14;
   const std::size_t emf_drawn = 108 + 28 + 12 + 24 + 12 + 24;
   Bytes no_device = emf;
@@ -108,7 +111,7 @@ TEST(MetafilePicture, IsDamagedWithoutAHeaderOrIfItBreaksOffBeforeAnythingIsDraw
   for (const auto& test : cases) EXPECT_EQ(NaturalSize(test.bytes).has_value(), test.good) << test.what;
 }
 
-TEST(MetafilePicture, IsDrawnAnewForAnotherBoxAndForAPartOfIt) {
+TEST(MetafilePicture, IsDrawnAgainForAnotherBoxOrAnotherPart) {
   const std::string path = QUORVALE_METAFILES "/boxes.wmf";
   Screen small(200, 150);
   const auto picture = Show(path, small.Bounds(), small);
@@ -118,7 +121,7 @@ TEST(MetafilePicture, IsDrawnAnewForAnotherBoxAndForAPartOfIt) {
   picture->Paint(Screen(400, 300).View(), again.Bounds(), {0, 0, 50, 50});
   picture->Paint(again.View(), again.Bounds(), again.Bounds());
   EXPECT_EQ(again.pixels, large.pixels);
-  // A part in view is the same part of the whole; what is not drawn on lets the ground through.
+  // Part of a picture has the same pixels as in the whole, and the background shows where nothing is drawn.
   Screen part(100, 80);
   Show(path, {-120, -70, 400, 300}, part);
   for (int y = 0; y < 80; ++y) {
@@ -127,10 +130,10 @@ TEST(MetafilePicture, IsDrawnAnewForAnotherBoxAndForAPartOfIt) {
   EXPECT_EQ(large.At(1, 1), Screen(1, 1).At(0, 0));
 }
 
-TEST(MetafilePicture, InvertsWhateverBackgroundThereIs) {
+TEST(MetafilePicture, InvertsAnyBackground) {
   const TemporaryDirectory folder;
   // Inverts the target from 10, 20 to 40, 60.
-  const Bytes invert = Words({9, 0, 0x061D, 0x0009, 0x0055, 40, 30, 20, 10});
+  const Bytes invert = Words({9, 0, META_PATBLT, 0x0009, 0x0055, 40, 30, 20, 10});
   const std::string path = WritePicture(folder, "p", Placeable(100, 100, 96) + kWmfHeader + invert + kWmfEnd);
   for (const Pixel ground : {0xFF000000U, 0xFFFFFFFFU, 0xFF204060U}) {
     Screen screen(100, 100, ground);
@@ -140,19 +143,20 @@ TEST(MetafilePicture, InvertsWhateverBackgroundThereIs) {
   }
 }
 
-// An arc of an empty box has no points, from the first of which a line would come.
-TEST(MetafilePicture, DrawsNoArcOfAnEmptyBox) {
+// An arc of an empty box has no first point to draw a line to.
+TEST(MetafilePicture, SkipsTheArcOfAnEmptyBox) {
   Screen screen(200, 150, 0xFFFFFFFF);
   Show(QUORVALE_METAFILES "/empty_arc.emf", screen.Bounds(), screen);
   EXPECT_NE(screen.At(15, 15), 0xFFFFFFFFU);
 }
 
-// So many runs in one row that their sum is no number any more.
-TEST(MetafilePicture, DrawsNoRunsBeyondTheEndOfTheirRow) {
+// So many runs in one row that the sum of their lengths overflows.
+TEST(MetafilePicture, RunsStopAtTheEndOfTheRow) {
   const TemporaryDirectory folder;
   constexpr int kRuns = 10'000'000;
   constexpr std::size_t kWords = 3 + 11 + 20 + 2 + kRuns;
-  const Bytes head = Words({kWords & 0xFFFF, kWords >> 16, 0x0F43, 0x0020, 0x00CC, 0, 4, 4, 0, 0, 75, 100, 0, 0});
+  const Bytes head =
+      Words({kWords & 0xFFFF, kWords >> 16, META_STRETCHDIB, 0x0020, 0x00CC, 0, 4, 4, 0, 0, 75, 100, 0, 0});
   const Bytes info = Words({40, 0, 4, 0, 4, 0, 1, 8, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0});
   const Bytes red = Words({0x0000, 0x00FF});
   Bytes runs(2 * kRuns);
@@ -164,11 +168,11 @@ TEST(MetafilePicture, DrawsNoRunsBeyondTheEndOfTheirRow) {
   EXPECT_EQ(screen.At(50, 70), 0xFFFF0000U);
 }
 
-TEST(MetafilePicture, TakesTwoSecondsAtTheMost) {
+TEST(MetafilePicture, StopsAfterTwoSeconds) {
   const TemporaryDirectory folder;
   Bytes bytes = Placeable(100, 100, 96) + kWmfHeader + kWmfBox;
-  // Inverts all of it, again and again.
-  const Bytes invert = Words({9, 0, 0x061D, 0x0009, 0x0055, 100, 100, 0, 0});
+  // Inverts the whole picture again and again.
+  const Bytes invert = Words({9, 0, META_PATBLT, 0x0009, 0x0055, 100, 100, 0, 0});
   for (int i = 0; i < 100'000; ++i) bytes.insert(bytes.end(), invert.begin(), invert.end());
   const std::string path = WritePicture(folder, "long", bytes + kWmfEnd);
   Screen screen(1600, 1200);

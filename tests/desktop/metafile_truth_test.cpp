@@ -1,5 +1,5 @@
-// Metafiles that Windows' functions made, beside the pictures that a Windows player made of them. What is
-// compared leaves out where an edge lies within a pixel: it may be soft here, and is hard there.
+// Compares metafiles, made by the functions of Windows, with the pictures that a Windows player made of them. Edges
+// may differ by a pixel: they are soft here and hard there.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ constexpr Channel kChannels[] = {qRed, qGreen, qBlue};
 
 struct Limit {
   std::string name;
-  double wrong_pixels = 0;     // to the thousand
+  double wrong_pixels = 0;     // per thousand
   double mean_difference = 0;  // of a channel
 };
 
@@ -40,7 +40,7 @@ std::vector<Limit> ReadLimits() {
   return limits;
 }
 
-// How far a pixel's channels are from those around the same place in another picture.
+// The largest distance of a channel from its range in the neighbourhood of the same place in another picture.
 int Distance(QRgb pixel, const QImage& other, int x, int y) {
   int most = 0;
   for (const Channel channel : kChannels) {
@@ -81,7 +81,7 @@ QImage Render(const std::string& path) {
 }
 
 // With METAFILE_OUTPUT set, both pictures go to that directory side by side.
-TEST(MetafileTruth, EveryFamilyOfRecordsComesOutAsAWindowsPlayerDrawsIt) {
+TEST(MetafileTruth, EveryKindOfRecordMatchesAWindowsPlayer) {
   const std::vector<Limit> limits = ReadLimits();
   ASSERT_GE(limits.size(), 40U);
   for (const Limit& limit : limits) {

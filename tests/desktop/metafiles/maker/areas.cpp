@@ -1,4 +1,4 @@
-// Areas, and what fills them.
+// Areas and brushes.
 
 #include "drawing.h"
 
@@ -96,7 +96,7 @@ void Gradients(HDC dc, bool) {
 
 COLORREF PaletteColour(int i) { return RGB(i * 36, 255 - i * 36, i * 10); }
 
-// The same with colours instead of their numbers.
+// The same with colours instead of palette indices.
 void PaletteTruth(HDC dc, bool) {
   for (int i = 0; i < 8; ++i) {
     Pen(dc, PS_SOLID, 1, RGB(0, 0, 0));

@@ -22,7 +22,7 @@ void Bitmaps(HDC dc, bool) {
   SetDIBitsToDevice(dc, 40, 80, 40, 30, 0, 0, 0, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS);
   StretchDIBits(dc, 90, 80, 40, 30, 10, 5, 20, 15, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
   StretchDIBits(dc, 180, 80, -40, 30, 0, 0, 40, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
-  // A source may count backwards as well.
+  // A negative source size mirrors.
   StretchDIBits(dc, 184, 80, 12, 30, 27, 0, -12, 30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
   StretchDIBits(dc, 101, 115, 8, 30, 16, 29, 8, -30, bitmap.bits.data(), bitmap.Info(), DIB_RGB_COLORS, SRCCOPY);
   Bitmap runs;
@@ -47,7 +47,7 @@ void Bitmaps(HDC dc, bool) {
   Stretch(dc, 110, 115, 24, 30, masked);
   Bitmap small_runs = MakeBitmap(16, 4, 4);
   small_runs.header.biCompression = BI_RLE4;
-  // A run, single ones, a leap, a run again, and the end.
+  // A run, a literal run, a delta, a run, the end of the bitmap.
   small_runs.bits = {6, 0x3A, 0, 5, 0x12, 0x34, 0x50, 0, 0, 0, 0, 2, 4, 1, 9, 0xC7, 0, 1, 0, 0};
   small_runs.header.biSizeImage = static_cast<DWORD>(small_runs.bits.size());
   Stretch(dc, 140, 115, 48, 30, small_runs);

@@ -11,17 +11,17 @@ constexpr int kWidth = 200;
 constexpr int kHeight = 150;
 using Draw = void (*)(HDC, bool emf);
 
-// A picture for one family of records.
+// A picture for one group of records.
 struct Family {
   const char* name;
   Draw draw;
   bool wmf;
   bool emf;
-  // What Wine's players leave out is drawn on the sheet without a metafile between.
+  // Wine's players skip these records, so the truth is drawn directly.
   Draw truth = nullptr;
 };
 
-// Made, and used from now on.
+// Selects an object; Brush and Pen make it too.
 HGDIOBJ Use(HDC dc, HGDIOBJ object);
 void Brush(HDC dc, COLORREF colour);
 void Pen(HDC dc, int style, int width, COLORREF colour);
@@ -33,15 +33,15 @@ struct Bitmap {
   const BITMAPINFO* Info() const { return reinterpret_cast<const BITMAPINFO*>(&header); }
 };
 
-// Corners that differ, a slant, and a border of one pixel.
+// Four different corners, a diagonal, and a border of one pixel.
 Bitmap MakeBitmap(int width, int height, int depth);
 void Stretch(HDC dc, int x, int y, int width, int height, const Bitmap& bitmap, DWORD op = SRCCOPY);
-// A device context that holds the bitmap.
+// A device context with the bitmap selected.
 HDC BitmapDc(const Bitmap& bitmap);
 // Stripes.
 void Ground(HDC dc);
 
-// What a bitmap shows where each of its points lands.
+// Draws a bitmap pixel by pixel. `back` maps a pixel of the target to one of the bitmap.
 template <typename Back>
 void DrawByPoints(HDC dc, const Bitmap& bitmap, Back back) {
   HDC source = BitmapDc(bitmap);
@@ -55,7 +55,7 @@ void DrawByPoints(HDC dc, const Bitmap& bitmap, Back back) {
   }
 }
 
-// By the files that hold them.
+// A group for each file.
 std::span<const Family> LineFamilies();
 std::span<const Family> AreaFamilies();
 std::span<const Family> ClipFamilies();
@@ -63,5 +63,5 @@ std::span<const Family> MappingFamilies();
 std::span<const Family> TextFamilies();
 std::span<const Family> BitmapFamilies();
 
-// Wine writes a geometric pen as a plain one: these are the records to put in the places of those.
+// Wine records a geometric pen as a plain one. These are the records to replace those with.
 std::vector<std::vector<DWORD>>& ExtendedPens();

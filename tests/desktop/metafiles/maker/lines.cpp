@@ -1,4 +1,4 @@
-// Lines that can be seen, and what they are drawn with.
+// Lines and pens.
 
 #include "drawing.h"
 

@@ -1,4 +1,4 @@
-// Makes the metafiles of the directory above with Windows' own functions, and the pictures that Windows' own
+// Makes the metafiles of the directory above with the functions of Windows, and the pictures that the Windows
 // players make of them. scripts/metafile-truth.sh builds and runs it.
 
 #include <cstddef>
@@ -18,7 +18,7 @@ void Save(const std::string& path, const void* head, std::size_t head_size, cons
   std::fclose(file);
 }
 
-// A white sheet in memory.
+// A white bitmap in memory.
 struct Sheet {
   HDC dc = CreateCompatibleDC(nullptr);
   std::uint32_t* pixels = nullptr;
@@ -54,7 +54,7 @@ struct Placeable {
 };
 #pragma pack(pop)
 
-// Puts the extended pens in the places of plain ones.
+// Replaces plain pens by extended ones.
 void PutExtendedPens(std::vector<std::uint8_t>& bytes) {
   std::vector<std::uint8_t> made;
   std::size_t next = 0;
@@ -106,7 +106,7 @@ void MakeWmf(const Family& family) {
 
 void MakeEmf(const Family& family) {
   HDC screen = GetDC(nullptr);
-  // The frame that is exactly the sheet, in hundredths of a millimetre.
+  // The bitmap's size in hundredths of a millimetre.
   const int mm_x = GetDeviceCaps(screen, HORZSIZE), mm_y = GetDeviceCaps(screen, VERTSIZE);
   const int px_x = GetDeviceCaps(screen, HORZRES), px_y = GetDeviceCaps(screen, VERTRES);
   const RECT frame{0, 0, static_cast<LONG>(std::lround(100.0 * kWidth * mm_x / px_x)),

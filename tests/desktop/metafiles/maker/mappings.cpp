@@ -1,4 +1,4 @@
-// From units to pixels.
+// Mapping modes and world transforms.
 
 #include "drawing.h"
 
@@ -51,11 +51,11 @@ void FixedMappings(HDC dc, bool) {
   }
 }
 
-// Some degrees of an ellipse, against the clock.
+// An arc of an ellipse, counterclockwise, in degrees.
 void AddArc(std::vector<POINT>& points, double x, double y, double across, double down, double from, double to) {
   for (double degree = from; degree <= to; degree += 1) {
     const double angle = degree * 3.14159265 / 180;
-    // A hundred units to the pixel.
+    // A hundred units per pixel.
     points.push_back(
         {std::lround(100 * (x + across * std::cos(angle))), std::lround(100 * (y - down * std::sin(angle)))});
   }
@@ -80,7 +80,7 @@ void WorldTransforms(HDC dc, bool) {
   Pie(dc, 30, 50, 90, 100, 90, 75, 60, 50);
 }
 
-// Wine turns polygons, and no boxes.
+// Wine applies rotation to polygons but not to boxes.
 void WorldTruth(HDC dc, bool) {
   StartWorld(dc);
   Pen(dc, PS_SOLID, 300, RGB(0, 0, 120));
