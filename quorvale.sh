@@ -2,50 +2,43 @@
 # Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+source scripts/packages.sh
+source scripts/lint.sh
 source scripts/play-list.sh
-
-build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev libpng-dev libxcb1-dev libxcb-shm0-dev"
-run_packages="qt6-wayland fontconfig fonts-dejavu-core"
-screen_packages="xvfb openbox xdotool x11-utils imagemagick"
-saver_packages="xscreensaver"
-windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
-wine_packages="wine wine64"
-test_packages="libgtest-dev libgmock-dev python3 sox"
-fuzz_packages="clang libclang-rt-dev"
-lint_packages="clang-format clang-tidy"
-bench_packages="feh"
 
 say() { printf '== %s\n' "$*"; }
 
-# Installs those of the given packages that are missing.
-need() {
-  local missing=() package
-  for package in "$@"; do
-    dpkg -s "$package" 2>/dev/null | grep -q '^Status: .* installed$' || missing+=("$package")
-  done
-  [ ${#missing[@]} -gt 0 ] || return 0
-  say "Installing ${missing[*]}"
-  local as_root=()
-  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-  "${as_root[@]}" apt-get update -qq
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+# configure PRESET [ARGUMENTS]
+configure() {
+  mkdir -p build
+  cmake --preset "$1" -Wno-dev "${@:2}" >build/configure.txt 2>&1 || { cat build/configure.txt; return 1; }
 }
 
-# Configures and builds one of the presets: build PRESET [ARGUMENTS OF THE BUILD].
+# build PRESET [ARGUMENTS OF THE BUILD]
 build() {
-  need $build_packages $run_packages $test_packages
   say "Building ($1)"
-  mkdir -p build
-  cmake --preset "$1" -Wno-dev >build/configure.txt 2>&1 || { cat build/configure.txt; return 1; }
+  configure "$1"
   cmake --build --preset "$@"
+}
+
+# build_program TARGET... builds these parts of the program. Where everything has been configured, it stays so.
+build_program() {
+  need $build_packages
+  say "Building the program"
+  [ -f build/build.ninja ] || configure program
+  cmake --build build --target "$@"
+}
+
+build_everything() {
+  need $build_packages $whole_packages
+  build release "$@"
 }
 
 # A settings store of the show's own, with the samples in both lists.
 prepare_show() {
   export XDG_CONFIG_HOME=$PWD/build/show
   rm -rf "$XDG_CONFIG_HOME"
-  local samples=$PWD/build/samples i
+  local samples=$PWD/assets/samples i
   for i in 1 2 3; do
     build/quorvale-settings set PictureFiles "File$((i - 1))" "$(entry "$samples" "Sample$i.jpg")"
   done
@@ -54,13 +47,16 @@ prepare_show() {
 }
 
 show() {
-  build release
-  prepare_show
+  [ -z "${WAYLAND_DISPLAY:-}" ] || need $wayland_packages
   if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    build_program quorvale quorvale-settings
+    prepare_show
     say "The show runs until you press a key or move the mouse"
     build/quorvale /S
   else
-    need $screen_packages
+    need $build_packages $screenshot_packages
+    build_program quorvale quorvale-settings
+    prepare_show
     scripts/show-without-display.sh
   fi
 }
@@ -69,11 +65,23 @@ run_tests() {
   ctest --test-dir "$1" --output-on-failure --no-tests=error -j "$(nproc)" "${@:2}" | tee "$1/tests.txt"
 }
 
-# The last line is the runner's own count.
-count_of() { grep 'tests passed' "$1/tests.txt"; }
+# The runner's own count of a build's tests, and what it has skipped.
+count_of() {
+  grep '(Skipped)$' "$1/tests.txt" | sed 's/^[^-]*- //' || true
+  grep 'tests passed' "$1/tests.txt"
+}
+
+test_release() {
+  need $build_packages $whole_packages $screen_packages $test_packages
+  build release --target tests
+  say "Testing core, desktop and the whole program"
+  run_tests build
+  say "Release build, headless, desktop and end to end:"
+  count_of build
+}
 
 # The cross-compiled tests under Wine, where there is one to be had.
-test_windows() {
+check_windows() {
   if ! need $windows_packages $wine_packages; then
     say "There is no Wine to install here: the tests of the Windows program are left out"
     return
@@ -84,29 +92,36 @@ test_windows() {
   WINEPREFIX=$PWD/build/wine wineserver -k || true
 }
 
-run_all_tests() {
-  need $screen_packages $fuzz_packages
+check() {
+  need $build_packages $whole_packages $screen_packages $test_packages $sanitize_packages $windows_packages \
+    $lint_packages
   build sanitize
-  build release
-  build fuzz
-  say "Testing core and headless platform under the sanitizers"
-  run_tests build/sanitize
-  say "Testing pictures under the sanitizers, and fuzzing for 20 seconds each"
-  run_tests build/fuzz -R '^(Picture|Metafile|fuzz|sweep)'
-  say "Testing everything"
-  need $saver_packages
-  run_tests build
-  test_windows
-  say "Under the sanitizers: $(count_of build/sanitize)"
-  say "Pictures under the sanitizers: $(count_of build/fuzz)"
-  [ ! -f build/windows-64/tests.txt ] || say "Under Wine: $(count_of build/windows-64)"
-  count_of build
+  say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
+  run_tests build/sanitize -L '^(core|pictures|fuzz)$'
+  build debug --target tests
+  say "Testing the debug build"
+  run_tests build/debug
+  check_windows
+  lint_code
+  say "Under the sanitizers:"
+  count_of build/sanitize
+  if [ -f build/windows-64/tests.txt ]; then
+    say "Under Wine:"
+    count_of build/windows-64
+  fi
+  say "Debug build, headless, desktop and end to end:"
+  count_of build/debug
+}
+
+lint() {
+  need $build_packages $whole_packages $sanitize_packages $windows_packages $lint_packages
+  lint_code
 }
 
 # "windows" is a table of its own: the Windows program's code beside the Linux program's.
 bench() {
   need $screen_packages $bench_packages
-  build release
+  build_everything
   if [ "${1:-}" = windows ]; then
     need $windows_packages $wine_packages
     build windows-64
@@ -118,53 +133,32 @@ bench() {
 
 # Whatever the user's umask is, everybody may read what the package brings.
 package() (
-  need dpkg-dev desktop-file-utils
-  build release
+  need $build_packages $windows_packages $package_packages
+  build_program program
   umask 022
   desktop-file-validate packaging/*.desktop
   cpack --config build/CPackConfig.cmake -B build/packages
-  need $windows_packages
   build windows-64 --target quorvale
   build windows-32 --target quorvale
   scripts/package-windows.sh
 )
 
-lint() {
-  need $lint_packages
-  build release
-  say "Checking the format"
-  git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
-  say "Checking the code"
-  git ls-files 'src/*.cpp' ':!src/platform/win32' |
-    xargs -P "$(nproc)" -n 4 clang-tidy -p build --quiet 2>/dev/null
-  lint_windows
-}
-
-# The linter's compiler has to be told where the headers of the other one are.
-lint_windows() {
-  need $windows_packages
-  cmake --preset windows-64 -Wno-dev >/dev/null
-  local library
-  library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++
-  git ls-files 'src/platform/win32/*.cpp' |
-    xargs -P "$(nproc)" -n 4 clang-tidy -p build/windows-64 --quiet --extra-arg-before=--driver-mode=g++ \
-      --extra-arg=--target=x86_64-w64-mingw32 --extra-arg=-isystem"$library" \
-      --extra-arg=-isystem"$library"/x86_64-w64-mingw32 2>/dev/null
-}
-
 case "${1:-}" in
   show) show ;;
-  test) run_all_tests ;;
-  build) build release ;;
-  configure) build release && build/quorvale /C ;;
+  test) test_release ;;
+  check) check ;;
+  build) build_program program ;;
+  configure) build_program program && build/quorvale /C ;;
   bench) bench "${@:2}" ;;
   package) package ;;
   lint) lint ;;
   *)
     cat <<'TEXT'
-Usage: ./quorvale.sh COMMAND. Each command installs what is missing and builds first.
+Usage: ./quorvale.sh COMMAND. Each command builds first what it needs, and installs what is missing;
+with QUORVALE_INSTALL=no in the environment it names that and stops.
   show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
-  test       run every test
+  test       build for release, and run the tests: headless, desktop and end to end
+  check      what CI runs beside: sanitizers, fuzzing, the debug build, Windows under Wine, and lint
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine

@@ -17,7 +17,7 @@ namespace quorvale::samples {
 namespace {
 
 void Save(const std::filesystem::path& path, const Scene& scene) {
-  constexpr int kQuality = 88;
+  constexpr int kQuality = 75;
   WriteJpeg(path.string(), scene.canvas.Width(), scene.canvas.Height(), Develop(scene.canvas, scene.film), kQuality);
 }
 

@@ -26,6 +26,7 @@ done
 measure() {
   (
     start_virtual_display "$1"
+    start_window_manager
     "$build/quorvale-bench" --json "$rows" "${options[@]}" "${@:2}"
   )
 }

@@ -10,7 +10,7 @@ for width in 64 32; do
   mkdir -p "packages/$name/$width-bit"
   cp "windows-$width/Quorvale.scr" "packages/$name/$width-bit"
 done
-cp -r samples "packages/$name"
+cp -r ../assets/samples "packages/$name"
 cp -r ../help "packages/$name"
 # Older editors there show a line feed alone as no line end.
 sed 's/$/\r/' ../packaging/windows-install.txt >"packages/$name/Install.txt"

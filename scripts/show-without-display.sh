@@ -24,7 +24,7 @@ wait_for_picture() {
 
 shoot() {
   sleep "$1"
-  import -window root "$shots/$2.png"
+  scripts/screenshot.py "$XDG_CONFIG_HOME/framebuffer/Xvfb_screen0" "$shots/$2.png"
 }
 
 rm -rf "$shots" && mkdir -p "$shots"
@@ -33,12 +33,13 @@ if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
   export XDG_RUNTIME_DIR=$XDG_CONFIG_HOME/runtime
   mkdir -p -m 700 "$XDG_RUNTIME_DIR"
 fi
-start_virtual_display 1920x1080
+mkdir -p "$XDG_CONFIG_HOME/framebuffer"
+start_virtual_display 1920x1080 -fbdir "$XDG_CONFIG_HOME/framebuffer"
 
 # The third picture is a smaller copy, so that its frame can be seen.
 mkdir -p "$XDG_CONFIG_HOME/small"
-convert build/samples/Sample3.jpg -resize 1280x720 -quality 92 "$XDG_CONFIG_HOME/small/Sample3.jpg"
-build/quorvale-settings set PictureFiles File2 "$(entry "$XDG_CONFIG_HOME/small" Sample3.jpg)"
+djpeg -scale 3/8 -bmp -outfile "$XDG_CONFIG_HOME/small/Sample3.bmp" assets/samples/Sample3.jpg
+build/quorvale-settings set PictureFiles File2 "$(entry "$XDG_CONFIG_HOME/small" Sample3.bmp)"
 option Interval "$interval"
 option Stretch 1
 option SwapAffect "Sweep Right"

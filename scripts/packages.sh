@@ -1,0 +1,36 @@
+# For quorvale.sh: the Debian packages by what they are for, and the one function that installs.
+
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev
+  libpng-dev libxcb1-dev fontconfig fonts-dejavu-core"
+wayland_packages="qt6-wayland"
+# The show on a virtual display.
+screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"
+# What the preset "release" has beside the program.
+whole_packages="libgtest-dev libgmock-dev libxcb-shm0-dev"
+screen_packages="xvfb openbox xdotool x11-utils imagemagick"
+test_packages="python3 sox xscreensaver"
+sanitize_packages="clang libclang-rt-dev"
+windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
+wine_packages="wine wine64"
+lint_packages="clang-format clang-tidy"
+bench_packages="feh"
+package_packages="dpkg-dev desktop-file-utils"
+
+# Installs those of the given packages that are missing, unless QUORVALE_INSTALL=no.
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg -s "$package" 2>/dev/null | grep -q '^Status: .* installed$' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  if [ "${QUORVALE_INSTALL:-yes}" = no ]; then
+    echo "These packages are missing, and QUORVALE_INSTALL=no: ${missing[*]}" >&2
+    exit 1
+  fi
+  say "Installing ${missing[*]} (QUORVALE_INSTALL=no would stop here)"
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
