@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/failure.h"
 #include "config/config_form.h"
 #include "process/process.h"
 #include "system/window_system.h"
@@ -15,6 +16,16 @@ void IgnoringFailures(const std::function<void()>& body) {
   try {
     body();
   } catch (const std::exception&) {
+  }
+}
+
+// Newer systems give the dialog that opens the configuration other titles.
+void BringCallerForward(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  try {
+    windows.ActivateWindow("Display Properties");
+  } catch (const Failure&) {
+    windows.ActivateWindow(process.ConfigDialogHwnd);
   }
 }
 
@@ -31,7 +42,7 @@ void Configure(Process& process) {
   IgnoringFailures([&process] { std::make_shared<frmConfig>(process)->ShowModal(); });
   windows.EnableWindow(process.ConfigDialogHwnd, true);
   process.app.PumpEvents();
-  IgnoringFailures([&windows] { windows.ActivateWindow("Display Properties"); });
+  IgnoringFailures([&process] { BringCallerForward(process); });
 }
 
 }  // namespace quorvale

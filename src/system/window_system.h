@@ -54,6 +54,8 @@ class WindowSystem {
 
   // Brings the window with that title forward and gives it the focus. Fails with kNotFound.
   virtual void ActivateWindow(const std::string& title) = 0;
+  // The same for the window of that handle.
+  virtual void ActivateWindow(WindowHandle window) = 0;
 };
 
 }  // namespace quorvale

@@ -95,22 +95,26 @@ TEST(MonitorArtworkTest, ThePartsFitAtEveryScale) {
   }
 }
 
-// The dialog that started configuration is held from before the window shows until it has gone.
+// The dialog that started configuration is held from before the window shows until it has gone. It comes back whatever
+// its title is.
 TEST_F(ConfigTest, MainHoldsTheCallingDialogWhileTheWindowIsOpen) {
-  const WindowHandle caller = desktop.windows.CreateForeign("Display Properties");
-  desktop.windows.SetForeground(caller);
-  desktop.dialogs.WorkModal([&](WindowHandle window) {
-    EXPECT_EQ(desktop.windows.Find(window)->title, "Screen Saver Properties");
-    EXPECT_EQ(process.ConfigDialogHwnd, caller);
-    EXPECT_FALSE(desktop.windows.Find(caller)->enabled);
-    form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
-  });
-  Main(process, "/c:77");
-  ASSERT_NE(form, nullptr);
-  EXPECT_FALSE(form->IsLoaded());
-  EXPECT_TRUE(desktop.windows.Find(caller)->enabled);
-  EXPECT_EQ(desktop.windows.GetForegroundWindow(), caller);
-  EXPECT_TRUE(desktop.boxes.shown.empty());
+  for (const char* const title : {"Display Properties", "Screen Saver Settings"}) {
+    const WindowHandle caller = desktop.windows.CreateForeign(title);
+    desktop.windows.SetForeground(caller);
+    desktop.dialogs.WorkModal([&](WindowHandle window) {
+      EXPECT_EQ(desktop.windows.Find(window)->title, "Screen Saver Properties");
+      EXPECT_EQ(process.ConfigDialogHwnd, caller);
+      EXPECT_FALSE(desktop.windows.Find(caller)->enabled);
+      form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
+    });
+    Main(process, "/c:77");
+    ASSERT_NE(form, nullptr);
+    EXPECT_FALSE(form->IsLoaded());
+    EXPECT_TRUE(desktop.windows.Find(caller)->enabled);
+    EXPECT_EQ(desktop.windows.GetForegroundWindow(), caller);
+    EXPECT_TRUE(desktop.boxes.shown.empty());
+    desktop.windows.Destroy(caller);
+  }
 }
 
 }  // namespace

@@ -41,8 +41,11 @@ void WindowTable::SetWindowPos(WindowHandle window, std::intptr_t insert_after, 
 
 void WindowTable::ActivateWindow(const std::string& title) {
   log_.push_back("ActivateWindow " + title);
-  const WindowHandle window = FindWindow(title);
-  if (window == 0) throw Failure(FailureNumber::kNotFound, "No such window", "WindowTable");
+  ActivateWindow(FindWindow(title));
+}
+
+void WindowTable::ActivateWindow(WindowHandle window) {
+  if (!IsWindow(window)) throw Failure(FailureNumber::kNotFound, "No such window", "WindowTable");
   foreground_ = window;
   focus = window;
 }

@@ -40,6 +40,7 @@ class WindowTable : public WindowSystem {
                     std::uint32_t flags) override;
   int ShowCursor(bool show) override { return cursor_count += show ? 1 : -1; }
   void ActivateWindow(const std::string& title) override;
+  void ActivateWindow(WindowHandle window) override;
   void GetClientRect(WindowHandle window, ClientRect& rect) override;
   void SetParent(WindowHandle window, WindowHandle parent) override;
 

@@ -34,6 +34,11 @@ QWindow* FindOwnByTitle(const std::string& title) {
   return nullptr;
 }
 
+void ActivateOwn(QWindow& window) {
+  if (auto* const form = qobject_cast<TopWindow*>(&window)) form->Raise();
+  window.requestActivate();
+}
+
 bool IsX11Id(WindowHandle handle) { return handle != 0 && handle <= std::numeric_limits<std::uint32_t>::max(); }
 
 }  // namespace
@@ -96,14 +101,22 @@ void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_afte
 
 void QtWindowSystem::ActivateWindow(const std::string& title) {
   if (QWindow* const own = FindOwnByTitle(title)) {
-    if (auto* const form = qobject_cast<TopWindow*>(own)) form->Raise();
-    own->requestActivate();
+    ActivateOwn(*own);
     return;
   }
   xcb_connection_t* const x11 = X11Connection();
   const std::uint32_t found = x11 != nullptr ? FindTopLevelByTitle(x11, title) : 0;
   if (found == 0) throw Failure(FailureNumber::kNotFound, "No window is titled " + title, "QtWindowSystem");
   quorvale::ActivateWindow(x11, found);
+}
+
+void QtWindowSystem::ActivateWindow(WindowHandle window) {
+  if (QWindow* const own = FindOwn(window)) {
+    ActivateOwn(*own);
+    return;
+  }
+  if (!IsWindow(window)) throw Failure(FailureNumber::kNotFound, "No such window", "QtWindowSystem");
+  quorvale::ActivateWindow(X11Connection(), static_cast<std::uint32_t>(window));
 }
 
 }  // namespace quorvale

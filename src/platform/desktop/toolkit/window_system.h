@@ -26,6 +26,7 @@ class QtWindowSystem : public WindowSystem {
   void SetParent(WindowHandle window, WindowHandle parent) override;
   int ShowCursor(bool show) override { return cursor_.Show(show); }
   void ActivateWindow(const std::string& title) override;
+  void ActivateWindow(WindowHandle window) override;
 
  private:
   const TitleLock& titles_;

@@ -43,8 +43,13 @@ int Win32WindowSystem::ShowCursor(bool show) { return ::ShowCursor(show ? TRUE :
 void Win32WindowSystem::ActivateWindow(const std::string& title) {
   const WindowHandle found = FindWindow(title);
   if (found == 0) throw Failure(FailureNumber::kNotFound, "No window is titled " + title, "Win32WindowSystem");
-  if (IsIconic(ToHwnd(found)) != 0) ShowWindow(ToHwnd(found), SW_RESTORE);
-  SetForegroundWindow(ToHwnd(found));
+  ActivateWindow(found);
+}
+
+void Win32WindowSystem::ActivateWindow(WindowHandle window) {
+  if (!IsWindow(window)) throw Failure(FailureNumber::kNotFound, "No such window", "Win32WindowSystem");
+  if (IsIconic(ToHwnd(window)) != 0) ShowWindow(ToHwnd(window), SW_RESTORE);
+  SetForegroundWindow(ToHwnd(window));
 }
 
 }  // namespace quorvale

@@ -17,6 +17,7 @@ class Win32WindowSystem : public WindowSystem {
                     std::uint32_t flags) override;
   int ShowCursor(bool show) override;
   void ActivateWindow(const std::string& title) override;
+  void ActivateWindow(WindowHandle window) override;
 };
 
 }  // namespace quorvale
