@@ -100,6 +100,7 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
     const char* what;
     std::vector<Movement> movements;
     bool ends;
+    double start = 0;  // seconds past noon
   };
   const std::vector<Case> cases = {
       {"the late move clears the count", {{8, 0}, {1, 10.5}, {9, 0}}, false},
@@ -110,11 +111,14 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
        {{1, 0}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}, {1, 6}},
        false},
       {"the clearing move opens no count", {{1, 0}, {1, 11}, {1, 11}, {1, 8}, {7, 0}}, false},
+      {"a count begins at the nearest second, here earlier", {{8, 0}, {1, 9.7}, {9, 0}}, false, 0.4},
+      {"and here later", {{8, 0}, {1, 10.3}, {1, 0}}, true, 0.6},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     process.StopRequested = false;
     process.MouseMoveCount = 0;
+    desktop.host.SetSecondsSinceMidnight(12 * 3600 + c.start);
     Start();
     for (const Movement& movement : c.movements) {
       desktop.queue.Skip(static_cast<int>(movement.pause * 1000));

@@ -47,6 +47,7 @@ TEST_F(SaverPasswordTest, IsAskedForOnlyWhereOneIsSetAndTheFamilyLeavesItToSaver
       {"no flag", 1, [] {}, false},
       {"text 1", 1, [&] { SetFlag("1"); }, true},
       {"text 1 on the family that locks itself", 2, [&] { SetFlag("1"); }, false},
+      {"text -1", 1, [&] { SetFlag("-1"); }, true},
       {"text 0", 1, [&] { SetFlag("0"); }, false},
       {"text without a number", 1, [&] { SetFlag("yes"); }, false},
       {"number 1", 1, [&] { number(1, 0); }, true},
@@ -79,7 +80,9 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
   FirstTick();
   std::uint32_t answer = 0x10000;  // the low 16 bits count
   int cursor_while_asked = 0;
+  int asked = 0;
   desktop.password.user = [&] {
+    ++asked;
     cursor_while_asked = desktop.windows.cursor_count;
     EXPECT_TRUE(process.StopRequested);
     NextTick();  // the timer fires under the dialog, and no slide changes
@@ -93,7 +96,7 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
   EXPECT_EQ(process.MouseMoveCount, 10);
   EXPECT_EQ(desktop.pictures.loads.size(), 1U);
   desktop.MoveMouse(form_->PicBase.Hwnd());
-  EXPECT_TRUE(form_->IsLoaded()) << "the eleventh move ends nothing";
+  EXPECT_EQ(asked, 1) << "the eleventh move ends nothing";
   desktop.Deactivate(form_->Hwnd());
   EXPECT_EQ(desktop.windows.GetForegroundWindow(), form_->Hwnd()) << "another program's window is kept behind";
   answer = 1;

@@ -147,6 +147,19 @@ TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
   }
 }
 
+TEST_F(PictureLayoutTest, AFrameIsAsWideInASmallPreviewAsOnTheScreen) {
+  Pictures({"picture 400 300 ff0000"});
+  process.SetOption("ShowFrame", "1");
+  MainForm& form = Start();
+  process.RunMode = "/P";
+  form.PicBase.Move(0, 0, 1500, 1125);  // an eighth: the picture is 750 by 562.5, at 375 and 281.25
+  const DrawRecorder recorder(form.PicBase);
+  FirstTick();
+  ASSERT_EQ(recorder.operations.size(), 1U);
+  EXPECT_FLOAT_EQ(recorder.operations[0].x1, 375 - 60);
+  EXPECT_FLOAT_EQ(recorder.operations[0].x2, 375 + 750 + 60);
+}
+
 TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {
   Pictures({"picture 400 300 ff0000", "damaged"});
   process.SetOption("ShowFileName", "1");

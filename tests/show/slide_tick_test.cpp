@@ -139,6 +139,25 @@ TEST_F(SlideTickTest, SoundsStartOverApartFromThePictures) {
   EXPECT_EQ(desktop.sound.played.back().path, "C:\\S0.wav");
 }
 
+// The picture is on view before its position is stored, the sound follows, and the timer comes last.
+TEST_F(SlideTickTest, TheStepsOfATickComeInOrder) {
+  ThreePictures();
+  Sounds(1);
+  process.SetOption("Interval", "7");
+  MainForm& form = Start();
+  std::vector<std::string> steps;
+  desktop.registry.Called = [&](RegistryCall call) {
+    if (call != RegistryCall::kSet) return;
+    steps.push_back((form.PicPreview.Visible() ? "store with picture, " : "store without picture, ") +
+                    std::to_string(desktop.sound.played.size()) + " sounds, " +
+                    std::to_string(form.tmrSwitch.Interval()));
+  };
+  FirstTick();
+  desktop.registry.Called = nullptr;
+  EXPECT_THAT(steps, ElementsAre("store with picture, 0 sounds, 500", "store with picture, 1 sounds, 500"));
+  EXPECT_EQ(form.tmrSwitch.Interval(), 7000);
+}
+
 TEST_F(SlideTickTest, ASoundStepPumpsBeforeAndAfter) {
   ThreePictures();
   Sounds(1);

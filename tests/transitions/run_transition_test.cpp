@@ -102,15 +102,18 @@ TEST_F(RunTransitionTest, EveryEffectWipesThePictureAway) {
   }
 }
 
+// The places are drawn from the process's generator as it stands, across before down; nothing seeds it anew.
 TEST_F(RunTransitionTest, BubblesAreDotsOnThePictureThatGrow) {
+  process.random.Seed(77);
+  Random reference;
+  reference.Seed(77);
   const std::vector<DrawOperation> operations = Run("Bubbles");
   ASSERT_EQ(operations.size(), 400U);
   for (int i = 0; i < 400; ++i) {
-    const DrawOperation& dot = operations[static_cast<std::size_t>(i)];
-    EXPECT_EQ(dot.kind, Kind::kPSet);
-    EXPECT_EQ(dot.draw_width, i + 1);
-    EXPECT_EQ(dot.colour, 0x00FF00U);
-    EXPECT_TRUE(dot.x1 >= 3000 && dot.x1 < 9000 && dot.y1 >= 2250 && dot.y1 < 6750) << dot.x1 << ", " << dot.y1;
+    const float x = reference.Next() * 6000 + 3000;
+    const float y = reference.Next() * 4500 + 2250;
+    EXPECT_EQ(operations[static_cast<std::size_t>(i)],
+              (DrawOperation{.kind = Kind::kPSet, .x1 = x, .y1 = y, .draw_width = i + 1, .colour = 0x00FF00}));
   }
   EXPECT_EQ(PumpsOfLastRun(), 800);
   EXPECT_EQ(form_->PicBase.DrawWidth(), 401);
@@ -137,12 +140,48 @@ TEST_F(RunTransitionTest, OddSizesEndWhereTheStepsEnd) {
   }
 }
 
-TEST_F(RunTransitionTest, ASurfaceThatGrowsInMidEffectGetsLongerBarsAndNoMoreSteps) {
-  desktop.queue.AtPump(4, [&] { form_->PicBase.Move(0, 0, 24000, 18000); });
-  const std::vector<DrawOperation> operations = Run("Sweep Right");
-  ASSERT_EQ(operations.size(), 401U);
-  EXPECT_EQ(operations[1].y2, 9000);
-  EXPECT_EQ(operations[2].y2, 18000);
+// The number of steps is settled when an effect begins; each shape is drawn by the size of the moment.
+TEST_F(RunTransitionTest, ASurfaceThatGrowsInMidEffectGetsLargerShapesAndNoMoreSteps) {
+  struct Case {
+    const char* name;
+    std::size_t operations;
+    std::size_t looked_at;
+    DrawOperation shape;
+  };
+  const std::vector<Case> cases = {
+      {"Sweep Right", 401, 2, Bar(60, 0, 60, 18000)},
+      {"Sweep Left", 401, 2, Bar(11940, 0, 11940, 18000)},
+      {"Sweep Down", 451, 2, Bar(0, 40, 24000, 40)},
+      {"Sweep Up", 451, 2, Bar(0, 8960, 24000, 8960)},
+      {"Horizontal Sandwich", 902, 5, Bar(0, 17980, 24000, 17980)},
+      {"Vertical Sandwich", 1202, 5, Bar(23980, 0, 23980, 18000)},
+      {"Shrinking Square", 904, 11, Bar(23960, 0, 23960, 18000)},
+      {"Spotlight",
+       281,
+       2,
+       {.kind = Kind::kCircle, .x1 = 12000, .y1 = 9000, .radius = 60, .draw_width = 5, .colour = 0xFF0000}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    form_->PicBase.Move(0, 0, 12000, 9000);
+    desktop.queue.AtPump(4, [&] { form_->PicBase.Move(0, 0, 24000, 18000); });
+    const std::vector<DrawOperation> operations = Run(c.name);
+    ASSERT_EQ(operations.size(), c.operations);
+    EXPECT_EQ(operations[c.looked_at], c.shape);
+  }
+}
+
+// Bubbles falls on the picture, so its places follow the picture's size.
+TEST_F(RunTransitionTest, APictureThatShrinksInMidEffectGetsTheRestOfTheBubbles) {
+  desktop.queue.AtPump(4, [&] {
+    form_->PicPreview.SetWidth(150);
+    form_->PicPreview.SetHeight(75);
+  });
+  const std::vector<DrawOperation> operations = Run("Bubbles");
+  ASSERT_EQ(operations.size(), 400U);
+  for (std::size_t i = 2; i < 400; ++i) {
+    EXPECT_TRUE(operations[i].x1 < 3150 && operations[i].y1 < 2325) << i;
+  }
 }
 
 TEST_F(RunTransitionTest, ThePauseFollowsSpeedAndMode) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -53,6 +54,8 @@ class MemoryRegistry : public Registry {
   std::vector<RegistryCall> calls;
   // Values set and values and keys deleted by themselves, outside an act of several writes.
   int single_writes = 0;
+  // Told of each call before it does anything.
+  std::function<void(RegistryCall)> Called;
 
   bool HasKey(std::uint32_t hive, const std::string& path) const;
   // A value's text, without its NUL.
