@@ -5,6 +5,7 @@
 #include "live_show.h"
 #include "show_settings.h"
 #include "test_picture.h"
+#include "transitions/effects.h"
 
 namespace quorvale {
 namespace {
@@ -12,11 +13,11 @@ namespace {
 void MeasureUnpaced(Bench& bench, LiveShow& show) {
   bench.report.Begin("Effects at " + ScreenName(bench) + ", the passes' lengths at zero",
                      {{"steps", 0}, {"steps/s", 0}, {"wall ms", 0}, {"CPU ms", 0}, {"X CPU ms", 0}});
-  for (const NamedEffect& effect : kNamedEffects) {
-    const EffectCost cost = RunEffect(bench, show, effect.name, 20);
-    const int steps = cost.calls / effect.calls_a_step;
-    bench.report.Row(effect.name, {static_cast<double>(steps), steps / cost.seconds, cost.seconds * 1000,
-                                   cost.cpu_seconds * 1000, cost.server_seconds * 1000});
+  for (const Effect& effect : Effects()) {
+    const EffectCost cost = RunEffect(bench, show, std::string(effect.name), 20);
+    const int steps = cost.calls / effect.shapes;
+    bench.report.Row(std::string(effect.name), {static_cast<double>(steps), steps / cost.seconds, cost.seconds * 1000,
+                                                cost.cpu_seconds * 1000, cost.server_seconds * 1000});
   }
 }
 
@@ -25,10 +26,10 @@ void MeasurePaced(Bench& bench, int speed) {
   bench.report.Begin(
       "Effects at " + ScreenName(bench) + ", the passes' lengths in force, speed " + std::to_string(speed),
       {{"wall s", 2}, {"CPU s", 2}, {"X CPU s", 2}, {"CPU %", 0}});
-  for (const NamedEffect& effect : kNamedEffects) {
-    const EffectCost cost = RunEffect(bench, show, effect.name, speed);
-    bench.report.Row(effect.name, {cost.seconds, cost.cpu_seconds, cost.server_seconds,
-                                   (cost.cpu_seconds + cost.server_seconds) / cost.seconds * 100});
+  for (const Effect& effect : Effects()) {
+    const EffectCost cost = RunEffect(bench, show, std::string(effect.name), speed);
+    bench.report.Row(std::string(effect.name), {cost.seconds, cost.cpu_seconds, cost.server_seconds,
+                                                (cost.cpu_seconds + cost.server_seconds) / cost.seconds * 100});
   }
 }
 

@@ -10,6 +10,7 @@
 #include "screen_states.h"
 #include "show_settings.h"
 #include "test_picture.h"
+#include "transitions/effects.h"
 
 namespace quorvale {
 namespace {
@@ -65,7 +66,7 @@ void MeasureShow(Bench& bench) {
   RunShow(bench, "feh", OtherViewer(pictures), seconds);
   RunOurs(bench, "None", false, pictures, seconds);
   if (bench.thorough) {
-    for (const NamedEffect& effect : kNamedEffects) RunOurs(bench, effect.name, true, pictures, seconds);
+    for (const Effect& effect : Effects()) RunOurs(bench, std::string(effect.name), true, pictures, seconds);
   }
   MeasureIdle(bench);
 }

@@ -9,23 +9,6 @@
 
 namespace quorvale {
 
-// The effects by their names, with the drawing calls that each makes a step.
-struct NamedEffect {
-  const char* name = "";
-  int calls_a_step = 1;
-};
-inline constexpr NamedEffect kNamedEffects[] = {
-    {"Sweep Right"},
-    {"Sweep Left"},
-    {"Sweep Down"},
-    {"Sweep Up"},
-    {"Spotlight"},
-    {"Bubbles"},
-    {"Horizontal Sandwich", 2},
-    {"Vertical Sandwich", 2},
-    {"Shrinking Square", 4},
-};
-
 struct ShowSettings {
   std::vector<std::string> pictures;
   std::string effect = "None";

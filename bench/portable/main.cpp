@@ -22,6 +22,7 @@
 #include "settings/reg_settings.h"
 #include "toolkit/bitmap.h"
 #include "toolkit/picture.h"
+#include "transitions/effects.h"
 #include "transitions/run_transition.h"
 
 namespace quorvale {
@@ -32,8 +33,6 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 constexpr int kFirstTick = 500;  // milliseconds
 constexpr PixelRect kScreen{.width = kWidth, .height = kHeight};
-constexpr const char* kEffects[] = {"Sweep Right",         "Sweep Down",        "Spotlight",       "Bubbles",
-                                    "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"};
 
 std::string NameOf(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
 
@@ -70,8 +69,8 @@ void MeasureEffects(Report& report) {
   process.SetOption("BackColor", "255");
   process.TransitionSpeed = 20;
   report.Begin("Drawing an effect at 1920x1080, ms", {{"whole effect"}});
-  for (const char* const effect : kEffects) {
-    process.SetOption("SwapAffect", effect);
+  for (const Effect& effect : Effects()) {
+    process.SetOption("SwapAffect", std::string(effect.name));
     const auto run = [&] {
       form->PicBase.SetBackColor(kWhite);
       form->PicBase.SetFillColor(kBlack);
@@ -79,7 +78,7 @@ void MeasureEffects(Report& report) {
       desktop.presentations.clear();
       return MillisecondsOf([&] { RunTransition(process, form->PicPreview); });
     };
-    report.Row(effect, AlternatingMedians(kRounds, {run}));
+    report.Row(std::string(effect.name), AlternatingMedians(kRounds, {run}));
   }
 }
 

@@ -7,6 +7,7 @@
 #include "config/option_set.h"
 #include "process/process.h"
 #include "system/programs.h"
+#include "transitions/effects.h"
 
 namespace quorvale {
 namespace {
@@ -18,6 +19,12 @@ constexpr int kFastest = 20;
 constexpr int kNumberLength = 2;
 constexpr int kBackspace = 8;
 constexpr int kPicturesPage = 1;
+
+std::vector<std::string> EffectNames() {
+  std::vector<std::string> names = {kNoEffect, kRandomEffect};
+  for (const Effect& effect : Effects()) names.emplace_back(effect.name);
+  return names;
+}
 
 }  // namespace
 
@@ -92,8 +99,7 @@ frmOptions::frmOptions(Process& process)
                  .tool_tip = "Select the affect to transisition between image changes.",
                  .tab_index = 10,
                  .container = &Frame3},
-                {"None", "Random", "Sweep Right", "Sweep Left", "Sweep Down", "Sweep Up", "Spotlight", "Bubbles",
-                 "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"}),
+                EffectNames()),
       Label2(*this,
              {.name = "Label2",
               .caption = "Spee&d",

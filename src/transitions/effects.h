@@ -1,30 +1,51 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "toolkit/units.h"
+
 namespace quorvale {
 
-struct EffectRun;
+class ImageControl;
+class PacedRun;
+class PictureBox;
+struct Process;
 
-// Each effect paints the picture on view away in the background colour, one small shape after another.
-// The end of a loop is fixed when it begins; the sizes used for drawing are read anew for each shape.
+// What one run of an effect works with.
+struct EffectRun {
+  Process& process;
+  PictureBox& PicBase;
+  ImageControl& PicPreview;
+  PacedRun& pace;
+  Colour WipeColour;
+  // Passes of the event queue that follow each step; 0 or less is no pause.
+  std::int32_t DelayCount;
 
-// A bar across the surface, from one edge to the other. Only SweepRight stops early for
-// `PreviewSuspended`.
-void SweepRight(const EffectRun& run);
-void SweepLeft(const EffectRun& run);
-void SweepDown(const EffectRun& run);
-void SweepUp(const EffectRun& run);
+  // Ends a step once its shapes are drawn: pumps once, and ends the program if the show is to end.
+  void PumpStep() const;
+  void Pause() const;
+  void EndStep() const {
+    PumpStep();
+    Pause();
+  }
+};
 
-// Two bars from opposite edges that meet in the middle. The name tells the bars' direction.
-void HorizontalSandwich(const EffectRun& run);
-void VerticalSandwich(const EffectRun& run);
+// Paints the picture on view away in the background colour, one small shape after another. An effect computes
+// where its loop ends once; what it draws follows the surface as that is at each step.
+struct Effect {
+  std::string_view name;
+  void (*run)(const EffectRun&);
+  // Shapes that a step draws.
+  int shapes = 1;
+};
 
-// A disc that grows from the middle, in the surface's own colours.
-void Spotlight(const EffectRun& run);
+// Choices of the option that are no effect of their own: the next picture comes at once, or a draw decides.
+inline constexpr char kNoEffect[] = "None";
+inline constexpr char kRandomEffect[] = "Random";
 
-// Four bars from the four edges.
-void ShrinkingSquare(const EffectRun& run);
-
-// 400 dots on the picture, each a pixel wider than the last; then the picture is gone.
-void Bubbles(const EffectRun& run);
+// In the order of the random draw, which is that of the drop-down list as well.
+std::span<const Effect> Effects();
 
 }  // namespace quorvale

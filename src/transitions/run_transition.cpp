@@ -1,7 +1,6 @@
 #include "transitions/run_transition.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -10,29 +9,10 @@
 #include "system/host_system.h"
 #include "toolkit/image_control.h"
 #include "toolkit/picture_box.h"
-#include "transitions/effect_run.h"
 #include "transitions/effects.h"
 
 namespace quorvale {
 namespace {
-
-struct Effect {
-  std::string_view name;
-  void (*run)(const EffectRun&);
-};
-
-// In the order of their numbers in the random draw, from 1.
-constexpr std::array<Effect, 9> kEffects = {{
-    {"Sweep Right", SweepRight},
-    {"Sweep Left", SweepLeft},
-    {"Sweep Down", SweepDown},
-    {"Sweep Up", SweepUp},
-    {"Spotlight", Spotlight},
-    {"Bubbles", Bubbles},
-    {"Horizontal Sandwich", HorizontalSandwich},
-    {"Vertical Sandwich", VerticalSandwich},
-    {"Shrinking Square", ShrinkingSquare},
-}};
 
 constexpr int kWidePen = 30;  // pixels
 
@@ -40,8 +20,8 @@ constexpr int kWidePen = 30;  // pixels
 // as often as the others.
 std::string DrawEffect(Process& process) {
   process.random.Seed(process.system.host.ClockSeed());
-  const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (kEffects.size() - 1) + 1);
-  return std::string(kEffects.at(static_cast<std::size_t>(number) - 1).name);
+  const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (Effects().size() - 1) + 1);
+  return std::string(Effects()[static_cast<std::size_t>(number) - 1].name);
 }
 
 // Fails with kOverflow for a speed that no dialog gives.
@@ -55,15 +35,14 @@ std::int32_t ComputeDelayCount(const Process& process) {
 
 void RunTransition(Process& process, ImageControl& PicPreview) {
   PictureBox& PicBase = PicPreview.Container();
-  std::string name = process.Option("SwapAffect", "Random");
+  std::string name = process.Option("SwapAffect", kRandomEffect);
   const auto WipeColour = static_cast<Colour>(RoundToInt32(StrictNumber(process.Option("Backcolor", "0"))));
-  if (name == "None") return;
-  if (name == "Random") name = DrawEffect(process);
+  if (name == kNoEffect) return;
+  if (name == kRandomEffect) name = DrawEffect(process);
   PicBase.SetDrawWidth(kWidePen);
   const std::int32_t DelayCount = ComputeDelayCount(process);
-  const auto* const effect =
-      std::find_if(kEffects.begin(), kEffects.end(), [&](const Effect& candidate) { return candidate.name == name; });
-  if (effect == kEffects.end()) return;
+  const auto effect = std::ranges::find(Effects(), name, &Effect::name);
+  if (effect == Effects().end()) return;
   const std::unique_ptr<PacedRun> pace = PicBase.OpenPacedRun();
   effect->run({process, PicBase, PicPreview, *pace, WipeColour, DelayCount});
 }

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "support/show_fixture.h"
+#include "transitions/effects.h"
 
 namespace quorvale {
 namespace {
@@ -24,13 +25,13 @@ DrawOperation Bar(float x1, float y1, float x2, float y2) {
   return {.kind = Kind::kLine, .x1 = x1, .y1 = y1, .x2 = x2, .y2 = y2, .draw_width = 30, .colour = 0x00FF00};
 }
 
-const std::vector<EffectCase>& Effects() {
+const std::vector<EffectCase>& EffectCases() {
   // Spotlight takes the surface's own colours, here blue.
   static const auto kDisc = [](float radius) {
     return DrawOperation{
         .kind = Kind::kCircle, .x1 = 6000, .y1 = 4500, .radius = radius, .draw_width = 5, .colour = 0xFF0000};
   };
-  static const std::vector<EffectCase> kEffects = {
+  static const std::vector<EffectCase> kCases = {
       {"Sweep Right", 401, 401, Bar(0, 0, 0, 9000), Bar(12000, 0, 12000, 9000), 30},
       {"Sweep Left", 401, 401, Bar(12000, 0, 12000, 9000), Bar(0, 0, 0, 9000), 30},
       {"Sweep Down", 451, 451, Bar(0, 0, 12000, 0), Bar(0, 9000, 12000, 9000), 30},
@@ -40,7 +41,7 @@ const std::vector<EffectCase>& Effects() {
       {"Vertical Sandwich", 1202, 601, Bar(0, 0, 0, 9000), Bar(6000, 0, 6000, 9000), 30},
       {"Shrinking Square", 904, 226, Bar(0, 0, 12000, 0), Bar(7500, 0, 7500, 9000), 30},
   };
-  return kEffects;
+  return kCases;
 }
 
 // A picture is on view, and transitions are called one by one.
@@ -66,8 +67,10 @@ class RunTransitionTest : public ShowTest {
   int PumpsOfLastRun() const { return desktop.paced_runs.back().pumps; }
 };
 
+// Bubbles has a test of its own.
 TEST_F(RunTransitionTest, EachEffectDrawsItsOwnSequence) {
-  for (const EffectCase& effect : Effects()) {
+  ASSERT_EQ(EffectCases().size() + 1, Effects().size());
+  for (const EffectCase& effect : EffectCases()) {
     SCOPED_TRACE(effect.name);
     const std::vector<DrawOperation> operations = Run(effect.name);
     ASSERT_EQ(operations.size(), effect.operations);
@@ -90,7 +93,7 @@ TEST_F(RunTransitionTest, TheStepsOfAPairAndOfTheSquareComeInOrder) {
 }
 
 TEST_F(RunTransitionTest, EveryEffectWipesThePictureAway) {
-  for (const EffectCase& effect : Effects()) {
+  for (const EffectCase& effect : EffectCases()) {
     SCOPED_TRACE(effect.name);
     form_->PicBase.Cls();
     ASSERT_EQ(At(400, 300), 0xFF0000U);
@@ -230,7 +233,7 @@ TEST_F(RunTransitionTest, AColourThatIsNoNumberAbandonsTheTransition) {
 }
 
 TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
-  for (const EffectCase& effect : Effects()) {
+  for (const EffectCase& effect : EffectCases()) {
     process.PreviewSuspended = false;
     desktop.queue.AtPump(6, [&] { process.PreviewSuspended = true; });
     const std::size_t count = Run(effect.name).size();
@@ -239,9 +242,8 @@ TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
 }
 
 TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
-  std::vector<std::string> names = {"Bubbles"};
-  for (const EffectCase& effect : Effects()) names.emplace_back(effect.name);
-  for (const std::string& name : names) {
+  for (const Effect& effect : Effects()) {
+    const std::string name(effect.name);
     process.StopRequested = false;
     process.SetOption("SwapAffect", name);
     desktop.queue.AtPump(4, [&] { process.StopRequested = true; });  // in the second step's pause
@@ -281,7 +283,7 @@ TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
     const auto index = static_cast<std::size_t>(number) - 1;
     EXPECT_EQ(first.kind, kinds[index]) << number;
     if (index < 5) {
-      EXPECT_EQ(first, Effects()[index].first) << number;
+      EXPECT_EQ(first, EffectCases()[index].first) << number;
     }
   }
   const std::vector<DrawOperation> drawn = Run("Random");

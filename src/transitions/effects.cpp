@@ -1,0 +1,153 @@
+#include "transitions/effects.h"
+
+#include <array>
+
+#include "base/numbers.h"
+#include "process/end_saver.h"
+#include "process/process.h"
+#include "toolkit/image_control.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+namespace {
+
+// Steps are in twips, pens in pixels. A pen is wider than the step, so that each shape overlaps the last.
+
+void UprightBar(const EffectRun& run, float x) { run.PicBase.Line(x, 0, x, run.PicBase.Height(), run.WipeColour); }
+
+void LevelBar(const EffectRun& run, float y) { run.PicBase.Line(0, y, run.PicBase.Width(), y, run.WipeColour); }
+
+// Sweeps: a bar across the surface, from one edge to the other.
+
+constexpr std::int32_t kSidewaysStep = 30;
+constexpr std::int32_t kUpAndDownStep = 20;
+
+// The only effect that stops early while the user edits the lists.
+void SweepRight(const EffectRun& run) {
+  const std::int32_t end = RoundToInt32(run.PicBase.Width());
+  for (std::int32_t x = 0; x <= end; x += kSidewaysStep) {
+    UprightBar(run, static_cast<float>(x));
+    run.EndStep();
+    if (run.process.PreviewSuspended) return;
+  }
+}
+
+void SweepLeft(const EffectRun& run) {
+  for (std::int32_t x = RoundToInt32(run.PicBase.Width()); x >= 0; x -= kSidewaysStep) {
+    UprightBar(run, static_cast<float>(x));
+    run.EndStep();
+  }
+}
+
+void SweepDown(const EffectRun& run) {
+  const std::int32_t end = RoundToInt32(run.PicBase.Height());
+  for (std::int32_t y = 0; y <= end; y += kUpAndDownStep) {
+    LevelBar(run, static_cast<float>(y));
+    run.EndStep();
+  }
+}
+
+void SweepUp(const EffectRun& run) {
+  for (std::int32_t y = RoundToInt32(run.PicBase.Height()); y >= 0; y -= kUpAndDownStep) {
+    LevelBar(run, static_cast<float>(y));
+    run.EndStep();
+  }
+}
+
+// Sandwiches: two bars from opposite edges that meet in the middle. The name says how the bars lie.
+
+constexpr std::int32_t kSandwichStep = 10;
+
+void HorizontalSandwich(const EffectRun& run) {
+  const std::int32_t end = RoundToInt32(run.PicBase.Height() / 2);
+  for (std::int32_t margin = 0; margin <= end; margin += kSandwichStep) {
+    const auto y = static_cast<float>(margin);
+    LevelBar(run, y);
+    LevelBar(run, run.PicBase.Height() - y);
+    run.EndStep();
+  }
+}
+
+void VerticalSandwich(const EffectRun& run) {
+  const std::int32_t end = RoundToInt32(run.PicBase.Width() / 2);
+  for (std::int32_t margin = 0; margin <= end; margin += kSandwichStep) {
+    const auto x = static_cast<float>(margin);
+    UprightBar(run, x);
+    UprightBar(run, run.PicBase.Width() - x);
+    run.EndStep();
+  }
+}
+
+// Four bars from the four edges.
+void ShrinkingSquare(const EffectRun& run) {
+  constexpr std::int32_t kStep = 20;
+  const std::int32_t end = RoundToInt32(run.PicBase.Height() / 2);
+  for (std::int32_t step = 0; step <= end; step += kStep) {
+    const auto margin = static_cast<float>(step);
+    LevelBar(run, margin);
+    LevelBar(run, run.PicBase.Height() - margin);
+    UprightBar(run, margin);
+    UprightBar(run, run.PicBase.Width() - margin);
+    run.EndStep();
+  }
+}
+
+// A disc that grows from the middle, in the surface's own colours.
+void Spotlight(const EffectRun& run) {
+  constexpr int kPen = 5;
+  constexpr std::int32_t kStep = 30;
+  constexpr double kReach = 0.7;  // of the width: past the corners of any usual screen
+  PictureBox& PicBase = run.PicBase;
+  PicBase.SetDrawWidth(kPen);
+  const std::int32_t end = RoundToInt32(static_cast<double>(PicBase.Width()) * kReach);
+  for (std::int32_t radius = 0; radius <= end; radius += kStep) {
+    PicBase.SetForeColor(PicBase.BackColor());
+    PicBase.Circle(PicBase.Width() / 2, PicBase.Height() / 2, static_cast<float>(radius));
+    run.EndStep();
+  }
+}
+
+// Dots all over the picture, each a pixel wider than the last. The last ones cover most of what is left; the
+// picture then goes as a whole.
+void Bubbles(const EffectRun& run) {
+  constexpr int kDots = 400;
+  ImageControl& PicPreview = run.PicPreview;
+  run.PicBase.SetDrawWidth(1);
+  for (int dots = 1; dots <= kDots; ++dots) {
+    const float x = run.process.random.Next() * PicPreview.Width();
+    const float y = run.process.random.Next() * PicPreview.Height();
+    run.PicBase.PSet(x + PicPreview.Left(), y + PicPreview.Top(), run.WipeColour);
+    run.PumpStep();
+    run.PicBase.SetDrawWidth(dots + 1);
+    run.Pause();
+  }
+  PicPreview.SetPicture(nullptr);
+}
+
+constexpr std::array<Effect, 9> kEffects = {{
+    {"Sweep Right", SweepRight},
+    {"Sweep Left", SweepLeft},
+    {"Sweep Down", SweepDown},
+    {"Sweep Up", SweepUp},
+    {"Spotlight", Spotlight},
+    {"Bubbles", Bubbles},
+    {"Horizontal Sandwich", HorizontalSandwich, 2},
+    {"Vertical Sandwich", VerticalSandwich, 2},
+    {"Shrinking Square", ShrinkingSquare, 4},
+}};
+
+}  // namespace
+
+void EffectRun::PumpStep() const {
+  pace.PumpEvents();
+  if (process.StopRequested) EndSaver(process);
+}
+
+void EffectRun::Pause() const {
+  for (std::int32_t i = 0; i < DelayCount; ++i) pace.PumpEvents();
+}
+
+std::span<const Effect> Effects() { return kEffects; }
+
+}  // namespace quorvale
