@@ -14,6 +14,7 @@
 #include "config/option_set.h"
 #include "process/process.h"
 #include "support/headless_fixture.h"
+#include "toolkit/spoken_name.h"
 
 namespace quorvale {
 namespace {
@@ -250,6 +251,15 @@ TEST_F(OptionsFormTest, ItsControlsLieInsideTheirContainersAndHaveTheirPlacesInT
   });
   EXPECT_EQ(*tab_order.rbegin(), 27);
   EXPECT_THAT(tab_order, SizeIs(28));
+}
+
+TEST_F(OptionsFormTest, EachControlHasANameToBeSpoken) {
+  const frmOptions& dialog = Open();
+  EXPECT_EQ(SpokenName(dialog.cmdOK), "OK");
+  EXPECT_EQ(SpokenName(dialog.txtInterval), "Swap Interval (Sec.):");
+  EXPECT_EQ(SpokenName(dialog.cboAffect), "Transition Effect");
+  EXPECT_EQ(SpokenName(dialog.sldSpeed), "Speed");
+  EXPECT_EQ(SpokenName(dialog.lblFrameColor), "Current background color.");
 }
 
 }  // namespace
