@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 #include <chrono>
 #include <functional>
@@ -129,6 +132,17 @@ TEST_F(LongPasses, OweNothingWhenTheSurfaceIsGone) {
 TEST_F(LongPasses, OweNothingWhenTheSurfaceGoesDuringAPass) {
   QTimer::singleShot(0, &FormWindow(), [this] { surface_peer_.reset(); });
   EXPECT_LT(TimeOfPasses(100), seconds(15));
+}
+
+// A box waited up to 35 seconds for an effect that had begun inside it.
+TEST_F(LongPasses, OweNothingOnceTheBoxThatTheyBeganInHasItsAnswer) {
+  QTimer::singleShot(0, &FormWindow(), [this] {
+    qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Ok)->click();
+    EXPECT_LT(TimeOfPasses(100), seconds(15));
+  });
+  platform_.ShowMessageBox({.text = "text"});
+  QTimer::singleShot(50, &FormWindow(), [] {});
+  EXPECT_GE(TimeOfPasses(1), milliseconds(20)) << "and it ends there";
 }
 
 TEST_F(LongPasses, AreNoMatterOfPassesOutsideARun) {

@@ -85,15 +85,21 @@ std::unique_ptr<MessageHookPeer> DesktopPlatform::CreateMessageHookPeer(std::fun
 void DesktopPlatform::PumpEvents() { RunPass(); }
 
 std::unique_ptr<PacedRun> DesktopPlatform::OpenPacedRun(SurfacePeer& surface) {
-  return std::make_unique<QtPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_);
+  return std::make_unique<QtPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_,
+                                      ended_loops_);
 }
 
 MessageBoxAnswer DesktopPlatform::ShowMessageBox(const MessageBox& box) {
-  return ShowQtMessageBox(box, options_.application_title);
+  return ShowQtMessageBox(box, options_.application_title, ended_loops_);
 }
 
 void DesktopPlatform::RunModal(WindowPeer& window) {
-  if (auto* const dialog = dynamic_cast<DialogPeer*>(&window)) dialog->Window().RunUntilHidden();
+  auto* const dialog = dynamic_cast<DialogPeer*>(&window);
+  if (dialog == nullptr) return;
+  EndedLoops::Loop loop(ended_loops_);
+  QObject context;
+  QObject::connect(&dialog->Window(), &DialogWindow::Hidden, &context, [&loop] { loop.End(); });
+  dialog->Window().RunUntilHidden();
 }
 
 std::string DesktopPlatform::ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) {

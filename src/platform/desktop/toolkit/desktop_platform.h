@@ -4,6 +4,7 @@
 
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/toolkit/ended_loops.h"
 #include "platform/desktop/toolkit/event_wait.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/text_painter.h"
@@ -55,6 +56,7 @@ class DesktopPlatform : public Platform {
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
   EventWait wait_;
+  EndedLoops ended_loops_;
   QtWidgets widgets_;
   FileDialogs file_dialogs_;
 };

@@ -95,7 +95,8 @@ void MoveToMiddle(QMessageBox& box) {
 
 }  // namespace
 
-MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& application_title) {
+MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& application_title,
+                                  EndedLoops& ended_loops) {
   QMessageBox dialog;
   dialog.setWindowTitle(QString::fromStdString(box.title.empty() ? application_title : box.title));
   dialog.setTextFormat(Qt::PlainText);
@@ -113,6 +114,8 @@ MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& appl
   dialog.windowHandle()->setTransientParent(Below(dialog.windowHandle()));
   QMetaObject::invokeMethod(
       &dialog, [&dialog] { dialog.activateWindow(); }, Qt::QueuedConnection);
+  EndedLoops::Loop loop(ended_loops);
+  QObject::connect(&dialog, &QDialog::finished, &dialog, [&loop] { loop.End(); });
   HoldKeyboard(false);
   const int button = dialog.exec();
   HoldKeyboard(true);

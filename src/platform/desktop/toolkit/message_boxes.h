@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/desktop/toolkit/ended_loops.h"
 #include "toolkit/message_box.h"
 
 namespace quorvale {
 
 // Shows the box above all windows of the program and waits for the answer. `application_title` stands for
 // an empty title.
-MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& application_title);
+MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& application_title, EndedLoops& ended_loops);
 
 }  // namespace quorvale

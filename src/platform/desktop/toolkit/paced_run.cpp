@@ -8,7 +8,7 @@
 namespace quorvale {
 namespace {
 
-constexpr auto kBetweenUnseenPasses = std::chrono::milliseconds(1);
+constexpr auto kBetweenUnpacedPasses = std::chrono::milliseconds(1);
 
 }  // namespace
 
@@ -18,22 +18,22 @@ void RunPass() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-QtPacedRun::QtPacedRun(Presenter& surface, const PassLengths& lengths, EventWait& wait)
-    : alive_(&surface.Object()), surface_(surface), lengths_(lengths), wait_(wait) {}
+QtPacedRun::QtPacedRun(Presenter& surface, const PassLengths& lengths, EventWait& wait, const EndedLoops& ended_loops)
+    : alive_(&surface.Object()), surface_(surface), lengths_(lengths), wait_(wait), ended_loops_(ended_loops) {}
 
 void QtPacedRun::PumpEvents() {
   const auto start = std::chrono::steady_clock::now();
-  if (!IsInSight()) {
+  if (!IsPaced()) {
     // The slowest effect makes a million passes, which take a second even when nothing waits in them.
     account_.Forget();
-    if (start < next_unseen_pass_) return;
-    next_unseen_pass_ = start + kBetweenUnseenPasses;
+    if (start < next_unpaced_pass_) return;
+    next_unpaced_pass_ = start + kBetweenUnpacedPasses;
     RunPass();
     return;
   }
   const std::uint64_t presented = surface_.Presentations();
   RunPass();
-  if (!IsInSight()) {
+  if (!IsPaced()) {
     account_.Forget();
     return;
   }
