@@ -27,6 +27,19 @@ using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Strings = std::vector<std::string>;
 
+class SilentEvents : public WindowEvents, public SurfaceEvents {
+  void OnKeyDown(int /*key*/) override {}
+  void OnMouseDown() override {}
+  void OnMouseMove() override {}
+  void OnCloseRequested() override {}
+  void OnHelpRequested() override {}
+  void OnDeactivated() override {}
+  void OnScreenChanged() override {}
+  void OnMouseDown(int /*x*/, int /*y*/) override {}
+  void OnMouseMove(int /*x*/, int /*y*/) override {}
+  void OnScaleChanged() override {}
+};
+
 class WidgetsTest : public testing::Test {
  protected:
   WidgetsTest() : platform_({.application_title = "Test", .pixels = PixelKind::kLogical, .pass_lengths = {}}) {
@@ -70,6 +83,18 @@ class WidgetsTest : public testing::Test {
   std::shared_ptr<WidgetForm> form_;
   QWidget* window_ = nullptr;
 };
+
+// The toolkit keeps peers for as long as an event is delivered, and windows go in that time.
+TEST_F(WidgetsTest, TakeNoFocusOnceTheirWindowIsGone) {
+  SilentEvents events;
+  auto window = platform_.CreateWindowPeer(WindowKind::kDialog, events);
+  const auto button = platform_.Widgets().Make(*window, form_->cmdOK);
+  Surface surface;
+  const auto box = platform_.CreateSurfacePeer(*window, surface, events);
+  window.reset();
+  button->TakeFocus();
+  box->TakeFocus();
+}
 
 TEST_F(WidgetsTest, TellWhatTheUserDoes) {
   const struct {

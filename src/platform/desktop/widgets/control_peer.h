@@ -22,7 +22,9 @@ class ControlPeer : public WidgetPeer {
   ControlPeer& operator=(const ControlPeer&) = delete;
 
   void Update(WidgetAspect aspect) override;
-  void TakeFocus() override { widget_->setFocus(); }
+  void TakeFocus() override {
+    if (widget_) widget_->setFocus();
+  }
   bool HasFocus() const override { return widget_ && widget_->window()->focusWidget() == widget_; }
 
  private:

@@ -62,7 +62,9 @@ class SurfaceWidgetPeer : public QtSurfacePeer {
   void SetBounds(const PixelRect& bounds) override { widget_->SetBounds(bounds); }
   void Invalidate() override { widget_->PresentSoon(); }
   void Present() override { widget_->Present(); }
-  void TakeFocus() override { widget_->setFocus(); }
+  void TakeFocus() override {
+    if (widget_) widget_->setFocus();
+  }
 
   Presenter& Shown() override { return *widget_; }
 
