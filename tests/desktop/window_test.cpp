@@ -9,6 +9,7 @@
 
 #include "base/failure.h"
 #include "desktop/window_fixture.h"
+#include "toolkit/message_hook.h"
 
 namespace quorvale {
 namespace {
@@ -78,6 +79,20 @@ TEST_F(WindowTest, LeavesTheAnswerToACloseRequestToTheToolkit) {
   EXPECT_FALSE(close.isAccepted());
   EXPECT_TRUE(FormWindow().isVisible());
   EXPECT_THAT(told_, ElementsAre("close"));
+}
+
+// As the preview's box may be asked by the program in whose window it lies.
+TEST_F(WindowTest, ReportsACloseRequestAtABoxAndKeepsTheBox) {
+  AddSurface();
+  Show();
+  const auto hook = platform_.CreateMessageHookPeer([this](int message) { told_.push_back(std::to_string(message)); });
+  hook->Watch(surface_peer_->Handle());
+  hook->Report(kWmClose);
+  QCloseEvent close;
+  QCoreApplication::sendEvent(&BoxWindow(), &close);
+  EXPECT_FALSE(close.isAccepted());
+  EXPECT_TRUE(BoxWindow().isVisible());
+  EXPECT_THAT(told_, ElementsAre(std::to_string(kWmClose)));
 }
 
 TEST_F(WindowTest, TakesNoInputWhileItIsDisabled) {
