@@ -136,6 +136,43 @@ void PaintBlack(xcb_connection_t* connection, std::uint32_t window) {
   xcb_flush(connection);
 }
 
+void ShowOnAllDesktops(xcb_connection_t* connection, std::uint32_t window) {
+  const std::uint32_t all = 0xFFFFFFFF;
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, Atom(connection, "_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL,
+                      32, 1, &all);
+}
+
+std::uint32_t FocusedWindow(xcb_connection_t* connection) {
+  const xcb_get_input_focus_cookie_t cookie = xcb_get_input_focus(connection);
+  const Owned<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(connection, cookie, nullptr));
+  const bool is_a_programs = reply && reply->focus != XCB_INPUT_FOCUS_NONE &&
+                             reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT && reply->focus != FirstRoot(connection);
+  return is_a_programs ? reply->focus : std::uint32_t{XCB_WINDOW_NONE};
+}
+
+bool IsOwnWindow(xcb_connection_t* connection, std::uint32_t window) {
+  const xcb_setup_t* const setup = xcb_get_setup(connection);
+  return setup != nullptr && (window & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
+void TakeFocus(xcb_connection_t* connection, std::uint32_t window) {
+  xcb_set_input_focus(connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
+  xcb_flush(connection);
+}
+
+// Nobody tells but a grab that fails.
+bool IsKeyboardGrabbed(xcb_connection_t* connection) {
+  const xcb_grab_keyboard_cookie_t cookie = xcb_grab_keyboard(connection, 0, FirstRoot(connection), XCB_CURRENT_TIME,
+                                                              XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+  const Owned<xcb_grab_keyboard_reply_t> reply(xcb_grab_keyboard_reply(connection, cookie, nullptr));
+  if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
+    xcb_ungrab_keyboard(connection, XCB_CURRENT_TIME);
+    xcb_flush(connection);
+    return false;
+  }
+  return reply != nullptr;
+}
+
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window) {
   xcb_client_message_event_t message{};
   message.response_type = XCB_CLIENT_MESSAGE;

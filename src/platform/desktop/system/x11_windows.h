@@ -33,6 +33,21 @@ bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t 
 // Makes the window black, now and wherever it comes into sight.
 void PaintBlack(xcb_connection_t* connection, std::uint32_t window);
 
+// Has the window manager show the window on all of its desktops. Before the window is mapped.
+void ShowOnAllDesktops(xcb_connection_t* connection, std::uint32_t window);
+
+// The window that gets the keys, as the server tells; 0 where none of any program does.
+std::uint32_t FocusedWindow(xcb_connection_t* connection);
+
+// Whether the window was made through this connection.
+bool IsOwnWindow(xcb_connection_t* connection, std::uint32_t window);
+
+// Gives the window the focus past the window manager.
+void TakeFocus(xcb_connection_t* connection, std::uint32_t window);
+
+// Whether another program has grabbed the keyboard. Not to be asked while this one has.
+bool IsKeyboardGrabbed(xcb_connection_t* connection);
+
 // Asks the window manager to bring the window forward and give it the focus.
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window);
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QObject>
 #include <memory>
 #include <vector>
 
+#include "platform/desktop/toolkit/screen_watch.h"
 #include "platform/desktop/toolkit/top_window.h"
 
 namespace quorvale {
@@ -11,12 +11,12 @@ namespace quorvale {
 class BlackWindow;
 
 // While it lives every monitor but the primary one is black, and input there is the saver window's.
-class BlackWindows : public QObject {
-  Q_OBJECT
-
+class BlackWindows {
  public:
   explicit BlackWindows(TopWindow& saver);
-  ~BlackWindows() override;
+  ~BlackWindows();
+  BlackWindows(const BlackWindows&) = delete;
+  BlackWindows& operator=(const BlackWindows&) = delete;
 
   // Takes them off the screen for good. They are not destroyed yet: one of them may be delivering the very
   // event that ends the show.
@@ -28,6 +28,7 @@ class BlackWindows : public QObject {
   TopWindow& saver_;
   bool is_hidden_ = false;
   std::vector<std::unique_ptr<BlackWindow>> windows_;
+  ScreenWatch screen_watch_;
 };
 
 }  // namespace quorvale

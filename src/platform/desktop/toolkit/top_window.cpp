@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QTimer>
+#include <chrono>
 
 #include "platform/desktop/system/x11_windows.h"
 #include "platform/desktop/toolkit/deliver.h"
@@ -19,6 +20,14 @@
 
 namespace quorvale {
 namespace {
+
+// What a window manager takes to fit a full-screen window to another screen.
+constexpr auto kManagersTurn = std::chrono::milliseconds(150);
+
+QRect PrimaryMonitor() {
+  const QScreen* const primary = QGuiApplication::primaryScreen();
+  return primary != nullptr ? primary->geometry() : QRect();
+}
 
 Qt::WindowFlags FlagsOf(bool is_in_daemon) {
   if (is_in_daemon) return Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint;
@@ -33,11 +42,20 @@ Qt::WindowFlags FlagsOf(bool is_in_daemon) {
 }  // namespace
 
 TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window)
-    : kind_(kind), pixels_(pixels), events_(events), daemon_window_(daemon_window) {
+    : kind_(kind),
+      pixels_(pixels),
+      events_(events),
+      daemon_window_(daemon_window),
+      focus_watch_(*this, [this] { Deliver([this] { events_.OnDeactivated(); }); }),
+      screen_watch_([this] { FollowScreen(); }),
+      monitor_(PrimaryMonitor()) {
   setSurfaceType(QSurface::RasterSurface);
   setFlags(FlagsOf(daemon_window_ != 0));
   create();
-  if (daemon_window_ == 0) return;
+  if (daemon_window_ == 0) {
+    if (X11Connection() != nullptr) ShowOnAllDesktops(X11Connection(), static_cast<std::uint32_t>(winId()));
+    return;
+  }
   input_enabled_ = false;
   // Qt is told nothing of it: for a child of another program's window it would send that one messages.
   Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_window_));
@@ -45,13 +63,38 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, Wi
 
 void TopWindow::SetBounds(const PixelRect& bounds) {
   const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(pixels_, devicePixelRatio()));
-  setGeometry(rect.translated(PrimaryCorner()));
+  place_ = rect.translated(PrimaryCorner());
+  if (isVisible() && windowState() == Qt::WindowFullScreen) {
+    QTimer::singleShot(kManagersTurn, this, [this] { FitFullScreen(); });
+  } else {
+    setGeometry(place_);
+  }
+}
+
+// A window manager fits a full-screen window to its monitor, but leaves it there when another one is the primary one.
+void TopWindow::FitFullScreen() {
+  if (!isVisible() || Fits()) return;
+  if (X11Connection() == nullptr) setScreen(QGuiApplication::primaryScreen());
+  showNormal();
+  setGeometry(place_);
+  showFullScreen();
+}
+
+// The other window systems tell no window where it lies.
+bool TopWindow::Fits() const {
+  return X11Connection() != nullptr ? geometry() == place_ : screen() == QGuiApplication::primaryScreen();
+}
+
+void TopWindow::FollowScreen() {
+  const QRect monitor = PrimaryMonitor();
+  if (kind_ != WindowKind::kSaver || monitor.isEmpty() || monitor == monitor_) return;
+  monitor_ = monitor;
+  Deliver([this] { events_.OnScreenChanged(); });
 }
 
 // In the coordinates of what the window lies in.
 QPoint TopWindow::PrimaryCorner() const {
-  const QScreen* const primary = QGuiApplication::primaryScreen();
-  const QPoint corner = primary != nullptr ? primary->geometry().topLeft() : QPoint();
+  const QPoint corner = PrimaryMonitor().topLeft();
   int x = 0;
   int y = 0;
   if (daemon_window_ != 0) ReadWindowPlace(X11Connection(), static_cast<std::uint32_t>(daemon_window_), x, y);
@@ -76,6 +119,12 @@ void TopWindow::Appear() {
   }
   Raise();
   requestActivate();
+  if (kind_ == WindowKind::kSaver) focus_watch_.Start();
+}
+
+void TopWindow::Disappear() {
+  focus_watch_.Stop();
+  hide();
 }
 
 // The other window systems leave the order of windows to themselves, and Qt complains.
@@ -129,12 +178,20 @@ void TopWindow::CloseSoon() {
   QTimer::singleShot(0, this, [this] { Deliver([this] { events_.OnCloseRequested(); }); });
 }
 
-// The daemon's window went and took this one along; Qt takes no notice of that.
 bool TopWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*result*/) {
   constexpr std::uint8_t kEventBits = 0x7F;
-  if (daemon_window_ != 0 && kind == "xcb_generic_event_t" &&
-      (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) == XCB_DESTROY_NOTIFY) {
-    CloseSoon();
+  if (kind != "xcb_generic_event_t") return false;
+  switch (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) {
+    case XCB_DESTROY_NOTIFY:
+      // The daemon's window went and took this one along; Qt takes no notice of that.
+      if (daemon_window_ != 0) CloseSoon();
+      break;
+    case XCB_FOCUS_OUT:
+    case XCB_UNMAP_NOTIFY:
+      focus_watch_.LookSoon();
+      break;
+    default:
+      break;
   }
   return false;
 }
@@ -142,13 +199,6 @@ bool TopWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*re
 void TopWindow::exposeEvent(QExposeEvent* /*event*/) {
   // A child may have been exposed before.
   for (SurfaceWindow* const surface : Surfaces()) surface->Present();
-  HoldKeyboard(true);
-}
-
-// Another window may take the focus, or the window manager withhold it, while the show hides that window.
-void TopWindow::HoldKeyboard(bool hold) {
-  if (daemon_window_ != 0) return;
-  if (kind_ == WindowKind::kSaver && isExposed() && X11Connection() != nullptr) setKeyboardGrabEnabled(hold);
 }
 
 void TopWindow::paintEvent(QPaintEvent* /*event*/) {

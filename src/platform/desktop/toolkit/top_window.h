@@ -5,7 +5,9 @@
 #include <QPointer>
 #include <QWindow>
 
+#include "platform/desktop/toolkit/focus_watch.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
+#include "platform/desktop/toolkit/screen_watch.h"
 #include "system/window_system.h"
 #include "toolkit/platform.h"
 
@@ -28,10 +30,11 @@ class TopWindow : public QWindow {
   // In the toolkit's pixels, from the corner of the primary monitor.
   void SetBounds(const PixelRect& bounds);
   void Appear();
+  void Disappear();
   void Raise();
 
-  // A show takes all keys while it is on the screen, unless one of our own boxes needs them.
-  void HoldKeyboard(bool hold);
+  // A show keeps the keyboard while it is on the screen, unless one of our own boxes needs it.
+  void HoldKeyboard(bool hold) { focus_watch_.SetPaused(!hold); }
 
   // A disabled window takes no input.
   void SetInputEnabled(bool enabled) { input_enabled_ = enabled; }
@@ -65,6 +68,9 @@ class TopWindow : public QWindow {
   QRegion Uncovered() const;
   QPoint PrimaryCorner() const;
   void CloseSoon();
+  void FollowScreen();
+  void FitFullScreen();
+  bool Fits() const;
 
   WindowKind kind_;
   PixelKind pixels_;
@@ -73,6 +79,11 @@ class TopWindow : public QWindow {
   QBackingStore buffer_{this};
   QPointer<SurfaceWindow> focus_;
   QPointF pointer_;
+  FocusWatch focus_watch_;
+  ScreenWatch screen_watch_;
+  // Where the window belongs, and the primary monitor when that was last told.
+  QRect place_;
+  QRect monitor_;
   bool input_enabled_ = true;
 };
 

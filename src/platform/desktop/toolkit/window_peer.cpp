@@ -47,7 +47,7 @@ void QtWindowPeer::SetCaption(const std::string& caption) {
 void QtWindowPeer::SetVisible(bool visible) {
   if (visible == window_.isVisible()) return;
   if (!visible) {
-    window_.hide();
+    window_.Disappear();
     if (black_windows_) black_windows_->Hide();
     if (rules_the_screen_) titles_.Release(caption_);
   } else if (rules_the_screen_) {
