@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <set>
 
 #include "win32/toolkit/platform_fixture.h"
 
@@ -58,6 +59,39 @@ TEST_F(WindowTest, PresentsWhatIsDirtyInTheNextPass) {
   EXPECT_EQ(OnScreen(39, 24), RGB(255, 0, 0));
   EXPECT_EQ(OnScreen(40, 24), RGB(0, 0, 0));
   EXPECT_TRUE(surface_.Dirty().IsEmpty());
+}
+
+// The system has few contexts, and a show presents for days.
+TEST_F(WindowTest, GivesBackTheContextOfEachFrame) {
+  Show();
+  std::set<HDC> contexts;
+  for (int i = 0; i < 100; ++i) {
+    surface_.FillRect({i, 0, 1, 1}, ToPixel(kWhite));
+    box_->Present();
+    const HDC context = GetDC(BoxWindow());
+    contexts.insert(context);
+    ReleaseDC(BoxWindow(), context);
+  }
+  EXPECT_LT(contexts.size(), 10U);
+}
+
+// What the system does with a command passes this hook first.
+TEST_F(WindowTest, LetsTheSystemStartNoSaverAboveTheShow) {
+  static std::vector<WPARAM> commands;
+  commands.clear();
+  const HHOOK hook = SetWindowsHookExW(
+      WH_CBT,
+      [](int code, WPARAM first, LPARAM second) -> LRESULT {
+        if (code == HCBT_SYSCOMMAND) commands.push_back(first);
+        return code == HCBT_SYSCOMMAND ? 1 : CallNextHookEx(nullptr, code, first, second);
+      },
+      nullptr, GetCurrentThreadId());
+  Show();
+  for (const WPARAM command : {SC_SCREENSAVE, SC_SCREENSAVE + 2, SC_MONITORPOWER}) {
+    SendMessageW(FormWindow(), WM_SYSCOMMAND, command, 0);
+  }
+  UnhookWindowsHookEx(hook);
+  EXPECT_THAT(commands, ElementsAre(SC_MONITORPOWER));
 }
 
 TEST_F(WindowTest, KeepsWhatIsOutOfSightDirty) {
