@@ -134,6 +134,53 @@ class Monitors(WindowsTest):
                 self.assert_ends(program)
 
 
+class Front(WindowsTest):
+    """Keys go to the program that is in front, so a show that is not would hide where they go."""
+
+    def come_to_the_front(self, command):
+        other = subprocess.Popen(command, env=self.session.environment, stderr=subprocess.DEVNULL)
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+
+    def test_another_program_in_front_or_minimising_ends_it(self):
+        for command in (["xmessage", "hello"], ["wine", "notepad"], ["xdotool", "getactivewindow", "windowminimize"]):
+            with self.subTest(command=command):
+                program = self.session.start_show()
+                self.wait_for_colour(RED)
+                self.assert_runs(program)
+                self.come_to_the_front(command)
+                self.assert_ends(program)
+
+    def test_the_password_is_asked_for_first(self):
+        for file in (PROGRAM, PASSWORD):
+            shutil.copy(file, self.session.folder)
+        self.session.write({DESKTOP: {"ScreenSaveUsePassword": "1"}, WINE: {"Version": "win98"}})
+        program = self.session.start_show(os.path.join(self.session.folder, os.path.basename(PROGRAM)))
+        self.wait_for_colour(RED)
+        self.come_to_the_front(["wine", "notepad"])
+        self.wait_for_colour(BLUE)
+        self.assert_runs(program)
+        self.come_to_the_front(["wine", "notepad"])
+        self.assert_ends(program)
+
+
+@unittest.skipUnless(shutil.which("xrandr"), "there is no xrandr here, to change the screen")
+class AnotherScreen(WindowsTest):
+    def test_the_show_covers_it_at_once_and_the_next_picture_fits(self):
+        self.session.run("xsetroot", "-solid", "white")
+        program = self.session.start_show()
+        self.wait_for_colour(RED)
+        for width, height in ((640, 480), (800, 600)):
+            self.session.run("xrandr", "--output", "screen", "--mode", f"{width}x{height}")
+            self.display.width = width
+            corners = (0, 0), (width - 1, 0), (0, height - 1), (width - 1, height - 1)
+            wait_until(lambda: not set(self.pixels(*corners)) & {(255, 255, 255)}, "the whole screen to be covered")
+            for colour in (RED, BLUE):
+                wait_until(lambda: self.pixels(*corners) == [colour] * 4, f"{colour} in all corners")
+        self.display.xdotool("key", "space")
+        self.assert_ends(program)
+
+
 class LoadFailure(WindowsTest):
     """The form that fails to load goes, and once took the program along before the box could be seen."""
 

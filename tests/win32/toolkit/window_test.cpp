@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <functional>
 #include <set>
 
 #include "win32/toolkit/platform_fixture.h"
@@ -59,6 +60,49 @@ TEST_F(WindowTest, PresentsWhatIsDirtyInTheNextPass) {
   EXPECT_EQ(OnScreen(39, 24), RGB(255, 0, 0));
   EXPECT_EQ(OnScreen(40, 24), RGB(0, 0, 0));
   EXPECT_TRUE(surface_.Dirty().IsEmpty());
+}
+
+TEST_F(WindowTest, TellsOfTheLossOfTheScreenAndComesBackWhereTheFormStays) {
+  Show();
+  ASSERT_TRUE(RunUntil([] { return GetForegroundWindow() != nullptr; }));
+  const std::vector<std::function<void()>> losses = {[this] { ShowWindow(FormWindow(), SW_MINIMIZE); },
+                                                     [this] { ShowWindow(FormWindow(), SW_HIDE); },
+                                                     [] { SetForegroundWindow(GetDesktopWindow()); }};
+  for (const auto& lose : losses) {
+    SetForegroundWindow(FormWindow());
+    platform_.PumpEvents();
+    told_.clear();
+    lose();
+    EXPECT_TRUE(RunUntil([&] { return !told_.empty(); }));
+    EXPECT_EQ(told_.front(), "deactivated");
+    EXPECT_TRUE(IsWindowVisible(FormWindow()));
+    EXPECT_FALSE(IsIconic(FormWindow()));
+  }
+  window_->SetVisible(false);
+  told_.clear();
+  SetForegroundWindow(GetDesktopWindow());
+  platform_.PumpEvents();
+  EXPECT_THAT(told_, IsEmpty());
+}
+
+// A box is the program's own, and what happened behind it counts once it has gone.
+TEST_F(WindowTest, TellsOfTheLossOfTheScreenOnlyOnceItsBoxHasGone) {
+  Show();
+  told_.clear();
+  EnableWindow(FormWindow(), FALSE);
+  SetForegroundWindow(GetDesktopWindow());
+  platform_.PumpEvents();
+  EXPECT_THAT(told_, IsEmpty());
+  EnableWindow(FormWindow(), TRUE);
+  platform_.PumpEvents();
+  EXPECT_THAT(told_, ElementsAre("deactivated"));
+}
+
+TEST_F(WindowTest, TellsOfAnotherScreen) {
+  Show();
+  told_.clear();
+  SendMessageW(FormWindow(), WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480));
+  EXPECT_THAT(told_, ElementsAre("screen"));
 }
 
 // The system has few contexts, and a show presents for days.

@@ -10,8 +10,10 @@ namespace quorvale {
 // Keeps one monitor black, and hands input on.
 class BlackWindow : public NativeWindow {
  public:
-  BlackWindow(const RECT& monitor, TopWindow& saver)
-      : NativeWindow(WS_POPUP, WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr), saver_(saver) {
+  explicit BlackWindow(TopWindow& saver)
+      : NativeWindow(WS_POPUP, WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr), saver_(saver) {}
+
+  void Cover(const RECT& monitor) const {
     SetWindowPos(Window(), HWND_TOPMOST, monitor.left, monitor.top, monitor.right - monitor.left,
                  monitor.bottom - monitor.top, SWP_NOACTIVATE | SWP_SHOWWINDOW);
   }
@@ -64,10 +66,13 @@ BlackWindows::BlackWindows(TopWindow& saver) : saver_(saver) { CoverMonitors(); 
 
 BlackWindows::~BlackWindows() = default;
 
+// A window whose monitor has gone is kept, since it may be delivering an event further up.
 void BlackWindows::CoverMonitors() {
   if (is_hidden_) return;
-  windows_.clear();
-  for (const RECT& monitor : OtherMonitors()) windows_.push_back(std::make_unique<BlackWindow>(monitor, saver_));
+  const std::vector<RECT> monitors = OtherMonitors();
+  while (windows_.size() < monitors.size()) windows_.push_back(std::make_unique<BlackWindow>(saver_));
+  for (std::size_t i = 0; i < monitors.size(); ++i) windows_[i]->Cover(monitors[i]);
+  for (std::size_t i = monitors.size(); i < windows_.size(); ++i) ShowWindow(windows_[i]->Window(), SW_HIDE);
 }
 
 void BlackWindows::Hide() {

@@ -11,6 +11,8 @@
 namespace quorvale {
 namespace {
 
+constexpr UINT kLookAtScreen = WM_APP + 2;
+
 DWORD StyleOf(WindowKind kind) { return (kind == WindowKind::kDialog ? kDialogStyle : WS_POPUP) | WS_CLIPCHILDREN; }
 
 DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? kDialogExtendedStyle : 0; }
@@ -60,6 +62,7 @@ void TopWindow::PlaceAt(POINT corner) const {
 }
 
 void TopWindow::Appear() {
+  is_shown_ = true;
   GetCursorPos(&pointer_);
   ShowWindow(Window(), SW_SHOW);
   SetForegroundWindow(Window());
@@ -71,6 +74,7 @@ void TopWindow::Appear() {
 
 // The black windows are not destroyed yet: one of them may be delivering the very event that ends the show.
 void TopWindow::Hide() {
+  is_shown_ = false;
   ShowWindow(Window(), SW_HIDE);
   if (black_windows_) black_windows_->Hide();
 }
@@ -89,6 +93,52 @@ bool TopWindow::HasMoved() {
 
 void TopWindow::TakeMouseMove() {
   if (HasMoved()) events_.OnMouseMove();
+}
+
+bool TopWindow::HoldsScreen() const {
+  DWORD process = 0;
+  GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  return process == GetCurrentProcessId() && IsWindowVisible(Window()) != 0 && IsIconic(Window()) == 0;
+}
+
+// Not at once: the system is in the middle of the change, and may be on its way back.
+void TopWindow::LookAtScreenSoon() const { PostMessageW(Window(), kLookAtScreen, 0, 0); }
+
+// While a box of ours holds the window back, the box is what the user works with.
+void TopWindow::LookAtScreen() {
+  if (!is_shown_ || IsWindowEnabled(Window()) == 0 || HoldsScreen()) return;
+  events_.OnDeactivated();
+  // The form stays, so the window comes back.
+  if (!is_shown_) return;
+  if (IsIconic(Window()) != 0) ShowWindow(Window(), SW_RESTORE);
+  ShowWindow(Window(), SW_SHOW);
+}
+
+bool TopWindow::TakeShowMessage(UINT message, WPARAM first) {
+  switch (message) {
+    case kLookAtScreen:
+      LookAtScreen();
+      return true;
+    case WM_SYSCOMMAND:
+      // While one saver runs the system needs no other.
+      return (first & 0xFFF0U) == SC_SCREENSAVE;
+    case WM_ACTIVATEAPP:
+    case WM_SHOWWINDOW:
+      if (first == FALSE) LookAtScreenSoon();
+      return false;
+    case WM_ENABLE:
+      if (first != FALSE) LookAtScreenSoon();
+      return false;
+    case WM_SIZE:
+      if (first == SIZE_MINIMIZED) LookAtScreenSoon();
+      return false;
+    case WM_DISPLAYCHANGE:
+      events_.OnScreenChanged();
+      if (black_windows_) black_windows_->CoverMonitors();
+      return false;
+    default:
+      return false;
+  }
 }
 
 LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
@@ -114,16 +164,10 @@ LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_ERASEBKGND:
       Erase(reinterpret_cast<HDC>(first));
       return 1;
-    case WM_SYSCOMMAND:
-      // While one saver runs the system needs no other.
-      if (kind_ == WindowKind::kSaver && (first & 0xFFF0U) == SC_SCREENSAVE) return 0;
-      break;
-    case WM_DISPLAYCHANGE:
-      if (black_windows_) black_windows_->CoverMonitors();
-      break;
     default:
       break;
   }
+  if (kind_ == WindowKind::kSaver && TakeShowMessage(message, first)) return 0;
   return Default(message, first, second);
 }
 

@@ -52,6 +52,11 @@ class TopWindow : public NativeWindow {
 
  private:
   void Erase(HDC context) const;
+  bool HoldsScreen() const;
+  void LookAtScreenSoon() const;
+  void LookAtScreen();
+  // Those messages that only a show's window answers; false for all others.
+  bool TakeShowMessage(UINT message, WPARAM first);
 
   WindowKind kind_;
   PixelKind pixels_;
@@ -61,6 +66,8 @@ class TopWindow : public NativeWindow {
   HWND focus_ = nullptr;
   Icon icon_;
   POINT pointer_{};
+  // Whether the form wants it on the screen.
+  bool is_shown_ = false;
   std::unique_ptr<BlackWindows> black_windows_;
 };
 
