@@ -22,9 +22,10 @@ wait_for_picture() {
   return 1
 }
 
+# Only copies what is on the screen: the show does not wait for a picture file to be written.
 shoot() {
   sleep "$1"
-  scripts/screenshot.py "$XDG_CONFIG_HOME/framebuffer/Xvfb_screen0" "$shots/$2.png"
+  cp "$XDG_CONFIG_HOME/framebuffer/Xvfb_screen0" "$XDG_CONFIG_HOME/$2.xwd"
 }
 
 rm -rf "$shots" && mkdir -p "$shots"
@@ -62,4 +63,7 @@ wait_for_picture 3
 shoot 1 4-file-name-and-frame
 xdotool key space
 wait "$show"
+for shot in "$XDG_CONFIG_HOME"/*.xwd; do
+  scripts/screenshot.py "$shot" "$shots/$(basename "$shot" .xwd).png"
+done
 echo "== The show ended on a key. Screenshots are in $PWD/$shots"
