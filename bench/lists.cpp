@@ -36,7 +36,7 @@ void MeasureDirectory(Bench& bench, Process& core, int rounds) {
                                                     [&] {
                                                       return MillisecondsOf([&] {
                                                         Collection collection;
-                                                        AddDirectoryFiles(core, collection, directory, kPictureMask);
+                                                        AddDirectoryFiles(core, collection, directory, PictureMask());
                                                         found = collection.Count();
                                                       });
                                                     },
@@ -76,7 +76,7 @@ void MeasureStore(Bench& bench, Process& core, int rounds) {
   const auto times = AlternatingMedians(
       rounds, {
                   [&] { return MillisecondsOf([&] { SaveEntries(core); }); },
-                  [&] { return MillisecondsOf([&] { FillFromSettings(core, kPictureSection, kPictureMask); }); },
+                  [&] { return MillisecondsOf([&] { FillFromSettings(core, kPictureSection, PictureMask()); }); },
               });
   bench.report.Begin("10,000 list entries in the settings store, ms", {{"save"}, {"load"}});
   bench.report.Row("SaveSetting, FillFromSettings", times);

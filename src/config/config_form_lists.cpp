@@ -58,7 +58,7 @@ void frmConfig::RunListCommand(int index) {
 
 void frmConfig::AddFiles() {
   const bool pictures = OptPicture.Value();
-  const std::string mask = pictures ? kPictureMask : kSoundMask;
+  const std::string mask = pictures ? PictureMask() : kSoundMask;
   SetUpFileDialog("Select One or More Files to Add", "",
                   (pictures ? "Pictures (" : "Sounds (") + mask + ")|" + mask + "|All Files(*.*)|*.*",
                   kOfnHideReadOnly | kOfnAllowMultiSelect | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);

@@ -14,6 +14,7 @@
 #include "toolkit/form.h"
 #include "toolkit/list_box.h"
 #include "toolkit/picture_box.h"
+#include "toolkit/picture_formats.h"
 #include "toolkit/timer.h"
 
 namespace quorvale {
@@ -38,15 +39,25 @@ void Shuffle(Process& process, Collection& collection) {
 
 }  // namespace
 
+std::string PictureMask() {
+  std::string mask;
+  for (const PictureFormat& format : kPictureFormats) {
+    if (!format.listed) continue;
+    if (!mask.empty()) mask += ';';
+    mask += format.patterns;
+  }
+  return mask;
+}
+
 void InitShow(Process& process, std::int32_t fromSettings, Form& frm) {
   auto& tmrSwitch = frm.Find<Timer>("tmrSwitch");
   auto& PicBase = frm.Find<PictureBox>("PicBase");
   tmrSwitch.SetEnabled(false);
   if (fromSettings == 0) {
-    process.PictureList = FillFromList(process, frm.Find<ListBox>("lstList(0)"), kPictureMask);
+    process.PictureList = FillFromList(process, frm.Find<ListBox>("lstList(0)"), PictureMask());
     process.SoundList = FillFromList(process, frm.Find<ListBox>("lstList(1)"), kSoundMask);
   } else {
-    process.PictureList = FillFromSettings(process, kPictureSection, kPictureMask);
+    process.PictureList = FillFromSettings(process, kPictureSection, PictureMask());
     process.SoundList = FillFromSettings(process, kSoundSection, kSoundMask);
   }
   const auto background = static_cast<Colour>(RoundToInt32(LenientParse(process.Option("BackColor", "&H00000000&"))));

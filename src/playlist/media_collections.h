@@ -11,8 +11,9 @@ class Form;
 class ListBox;
 struct Process;
 
-// What a directory entry stands for: wildcard patterns divided by ";".
-inline constexpr char kPictureMask[] = "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf";
+// What a directory in a list stands for: patterns with semicolons between. That of the pictures joins those of
+// `kPictureFormats`.
+std::string PictureMask();
 inline constexpr char kSoundMask[] = "*.wav";
 
 // Sections of the settings store that hold the play lists, under the keys File0, File1 and so on.

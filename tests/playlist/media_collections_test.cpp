@@ -42,13 +42,14 @@ class MediaCollectionsTest : public ShowTest {
   std::vector<std::string> PicturesOf(const std::vector<std::string>& entries) {
     process.Settings.DeleteSetting("PictureFiles");
     Store("PictureFiles", entries);
-    return FillFromSettings(process, "PictureFiles", kPictureMask).TakeItems();
+    return FillFromSettings(process, "PictureFiles", PictureMask()).TakeItems();
   }
 
   std::shared_ptr<ListForm> form;
 };
 
 TEST_F(MediaCollectionsTest, DirectoriesComeInTheOrderOfTheMaskAndThenByName) {
+  EXPECT_EQ(PictureMask(), "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf");
   EXPECT_THAT(PicturesOf({"C:\\x.txt", MakeListEntry("C:\\d\\", "C:\\d\\"), "C:\\y.jpg"}),
               ElementsAre("C:\\x.txt", "C:\\d\\c.bmp", "C:\\d\\f.gif", "C:\\d\\a.jpg", "C:\\d\\b.JPG", "C:\\d\\d.jpeg",
                           "C:\\d\\y.wmf", "C:\\d\\z.emf", "C:\\y.jpg"));
@@ -59,8 +60,8 @@ TEST_F(MediaCollectionsTest, AListEndsAtAGapOrAtTheEndMark) {
   EXPECT_THAT(PicturesOf({"C:\\a", "EOF", "C:\\b"}), ElementsAre("C:\\a"));
   Store("PictureFiles", {"C:\\a", "C:\\b", "C:\\c"});
   process.Settings.DeleteSetting("PictureFiles", "File1");
-  EXPECT_EQ(FillFromSettings(process, "PictureFiles", kPictureMask).Count(), 1);
-  EXPECT_EQ(FillFromSettings(process, "Nothing", kPictureMask).Count(), 0);
+  EXPECT_EQ(FillFromSettings(process, "PictureFiles", PictureMask()).Count(), 1);
+  EXPECT_EQ(FillFromSettings(process, "Nothing", PictureMask()).Count(), 0);
 }
 
 TEST_F(MediaCollectionsTest, ADirectoryThatCantBeReadCostsItsOwnFilesAlone) {
@@ -160,7 +161,7 @@ TEST_F(HeadlessTest, UnixDirectoriesExpandWithoutRegardToCase) {
   desktop.files.AddFile("/d/.hidden.jpg", "", kAttributeHidden);
   Process process(desktop, desktop.Services());
   process.Settings.SaveSetting("PictureFiles", "File0", MakeListEntry("/d/", "/d/"));
-  EXPECT_THAT(FillFromSettings(process, "PictureFiles", kPictureMask).TakeItems(),
+  EXPECT_THAT(FillFromSettings(process, "PictureFiles", PictureMask()).TakeItems(),
               ElementsAre("/d/B.BMP", "/d/no\nise.gif", "/d/A.jpg", "/d/a.Jpg"));
 }
 

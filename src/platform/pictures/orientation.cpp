@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <utility>
+#include <vector>
 
 namespace quorvale {
 namespace {
@@ -18,6 +20,80 @@ constexpr std::array<Orientation, 9> kOrientations{{{},
                                                     {true, true, false},
                                                     {true, true, true},
                                                     {true, false, true}}};
+
+constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
+
+// A segment of a JPEG file: marker and length, which counts itself.
+constexpr std::size_t kSegmentHead = 4;
+constexpr std::uint8_t kApp1 = 0xE1;
+constexpr std::uint8_t kStartOfScan = 0xDA;
+// Cameras write Exif first; a file with more segments before it is not worth the search.
+constexpr int kMostSegments = 64;
+
+// A chunk of a PNG file: length, type, data, checksum.
+constexpr std::size_t kPngSignature = 8;
+constexpr std::size_t kChunkHead = 8;
+constexpr std::size_t kChunkFrame = 12;
+// Exif with a large thumbnail fits.
+constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
+// More than the largest file has in chunks as small as encoders write them, 8 KiB.
+constexpr int kMostChunks = 100'000;
+
+constexpr std::uint16_t kOrientationTag = 0x0112;
+// Kinds of whole numbers; cameras should write the first.
+constexpr std::uint32_t kShort = 3;
+constexpr std::uint32_t kLong = 4;
+constexpr std::uint32_t kSignedShort = 8;
+constexpr std::uint32_t kSignedLong = 9;
+
+// A block of tagged values in the byte order that its first two bytes tell.
+class TagBlock {
+ public:
+  explicit TagBlock(std::span<const std::uint8_t> bytes)
+      : bytes_(bytes), big_endian_(!bytes.empty() && bytes[0] == 'M') {}
+
+  std::optional<int> Orientation() const {
+    const auto directory = Number(4, 4);
+    if (!directory) return std::nullopt;
+    const auto entries = Number(*directory, 2);
+    for (std::uint32_t i = 0; entries && i < *entries; ++i) {
+      const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
+      const auto tag = Number(entry, 2);
+      if (!tag) break;
+      if (*tag != kOrientationTag) continue;
+      const auto value = WholeNumber(entry);
+      if (value && *value >= 1 && *value <= 8) return static_cast<int>(*value);
+    }
+    return std::nullopt;
+  }
+
+ private:
+  // The first value of an entry.
+  std::optional<std::uint32_t> WholeNumber(std::size_t entry) const {
+    switch (Number(entry + 2, 2).value_or(0)) {
+      case kShort:
+      case kSignedShort:
+        return Number(entry + 8, 2);
+      case kLong:
+      case kSignedLong:
+        return Number(entry + 8, 4);
+      default:
+        return std::nullopt;
+    }
+  }
+
+  std::optional<std::uint32_t> Number(std::size_t offset, std::size_t size) const {
+    if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+      number = number << 8U | bytes_[offset + (big_endian_ ? i : size - 1 - i)];
+    }
+    return number;
+  }
+
+  std::span<const std::uint8_t> bytes_;
+  bool big_endian_;
+};
 
 }  // namespace
 
@@ -48,6 +124,47 @@ void Orientation::PlaceRow(const Pixel* row, int y, const PixelView& shown_part)
     return;
   }
   for (int i = 0; i < count; ++i) to[i * step] = row[i];
+}
+
+int JpegOrientation(ByteSource& bytes) {
+  std::size_t offset = 2;
+  for (int segment = 0; segment < kMostSegments; ++segment) {
+    std::array<std::uint8_t, kSegmentHead> head{};
+    if (!bytes.Copy(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
+    const std::size_t length = std::size_t{head[2]} << 8U | head[3];
+    if (length < 2) break;
+    if (head[1] == kApp1) {
+      std::vector<std::uint8_t> data(length - 2);
+      bytes.Copy(offset + kSegmentHead, data);
+      if (const auto orientation = OrientationInSegment(data)) return *orientation;
+    }
+    offset += 2 + length;
+  }
+  return 1;
+}
+
+int PngOrientation(ByteSource& bytes) {
+  std::size_t offset = kPngSignature;
+  for (int chunk = 0; chunk < kMostChunks; ++chunk) {
+    std::array<std::uint8_t, kChunkHead> head{};
+    if (!bytes.Copy(offset, head) || std::memcmp(&head[4], "IEND", 4) == 0) break;
+    const std::size_t length =
+        std::size_t{head[0]} << 24U | std::size_t{head[1]} << 16U | std::size_t{head[2]} << 8U | head[3];
+    if (std::memcmp(&head[4], "eXIf", 4) == 0) {
+      std::vector<std::uint8_t> data(std::min(length, kLongestExif));
+      bytes.Copy(offset + kChunkHead, data);
+      // Some programs put the signature of a JPEG segment in front.
+      return OrientationInSegment(data).value_or(TagBlock(data).Orientation().value_or(1));
+    }
+    offset += kChunkFrame + length;
+  }
+  return 1;
+}
+
+std::optional<int> OrientationInSegment(std::span<const std::uint8_t> segment) {
+  if (segment.size() <= kSignature.size()) return std::nullopt;
+  if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;
+  return TagBlock(segment.subspan(kSignature.size())).Orientation().value_or(1);
 }
 
 }  // namespace quorvale

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "platform/pictures/byte_source.h"
 #include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 
@@ -31,5 +36,13 @@ struct Orientation {
   // Writes one stored row, the `y`th of a part, where it belongs in the shown part.
   void PlaceRow(const Pixel* row, int y, const PixelView& shown_part) const;
 };
+
+// How the camera was held, by the number that Exif gives it, 1 to 8. 1 where the file does not say it or is damaged.
+int JpegOrientation(ByteSource& bytes);
+// It stands in the chunk `eXIf`, which may come before the pixels or after them.
+int PngOrientation(ByteSource& bytes);
+
+// That in an APP1 segment of a JPEG file, without marker and length. Nothing when the segment is not Exif.
+std::optional<int> OrientationInSegment(std::span<const std::uint8_t> segment);
 
 }  // namespace quorvale

@@ -2,8 +2,6 @@
 
 #include <new>
 
-#include "base/failure.h"
-
 namespace quorvale {
 
 void RenderedPicture::Prepare(const PicturePlace& place) {
@@ -33,8 +31,22 @@ void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part) {
     rendering_ = {};
     rendering_ = Make(box, part);
   } catch (const std::bad_alloc&) {
-    throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
+    FailLoad("Picture too large");
   }
+}
+
+void BitmapPicture::Describe(PixelSize size, Orientation orientation) {
+  size_ = orientation.Turn(size);
+  orientation_ = orientation;
+}
+
+TwipSize BitmapPicture::NaturalSize(float scale) const {
+  return {static_cast<float>(size_.width) * kTwipsPerPixel / scale,
+          static_cast<float>(size_.height) * kTwipsPerPixel / scale};
+}
+
+Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part) {
+  return Render(*Open(orientation_.Turn(box)), orientation_, box, part);
 }
 
 }  // namespace quorvale

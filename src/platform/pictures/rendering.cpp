@@ -4,15 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "base/failure.h"
-#include "platform/pictures/picture_limit.h"
 #include "platform/pictures/row_scaler.h"
-#include "platform/pictures/scale_axis.h"
 
 namespace quorvale {
 namespace {
-
-[[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
 
 // A pixel whose colours are multiplied by its alpha over one that is opaque.
 Pixel Over(Pixel above, Pixel below) {
@@ -41,9 +36,9 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part) {
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > (kPictureMemoryLimit - std::min(source.Memory(), kPictureMemoryLimit)) / sizeof(Pixel))
-    Fail("Picture too large");
+    FailLoad("Picture too large");
   if (part.IsEmpty()) {
-    if (!source.Start(0, 1, 0) || source.Row(0) == nullptr) Fail("Damaged picture");
+    if (!source.Start(0, 1, 0) || source.Row(0) == nullptr) FailLoad("Damaged picture");
     return {};
   }
   Rendering rendering;
@@ -56,13 +51,13 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   const PixelRect stored = orientation.ToStored(part, box);
   const ScaleAxis across(stored_box.width, stored.left, stored.width, source.Across().length, source.Across().count);
   const ScaleAxis down(stored_box.height, stored.top, stored.height, source.Down().length, source.Down().count);
-  if (!source.Start(across.Begin(), across.End(), down.Begin())) Fail("Damaged picture");
+  if (!source.Start(across.Begin(), across.End(), down.Begin())) FailLoad("Damaged picture");
   int rows = 0;
   ScaleRows(source, across, down, [&](const Pixel* row, int y) {
     orientation.PlaceRow(row, y, rendering.View());
     ++rows;
   });
-  if (rows == 0) Fail("Damaged picture");
+  if (rows == 0) FailLoad("Damaged picture");
   if (rows < stored.height) {
     const std::vector<Pixel> nothing(static_cast<std::size_t>(stored.width), 0);
     rendering.opaque = false;

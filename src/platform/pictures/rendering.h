@@ -1,13 +1,23 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 
+#include "base/failure.h"
 #include "platform/pictures/orientation.h"
 #include "platform/pictures/row_source.h"
 #include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
+
+// No picture is read, decoded or held that takes more bytes than this.
+inline constexpr std::size_t kPictureMemoryLimit = std::size_t{512} << 20U;
+
+// Of a picture that can't be shown.
+[[noreturn]] inline void FailLoad(const char* what, FailureNumber number = FailureNumber::kBadPicture) {
+  throw Failure(number, what, "LoadPicture");
+}
 
 // `rect` as seen from the corner of `box`.
 inline PixelRect Within(const PixelRect& box, PixelRect rect) {

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <span>
+#include <vector>
 
+#include "platform/pictures/orientation.h"
 #include "toolkit/pixel_view.h"
 
 namespace quorvale {
@@ -32,6 +36,44 @@ class RowSource {
   // The pixels of a row from `left` on. Rows are asked for from top to bottom, and the last two any
   // number of times: they stay. Null when damage ends the picture before it.
   virtual const Pixel* Row(int y) = 0;
+};
+
+// A picture that is decoded at its full size, one row after the other.
+class SequentialRows : public RowSource {
+ public:
+  explicit SequentialRows(PixelSize size) : size_(size) {}
+
+  Side Across() const override { return {size_.width, static_cast<double>(size_.width)}; }
+  Side Down() const override { return {size_.height, static_cast<double>(size_.height)}; }
+
+  bool Start(int left, int right, int top) override {
+    left_ = left;
+    for (auto& row : rows_) row.resize(static_cast<std::size_t>(right - left));
+    next_ = top;
+    return GoTo(top);
+  }
+
+  const Pixel* Row(int y) override {
+    for (; next_ <= y; ++next_) {
+      if (!Decode(next_, rows_[static_cast<std::size_t>(next_) % 2])) return nullptr;
+    }
+    return rows_[static_cast<std::size_t>(y) % 2].data();
+  }
+
+ protected:
+  // Makes `top` the next row to be decoded. False when the picture is too damaged.
+  virtual bool GoTo(int top) = 0;
+  // The row's pixels from `Left` on. False where damage ends the picture.
+  virtual bool Decode(int y, std::span<Pixel> row) = 0;
+
+  int Left() const { return left_; }
+
+ private:
+  PixelSize size_;
+  int left_ = 0;
+  int next_ = 0;
+  // The last two.
+  std::array<std::vector<Pixel>, 2> rows_;
 };
 
 }  // namespace quorvale

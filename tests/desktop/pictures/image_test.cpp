@@ -34,6 +34,24 @@ TEST(PictureImage, AGifMayHavePixelsOfOneBit) {
   EXPECT_EQ(screen.pixels, (std::vector<Pixel>{0xFF000000, 0xFFFFFFFF, 0xFFFFFFFF}));
 }
 
+// A writer that was stopped leaves out what ends the codes: the rows are all there.
+TEST(PictureImage, AGifShowsItsRowsDownToWhereItIsCut) {
+  const TemporaryDirectory folder;
+  const auto colour = [](int x, int y) { return 1 + (x * 7 + y * 3) % 120; };
+  const Bytes whole = MakeGif(40, 30, colour);
+  Screen wanted(40, 30);
+  Show(WritePicture(folder, "whole.gif", whole), wanted.Bounds(), wanted);
+  const std::size_t cuts[] = {2, 400};
+  for (const std::size_t cut : cuts) {
+    Screen screen(40, 30);
+    Show(WritePicture(folder, "cut.gif", Bytes(whole.begin(), whole.end() - static_cast<std::ptrdiff_t>(cut))),
+         screen.Bounds(), screen);
+    const int rows = cut == 2 ? 30 : 20;
+    for (int y = 0; y < 30; ++y)
+      EXPECT_EQ(screen.At(5, y), y < rows ? wanted.At(5, y) : kBackground) << cut << ' ' << y;
+  }
+}
+
 TEST(PictureImage, HalfTransparentPixelsMixWithTheBackground) {
   const TemporaryDirectory folder;
   QImage image(4, 4, QImage::Format_ARGB32);

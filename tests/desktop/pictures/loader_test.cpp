@@ -3,10 +3,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <optional>
+#include <sstream>
 
 #include "base/failure.h"
 #include "desktop/pictures/samples.h"
+#include "toolkit/picture_formats.h"
 
 namespace quorvale {
 namespace {
@@ -28,6 +32,12 @@ Bytes BitmapHead(std::int32_t width, std::int32_t height) {
     bytes[22 + i] = static_cast<std::uint8_t>(height >> 8 * i);
   }
   return bytes;
+}
+
+// The same for a GIF of 31 bytes and a screen or a frame of that size, with no colours and a few codes.
+Bytes GifHead(std::uint8_t screen, std::uint8_t frame) {
+  return {'G', 'I', 'F', '8',   '9', 'a',   0, screen, 0, screen, 0,    0,    0,    ',', 0,  0,
+          0,   0,   0,   frame, 0,   frame, 0, 2,      4, 0x84,   0x8F, 0xA9, 0xCB, 0,   ';'};
 }
 
 // The same for a photo, in one scan or several.
@@ -70,6 +80,9 @@ TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
       {WritePicture(folder, "giant.bmp", BitmapHead(60'000, 60'000)), kBadPicture},
       {WritePicture(folder, "upside.bmp", BitmapHead(30'000, -30'000)), kBadPicture},
       {WritePicture(folder, "hollow.bmp", BitmapHead(8'000, 8'000)), kBadPicture},
+      {WritePicture(folder, "screen.gif", GifHead(250, 1)), kBadPicture},
+      {WritePicture(folder, "frame.gif", GifHead(1, 250)), kBadPicture},
+      {WritePicture(folder, "empty.gif", GifHead(1, 0)), kBadPicture},
       {WritePicture(folder, "giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
       {WritePicture(folder, "giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
       {WritePicture(folder, "gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},
@@ -91,6 +104,26 @@ TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
     const auto picture = Show(WritePicture(folder, name, bytes), screen.Bounds(), screen);
     EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), waves), 8) << name;
     EXPECT_EQ(picture->NaturalSize(2).width, 40 * kTwipsPerPixel / 2);
+  }
+}
+
+// Whoever adds a format adds a seed for the fuzzers, and its ending to the help if it is listed.
+TEST(PictureLoader, EveryFormatHasASeedAndItsEndingsAreInTheHelp) {
+  std::ifstream page(QUORVALE_HELP "/formats.html");
+  const std::string help(std::istreambuf_iterator<char>(page), {});
+  for (const PictureFormat& format : kPictureFormats) {
+    std::istringstream patterns{std::string(format.patterns)};
+    bool has_seed = false;
+    for (std::string pattern; std::getline(patterns, pattern, ';');) {
+      const std::string ending = pattern.substr(1);
+      EXPECT_EQ(help.find("<code>" + ending + "</code>") != std::string::npos, format.listed) << pattern;
+      for (const char* folder : {QUORVALE_SEEDS "/picture", QUORVALE_METAFILES}) {
+        for (const auto& file : std::filesystem::directory_iterator(folder)) {
+          has_seed = has_seed || (file.path().extension() == ending && !LoadFailure(file.path()));
+        }
+      }
+    }
+    EXPECT_TRUE(has_seed) << format.name;
   }
 }
 

@@ -7,7 +7,7 @@
 
 #include "base/failure.h"
 #include "platform/desktop/metafile/header.h"
-#include "platform/pictures/picture_limit.h"
+#include "platform/pictures/rendering.h"
 
 namespace quorvale {
 namespace {

@@ -9,20 +9,16 @@
 #include <cerrno>
 #include <cstring>
 
-#include "base/failure.h"
-
 namespace quorvale {
 namespace {
 
-[[noreturn]] void Fail(FailureNumber number, const char* what) { throw Failure(number, what, "LoadPicture"); }
-
 // Doesn't wait for anybody at the other end of a pipe.
 FileDescriptor Open(const std::string& path) {
-  if (path.find('\0') != std::string::npos) Fail(FailureNumber::kNotFound, "File not found");
+  if (path.find('\0') != std::string::npos) FailLoad("File not found", FailureNumber::kNotFound);
   FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.IsOpen()) return file;
-  if (errno == ENOENT || errno == ENOTDIR) Fail(FailureNumber::kNotFound, "File not found");
-  Fail(FailureNumber::kUnreadable, "File can't be opened");
+  if (errno == ENOENT || errno == ENOTDIR) FailLoad("File not found", FailureNumber::kNotFound);
+  FailLoad("File can't be opened", FailureNumber::kUnreadable);
 }
 
 }  // namespace
@@ -31,16 +27,16 @@ PictureFile::PictureFile(const std::string& path, PictureReading reading)
     : piece_size_(reading.piece_size), file_(Open(path)) {
   struct stat status {};
   if (fstat(file_.Get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    Fail(FailureNumber::kUnreadable, "Not a plain file");
+    FailLoad("Not a plain file", FailureNumber::kUnreadable);
   }
   if (static_cast<std::uintmax_t>(status.st_size) > kPictureMemoryLimit) {
-    Fail(FailureNumber::kBadPicture, "Picture file too large");
+    FailLoad("Picture file too large");
   }
   size_ = static_cast<std::size_t>(status.st_size);
   StartClock();
   const bool held = size_ <= reading.held_size;
   Read(0, held ? size_ : std::min(size_, piece_size_));
-  if (size_ > 0 && buffer_.empty()) Fail(FailureNumber::kUnreadable, "File can't be read");
+  if (size_ > 0 && buffer_.empty()) FailLoad("File can't be read", FailureNumber::kUnreadable);
   if (held) {
     size_ = buffer_.size();
     file_.Close();
@@ -54,18 +50,6 @@ std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
     Read(offset, std::min(piece_size_, size_ - offset));
   }
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
-}
-
-bool PictureFile::Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept {
-  while (!to.empty()) {
-    const auto bytes = From(offset);
-    if (bytes.empty()) return false;
-    const std::size_t count = std::min(bytes.size(), to.size());
-    std::copy_n(bytes.begin(), count, to.begin());
-    to = to.subspan(count);
-    offset += count;
-  }
-  return true;
 }
 
 bool PictureFile::BeginsWith(std::string_view bytes) noexcept {

@@ -3,14 +3,16 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/system/file_descriptor.h"
-#include "platform/pictures/exif.h"
-#include "platform/pictures/picture_limit.h"
+#include "platform/pictures/byte_source.h"
+#include "platform/pictures/rendered_picture.h"
 
 namespace quorvale {
 
@@ -24,7 +26,7 @@ struct PictureReading {
 
 // The bytes of a picture file. A small file is held in memory; a large one stays open and is read
 // piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.
-class PictureFile {
+class PictureFile : public ByteSource {
  public:
   // Fails with kNotFound or kUnreadable; kBadPicture beyond `kPictureMemoryLimit`. What is no plain
   // file is unreadable.
@@ -35,19 +37,9 @@ class PictureFile {
   // What is read from here on may take its time, a few seconds; after that the file has ended.
   void StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
 
-  // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the
-  // next call. Never fails: decoders call it from the midst of libraries that know no exceptions.
-  std::span<const std::uint8_t> From(std::size_t offset) noexcept;
-
-  // Fills `to` from `offset` on. False if the file ends before, with what there is in `to`.
-  bool Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept;
+  std::span<const std::uint8_t> From(std::size_t offset) noexcept override;
 
   bool BeginsWith(std::string_view bytes) noexcept;
-
-  // `Copy`, for as long as the file lives.
-  FileReader Reader() {
-    return [this](std::size_t offset, std::span<std::uint8_t> to) { return Copy(offset, to); };
-  }
 
  private:
   // Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
@@ -62,6 +54,25 @@ class PictureFile {
   std::chrono::steady_clock::time_point latest_;
   std::vector<std::uint8_t> buffer_;
   std::size_t buffer_offset_ = 0;
+};
+
+// A picture of pixels that keeps its file at hand.
+class FilePicture : public BitmapPicture {
+ protected:
+  explicit FilePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)) {}
+
+  PictureFile& File() { return *file_; }
+
+  // The stored picture from its start, for a box of that size. Fails with kBadPicture.
+  virtual std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) = 0;
+
+ private:
+  std::unique_ptr<RowSource> Open(PixelSize stored_box) final {
+    file_->StartClock();
+    return OpenRows(stored_box);
+  }
+
+  std::unique_ptr<PictureFile> file_;
 };
 
 }  // namespace quorvale

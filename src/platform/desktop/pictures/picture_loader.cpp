@@ -1,65 +1,65 @@
 #include "platform/desktop/pictures/picture_loader.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <new>
-#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "base/failure.h"
 #include "platform/desktop/metafile/metafile_picture.h"
-#include "platform/desktop/pictures/bmp_picture.h"
-#include "platform/desktop/pictures/gif_picture.h"
-#include "platform/desktop/pictures/jpeg_picture.h"
-#include "platform/desktop/pictures/picture_file.h"
-#include "platform/desktop/pictures/png_picture.h"
+#include "platform/desktop/pictures/formats.h"
+#include "toolkit/picture_formats.h"
 
 namespace quorvale {
 namespace {
 
-std::shared_ptr<BitmapPicture> OpenBitmap(std::unique_ptr<PictureFile> file) {
-  if (JpegPicture::Recognizes(*file)) return std::make_shared<JpegPicture>(std::move(file));
-  if (BmpPicture::Recognizes(*file)) return std::make_shared<BmpPicture>(std::move(file));
-  if (GifPicture::Recognizes(*file)) return std::make_shared<GifPicture>(std::move(file));
-  if (PngPicture::Recognizes(*file)) return std::make_shared<PngPicture>(std::move(file));
-  throw Failure(FailureNumber::kBadPicture, "Not a picture", "LoadPicture");
-}
+struct Format {
+  std::string_view name;
+  bool (*recognises)(PictureFile& file);
+  OpenedPicture (*opens)(std::unique_ptr<PictureFile> file);
+};
 
 // As much as tells a metafile from other files.
 constexpr std::size_t kMetafileHead = 64;
 
-template <typename Kind>
-std::shared_ptr<Picture> Prepared(std::shared_ptr<Kind> picture, const PicturePlace& place) {
-  picture->Prepare(place);
-  return picture;
+bool IsMetafile(PictureFile& file) {
+  std::vector<std::uint8_t> head(std::min(kMetafileHead, file.Size()));
+  file.Copy(0, head);
+  return quorvale::IsMetafile(head);
 }
 
-// All of the file.
-std::vector<std::uint8_t> Bytes(PictureFile& file) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(file.Size());
-  for (auto piece = file.From(0); !piece.empty(); piece = file.From(bytes.size())) {
-    bytes.insert(bytes.end(), piece.begin(), piece.end());
-  }
-  return bytes;
+OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
+  std::vector<std::uint8_t> bytes(file->Size());
+  file->Copy(0, bytes);
+  return std::make_shared<MetafilePicture>(std::move(bytes));
 }
 
-std::shared_ptr<Picture> Open(std::unique_ptr<PictureFile> file, const PicturePlace& place) {
-  std::array<std::uint8_t, kMetafileHead> head{};
-  file->Copy(0, head);
-  if (IsMetafile(std::span(head).first(std::min(head.size(), file->Size()))))
-    return Prepared(std::make_shared<MetafilePicture>(Bytes(*file)), place);
-  return Prepared(OpenBitmap(std::move(file)), place);
-}
+// Both kinds of metafile are played by one code.
+constexpr Format kFormats[] = {
+    {"BMP", IsBmp, OpenBmp},           {"GIF", IsGif, OpenGif},           {"JPEG", IsJpeg, OpenJpeg},
+    {"WMF", IsMetafile, OpenMetafile}, {"EMF", IsMetafile, OpenMetafile}, {"PNG", IsPng, OpenPng},
+};
+
+// Each has a row in `kPictureFormats`, and the other way round.
+static_assert(std::equal(std::begin(kFormats), std::end(kFormats), std::begin(kPictureFormats),
+                         std::end(kPictureFormats),
+                         [](const Format& row, const PictureFormat& named) { return row.name == named.name; }));
 
 }  // namespace
 
 std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   try {
-    return Open(std::make_unique<PictureFile>(path, reading_), place);
+    auto file = std::make_unique<PictureFile>(path, reading_);
+    for (const Format& format : kFormats) {
+      if (!format.recognises(*file)) continue;
+      auto picture = format.opens(std::move(file));
+      picture->Prepare(place);
+      return picture;
+    }
+    FailLoad("Not a picture");
   } catch (const std::bad_alloc&) {
-    throw Failure(FailureNumber::kBadPicture, "Picture too large", "LoadPicture");
+    FailLoad("Picture too large");
   }
 }
 

@@ -8,10 +8,11 @@
 
 namespace quorvale {
 
-// Tells the kind of a picture file by its content.
+// Tells the format of a picture file by its content.
 class DesktopPictureLoader : public PictureLoader {
  public:
   explicit DesktopPictureLoader(PictureReading reading = {}) : reading_(reading) {}
+
   std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) override;
 
  private:

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/pictures/exif.h"
+#include "platform/pictures/orientation.h"
 #include "platform/win32/pictures/picture_bytes.h"
 
 namespace quorvale {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "platform/pictures/picture_limit.h"
+#include "platform/pictures/rendering.h"
 #include "platform/win32/system/file_content.h"
 #include "platform/win32/system/handle.h"
 #include "platform/win32/system/system_error.h"
@@ -15,7 +15,7 @@ PictureBytes ReadPictureFile(const std::string& path) {
   LARGE_INTEGER size{};
   if (GetFileSizeEx(file.Get(), &size) == 0) throw FileFailure(GetLastError(), path, FailureNumber::kUnreadable);
   if (static_cast<std::uint64_t>(size.QuadPart) > kPictureMemoryLimit) {
-    throw Failure(FailureNumber::kBadPicture, "Picture file too large", "LoadPicture");
+    FailLoad("Picture file too large");
   }
   PictureBytes bytes(static_cast<std::size_t>(size.QuadPart));
   std::size_t done = 0;

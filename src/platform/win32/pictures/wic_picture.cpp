@@ -3,8 +3,6 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/pictures/exif.h"
-#include "platform/pictures/picture_limit.h"
 #include "platform/win32/pictures/canvas_rows.h"
 #include "platform/win32/pictures/jpeg_head.h"
 #include "platform/win32/pictures/wic_rows.h"
@@ -20,11 +18,10 @@ bool IsJpeg(const PictureBytes& bytes) { return WordAt(bytes, 0) == 0xD8FF; }
 
 bool IsPng(const PictureBytes& bytes) { return LongAt(bytes, 0) == 0x474E5089; }
 
-FileReader ReaderOf(const PictureBytes& bytes) {
-  return [&bytes](std::size_t offset, std::span<std::uint8_t> to) {
-    for (std::uint8_t& byte : to) byte = static_cast<std::uint8_t>(ByteAt(bytes, offset++));
-    return offset <= bytes.size();
-  };
+int StoredOrientation(const PictureBytes& bytes, const JpegHead& head) {
+  if (!IsPng(bytes)) return head.orientation;
+  MemoryBytes source(bytes);
+  return PngOrientation(source);
 }
 
 void CheckSize(PixelSize size, const PictureBytes& bytes, bool has_several_scans) {
@@ -92,7 +89,7 @@ WicPicture::WicPicture(PictureBytes bytes)
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
   const JpegHead head = ReadJpegHead(bytes_);
   CheckSize(size, bytes_, head.has_several_scans);
-  Describe(size, Orientation::FromExif(IsPng(bytes_) ? PngOrientation(ReaderOf(bytes_)) : head.orientation));
+  Describe(size, Orientation::FromExif(StoredOrientation(bytes_, head)));
 }
 
 std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/pictures/bitmap_picture.h"
+#include "platform/pictures/rendered_picture.h"
 #include "platform/win32/pictures/gif_canvas.h"
 #include "platform/win32/pictures/picture_bytes.h"
 #include "platform/win32/pictures/wic_codec.h"

@@ -1,10 +1,16 @@
-#include "platform/desktop/pictures/jpeg_decoder.h"
-
-#include <jerror.h>
-
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <csetjmp>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>  // jpeglib.h needs it
+#include <utility>
+#include <vector>
+
+#include <jpeglib.h>
+
+#include "platform/desktop/pictures/formats.h"
 
 namespace quorvale {
 namespace {
@@ -21,6 +27,8 @@ constexpr std::size_t kMostBlockVisits = 50'000'000;
 constexpr std::size_t kBlockBytes = sizeof(JCOEF) * DCTSIZE2;
 constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
 
+// Valgrind takes the last green of a row for undefined where libjpeg mixes colours by PMADDWD: it does not look at the
+// halves of that instruction apart. The pixels do not change with what memory held, and without SIMD it is silent.
 constexpr J_COLOR_SPACE kPixelSpace = std::endian::native == std::endian::little ? JCS_EXT_BGRA : JCS_EXT_ARGB;
 
 // Four-ink files are written inverted, 255 being no ink.
@@ -31,7 +39,74 @@ void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
   }
 }
 
-}  // namespace
+// Decodes a JPEG file row by row. The library's way of failing, a long jump, stays inside: here the
+// calls give false, and the decoder is of no use after that.
+class JpegDecoder {
+ public:
+  explicit JpegDecoder(PictureFile& file);
+  ~JpegDecoder();
+  JpegDecoder(const JpegDecoder&) = delete;
+  JpegDecoder& operator=(const JpegDecoder&) = delete;
+
+  // False as well for a file that holds next to no pixels for the size it claims.
+  bool ReadHeader();
+
+  // After `ReadHeader`: the size of the whole picture.
+  int Width() const { return static_cast<int>(decoder_.image_width); }
+  int Height() const { return static_cast<int>(decoder_.image_height); }
+  // The same at a scale of `eighths`/8, 1 to 8.
+  int ScaledWidth(int eighths) const { return Scaled(Width(), eighths); }
+  int ScaledHeight(int eighths) const { return Scaled(Height(), eighths); }
+  // What a picture that comes in several scans takes before its first row.
+  std::size_t Memory() const;
+
+  // Goes to the row `top` of the picture at that scale. Rows will hold the columns from `left` to
+  // `right`, the same pixels as if the whole picture were decoded.
+  bool Start(int eighths, int left, int right, int top);
+
+  // The next row, in memory of the decoder's that lasts until the next but one call; null when damage
+  // ends the picture here.
+  const Pixel* NextRow();
+
+ private:
+  // What the library calls back.
+  static void OnError(j_common_ptr common);
+  static void OnMessage(j_common_ptr common, int level);
+  static void OnProgress(j_common_ptr common);
+  static boolean FillBuffer(j_decompress_ptr decoder);
+  static void SkipBytes(j_decompress_ptr decoder, long count);
+
+  template <typename Body>
+  bool Guarded(Body body);
+  bool HoldsPixels();
+  bool Begin(int eighths);
+  void Crop(int left, int right);
+  bool Discard(int rows);
+  bool ReadRow(Pixel* row);
+  static int Scaled(int size, int eighths) { return static_cast<int>((std::int64_t{size} * eighths + 7) / 8); }
+
+  PictureFile& file_;
+  std::size_t end_;
+  std::size_t next_offset_ = 0;
+  // Where the library stood when it last reported progress.
+  std::size_t last_progress_ = 0;
+  bool too_much_work_ = false;
+  bool at_end_ = false;
+  jpeg_decompress_struct decoder_{};
+  jpeg_error_mgr errors_{};
+  jpeg_source_mgr source_{};
+  jpeg_progress_mgr progress_{};
+  std::jmp_buf failed_{};
+  std::size_t blocks_ = 0;
+  bool several_scans_ = false;
+
+  std::array<std::vector<Pixel>, 2> rows_;
+  std::size_t current_row_ = 0;
+  std::vector<std::uint8_t> inks_;
+  int cropped_left_ = 0;
+  // Columns decoded before the first one asked for.
+  std::size_t margin_ = 0;
+};
 
 JpegDecoder::JpegDecoder(PictureFile& file) : file_(file), end_(file.Size()) {
   decoder_.err = jpeg_std_error(&errors_);
@@ -187,5 +262,75 @@ bool JpegDecoder::ReadRow(Pixel* row) {
   if (mixed) MixInks(inks_.data(), row, decoder_.output_width);
   return true;
 }
+
+// The largest reduction by the decoder that leaves the picture no smaller than the box. The powers of
+// two are the ones that it has fast code for.
+int ChooseEighths(const JpegDecoder& decoder, PixelSize box) {
+  for (const int eighths : {1, 2, 4}) {
+    if (decoder.ScaledWidth(eighths) >= box.width && decoder.ScaledHeight(eighths) >= box.height) return eighths;
+  }
+  return 8;
+}
+
+class JpegRows : public RowSource {
+ public:
+  JpegRows(std::unique_ptr<JpegDecoder> decoder, PixelSize box)
+      : decoder_(std::move(decoder)), eighths_(ChooseEighths(*decoder_, box)) {}
+
+  Side Across() const override { return {decoder_->ScaledWidth(eighths_), decoder_->Width() * eighths_ / 8.0}; }
+  Side Down() const override { return {decoder_->ScaledHeight(eighths_), decoder_->Height() * eighths_ / 8.0}; }
+  bool IsOpaque() const override { return true; }
+  std::size_t Memory() const override { return decoder_->Memory(); }
+
+  bool Start(int left, int right, int top) override {
+    next_ = top;
+    return decoder_->Start(eighths_, left, right, top);
+  }
+
+  const Pixel* Row(int y) override {
+    while (next_ <= y) {
+      last_ = std::exchange(current_, decoder_->NextRow());
+      if (current_ == nullptr) return nullptr;
+      ++next_;
+    }
+    return y == next_ - 1 ? current_ : last_;
+  }
+
+ private:
+  std::unique_ptr<JpegDecoder> decoder_;
+  int eighths_;
+  int next_ = 0;
+  const Pixel* current_ = nullptr;
+  const Pixel* last_ = nullptr;
+};
+
+// A photo. Only the part in view is decoded, at a scale near the one it is shown at.
+class JpegPicture : public FilePicture {
+ public:
+  explicit JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
+    Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(JpegOrientation(File())));
+  }
+
+ protected:
+  std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override {
+    return std::make_unique<JpegRows>(decoder_ ? std::move(decoder_) : ReadHeader(), stored_box);
+  }
+
+ private:
+  std::unique_ptr<JpegDecoder> ReadHeader() {
+    auto decoder = std::make_unique<JpegDecoder>(File());
+    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
+    return decoder;
+  }
+
+  // Has read the header, and waits for the first `OpenRows`.
+  std::unique_ptr<JpegDecoder> decoder_;
+};
+
+}  // namespace
+
+bool IsJpeg(PictureFile& file) { return file.BeginsWith("\xFF\xD8"); }
+
+OpenedPicture OpenJpeg(std::unique_ptr<PictureFile> file) { return std::make_shared<JpegPicture>(std::move(file)); }
 
 }  // namespace quorvale

@@ -1,5 +1,3 @@
-#include "platform/desktop/pictures/png_picture.h"
-
 #include <png.h>
 
 #include <algorithm>
@@ -9,11 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "base/failure.h"
-#include "platform/pictures/exif.h"
-#include "platform/pictures/sequential_rows.h"
+#include "platform/desktop/pictures/formats.h"
 
 namespace quorvale {
+namespace {
+
+// The most pixels that the format packs into a byte.
+constexpr std::int64_t kPixelsToByte = 8300;
 
 // Decodes a PNG file row by row. The library's way of failing, a long jump, stays inside: here the calls give false,
 // and the decoder is of no use after that.
@@ -123,13 +123,6 @@ bool PngDecoder::ReadPasses(std::span<Pixel> pixels) {
   return true;
 }
 
-namespace {
-
-// The most pixels that the format packs into a byte.
-constexpr std::int64_t kPixelsToByte = 8300;
-
-[[noreturn]] void Fail(const char* what) { throw Failure(FailureNumber::kBadPicture, what, "LoadPicture"); }
-
 // By its alpha, which stays.
 Pixel Multiplied(Pixel pixel) {
   const Pixel alpha = pixel >> 24U;
@@ -186,28 +179,37 @@ class PngRows : public SequentialRows {
   std::vector<Pixel> pixels_;
 };
 
+// Decoded down to the last row in view; an interlaced one as a whole.
+class PngPicture : public FilePicture {
+ public:
+  explicit PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
+    Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(PngOrientation(File())));
+  }
+
+ protected:
+  std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
+    return std::make_unique<PngRows>(decoder_ ? std::move(decoder_) : ReadHeader());
+  }
+
+ private:
+  // A size that the bytes of the file can't fill is none.
+  std::unique_ptr<PngDecoder> ReadHeader() {
+    auto decoder = std::make_unique<PngDecoder>(File());
+    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
+    const std::int64_t pixels = std::int64_t{decoder->Width()} * decoder->Height();
+    if (pixels / kPixelsToByte > static_cast<std::int64_t>(File().Size())) FailLoad("Damaged picture");
+    if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) FailLoad("Picture too large");
+    return decoder;
+  }
+
+  // Has read the header, and waits for the first `OpenRows`.
+  std::unique_ptr<PngDecoder> decoder_;
+};
+
 }  // namespace
 
-bool PngPicture::Recognizes(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
+bool IsPng(PictureFile& file) { return file.BeginsWith("\x89PNG"); }
 
-PngPicture::PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
-  Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(PngOrientation(File().Reader())));
-}
-
-PngPicture::~PngPicture() = default;
-
-std::unique_ptr<RowSource> PngPicture::OpenRows(PixelSize /*stored_box*/) {
-  return std::make_unique<PngRows>(decoder_ ? std::move(decoder_) : ReadHeader());
-}
-
-// A size that the bytes of the file can't fill is none.
-std::unique_ptr<PngDecoder> PngPicture::ReadHeader() {
-  auto decoder = std::make_unique<PngDecoder>(File());
-  if (!decoder->ReadHeader()) Fail("Damaged picture");
-  const std::int64_t pixels = std::int64_t{decoder->Width()} * decoder->Height();
-  if (pixels / kPixelsToByte > static_cast<std::int64_t>(File().Size())) Fail("Damaged picture");
-  if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) Fail("Picture too large");
-  return decoder;
-}
+OpenedPicture OpenPng(std::unique_ptr<PictureFile> file) { return std::make_shared<PngPicture>(std::move(file)); }
 
 }  // namespace quorvale
