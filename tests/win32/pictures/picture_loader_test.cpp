@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/win32/pictures/jpeg_head.h"
+#include "platform/win32/pictures/file_heads.h"
 #include "platform/win32/pictures/picture_bytes.h"
 #include "support/failure_of.h"
 #include "win32/pictures/picture_samples.h"

@@ -6,6 +6,11 @@
 
 namespace quorvale {
 
+std::unique_ptr<Metafile> OpenMetafile(std::span<const std::uint8_t> bytes) {
+  auto metafile = OpenEnhancedMetafile(bytes);
+  return metafile ? std::move(metafile) : OpenWindowsMetafile(bytes);
+}
+
 TwipSize MetafilePicture::NaturalSize(float /*scale*/) const { return metafile_->NaturalSize(); }
 
 void MetafilePicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {

@@ -7,6 +7,21 @@
 #include "platform/win32/system/com_apartment.h"
 #include "platform/win32/system/com_pointer.h"
 
+// A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out. Like every
+// component it destroys itself.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+struct IWICBitmapSourceTransform : public IUnknown {
+  virtual HRESULT STDMETHODCALLTYPE CopyPixels(const WICRect* rect, UINT width, UINT height, WICPixelFormatGUID* format,
+                                               WICBitmapTransformOptions transform, UINT stride, UINT size,
+                                               BYTE* pixels) = 0;
+  // The size nearest to the wanted one that the decoder can make.
+  virtual HRESULT STDMETHODCALLTYPE GetClosestSize(UINT* width, UINT* height) = 0;
+  virtual HRESULT STDMETHODCALLTYPE GetClosestPixelFormat(WICPixelFormatGUID* format) = 0;
+  virtual HRESULT STDMETHODCALLTYPE DoesSupportTransform(WICBitmapTransformOptions transform, BOOL* supported) = 0;
+};
+
+__CRT_UUID_DECL(IWICBitmapSourceTransform, 0x3b16811b, 0x6a43, 0x4ec9, 0xb7, 0x13, 0x3d, 0x5a, 0x0c, 0x13, 0xb9, 0x40)
+
 namespace quorvale {
 
 using WicFactory = ComPointer<IWICImagingFactory>;

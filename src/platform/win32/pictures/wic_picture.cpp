@@ -1,15 +1,126 @@
 #include "platform/win32/pictures/wic_picture.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
 #include "base/failure.h"
-#include "platform/win32/pictures/canvas_rows.h"
-#include "platform/win32/pictures/jpeg_head.h"
-#include "platform/win32/pictures/wic_rows.h"
-#include "platform/win32/pictures/wic_source_transform.h"
+#include "platform/pictures/row_source.h"
 
 namespace quorvale {
 namespace {
+
+// What a photo's decoder makes at once; where damage ends the picture, no more than this is lost with it.
+constexpr int kBandRows = 16;
+
+// The rows of a picture that the system decodes, a band of them at a time.
+class WicRows : public RowSource {
+ public:
+  // `source` gives pixels as ours are, in `across` by `down`.
+  WicRows(WicSource source, Side across, Side down, bool opaque);
+
+  Side Across() const override { return across_; }
+  Side Down() const override { return down_; }
+  bool IsOpaque() const override { return opaque_; }
+  bool Start(int left, int right, int top) override;
+  const Pixel* Row(int y) override;
+
+ private:
+  struct Band {
+    int number = -1;
+    bool is_whole = false;
+    std::vector<Pixel> pixels;
+  };
+
+  void Read(Band& band, int number);
+
+  WicSource source_;
+  Side across_;
+  Side down_;
+  bool opaque_;
+  int left_ = 0;
+  int width_ = 0;
+  // Taken in turn, so that the last row of one stays while the next is read.
+  std::array<Band, 2> bands_;
+};
+
+WicRows::WicRows(WicSource source, Side across, Side down, bool opaque)
+    : source_(std::move(source)), across_(across), down_(down), opaque_(opaque) {}
+
+bool WicRows::Start(int left, int right, int /*top*/) {
+  left_ = left;
+  width_ = right - left;
+  const auto count = static_cast<std::size_t>(width_) * kBandRows;
+  for (Band& band : bands_) band.pixels.resize(count);
+  return true;
+}
+
+const Pixel* WicRows::Row(int y) {
+  const int number = y / kBandRows;
+  Band& band = bands_[static_cast<std::size_t>(number % 2)];
+  if (band.number != number) Read(band, number);
+  return band.is_whole ? band.pixels.data() + std::ptrdiff_t{y % kBandRows} * width_ : nullptr;
+}
+
+void WicRows::Read(Band& band, int number) {
+  const int top = number * kBandRows;
+  const WICRect rows{left_, top, width_, std::min(kBandRows, down_.count - top)};
+  const auto stride = static_cast<UINT>(width_) * static_cast<UINT>(sizeof(Pixel));
+  const HRESULT result = source_->CopyPixels(&rows, stride, stride * static_cast<UINT>(rows.Height),
+                                             reinterpret_cast<BYTE*>(band.pixels.data()));
+  band.number = number;
+  band.is_whole = SUCCEEDED(result);
+}
+
+// The rows of a transparent canvas with a picture on a part of it.
+class CanvasRows : public RowSource {
+ public:
+  CanvasRows(std::unique_ptr<RowSource> picture, int width, int height, const PixelRect& place);
+
+  Side Across() const override { return across_; }
+  Side Down() const override { return down_; }
+  bool IsOpaque() const override { return false; }
+  bool Start(int left, int right, int top) override;
+  const Pixel* Row(int y) override;
+
+ private:
+  std::unique_ptr<RowSource> picture_;
+  Side across_;
+  Side down_;
+  PixelRect place_;
+  // What of a row is wanted, and what of that is the picture's.
+  int left_ = 0;
+  PixelRect seen_;
+  // The last two rows.
+  std::vector<Pixel> rows_[2];
+};
+
+CanvasRows::CanvasRows(std::unique_ptr<RowSource> picture, int width, int height, const PixelRect& place)
+    : picture_(std::move(picture)),
+      across_{width, static_cast<double>(width)},
+      down_{height, static_cast<double>(height)},
+      place_(place) {}
+
+bool CanvasRows::Start(int left, int right, int top) {
+  left_ = left;
+  for (auto& row : rows_) row.assign(static_cast<std::size_t>(right - left), 0);
+  seen_ = Intersect(place_, {left, 0, right - left, down_.count});
+  if (seen_.IsEmpty()) return picture_->Start(0, 1, 0) && picture_->Row(0) != nullptr;
+  return picture_->Start(seen_.left - place_.left, seen_.Right() - place_.left, std::max(0, top - place_.top));
+}
+
+const Pixel* CanvasRows::Row(int y) {
+  auto& row = rows_[y % 2];
+  std::fill(row.begin(), row.end(), 0);
+  if (!seen_.IsEmpty() && y >= seen_.top && y < seen_.Bottom()) {
+    const Pixel* from = picture_->Row(y - place_.top);
+    if (from == nullptr) return nullptr;
+    std::copy_n(from, seen_.width, row.begin() + (seen_.left - left_));
+  }
+  return row.data();
+}
 
 // A size that a file can't fill even packed as tightly as the formats know is not believed.
 constexpr std::uint64_t kMostPixelsToByte = 4096;

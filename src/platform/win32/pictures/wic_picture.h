@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/pictures/rendered_picture.h"
-#include "platform/win32/pictures/gif_canvas.h"
+#include "platform/win32/pictures/file_heads.h"
 #include "platform/win32/pictures/picture_bytes.h"
 #include "platform/win32/pictures/wic_codec.h"
 

@@ -4,9 +4,8 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/win32/pictures/metafile.h"
+#include "platform/win32/pictures/metafile_picture.h"
 #include "platform/win32/pictures/picture_bytes.h"
-#include "platform/win32/pictures/playing.h"
 
 namespace quorvale {
 namespace {
