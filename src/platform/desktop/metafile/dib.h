@@ -4,12 +4,9 @@
 
 #include "platform/desktop/metafile/byte_reader.h"
 #include "platform/desktop/metafile/objects.h"
+#include "platform/pictures/dib.h"
 
 namespace quorvale::metafile {
-
-// The colour table of a bitmap, by the numbers of the format: colours, 16-bit indices into the palette
-// that is selected, or no table.
-enum class ColorUsage : unsigned { DIB_RGB_COLORS, DIB_PAL_COLORS, DIB_PAL_INDICES };
 
 struct DibSource {
   // BITMAPCOREHEADER or BITMAPINFOHEADER and its successors, masks and colour table.
