@@ -92,7 +92,7 @@ class LiveWindow {
 
  private:
   std::shared_ptr<frmConfig> Open() {
-    desktop_.core.RunMode = "/C";
+    desktop_.core.mode = RunMode::kConfiguration;
     desktop_.core.ScreenTwipsX = static_cast<std::int16_t>(kTwipsPerPixel);
     desktop_.core.ScreenTwipsY = static_cast<std::int16_t>(kTwipsPerPixel);
     auto form = std::make_shared<frmConfig>(desktop_.core);
@@ -179,10 +179,10 @@ void MeasureCommands(Bench& bench, LiveWindow& window, int rounds) {
 void MeasurePane(Bench& bench, LiveWindow& window, int rounds) {
   const PictureSize& size = kTestSizes[2];
   const std::string path = TestPicture(size, 0);
-  window.Core().PictureList = Collection({path});
+  window.Core().show.PictureList = Collection({path});
   const auto tick = [&window](const char* stretch) {
     return [&window, stretch] {
-      window.Core().SetOption("Stretch", stretch);
+      window.Core().options.Set("Stretch", stretch);
       return window.Tick();
     };
   };

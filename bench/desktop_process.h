@@ -18,7 +18,7 @@ class DesktopProcess {
   // Needs a QApplication.
   explicit DesktopProcess(const PassLengths& pass_lengths = {})
       : platform_({.application_title = "Bench", .pass_lengths = pass_lengths}) {
-    core.RunMode = "/S";
+    core.mode = RunMode::kShow;
   }
 
  private:

@@ -10,10 +10,10 @@ namespace quorvale {
 
 EffectCost RunEffect(Bench& bench, LiveShow& show, const std::string& effect, int speed) {
   Process& core = show.Core();
-  core.SetOption("SwapAffect", "None");
+  core.options.Set("SwapAffect", "None");
   show.Tick();
-  core.SetOption("SwapAffect", effect);
-  core.TransitionSpeed = speed;
+  core.options.Set("SwapAffect", effect);
+  core.show.TransitionSpeed = speed;
   EffectCost cost;
   show.Form().PicBase.Drawing = [&cost](const DrawOperation&) { ++cost.calls; };
   const double cpu = CpuSeconds(getpid());

@@ -32,16 +32,17 @@ int CountByReaddir(const std::string& directory) {
 void MeasureDirectory(Bench& bench, Process& core, int rounds) {
   const std::string directory = DirectoryOfFiles(kFiles) + "/";
   int found = 0;
-  const auto times = AlternatingMedians(rounds, {
-                                                    [&] {
-                                                      return MillisecondsOf([&] {
-                                                        Collection collection;
-                                                        AddDirectoryFiles(core, collection, directory, PictureMask());
-                                                        found = collection.Count();
-                                                      });
-                                                    },
-                                                    [&] { return MillisecondsOf([&] { CountByReaddir(directory); }); },
-                                                });
+  const auto times =
+      AlternatingMedians(rounds, {
+                                     [&] {
+                                       return MillisecondsOf([&] {
+                                         Collection collection;
+                                         AddDirectoryFiles(core.system.files, collection, directory, PictureMask());
+                                         found = collection.Count();
+                                       });
+                                     },
+                                     [&] { return MillisecondsOf([&] { CountByReaddir(directory); }); },
+                                 });
   bench.report.Begin("A directory of 100,000 files, ms", {{"list"}, {"readdir"}, {"ratio", 2}, {"pictures", 0}});
   bench.report.Row("AddDirectoryFiles", {times[0], times[1], times[0] / times[1], static_cast<double>(found)});
 }
@@ -76,7 +77,10 @@ void MeasureStore(Bench& bench, Process& core, int rounds) {
   const auto times = AlternatingMedians(
       rounds, {
                   [&] { return MillisecondsOf([&] { SaveEntries(core); }); },
-                  [&] { return MillisecondsOf([&] { FillFromSettings(core, kPictureSection, PictureMask()); }); },
+                  [&] {
+                    return MillisecondsOf(
+                        [&] { FillFromSettings(core.Settings, core.system.files, kPictureSection, PictureMask()); });
+                  },
               });
   bench.report.Begin("10,000 list entries in the settings store, ms", {{"save"}, {"load"}});
   bench.report.Row("SaveSetting, FillFromSettings", times);

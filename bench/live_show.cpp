@@ -37,7 +37,7 @@ void LiveShow::ShowForms(WindowHandle host) {
     form_->Show();
     return;
   }
-  Core().RunMode = "/P";
+  Core().mode = RunMode::kPreview;
   Core().ScreenTwipsX = RoundToInt16(Core().app.Screen().TwipsPerPixelX);
   Core().ScreenTwipsY = RoundToInt16(Core().app.Screen().TwipsPerPixelY);
   Core().SystemHwnd = static_cast<std::int32_t>(host);

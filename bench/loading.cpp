@@ -19,7 +19,7 @@ class LoadingRow {
  public:
   LoadingRow(Bench& bench, LiveShow& show, SharedWindow& window, std::string path)
       : bench_(bench), show_(show), window_(window), path_(std::move(path)) {
-    show_.Core().PictureList = Collection({path_});
+    show_.Core().show.PictureList = Collection({path_});
   }
 
   std::vector<double> Measure(const PictureSize& size, int rounds) {
@@ -37,7 +37,7 @@ class LoadingRow {
 
  private:
   double Ours(const char* stretch) {
-    show_.Core().SetOption("Stretch", stretch);
+    show_.Core().options.Set("Stretch", stretch);
     return show_.Tick();
   }
 

@@ -60,9 +60,9 @@ std::vector<double> TimesOfTicks(Bench& bench, const PictureSize& size, const st
   const HostWindow host(bench.display);
   ShowStore().Set({});
   LiveShow show(bench.display, {}, host.Id());
-  show.Core().PictureList = Collection({picture});
+  show.Core().show.PictureList = Collection({picture});
   const auto tick = [&](const char* stretch) {
-    show.Core().SetOption("Stretch", stretch);
+    show.Core().options.Set("Stretch", stretch);
     return show.Tick();
   };
   const int divisor = NearestDivisor(size.width, size.height, kWidth, kHeight);

@@ -59,18 +59,18 @@ void MeasureEffects(Report& report) {
   HeadlessDesktop desktop;
   desktop.SetScreen(kWidth, kHeight);
   Process process(desktop, desktop.Services());
-  process.RunMode = "/S";
-  process.SetOption("Stretch", "1");
+  process.mode = RunMode::kShow;
+  process.options.Set("Stretch", "1");
   desktop.files.AddFile("C:\\Picture.jpg", "picture 1920 1080 ff0000");
   process.Settings.SaveSetting(kPictureSection, "File0", MakeListEntry("Picture.jpg", "C:\\"));
   const auto form = std::make_shared<MainForm>(process);
   form->Show();
   desktop.queue.Advance(kFirstTick);
-  process.SetOption("BackColor", "255");
-  process.TransitionSpeed = 20;
+  process.options.Set("BackColor", "255");
+  process.show.TransitionSpeed = 20;
   report.Begin("Drawing an effect at 1920x1080, ms", {{"whole effect"}});
   for (const Effect& effect : Effects()) {
-    process.SetOption("SwapAffect", std::string(effect.name));
+    process.options.Set("SwapAffect", std::string(effect.name));
     const auto run = [&] {
       form->PicBase.SetBackColor(kWhite);
       form->PicBase.SetFillColor(kBlack);

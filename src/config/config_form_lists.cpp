@@ -27,7 +27,7 @@ void frmConfig::cmdImages_Click(int index) {
 // A dialog that can't be shown ends the action, and the preview goes on all the same.
 void frmConfig::EditListOnView(const std::function<void()>& action) {
   PausePreview(true);
-  process_.PreviewSuspended = true;
+  process_.show.PreviewSuspended = true;
   Attempt(action);
   Attempt([this] { RefreshPreview(); });
   UpdateCommandStates();

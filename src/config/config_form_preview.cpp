@@ -1,9 +1,9 @@
 #include "config/config_form.h"
 #include "config/monitor_artwork.h"
 #include "config/told_failure.h"
-#include "playlist/media_collections.h"
 #include "process/process.h"
 #include "show/slide_tick.h"
+#include "show/start_show.h"
 
 namespace quorvale {
 
@@ -27,13 +27,13 @@ void frmConfig::PlacePreviewPane() {
 
 void frmConfig::PausePreview(bool on) { tmrSwitch.SetEnabled(!on); }
 
-void frmConfig::RefreshPreview() { InitShow(process_, 0, *this); }
+void frmConfig::RefreshPreview() { InitShow(process_, *this, lstList[0], lstList[1]); }
 
 void frmConfig::tmrSwitch_Timer() {
   // While a failure of the load is told, the window is not on view yet; the tick would take it for a leftover.
   if (!Visible()) return;
-  TellFailure(App(), "tmrSwitch_Timer", [this] { SlideTick(process_, PicPreview, imgFullSize); });
-  process_.PreviewSuspended = false;
+  TellFailure(App(), "tmrSwitch_Timer", [this] { SlideTick(process_, *this); });
+  process_.show.PreviewSuspended = false;
 }
 
 }  // namespace quorvale

@@ -13,14 +13,14 @@
 #include "base/text.h"
 #include "config/options_form.h"
 #include "process/process.h"
+#include "settings/options.h"
 
 namespace quorvale {
 namespace {
 
 // One option: how its control takes the stored text, and what of the control is stored.
 struct OptionField {
-  const char* key = "";
-  const char* fallback = "";
+  OptionRow row;
   std::function<void(const std::string& stored)> show;
   std::function<std::string()> value;
 };
@@ -35,22 +35,20 @@ std::string NumberText(double number) {
   return UpperCase({text.data(), result.ptr});
 }
 
-OptionField Flag(const char* key, CheckBox& box) {
-  return {.key = key,
+OptionField Flag(const OptionRow& row, CheckBox& box) {
+  return {.row = row,
           .show = [&box](const std::string& stored) { box.SetValue(RoundToInt16(LenientParse(stored))); },
           .value = [&box] { return std::to_string(box.Value()); }};
 }
 
-OptionField Number(const char* key, const char* fallback, TextBox& box) {
-  return {.key = key,
-          .fallback = fallback,
+OptionField Number(const OptionRow& row, TextBox& box) {
+  return {.row = row,
           .show = [&box](const std::string& stored) { box.SetText(NumberText(LenientParse(stored))); },
           .value = [&box] { return box.Text(); }};
 }
 
-OptionField Swatch(const char* key, const char* fallback, Label& label) {
-  return {.key = key,
-          .fallback = fallback,
+OptionField Swatch(const OptionRow& row, Label& label) {
+  return {.row = row,
           .show =
               [&label](const std::string& stored) {
                 label.SetBackColor(static_cast<Colour>(RoundToInt32(LenientParse(stored))));
@@ -58,16 +56,14 @@ OptionField Swatch(const char* key, const char* fallback, Label& label) {
           .value = [&label] { return std::to_string(static_cast<std::int32_t>(label.BackColor())); }};
 }
 
-OptionField Name(const char* key, const char* fallback, DropDownList& list) {
-  return {.key = key,
-          .fallback = fallback,
+OptionField Name(const OptionRow& row, DropDownList& list) {
+  return {.row = row,
           .show = [&list](const std::string& stored) { list.SetText(stored); },
           .value = [&list] { return list.Text(); }};
 }
 
-OptionField Position(const char* key, const char* fallback, Slider& slider) {
-  return {.key = key,
-          .fallback = fallback,
+OptionField Position(const OptionRow& row, Slider& slider) {
+  return {.row = row,
           .show = [&slider](const std::string& stored) { slider.SetValue(RoundToInt32(LenientParse(stored))); },
           .value = [&slider] { return std::to_string(slider.Value()); }};
 }
@@ -75,48 +71,55 @@ OptionField Position(const char* key, const char* fallback, Slider& slider) {
 // In the order in which they are read and written.
 std::vector<OptionField> FieldsOf(frmOptions& frm) {
   return {
-      Flag("PicRandom", frm.chkPicRandom),
-      Flag("ShowFileName", frm.chkShowFileName),
-      Flag("SoundRandom", frm.chkSoundRandom),
-      Flag("Stretch", frm.chkStretch),
-      Number("Interval", "5", frm.txtInterval),
-      Swatch("BackColor", "&H00000000&", frm.lblBackColor),
-      Name("SwapAffect", "Random", frm.cboAffect),
-      Position("TransSpeed", "20", frm.sldSpeed),
-      Number("FrameThickness", "3", frm.txtFrameThickness),
-      Swatch("FrameColor", "16777215", frm.lblFrameColor),
-      Flag("ShowFrame", frm.chkShowFrame),
-      Flag("ResetPicList", frm.chkResetPicList),
-      Flag("ResetSoundList", frm.chkResetSoundList),
+      Flag(kPicRandom, frm.chkPicRandom),
+      Flag(kShowFileName, frm.chkShowFileName),
+      Flag(kSoundRandom, frm.chkSoundRandom),
+      Flag(kStretch, frm.chkStretch),
+      Number(kInterval, frm.txtInterval),
+      Swatch(kBackColor, frm.lblBackColor),
+      Name(kSwapAffect, frm.cboAffect),
+      Position(kTransSpeed, frm.sldSpeed),
+      Number(kFrameThickness, frm.txtFrameThickness),
+      Swatch(kFrameColorInDialog, frm.lblFrameColor),
+      Flag(kShowFrame, frm.chkShowFrame),
+      Flag(kResetPicList, frm.chkResetPicList),
+      Flag(kResetSoundList, frm.chkResetSoundList),
   };
 }
 
 // The first options whose failures go to the caller.
 constexpr std::size_t kFailingFields = 6;
 
-// Failures of the first `failing` options go to the caller, those of the others nowhere.
-void Load(frmOptions& frm, std::size_t failing) {
+// Failures of the first `failing` options go to the caller, those of the others nowhere. False when a stored text
+// could not be read.
+bool Load(frmOptions& frm, std::size_t failing) {
+  bool read = true;
   std::size_t index = 0;
   for (const OptionField& field : FieldsOf(frm)) {
+    std::string stored;
+    if (!frm.TheProcess().options.Read(field.row, stored)) read = false;
     try {
-      field.show(frm.TheProcess().Option(field.key, field.fallback));
+      field.show(stored);
     } catch (const Failure& failure) {
       if (index < failing) {
-        throw Failure(failure.Number(), std::string(field.key) + ": " + failure.Description(), failure.Source());
+        throw Failure(failure.Number(), std::string(field.row.key) + ": " + failure.Description(), failure.Source());
       }
     }
     ++index;
   }
+  return read;
 }
 
 }  // namespace
 
-void LoadOptions(frmOptions& frm) { Load(frm, kFailingFields); }
+bool LoadOptions(frmOptions& frm) { return Load(frm, kFailingFields); }
 
-void LoadUsableOptions(frmOptions& frm) { Load(frm, 0); }
+bool LoadUsableOptions(frmOptions& frm) { return Load(frm, 0); }
 
-void SaveOptions(frmOptions& frm) {
-  for (const OptionField& field : FieldsOf(frm)) frm.TheProcess().SetOption(field.key, field.value());
+bool SaveOptions(frmOptions& frm) {
+  return frm.TheProcess().Settings.SaveTogether([&frm] {
+    for (const OptionField& field : FieldsOf(frm)) frm.TheProcess().options.SetText(field.row, field.value());
+  });
 }
 
 }  // namespace quorvale

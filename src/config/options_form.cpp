@@ -208,13 +208,21 @@ void frmOptions::Form_Load() {
 // A dialog that did not open could never set a damaged value right again.
 void frmOptions::ReadOptions() {
   try {
-    LoadOptions(*this);
+    options_read_ = LoadOptions(*this);
   } catch (const Failure& failure) {
-    App().ShowMessageBox({.text = "A stored option can't be shown.\n\n" + failure.Description() +
-                                  "\n\nOK stores what the dialog shows in its place.",
-                          .icon = MessageBoxIcon::kExclamation});
-    LoadUsableOptions(*this);
+    Warn("A stored option can't be shown.\n\n" + failure.Description() +
+         "\n\nOK stores what the dialog shows in its place.");
+    options_read_ = LoadUsableOptions(*this);
   }
+  if (!options_read_) {
+    Warn(
+        "Your settings can't be read. The options that this dialog shows are not the stored ones, and OK will not "
+        "put them in their place.");
+  }
+}
+
+void frmOptions::Warn(const std::string& text) {
+  App().ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});
 }
 
 void frmOptions::Form_Help() { process_.system.programs.WinHelp(Hwnd(), kHelpFile, kHelpContext, kHelpTopicOptions); }
@@ -250,14 +258,23 @@ void frmOptions::txtInterval_KeyPress(int& code) {
 void frmOptions::cmdOK_Click() {
   if (!IsBetween(txtInterval, 2, 60, "Swap Interval must be between 2 and 60 seconds.")) return;
   if (!IsBetween(txtFrameThickness, 1, 20, "Frame thickness must be between 1 and 20.")) return;
-  SaveOptions(*this);
+  if (!options_read_) {
+    Warn(
+        "Nothing was saved: your settings could not be read when this dialog opened, and what was not read is not "
+        "replaced.");
+    return;
+  }
+  if (!SaveOptions(*this)) {
+    Warn("Your settings can't be saved. The disk may be full, or another program may hold them.");
+    return;
+  }
   Unload();
 }
 
 bool frmOptions::IsBetween(TextBox& box, double least, double most, const char* message) {
   const double number = LenientParse(box.Text());
   if (number >= least && number <= most) return true;
-  App().ShowMessageBox({.text = message, .icon = MessageBoxIcon::kExclamation});
+  Warn(message);
   if (CurrentTab != kPicturesPage) TabStrip1.UserSelect(kPicturesPage);
   if (box.CanTakeFocus()) box.SetFocus();
   return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "toolkit/buttons.h"
 #include "toolkit/common_dialog.h"
@@ -76,7 +77,11 @@ class frmOptions : public Form {
   // Whether the number in `box` lies between the two; if not, says so and moves the focus there.
   bool IsBetween(TextBox& box, double least, double most, const char* message);
 
+  void Warn(const std::string& text);
+
   Process& process_;
+  // Whether the controls have what is stored, so that OK may replace it.
+  bool options_read_ = false;
 };
 
 }  // namespace quorvale

@@ -12,8 +12,6 @@
 namespace quorvale {
 namespace {
 
-constexpr char kPlayListKey[] = "PlayList";
-
 constexpr std::array<const char*, 2> kSections = {kPictureSection, kSoundSection};
 
 }  // namespace
@@ -26,7 +24,7 @@ ListsSaved SavePlayLists(Process& process, const frmConfig& frm) {
       const auto save = taken.at(i) == TakenPart::kFirst ? SaveFirstPart : SaveList;
       save(process.Settings, frm.lstList.at(i), kSections.at(i), kFileKeyPrefix);
     }
-    process.SetOption(kPlayListKey, frm.CurPlayList());
+    process.options.SetText(kPlayList, frm.CurPlayList());
   });
   return saved ? ListsSaved::kSaved : ListsSaved::kRefused;
 }
@@ -35,7 +33,7 @@ void LoadPlayLists(Process& process, frmConfig& frm) {
   for (std::size_t i = 0; i < kSections.size(); ++i) {
     frm.TakenParts.at(i) = LoadList(process.Settings, frm.lstList.at(i), kSections.at(i), kFileKeyPrefix);
   }
-  frm.SetCurPlayList(process.Option(kPlayListKey, ""));
+  frm.SetCurPlayList(process.options.Text(kPlayList));
 }
 
 }  // namespace quorvale

@@ -7,9 +7,9 @@
 
 namespace quorvale {
 
-class Form;
+class CRegSettings;
+class FileSystem;
 class ListBox;
-struct Process;
 
 // What a directory in a list stands for: patterns with semicolons between. That of the pictures joins those of
 // `kPictureFormats`.
@@ -21,19 +21,16 @@ inline constexpr char kPictureSection[] = "PictureFiles";
 inline constexpr char kSoundSection[] = "SoundFiles";
 inline constexpr char kFileKeyPrefix[] = "File";
 
-// Prepares a form for a show: builds both collections, in random order where the options say so, takes
-// over the background colour and the transition speed, and starts the form's timer at 500 milliseconds.
-// The lists come from the form's list boxes when `fromSettings` is 0, else from the settings store.
-void InitShow(Process& process, std::int32_t fromSettings, Form& frm);
-
 // The paths of a list box's entries, directories expanded by `mask`.
-Collection FillFromList(Process& process, const ListBox& list, const std::string& mask);
+Collection FillFromList(FileSystem& files, const ListBox& list, const std::string& mask);
 
 // The same of a section of the settings store.
-Collection FillFromSettings(Process& process, const std::string& section, const std::string& mask);
+Collection FillFromSettings(CRegSettings& settings, FileSystem& files, const std::string& section,
+                            const std::string& mask);
 
 // Adds the files of one directory, given with its final separator, that match `mask`: pattern by
 // pattern, each in name order. A directory that can't be read ends it quietly; what was added stays.
-void AddDirectoryFiles(Process& process, Collection& collection, const std::string& directory, const std::string& mask);
+void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::string& directory,
+                       const std::string& mask);
 
 }  // namespace quorvale

@@ -31,10 +31,7 @@ std::vector<ReportedStep> StartUpSteps(Process& process, const std::string& text
         std::string directory = process.system.host.GetSystemDirectory(kSystemDirectoryBuffer);
         process.SystemDirectory = CutToken(directory, '\0');
       },
-      [&process, text] {
-        process.RunMode = Left(UpperCase(text), 2);
-        if (process.RunMode.empty()) process.RunMode = "/C";
-      },
+      [&process, text] { process.mode = RunModeOf(text); },
   };
 }
 
@@ -43,15 +40,18 @@ void ShowMainForm(Process& process) {
 }
 
 std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
-  const std::string& mode = process.RunMode;
-  if (mode == "/C") return ConfigurationSteps(process);
-  if (mode == "/S") return {[&process] { ShowMainForm(process); }};
-  if (mode == "/P") {
-    return {[&process, text] { process.SystemHwnd = SwitchHandle(text); },
-            [&process] { std::make_shared<ControlForm>(process)->Load(); }};
-  }
-  if (mode == "/A") {
-    return {[&process, text] { process.SystemHwnd = SwitchHandle(text); }, [&process] { ChangePassword(process); }};
+  switch (process.mode) {
+    case RunMode::kConfiguration:
+      return ConfigurationSteps(process);
+    case RunMode::kShow:
+      return {[&process] { ShowMainForm(process); }};
+    case RunMode::kPreview:
+      return {[&process, text] { process.SystemHwnd = SwitchHandle(text); },
+              [&process] { std::make_shared<ControlForm>(process)->Load(); }};
+    case RunMode::kPassword:
+      return {[&process, text] { process.SystemHwnd = SwitchHandle(text); }, [&process] { ChangePassword(process); }};
+    case RunMode::kNone:
+      break;
   }
   if (text.find(kSetUpSwitch) != std::string::npos) return SetUpSteps(process, text);
   return {};
@@ -63,7 +63,7 @@ void Main(Process& process, const std::string& text) {
   if (!RunReportedSteps(process.app, StartUpSteps(process, text))) return;
   if (!RunReportedSteps(process.app, ModeSteps(process, text))) return;
   // What fails from here on is no longer reported.
-  if (process.RunMode == "/C") Configure(process);
+  if (process.mode == RunMode::kConfiguration) Configure(process);
 }
 
 std::int32_t SwitchHandle(const std::string& text) {

@@ -45,7 +45,7 @@ void StoreSamples(Process& process, const std::string& path) {
     entries.push_back(MakeListEntry(sample.name, GetLongPath(process.system.files, path)));
   }
   process.Settings.SaveTogether([&] {
-    process.SetOption("InstallPath", path);
+    process.options.SetText(kInstallPath, path);
     for (std::size_t i = 0; i < kSamples.size(); ++i) {
       process.Settings.SaveSetting(kSamples.at(i).section, kSamples.at(i).key, entries[i], kHkeyCurrentUser);
     }

@@ -1,8 +1,8 @@
 #include "saver/control_form.h"
 
-#include "playlist/media_collections.h"
 #include "process/process.h"
 #include "show/slide_tick.h"
+#include "show/start_show.h"
 #include "system/window_system.h"
 
 namespace quorvale {
@@ -23,27 +23,27 @@ void ControlForm::Form_Load() {
   const WindowHandle host = ToWindowHandle(process_.SystemHwnd);
   Msghook1.SetHwnd(PicBase.Hwnd());
   Msghook1.Report(kWmClose);
-  windows.GetClientRect(host, process_.PreviewRect);
-  const ClientRect& rect = process_.PreviewRect;
+  windows.GetClientRect(host, process_.show.PreviewRect);
+  const ClientRect& rect = process_.show.PreviewRect;
   PicBase.Move(0, 0, static_cast<float>((rect.right - rect.left) * process_.ScreenTwipsX),
                static_cast<float>((rect.bottom - rect.top) * process_.ScreenTwipsY));
   windows.SetParent(PicBase.Hwnd(), host);
-  process_.PreviewAlive = true;
-  InitShow(process_, 1, *this);
+  process_.show.PreviewAlive = true;
+  InitShow(process_, *this);
 }
 
 // The picture box stays usable for a tick that is running; the next one ends the form.
 void ControlForm::Msghook1_Message(int message) {
   if (message != kWmClose) return;
   process_.system.windows.SetParent(PicBase.Hwnd(), Hwnd());
-  process_.PreviewAlive = false;
+  process_.show.PreviewAlive = false;
 }
 
 void ControlForm::tmrSwitch_Timer() {
-  if (!process_.system.windows.IsWindow(ToWindowHandle(process_.SystemHwnd)) || !process_.PreviewAlive) {
+  if (!process_.system.windows.IsWindow(ToWindowHandle(process_.SystemHwnd)) || !process_.show.PreviewAlive) {
     Unload();
   } else {
-    SlideTick(process_, PicPreview, imgFullSize);
+    SlideTick(process_, *this);
   }
 }
 

@@ -1,11 +1,11 @@
 #include "saver/main_form.h"
 
 #include "base/numbers.h"
-#include "playlist/media_collections.h"
 #include "process/end_saver.h"
 #include "process/process.h"
 #include "saver/saver_password.h"
 #include "show/slide_tick.h"
+#include "show/start_show.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
 #include "toolkit/platform.h"
@@ -37,20 +37,20 @@ void MainForm::Form_Load() {
   Window().SetVisible(true);
   // What ended it in between has unloaded it.
   if (!IsLoaded()) return;
-  InitShow(process_, 1, *this);
+  InitShow(process_, *this);
   ForceCursorOff(process_);
 }
 
 // Runs for every way of unloading. The flag comes first: what pumps events above this handler finds it.
 // While the password is asked for, the timer goes on firing and its handler does nothing.
 void MainForm::Form_QueryUnload(bool& cancel) {
-  process_.StopRequested = true;
+  process_.show.StopRequested = true;
   if (!IsPasswordInForce(process_)) return;
   ForceCursorOn(process_);
   if (VerifyPassword(process_, Hwnd())) return;
   ForceCursorOff(process_);
   cancel = true;
-  process_.StopRequested = false;
+  process_.show.StopRequested = false;
 }
 
 void MainForm::Form_Unload() {
@@ -79,14 +79,14 @@ void MainForm::Form_ScreenChange() {
 }
 
 void MainForm::tmrSwitch_Timer() {
-  if (!process_.StopRequested) SlideTick(process_, PicPreview, imgFullSize);
+  if (!process_.show.StopRequested) SlideTick(process_, *this);
 }
 
 // No distance is measured: the events are counted. A count lasts until the first event that comes more
 // than ten seconds after it began, and that event does not begin the next one.
 void MainForm::CountMouseMove() {
-  ++process_.MouseMoveCount;
-  if (process_.MouseMoveCount == kMovesThatEnd) Unload();
+  ++process_.show.MouseMoveCount;
+  if (process_.show.MouseMoveCount == kMovesThatEnd) Unload();
   const double now = process_.system.host.SecondsSinceMidnight();
   if (FirstMoveTime_ == 0) {
     FirstMoveTime_ = RoundToInt32(now);
@@ -94,7 +94,7 @@ void MainForm::CountMouseMove() {
   }
   if (now - FirstMoveTime_ > kCountSeconds) {
     FirstMoveTime_ = 0;
-    process_.MouseMoveCount = 0;
+    process_.show.MouseMoveCount = 0;
   }
 }
 

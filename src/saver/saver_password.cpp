@@ -30,12 +30,12 @@ std::string DwordText(const std::string& bytes) {
 void ReadPasswordState(Process& process) {
   const std::string flag =
       ReadKeyValue(process.system.registry, kHkeyCurrentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword");
-  process.UsePassword = RoundToInt16(LenientParse(flag));
-  process.PlatformId = process.system.host.PlatformId();
+  process.show.UsePassword = RoundToInt16(LenientParse(flag));
+  process.show.PlatformId = process.system.host.PlatformId();
 }
 
 bool IsPasswordInForce(const Process& process) {
-  return process.PlatformId != kPlatformLocksItself && process.UsePassword != 0;
+  return process.show.PlatformId != kPlatformLocksItself && process.show.UsePassword != 0;
 }
 
 void TellSaverRunning(Process& process, bool running) {

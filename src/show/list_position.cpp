@@ -3,32 +3,33 @@
 #include <string>
 
 #include "base/numbers.h"
-#include "process/process.h"
 #include "process/rules.h"
+#include "process/show_state.h"
+#include "settings/options.h"
 
 namespace quorvale {
 namespace {
 
-std::string LastPosition(Process& process, const std::string& last) {
-  const auto unstored = process.UnstoredPositions.find(last);
-  return unstored != process.UnstoredPositions.end() ? unstored->second : process.Option(last, "0");
+std::string LastPosition(const Options& options, const ShowState& show, const OptionRow& last) {
+  const auto unstored = show.UnstoredPositions.find(last.key);
+  return unstored != show.UnstoredPositions.end() ? unstored->second : options.Text(last);
 }
 
 }  // namespace
 
-std::int32_t NextPosition(Process& process, const std::string& reset, const std::string& last, int count) {
+std::int32_t NextPosition(const Options& options, const ShowState& show, const OptionRow& reset, const OptionRow& last,
+                          int count) {
   std::int32_t position = 0;
-  StepIf([&] { return !process.FirstTickOver && RoundToInt32(LenientParse(process.Option(reset, ""))) != 0; },
-         [&] { position = 1; },
-         [&] { Step([&] { position = RoundToInt32(StrictNumber(LastPosition(process, last)) + 1); }); });
+  StepIf([&] { return !show.FirstTickOver && options.IsAnyNumber(reset); }, [&] { position = 1; },
+         [&] { Step([&] { position = RoundToInt32(StrictNumber(LastPosition(options, show, last)) + 1); }); });
   return position > count ? 1 : position;
 }
 
-void KeepPosition(Process& process, const std::string& last, std::int32_t position) {
-  if (process.SetOption(last, std::to_string(position))) {
-    process.UnstoredPositions.erase(last);
+void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std::int32_t position) {
+  if (options.SetText(last, std::to_string(position))) {
+    show.UnstoredPositions.erase(last.key);
   } else {
-    process.UnstoredPositions[last] = std::to_string(position);
+    show.UnstoredPositions[last.key] = std::to_string(position);
   }
 }
 

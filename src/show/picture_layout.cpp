@@ -7,9 +7,8 @@
 #include "playlist/path_part.h"
 #include "process/process.h"
 #include "process/rules.h"
+#include "show/show_form.h"
 #include "system/file_system.h"
-#include "toolkit/image_control.h"
-#include "toolkit/picture_box.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
@@ -24,20 +23,20 @@ constexpr int kFramePen = 1;  // pixels
 // One layout. Each method below that has no result is a run of the tick's steps.
 class Layout {
  public:
-  Layout(Process& process, ImageControl& PicPreview, ImageControl& imgFullSize, std::int32_t PictureIndex)
+  Layout(Process& process, ShowForm& form, std::int32_t PictureIndex)
       : process_(process),
-        PicBase_(PicPreview.Container()),
-        PicPreview_(PicPreview),
-        imgFullSize_(imgFullSize),
+        PicBase_(form.PicBase),
+        PicPreview_(form.PicPreview),
+        imgFullSize_(form.imgFullSize),
         picture_index_(PictureIndex) {}
 
   void PlaceNatural();
   void PlaceStretched();
 
  private:
-  std::string Path() const { return process_.PictureList.Item(picture_index_); }
+  std::string Path() const { return process_.show.PictureList.Item(picture_index_); }
   std::string PictureName() const { return PathPart(Path(), kPathName, process_.system.files.Syntax()); }
-  bool HasCaption() const { return IsOn(process_.Option("ShowFileName", "")); }
+  bool HasCaption() const { return process_.options.ShowFileName(); }
   float RatioX() const { return PicBase_.Width() / process_.app.Screen().Width; }
   float RatioY() const { return PicBase_.Height() / process_.app.Screen().Height; }
   float CentredLeft(float width) const { return (process_.app.Screen().Width - width) / 2 * RatioX(); }
@@ -71,8 +70,8 @@ void Layout::PlaceNatural() {
   Step([&] { PicPreview_.SetPicture(imgFullSize_.GetPicture()); });
   std::int16_t FrameWidth = 0;
   Step([&] {
-    const double unit = process_.IsMode("/C") ? kPaneFrameUnit : kFrameUnit;
-    FrameWidth = RoundToInt16(LenientParse(process_.Option("FrameThickness", "3")) * unit);
+    const double unit = process_.mode == RunMode::kConfiguration ? kPaneFrameUnit : kFrameUnit;
+    FrameWidth = RoundToInt16(process_.options.FrameThickness() * unit);
   });
   if (HasCaption()) {
     MoveToCaption();
@@ -82,7 +81,7 @@ void Layout::PlaceNatural() {
            [&] { Step([&] { PicPreview_.SetHeight(PicBase_.CurrentY() - PicPreview_.Top()); }); });
     PrintCaption();
   }
-  if (IsOn(process_.Option("ShowFrame", ""))) DrawFrame(FrameWidth);
+  if (process_.options.ShowFrame()) DrawFrame(FrameWidth);
 }
 
 void Layout::PlaceStretched() {
@@ -133,7 +132,7 @@ void Layout::PrintCaption() {
 void Layout::DrawFrame(std::int16_t FrameWidth) {
   Step([&] { PicBase_.SetDrawWidth(kFramePen); });
   Colour colour = kBlack;
-  Step([&] { colour = static_cast<Colour>(RoundToInt32(LenientParse(process_.Option("FrameColor", "&H00000000&")))); });
+  Step([&] { colour = process_.options.FrameColor(); });
   Step([&] {
     const auto width = static_cast<float>(FrameWidth);
     PicBase_.LineBox(PicPreview_.Left() - width, PicPreview_.Top() - width,
@@ -144,9 +143,9 @@ void Layout::DrawFrame(std::int16_t FrameWidth) {
 
 }  // namespace
 
-void LayOutPicture(Process& process, ImageControl& PicPreview, ImageControl& imgFullSize, std::int32_t PictureIndex) {
-  Layout layout(process, PicPreview, imgFullSize, PictureIndex);
-  if (IsOn(process.Option("Stretch", ""))) {
+void LayOutPicture(Process& process, ShowForm& form, std::int32_t PictureIndex) {
+  Layout layout(process, form, PictureIndex);
+  if (process.options.Stretch()) {
     layout.PlaceStretched();
   } else {
     layout.PlaceNatural();

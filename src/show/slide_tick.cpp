@@ -3,16 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "base/numbers.h"
 #include "process/end_saver.h"
 #include "process/process.h"
 #include "process/rules.h"
 #include "show/list_position.h"
 #include "show/picture_layout.h"
+#include "show/show_form.h"
 #include "show/sound_track.h"
-#include "toolkit/form.h"
-#include "toolkit/image_control.h"
-#include "toolkit/picture_box.h"
 #include "toolkit/timer.h"
 #include "transitions/run_transition.h"
 
@@ -23,54 +20,53 @@ constexpr double kMillisecondsPerSecond = 1000;
 
 // A form that is alone and not on view is a leftover nobody can close: it goes, and the show ends. The
 // preview's form is never on view and stays.
-void EndLoneHiddenForm(Process& process) {
-  if (process.RunMode == "/P" || process.app.Forms.Count() != 1 || process.app.Forms[0].Visible()) return;
+void CloseOrphanedForm(Process& process) {
+  if (process.mode == RunMode::kPreview || process.app.Forms.Count() != 1 || process.app.Forms[0].Visible()) return;
   const std::shared_ptr<Form> form = process.app.Forms[0].shared_from_this();
   Step([&] { form->Find<Timer>("tmrSwitch").SetEnabled(false); });
   Step([&] { process.app.PumpEvents(); });
   Step([&] { form->Unload(); });
-  process.StopRequested = true;
+  process.show.StopRequested = true;
 }
 
 void WipePictureOnView(Process& process, ImageControl& PicPreview) {
-  if (!process.TransitionArmed) {
-    process.TransitionArmed = true;  // nothing is on view yet
+  if (!process.show.TransitionArmed) {
+    process.show.TransitionArmed = true;  // nothing is on view yet
     return;
   }
   Step([&] { RunTransition(process, PicPreview); });
-  if (process.StopRequested) EndSaver(process);
+  if (process.show.StopRequested) EndSaver(process);
 }
 
-void ShowNextPicture(Process& process, ImageControl& PicPreview, ImageControl& imgFullSize) {
-  const std::int32_t PictureIndex = NextPosition(process, "ResetPicList", "LastPicture", process.PictureList.Count());
+void ShowNextPicture(Process& process, ShowForm& form) {
+  ImageControl& PicPreview = form.PicPreview;
+  const std::int32_t PictureIndex =
+      NextPosition(process.options, process.show, kResetPicList, kLastPicture, process.show.PictureList.Count());
   WipePictureOnView(process, PicPreview);
   Step([&] { PicPreview.SetVisible(false); });
-  LayOutPicture(process, PicPreview, imgFullSize, PictureIndex);
+  LayOutPicture(process, form, PictureIndex);
   Step([&] { PicPreview.SetVisible(true); });
-  Step([&] { KeepPosition(process, "LastPicture", PictureIndex); });
+  Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
 }
 
-void ShowNoPicture(ImageControl& PicPreview) {
-  Step([&] { PicPreview.Container().Cls(); });
-  Step([&] { PicPreview.SetVisible(false); });
+void ShowNoPicture(ShowForm& form) {
+  Step([&] { form.PicBase.Cls(); });
+  Step([&] { form.PicPreview.SetVisible(false); });
 }
 
 }  // namespace
 
-void SlideTick(Process& process, ImageControl& PicPreview, ImageControl& imgFullSize) {
-  if (process.PreviewSuspended) return;
-  EndLoneHiddenForm(process);
-  if (process.PictureList.Count() >= 1) {
-    ShowNextPicture(process, PicPreview, imgFullSize);
+void SlideTick(Process& process, ShowForm& form) {
+  if (process.show.PreviewSuspended) return;
+  CloseOrphanedForm(process);
+  if (process.show.PictureList.Count() >= 1) {
+    ShowNextPicture(process, form);
   } else {
-    ShowNoPicture(PicPreview);
+    ShowNoPicture(form);
   }
-  if (process.SoundList.Count() >= 1 && process.RunMode != "/P") PlayNextSound(process);
-  Step([&] {
-    const double seconds = LenientParse(process.Option("Interval", "5"));
-    PicPreview.Parent().Find<Timer>("tmrSwitch").SetInterval(seconds * kMillisecondsPerSecond);
-  });
-  process.FirstTickOver = true;
+  if (process.show.SoundList.Count() >= 1 && process.mode != RunMode::kPreview) PlayNextSound(process);
+  Step([&] { form.tmrSwitch.SetInterval(process.options.Interval() * kMillisecondsPerSecond); });
+  process.show.FirstTickOver = true;
 }
 
 }  // namespace quorvale

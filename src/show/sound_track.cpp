@@ -8,11 +8,12 @@
 namespace quorvale {
 
 void PlayNextSound(Process& process) {
-  const std::int32_t SoundIndex = NextPosition(process, "ResetSoundList", "LastSound", process.SoundList.Count());
+  const std::int32_t SoundIndex =
+      NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.SoundList.Count());
   Step([&] { process.app.PumpEvents(); });
   // The list is asked only now: an event may have put another in its place.
-  Step([&] { PlaySoundFile(process, process.SoundList.Item(SoundIndex), kSndFilename); });
-  Step([&] { KeepPosition(process, "LastSound", SoundIndex); });
+  Step([&] { PlaySoundFile(process, process.show.SoundList.Item(SoundIndex), kSndFilename); });
+  Step([&] { KeepPosition(process.options, process.show, kLastSound, SoundIndex); });
   Step([&] { process.app.PumpEvents(); });
 }
 

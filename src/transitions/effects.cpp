@@ -29,7 +29,7 @@ void SweepRight(const EffectRun& run) {
   for (std::int32_t x = 0; x <= end; x += kSidewaysStep) {
     UprightBar(run, static_cast<float>(x));
     run.EndStep();
-    if (run.process.PreviewSuspended) return;
+    if (run.process.show.PreviewSuspended) return;
   }
 }
 
@@ -141,7 +141,7 @@ constexpr std::array<Effect, 9> kEffects = {{
 
 void EffectRun::PumpStep() const {
   pace.PumpEvents();
-  if (process.StopRequested) EndSaver(process);
+  if (process.show.StopRequested) EndSaver(process);
 }
 
 void EffectRun::Pause() const {

@@ -26,8 +26,8 @@ std::string DrawEffect(Process& process) {
 
 // Fails with kOverflow for a speed that no dialog gives.
 std::int32_t ComputeDelayCount(const Process& process) {
-  const double speed = process.TransitionSpeed;
-  const bool preview = process.IsMode("/P") || process.IsMode("/C");
+  const double speed = process.show.TransitionSpeed;
+  const bool preview = process.mode == RunMode::kPreview || process.mode == RunMode::kConfiguration;
   return RoundToInt32(preview ? (21 - speed) * 200 : 401 - speed * 20);
 }
 
@@ -35,8 +35,8 @@ std::int32_t ComputeDelayCount(const Process& process) {
 
 void RunTransition(Process& process, ImageControl& PicPreview) {
   PictureBox& PicBase = PicPreview.Container();
-  std::string name = process.Option("SwapAffect", kRandomEffect);
-  const auto WipeColour = static_cast<Colour>(RoundToInt32(StrictNumber(process.Option("Backcolor", "0"))));
+  std::string name = process.options.SwapAffect();
+  const auto WipeColour = process.options.WipeColour();
   if (name == kNoEffect) return;
   if (name == kRandomEffect) name = DrawEffect(process);
   PicBase.SetDrawWidth(kWidePen);

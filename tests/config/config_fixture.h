@@ -21,9 +21,9 @@ class ConfigTest : public HeadlessTest {
   std::shared_ptr<frmConfig> form;
 
   void SetUp() override {
-    process.RunMode = "/C";
+    process.mode = RunMode::kConfiguration;
     process.ScreenTwipsX = process.ScreenTwipsY = 15;
-    process.SetOption("SwapAffect", "None");
+    process.options.Set("SwapAffect", "None");
   }
 
   // Opens the window over lists of files of C:\Pics\, which exist.

@@ -74,7 +74,7 @@ TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnO
 TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
   Store("PictureFiles", "a");
   Store("SoundFiles", "s");
-  process.SetOption("TransSpeed", "99999999999");
+  process.options.Set("TransSpeed", "99999999999");
   desktop.files.failures.FailCall(FileCall::kFind, 1, 0);
   for (int i = 0; i < 2; ++i) {
     desktop.boxes.Answer([this](const MessageBox&) { return desktop.queue.Advance(5000), MessageBoxAnswer::kOk; });
@@ -89,7 +89,7 @@ TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
 }
 
 TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
-  process.SetOption("PlayList", "C:\\My & Yours.x.qvl");
+  process.options.Set("PlayList", "C:\\My & Yours.x.qvl");
   OpenWith("a");
   EXPECT_EQ(form->fraPlayList.Caption(), "Play List - [My && Yours]");
   desktop.files.failures.FailCall(FileCall::kWriteFile, 1, 0);
@@ -100,7 +100,7 @@ TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
   Open().cmdOK.UserClick();
   EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl", std::string::npos),
             "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
-  EXPECT_EQ(process.Option("PlayList", ""), "C:\\My & Yours.x.qvl");
+  EXPECT_EQ(process.options.Get("PlayList", ""), "C:\\My & Yours.x.qvl");
 }
 
 TEST_F(ConfigTest, OkIsOneAct) {
@@ -188,7 +188,7 @@ TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
                         {true, MessageBoxAnswer::kNo, "", true, "a b"},
                         {true, MessageBoxAnswer::kCancel, "", false, "a b"}}) {
     SCOPED_TRACE(std::to_string(static_cast<int>(c.answer)) + c.save_as);
-    process.SetOption("PlayList", "");
+    process.options.Set("PlayList", "");
     OpenWith("a b");
     Select({0});
     if (c.dirty) Press(kRemove);

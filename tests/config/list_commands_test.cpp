@@ -45,7 +45,7 @@ TEST_F(ConfigTest, EveryListCommandEditsTheListOnViewAndRestartsTheShow) {
       EXPECT_TRUE(Restarts([&] { sounds ? Choose(c.item) : Press(c.button); }));
       EXPECT_EQ(was_paused, c.button <= kAddDirectory);
       EXPECT_FALSE(IsPaused());
-      EXPECT_TRUE(process.PreviewSuspended);
+      EXPECT_TRUE(process.show.PreviewSuspended);
       EXPECT_EQ(Names(sounds ? 1 : 0), c.items);
       EXPECT_EQ(Names(sounds ? 0 : 1), "other");
       const ListBox& list = form->ListOnView();

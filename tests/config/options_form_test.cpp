@@ -44,7 +44,7 @@ class OptionsFormTest : public HeadlessTest {
     for (const char* key :
          {"PicRandom", "ShowFileName", "SoundRandom", "Stretch", "Interval", "BackColor", "SwapAffect", "TransSpeed",
           "FrameThickness", "FrameColor", "ShowFrame", "ResetPicList", "ResetSoundList"}) {
-      values += process.Option(key, "none") + " ";
+      values += process.options.Get(key, "none") + " ";
     }
     return values;
   }
@@ -60,6 +60,28 @@ TEST_F(OptionsFormTest, AFirstRunShowsTheDefaultsAndOkWritesThem) {
   EXPECT_THAT(form->cboAffect.Items(),
               ElementsAre("None", "Random", "Sweep Right", "Sweep Left", "Sweep Down", "Sweep Up", "Spotlight",
                           "Bubbles", "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"));
+}
+
+// Defaults in the place of options that another program's lock hides would replace them at OK.
+TEST_F(OptionsFormTest, WhatCantBeReadOrStoredIsToldAndTheStoreStays) {
+  process.options.Set("Interval", "9");
+  for (const RegistryCall call :
+       {RegistryCall::kOpen, RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
+    const bool unread = call == RegistryCall::kOpen;
+    if (unread) desktop.registry.failures.FailCall(call, 5, kErrorReadFault);
+    Open();
+    EXPECT_EQ(LastBox().starts_with("Your settings can't be read."), unread);
+    form->chkStretch.SetValue(1);
+    if (!unread) desktop.registry.failures.FailCall(call, 1, kErrorWriteFault);
+    form->cmdOK.UserClick();
+    EXPECT_THAT(LastBox(), HasSubstr(unread ? "Nothing was saved:" : "can't be saved"));
+    EXPECT_TRUE(form->IsLoaded());
+    EXPECT_EQ(process.options.Get("Interval", ""), "9");
+    EXPECT_EQ(process.options.Get("Stretch", "none"), "none");
+    desktop.boxes.shown.clear();
+  }
+  form->cmdOK.UserClick();
+  EXPECT_EQ(process.options.Get("Stretch", "none"), "1");
 }
 
 TEST_F(OptionsFormTest, EachControlGoesToItsOwnKeyAndComesBackUnlessCancelled) {
@@ -163,9 +185,9 @@ TEST_F(OptionsFormTest, ShowsWhatItCanOfOddStoredValues) {
   };
   for (const Case& c : cases) {
     desktop.boxes.shown.clear();
-    const std::string before = process.Option(c.key, "");
-    process.SetOption(c.key, c.stored);
-    process.SetOption("ResetSoundList", "1");
+    const std::string before = process.options.Get(c.key, "");
+    process.options.Set(c.key, c.stored);
+    process.options.Set("ResetSoundList", "1");
     desktop.boxes.Answer(MessageBoxAnswer::kOk);
     frmOptions& dialog = Open();
     EXPECT_EQ(LastBox().empty(), !c.fails) << c.key << " " << c.stored;
@@ -175,16 +197,16 @@ TEST_F(OptionsFormTest, ShowsWhatItCanOfOddStoredValues) {
     }
     EXPECT_EQ(dialog.chkResetSoundList.Value(), 1) << "the options behind it are read all the same";
     SaveOptions(dialog);
-    EXPECT_EQ(process.Option(c.key, "none"), c.saved) << c.key << " " << c.stored;
-    process.SetOption(c.key, before.empty() ? "1" : before);
+    EXPECT_EQ(process.options.Get(c.key, "none"), c.saved) << c.key << " " << c.stored;
+    process.options.Set(c.key, before.empty() ? "1" : before);
     while (desktop.boxes.Waiting() > 0) desktop.boxes.Show({});
   }
 }
 
 TEST_F(OptionsFormTest, FrameControlsFollowTheFrameAndTheStretching) {
   for (const auto& [framed, stretched] : std::vector<std::tuple<int, int>>{{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
-    process.SetOption("ShowFrame", std::to_string(framed));
-    process.SetOption("Stretch", std::to_string(stretched));
+    process.options.Set("ShowFrame", std::to_string(framed));
+    process.options.Set("Stretch", std::to_string(stretched));
     const frmOptions& at_load = Open();
     const bool enabled = framed == 1 && stretched == 0;
     EXPECT_EQ(at_load.txtFrameThickness.Enabled(), enabled);
@@ -220,7 +242,7 @@ TEST_F(OptionsFormTest, ColoursComeFromTheirDialogAndStayAfterCancel) {
   dialog.cmdFrameColor.UserClick();
   EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite - 1);
   EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
-  EXPECT_EQ(process.Option("BackColor", "none"), "none");
+  EXPECT_EQ(process.options.Get("BackColor", "none"), "none");
 }
 
 TEST_F(OptionsFormTest, TheIntervalTakesDigitsAndBackspaceAlone) {

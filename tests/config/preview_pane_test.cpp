@@ -8,8 +8,8 @@ namespace {
 
 TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
   desktop.files.AddFile("C:\\red.jpg", PictureText(4, 4, {"FF0000"}));
-  process.SetOption("Stretch", "1");
-  process.SetOption("BackColor", "65280");
+  process.options.Set("Stretch", "1");
+  process.options.Set("BackColor", "65280");
   Open();
   const TwipRect monitor = form->Image1.Place();
   EXPECT_EQ(monitor.left, (form->Width() - 189 * 15) / 2);
@@ -29,7 +29,7 @@ TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
   Press(kAddFiles);
   EXPECT_EQ(colour_after(500), 0x00FF00U) << "a click on a list button costs one tick";
   EXPECT_EQ(colour_after(500), 0xFF0000U);
-  EXPECT_EQ(process.Option("LastPicture", ""), "1");
+  EXPECT_EQ(process.options.Get("LastPicture", ""), "1");
   Select({0});
   Press(kRemove);
   EXPECT_EQ(colour_after(1000), 0x00FF00U);
@@ -37,8 +37,8 @@ TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
 
 TEST_F(ConfigTest, TheWindowCanCloseInTheMiddleOfAnEffect) {
   desktop.files.AddFile("C:\\Pics\\a", PictureText(4, 4, {"FF0000"}));
-  process.SetOption("SwapAffect", "Spotlight");
-  process.SetOption("Interval", "1");
+  process.options.Set("SwapAffect", "Spotlight");
+  process.options.Set("Interval", "1");
   desktop.dialogs.WorkModal([this](WindowHandle) {
     form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
     desktop.queue.Advance(500);
@@ -63,7 +63,7 @@ TEST_F(ConfigTest, MenusAndDialogsHoldThePreviewForThatTimeAndNoLonger) {
     EXPECT_FALSE(IsPaused());
   }
   for (const char* const speed : {"20", "99999999999"}) {
-    process.SetOption("TransSpeed", speed);
+    process.options.Set("TransSpeed", speed);
     for (const char* const item : {"mnuOptions", "mnuHelpAbout"}) {
       desktop.dialogs.WorkModal([this](WindowHandle) { EXPECT_TRUE(IsPaused()); });
       EXPECT_EQ(Restarts([&] { Choose(item); }), item == std::string("mnuOptions"));

@@ -43,7 +43,7 @@ TEST_F(EndSaverTest, NoFormUnloads) {
   Start();
   EXPECT_THROW(EndSaver(process), ProcessEnded);
   EXPECT_EQ(process.app.Forms.Count(), 1);
-  EXPECT_FALSE(process.StopRequested);
+  EXPECT_FALSE(process.show.StopRequested);
   EXPECT_EQ(desktop.host.ended, 1);
 }
 

@@ -17,29 +17,29 @@ class MainTest : public ShowTest {
 TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
   struct Case {
     const char* text;
-    const char* mode;
+    RunMode mode;
     bool show;
     bool set_up;
   };
-  for (const Case& c : {Case{"", "/C", false, false},
-                        {"/C:1234", "/C", false, false},
-                        {"/C /INSTALL C:\\x\\", "/C", false, false},
-                        {"/a /INSTALL C:\\x\\", "/A", false, false},
-                        {"/s", "/S", true, false},
-                        {"/S/INSTALL C:\\", "/S", true, false},
-                        {"/INSTALL C:\\x\\", "/I", false, true},
-                        {" /INSTALL C:\\x\\", " /", false, true},
-                        {"run /INSTALL C:\\x\\", "RU", false, true},
-                        {"/install C:\\x\\", "/I", false, false},
-                        {"/X", "/X", false, false},
-                        {"x", "X", false, false}}) {
+  for (const Case& c : {Case{"", RunMode::kConfiguration, false, false},
+                        {"/C:1234", RunMode::kConfiguration, false, false},
+                        {"/C /INSTALL C:\\x\\", RunMode::kConfiguration, false, false},
+                        {"/a /INSTALL C:\\x\\", RunMode::kPassword, false, false},
+                        {"/s", RunMode::kShow, true, false},
+                        {"/S/INSTALL C:\\", RunMode::kShow, true, false},
+                        {"/INSTALL C:\\x\\", RunMode::kNone, false, true},
+                        {" /INSTALL C:\\x\\", RunMode::kNone, false, true},
+                        {"run /INSTALL C:\\x\\", RunMode::kNone, false, true},
+                        {"/install C:\\x\\", RunMode::kNone, false, false},
+                        {"/X", RunMode::kNone, false, false},
+                        {"x", RunMode::kNone, false, false}}) {
     SCOPED_TRACE(c.text);
     HeadlessDesktop other;
     Process fresh(other, other.Services());
     Main(fresh, c.text);
-    EXPECT_EQ(fresh.RunMode, c.mode);
+    EXPECT_EQ(fresh.mode, c.mode);
     EXPECT_EQ(fresh.app.Forms.Count(), c.show ? 1 : 0);
-    EXPECT_EQ(fresh.Option("InstallPath", "none"), c.set_up ? "C:\\x\\" : "none");
+    EXPECT_EQ(fresh.options.Get("InstallPath", "none"), c.set_up ? "C:\\x\\" : "none");
     EXPECT_EQ(fresh.SystemDirectory, "C:\\WINDOWS\\SYSTEM");
     EXPECT_EQ(fresh.ScreenTwipsX, 15);
     EXPECT_TRUE(other.boxes.shown.empty());
@@ -74,7 +74,7 @@ TEST_F(MainTest, TheConfigurationGoesOnWhenItsWindowFailsAndPumpsBeforeItBringsT
 }
 
 TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
-  process.SetOption("TransSpeed", "99999999999");
+  process.options.Set("TransSpeed", "99999999999");
   desktop.boxes.Answer(MessageBoxAnswer::kRetry);
   desktop.boxes.Answer([&](const MessageBox& box) {
     EXPECT_EQ(box.title, "Program Error");
@@ -83,7 +83,7 @@ TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
               "The following error was encountered:\r3: OverflowNumbers\r"
               "Please report this error to the manufacturer.");
     EXPECT_EQ(process.app.Forms.Count(), 0) << "the form that failed is gone";
-    process.SetOption("TransSpeed", "20");
+    process.options.Set("TransSpeed", "20");
     return MessageBoxAnswer::kRetry;
   });
   Main(process, "/S");
@@ -92,7 +92,7 @@ TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
 }
 
 TEST_F(MainTest, AbortIgnoreAndNoAnswerLeaveNoShow) {
-  process.SetOption("TransSpeed", "99999999999");
+  process.options.Set("TransSpeed", "99999999999");
   for (const MessageBoxAnswer answer : {MessageBoxAnswer::kAbort, MessageBoxAnswer::kIgnore, MessageBoxAnswer::kNone}) {
     desktop.boxes.Answer(answer);
     Main(process, "/S");
@@ -111,7 +111,7 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
   desktop.registry.single_writes = 0;
   Main(process, "x /INSTALL C:\\PROGRA~1\\SAMPLE~1\\  ");
   EXPECT_EQ(desktop.registry.single_writes, 0) << "the entries are one act";
-  EXPECT_EQ(process.Option("InstallPath", ""), "C:\\PROGRA~1\\SAMPLE~1\\");
+  EXPECT_EQ(process.options.Get("InstallPath", ""), "C:\\PROGRA~1\\SAMPLE~1\\");
   const std::string directory = "C:\\Program Files\\Samples Of Ours\\";
   const auto stored = [&](const char* section, const char* key) { return process.Settings.GetSetting(section, key); };
   EXPECT_EQ(stored("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", directory));
@@ -126,7 +126,7 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
 
 TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   Main(process, "/INSTALL");
-  EXPECT_EQ(process.Option("InstallPath", "none"), "");
+  EXPECT_EQ(process.options.Get("InstallPath", "none"), "");
   EXPECT_EQ(process.Settings.GetSetting("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", ""));
   EXPECT_EQ(desktop.files.IniLine("boot", "SCRNSAVE.EXE", "SYSTEM.INI"), "");
   EXPECT_TRUE(desktop.boxes.shown.empty());
@@ -223,7 +223,7 @@ TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
                                                         {"/INSTALLx", ""},
                                                         {"/INSTALL", ""}}) {
     Main(process, text);
-    EXPECT_EQ(process.Option("InstallPath", "none"), path) << text;
+    EXPECT_EQ(process.options.Get("InstallPath", "none"), path) << text;
   }
 }
 
@@ -249,16 +249,16 @@ TEST_F(MainStepsTest, AFailedStartUpStepGetsTheSameBox) {
   struct Case {
     std::vector<Answer> answers;
     int asked;
-    const char* mode;
+    RunMode mode;
     const char* directory;
     bool show;
   };
-  for (const Case& c : {Case{{Answer::kAbort}, 1, "", "", false},
-                        {{Answer::kNone}, 1, "", "", false},
-                        {{Answer::kCancel}, 1, "", "", false},
-                        {{Answer::kIgnore}, 1, "/S", "", true},
-                        {{Answer::kRetry, Answer::kRetry}, 3, "/S", "C:\\WINDOWS\\SYSTEM", true},
-                        {{Answer::kRetry, Answer::kAbort}, 2, "", "", false}}) {
+  for (const Case& c : {Case{{Answer::kAbort}, 1, RunMode::kNone, "", false},
+                        {{Answer::kNone}, 1, RunMode::kNone, "", false},
+                        {{Answer::kCancel}, 1, RunMode::kNone, "", false},
+                        {{Answer::kIgnore}, 1, RunMode::kShow, "", true},
+                        {{Answer::kRetry, Answer::kRetry}, 3, RunMode::kShow, "C:\\WINDOWS\\SYSTEM", true},
+                        {{Answer::kRetry, Answer::kAbort}, 2, RunMode::kNone, "", false}}) {
     Process fresh(desktop, Services());
     desktop.boxes.shown.clear();
     host.asked = 0;
@@ -271,7 +271,7 @@ TEST_F(MainStepsTest, AFailedStartUpStepGetsTheSameBox) {
               "Please report this error to the manufacturer.");
     EXPECT_EQ(host.asked, c.asked);
     EXPECT_EQ(fresh.ScreenTwipsX, 15);
-    EXPECT_EQ(fresh.RunMode, c.mode);
+    EXPECT_EQ(fresh.mode, c.mode);
     EXPECT_EQ(fresh.SystemDirectory, c.directory);
     EXPECT_EQ(fresh.app.Forms.Count(), c.show ? 1 : 0);
   }

@@ -53,7 +53,7 @@ TEST_F(ControlFormTest, InputOverThePreviewChangesNothing) {
   desktop.PressMouse(box, 76, 56);
   for (int i = 0; i < 30; ++i) desktop.MoveMouse(box, i, 50);
   EXPECT_FALSE(IsOver());
-  EXPECT_FALSE(process.StopRequested);
+  EXPECT_FALSE(process.show.StopRequested);
 }
 
 TEST_F(ControlFormTest, ACloseMessageReleasesTheBoxAndTheNextTickEnds) {
@@ -83,7 +83,7 @@ TEST_F(ControlFormTest, AnEffectRunsToItsEndWhateverBecomesOfTheHost) {
     SCOPED_TRACE(destroyed ? "destroyed" : "closed");
     host = desktop.windows.CreateForeign("Host");
     desktop.windows.Find(host)->bounds = kPreviewArea;
-    process.SetOption("SwapAffect", "Vertical Sandwich");
+    process.options.Set("SwapAffect", "Vertical Sandwich");
     Preview();
     desktop.queue.Advance(500);
     if (destroyed) {
@@ -91,7 +91,7 @@ TEST_F(ControlFormTest, AnEffectRunsToItsEndWhateverBecomesOfTheHost) {
     } else {
       desktop.queue.AtPump(10, [&] { desktop.SendMessage(box, kWmClose); });
     }
-    process.TransitionArmed = true;
+    process.show.TransitionArmed = true;
     desktop.queue.Advance(5000);
     EXPECT_EQ(desktop.paced_runs.back().pumps, 115 * 201);  // 1140 twips, ten a step
     EXPECT_FALSE(IsOver());

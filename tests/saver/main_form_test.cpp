@@ -76,14 +76,14 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    process.StopRequested = false;
-    process.MouseMoveCount = 0;
+    process.show.StopRequested = false;
+    process.show.MouseMoveCount = 0;
     Start();
     FirstTick();
     c.act();
     EXPECT_EQ(form_->IsLoaded(), !c.ends);
     EXPECT_EQ(process.app.Forms.Count(), c.ends ? 0 : 1);
-    EXPECT_EQ(process.StopRequested, c.ends);
+    EXPECT_EQ(process.show.StopRequested, c.ends);
     EXPECT_EQ(desktop.windows.cursor_count, c.ends ? 6 : -6);
     form_->Unload();
     EXPECT_EQ(desktop.queue.RunningTimers(), 0);
@@ -116,8 +116,8 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    process.StopRequested = false;
-    process.MouseMoveCount = 0;
+    process.show.StopRequested = false;
+    process.show.MouseMoveCount = 0;
     desktop.host.SetSecondsSinceMidnight(12 * 3600 + c.start);
     Start();
     for (const Movement& movement : c.movements) {
@@ -130,7 +130,7 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
 }
 
 TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
-  process.SetOption("SwapAffect", "Spotlight");
+  process.options.Set("SwapAffect", "Spotlight");
   Start();
   FirstTick();
   desktop.queue.AtPump(7, [&] { desktop.PressKey(Box(), 32); });
@@ -143,8 +143,8 @@ TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
 
 // The show stayed as large as the screen was at its start.
 TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
-  process.SetOption("Stretch", "1");
-  process.SetOption("SwapAffect", "Sweep Down");
+  process.options.Set("Stretch", "1");
+  process.options.Set("SwapAffect", "Sweep Down");
   Start();
   FirstTick();
   desktop.queue.AtPump(5, [&] {
@@ -160,18 +160,18 @@ TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
 
 TEST_F(MainFormTest, TheTimerDoesNothingOnceTheShowIsToEnd) {
   Start();
-  process.StopRequested = true;
+  process.show.StopRequested = true;
   desktop.queue.Advance(5000);
   EXPECT_EQ(Position(), "none");
 }
 
 TEST_F(MainFormTest, AFormThatGoesInMidEffectWithoutAStopCostsTheTickItsSteps) {
-  process.SetOption("SwapAffect", "Sweep Down");
+  process.options.Set("SwapAffect", "Sweep Down");
   Start();
   FirstTick();
   desktop.queue.AtPump(5, [&] {
     form_->Unload();
-    process.StopRequested = false;
+    process.show.StopRequested = false;
   });
   NextTick();
   EXPECT_FALSE(form_->IsLoaded());

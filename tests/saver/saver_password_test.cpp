@@ -60,7 +60,7 @@ TEST_F(SaverPasswordTest, IsAskedForOnlyWhereOneIsSetAndTheFamilyLeavesItToSaver
     desktop.host.platform_id = c.platform;
     desktop.calls.clear();
     desktop.password.user = [] { return 1; };
-    process.StopRequested = false;
+    process.show.StopRequested = false;
     c.set();
     Start();
     form_->Unload();
@@ -84,16 +84,16 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
   desktop.password.user = [&] {
     ++asked;
     cursor_while_asked = desktop.windows.cursor_count;
-    EXPECT_TRUE(process.StopRequested);
+    EXPECT_TRUE(process.show.StopRequested);
     NextTick();  // the timer fires under the dialog, and no slide changes
     return answer;
   };
   for (int i = 0; i < 10; ++i) desktop.MoveMouse(form_->PicBase.Hwnd());
   EXPECT_TRUE(form_->IsLoaded());
-  EXPECT_FALSE(process.StopRequested);
+  EXPECT_FALSE(process.show.StopRequested);
   EXPECT_EQ(cursor_while_asked, 6);
   EXPECT_EQ(desktop.windows.cursor_count, -6);
-  EXPECT_EQ(process.MouseMoveCount, 10);
+  EXPECT_EQ(process.show.MouseMoveCount, 10);
   EXPECT_EQ(desktop.pictures.loads.size(), 1U);
   desktop.MoveMouse(form_->PicBase.Hwnd());
   EXPECT_EQ(asked, 1) << "the eleventh move ends nothing";
@@ -107,7 +107,7 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
 
 TEST_F(SaverPasswordTest, AnEffectGoesOnAfterARefusalAndEndsTheProcessAfterTheAnswer) {
   SetFlag("1");
-  process.SetOption("SwapAffect", "Sweep Right");
+  process.options.Set("SwapAffect", "Sweep Right");
   Start();
   FirstTick();
   std::uint32_t answer = 0;

@@ -47,15 +47,15 @@ TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
   };
   for (const LayoutCase& c : cases) {
     SCOPED_TRACE(c.what);
-    for (const char* option : {"Stretch", "ShowFileName"}) process.SetOption(option, "");
-    for (const auto& [key, value] : c.options) process.SetOption(key, value);
+    for (const char* option : {"Stretch", "ShowFileName"}) process.options.Set(option, "");
+    for (const auto& [key, value] : c.options) process.options.Set(key, value);
     Pictures({c.picture});
     MainForm& form = Start();
     FirstTick();
     ExpectRect(form.PicPreview.Bounds(), c.place);
     EXPECT_EQ(desktop.pictures.loads.back().box, ToPixels(c.place, 1));
     form.Unload();
-    process.StopRequested = false;
+    process.show.StopRequested = false;
   }
 }
 
@@ -82,9 +82,9 @@ TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
 
 TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
   Pictures({"picture 400 300 ff0000"});
-  process.SetOption("ShowFileName", "1");
-  process.SetOption("ShowFrame", "1");
-  process.SetOption("FrameColor", "&HFF00&");
+  process.options.Set("ShowFileName", "1");
+  process.options.Set("ShowFrame", "1");
+  process.options.Set("FrameColor", "&HFF00&");
   MainForm& form = Start();
   form.PicBase.SetDrawWidth(30);
   const DrawRecorder recorder(form.PicBase);
@@ -110,8 +110,8 @@ TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
 
 TEST_F(PictureLayoutTest, AFrameWithoutAColourIsBlack) {
   Pictures({"picture 400 300 ff0000"});
-  process.SetOption("ShowFrame", "1");
-  process.SetOption("BackColor", "&HFF00&");
+  process.options.Set("ShowFrame", "1");
+  process.options.Set("BackColor", "&HFF00&");
   Start();
   FirstTick();
   EXPECT_EQ(At(100, 100), 0x00FF00U);
@@ -120,38 +120,38 @@ TEST_F(PictureLayoutTest, AFrameWithoutAColourIsBlack) {
 
 TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
   struct Case {
-    const char* mode;
+    RunMode mode;
     const char* thickness;
     float width;
   };
   // Empty reads as 0; a thickness too large for 16 bits is no frame at all.
-  for (const Case& c : {Case{"/S", "", 0},
-                        {"/P", "3", 60},
-                        {"/C", "3", 12},
-                        {"/S", "20", 400},
-                        {"/S", "1.6", 32},
-                        {"/S", "none", 0},
-                        {"/S", "2000", 0}}) {
-    SCOPED_TRACE(testing::Message() << c.mode << " " << c.thickness);
+  for (const Case& c : {Case{RunMode::kShow, "", 0},
+                        {RunMode::kPreview, "3", 60},
+                        {RunMode::kConfiguration, "3", 12},
+                        {RunMode::kShow, "20", 400},
+                        {RunMode::kShow, "1.6", 32},
+                        {RunMode::kShow, "none", 0},
+                        {RunMode::kShow, "2000", 0}}) {
+    SCOPED_TRACE(testing::Message() << static_cast<int>(c.mode) << " " << c.thickness);
     Pictures({"picture 400 300 ff0000"});
-    process.SetOption("ShowFrame", "1");
-    process.SetOption("FrameThickness", c.thickness);
+    process.options.Set("ShowFrame", "1");
+    process.options.Set("FrameThickness", c.thickness);
     MainForm& form = Start();
-    process.RunMode = c.mode;
+    process.mode = c.mode;
     const DrawRecorder recorder(form.PicBase);
     FirstTick();
     ASSERT_EQ(recorder.operations.size(), 1U);
     EXPECT_FLOAT_EQ(recorder.operations[0].x1, 3000 - c.width);
     form.Unload();
-    process.StopRequested = false;
+    process.show.StopRequested = false;
   }
 }
 
 TEST_F(PictureLayoutTest, AFrameIsAsWideInASmallPreviewAsOnTheScreen) {
   Pictures({"picture 400 300 ff0000"});
-  process.SetOption("ShowFrame", "1");
+  process.options.Set("ShowFrame", "1");
   MainForm& form = Start();
-  process.RunMode = "/P";
+  process.mode = RunMode::kPreview;
   form.PicBase.Move(0, 0, 1500, 1125);  // an eighth: the picture is 750 by 562.5, at 375 and 281.25
   const DrawRecorder recorder(form.PicBase);
   FirstTick();
@@ -162,7 +162,7 @@ TEST_F(PictureLayoutTest, AFrameIsAsWideInASmallPreviewAsOnTheScreen) {
 
 TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {
   Pictures({"picture 400 300 ff0000", "damaged"});
-  process.SetOption("ShowFileName", "1");
+  process.options.Set("ShowFileName", "1");
   MainForm& form = Start();
   FirstTick();
   const TwipRect place = form.PicPreview.Bounds();
@@ -175,8 +175,8 @@ TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {
 
 TEST_F(PictureLayoutTest, WithoutAPictureThereIsStillNameAndFrame) {
   Pictures({"damaged"});
-  process.SetOption("ShowFileName", "1");
-  process.SetOption("ShowFrame", "1");
+  process.options.Set("ShowFileName", "1");
+  process.options.Set("ShowFrame", "1");
   MainForm& form = Start();
   const DrawRecorder recorder(form.PicBase);
   FirstTick();
@@ -188,12 +188,12 @@ TEST_F(PictureLayoutTest, WithoutAPictureThereIsStillNameAndFrame) {
 // should end.
 TEST_F(PictureLayoutTest, ACaptionThatFailsLeavesThePictureAndItsFrame) {
   Pictures({"picture 400 300 ff0000", "picture 200 100 00ff00"});
-  for (const char* option : {"ShowFileName", "ShowFrame"}) process.SetOption(option, "1");
-  process.SetOption("SwapAffect", "Sweep Right");
+  for (const char* option : {"ShowFileName", "ShowFrame"}) process.options.Set(option, "1");
+  process.options.Set("SwapAffect", "Sweep Right");
   MainForm& form = Start();
   FirstTick();
   const TwipRect place = form.PicPreview.Bounds();
-  desktop.queue.AtPump(5, [&] { process.PictureList = Collection({"C:\\P0.jpg"}); });
+  desktop.queue.AtPump(5, [&] { process.show.PictureList = Collection({"C:\\P0.jpg"}); });
   const DrawRecorder recorder(form.PicBase);
   NextTick();
   ExpectRect(form.PicPreview.Bounds(), place);
@@ -202,8 +202,8 @@ TEST_F(PictureLayoutTest, ACaptionThatFailsLeavesThePictureAndItsFrame) {
 
 TEST_F(PictureLayoutTest, AStretchedPictureHasNoFrame) {
   Pictures({"picture 40 30 ff0000"});
-  process.SetOption("Stretch", "1");
-  process.SetOption("ShowFrame", "1");
+  process.options.Set("Stretch", "1");
+  process.options.Set("ShowFrame", "1");
   MainForm& form = Start();
   form.PicBase.SetDrawWidth(30);
   const DrawRecorder recorder(form.PicBase);

@@ -25,7 +25,7 @@ class SlideTickTest : public ShowTest {
 TEST_F(SlideTickTest, PositionsThatAreNotStoredHoldForTheRun) {
   ThreePictures();
   Sounds(2);
-  process.SetOption("LastPicture", "1");
+  process.options.Set("LastPicture", "1");
   desktop.registry.failures.FailEvery(RegistryCall::kSet, kErrorWriteFault);
   Start();
   FirstTick();
@@ -36,7 +36,7 @@ TEST_F(SlideTickTest, PositionsThatAreNotStoredHoldForTheRun) {
   desktop.registry.failures.Forget();
   NextTick();
   EXPECT_EQ(Position(), "2") << "and then from the store again";
-  process.SetOption("LastPicture", "0");
+  process.options.Set("LastPicture", "0");
   NextTick();
   EXPECT_THAT(Loaded(), ElementsAre('1', '2', '0', '1', '0'));
   ASSERT_EQ(desktop.sound.played.size(), 5U);
@@ -71,9 +71,9 @@ TEST_F(SlideTickTest, PositionsFollowTheStoredOne) {
                                     << c.reset);
     HeadlessDesktop other;
     Process fresh(other, other.Services());
-    fresh.SetOption("SwapAffect", "None");
-    fresh.SetOption("ResetPicList", c.reset);
-    if (c.stored != nullptr) fresh.SetOption("LastPicture", c.stored);
+    fresh.options.Set("SwapAffect", "None");
+    fresh.options.Set("ResetPicList", c.reset);
+    if (c.stored != nullptr) fresh.options.Set("LastPicture", c.stored);
     for (int i = 0; i < 3; ++i) {
       fresh.Settings.SaveSetting("PictureFiles", "File" + std::to_string(i), "C:\\P.jpg");
     }
@@ -82,7 +82,7 @@ TEST_F(SlideTickTest, PositionsFollowTheStoredOne) {
     for (const std::string& position : c.positions) {
       other.queue.Advance(wait);
       wait = 5000;
-      EXPECT_EQ(fresh.Option("LastPicture", "none"), position);
+      EXPECT_EQ(fresh.options.Get("LastPicture", "none"), position);
     }
   }
 }
@@ -114,15 +114,15 @@ TEST_F(SlideTickTest, WithoutPicturesTheSurfaceIsClearedAndSoundsGoOn) {
   EXPECT_EQ(desktop.sound.played[0], (RecordedSound::Played{"C:\\S0.wav", 0x20003}));
   EXPECT_EQ(desktop.sound.played[1].path, "C:\\S1.wav");
   EXPECT_EQ(desktop.sound.played[2].path, "C:\\S0.wav");
-  EXPECT_EQ(process.Option("LastSound", ""), "1");
+  EXPECT_EQ(process.options.Get("LastSound", ""), "1");
 }
 
 TEST_F(SlideTickTest, TheResetIsSpentOnAnEmptyList) {
-  process.SetOption("ResetPicList", "1");
-  process.SetOption("LastPicture", "1");
+  process.options.Set("ResetPicList", "1");
+  process.options.Set("LastPicture", "1");
   Start();
   FirstTick();
-  process.PictureList = Collection({"C:\\a", "C:\\b"});
+  process.show.PictureList = Collection({"C:\\a", "C:\\b"});
   NextTick();
   EXPECT_EQ(Position(), "2");
 }
@@ -130,9 +130,9 @@ TEST_F(SlideTickTest, TheResetIsSpentOnAnEmptyList) {
 TEST_F(SlideTickTest, SoundsStartOverApartFromThePictures) {
   ThreePictures();
   Sounds(3);
-  process.SetOption("ResetSoundList", "1");
-  process.SetOption("LastPicture", "1");
-  process.SetOption("LastSound", "1");
+  process.options.Set("ResetSoundList", "1");
+  process.options.Set("LastPicture", "1");
+  process.options.Set("LastSound", "1");
   Start();
   FirstTick();
   EXPECT_EQ(Position(), "2");
@@ -143,7 +143,7 @@ TEST_F(SlideTickTest, SoundsStartOverApartFromThePictures) {
 TEST_F(SlideTickTest, TheStepsOfATickComeInOrder) {
   ThreePictures();
   Sounds(1);
-  process.SetOption("Interval", "7");
+  process.options.Set("Interval", "7");
   MainForm& form = Start();
   std::vector<std::string> steps;
   desktop.registry.Called = [&](RegistryCall call) {
@@ -164,10 +164,10 @@ TEST_F(SlideTickTest, ASoundStepPumpsBeforeAndAfter) {
   Start();
   std::string stored_before;
   std::string stored_after;
-  desktop.queue.AtPump(1, [&] { stored_before = process.Option("LastSound", "none"); });
-  desktop.queue.AtPump(2, [&] { stored_after = process.Option("LastSound", "none"); });
+  desktop.queue.AtPump(1, [&] { stored_before = process.options.Get("LastSound", "none"); });
+  desktop.queue.AtPump(2, [&] { stored_after = process.options.Get("LastSound", "none"); });
   const std::int64_t pumps = desktop.queue.PumpCount();
-  SlideTick(process, form_->PicPreview, form_->imgFullSize);
+  SlideTick(process, *form_);
   EXPECT_EQ(desktop.queue.PumpCount() - pumps, 2);
   EXPECT_EQ(stored_before, "none");
   EXPECT_EQ(stored_after, "1");
@@ -177,22 +177,22 @@ TEST_F(SlideTickTest, ThePreviewPlaysNoSound) {
   ThreePictures();
   Sounds(1);
   Start();
-  process.RunMode = "/P";
+  process.mode = RunMode::kPreview;
   const std::int64_t pumps = desktop.queue.PumpCount();
-  SlideTick(process, form_->PicPreview, form_->imgFullSize);
+  SlideTick(process, *form_);
   EXPECT_EQ(desktop.queue.PumpCount(), pumps);
   EXPECT_THAT(desktop.sound.played, IsEmpty());
-  EXPECT_EQ(process.Option("LastSound", "none"), "none");
+  EXPECT_EQ(process.options.Get("LastSound", "none"), "none");
   EXPECT_EQ(Position(), "1");
 }
 
 TEST_F(SlideTickTest, ASuspendedTickDoesNothing) {
   ThreePictures();
   Start();
-  process.PreviewSuspended = true;
+  process.show.PreviewSuspended = true;
   FirstTick();
   EXPECT_EQ(Position(), "none");
-  EXPECT_FALSE(process.FirstTickOver);
+  EXPECT_FALSE(process.show.FirstTickOver);
   EXPECT_EQ(form_->tmrSwitch.Interval(), 500);
 }
 
@@ -202,12 +202,12 @@ TEST_F(SlideTickTest, TheIntervalIsTheUsersUnlessTheTimerRefusesIt) {
   };
   for (const auto& [text, interval] : cases) {
     SCOPED_TRACE(text);
-    process.SetOption("Interval", text);
+    process.options.Set("Interval", text);
     Start();
     FirstTick();
     EXPECT_EQ(form_->tmrSwitch.Interval(), interval);
     form_->Unload();
-    process.StopRequested = false;
+    process.show.StopRequested = false;
   }
 }
 
@@ -217,14 +217,14 @@ TEST_F(SlideTickTest, ALoneHiddenFormGoesAndEndsTheShow) {
   form_->Load();
   FirstTick();
   EXPECT_FALSE(form_->IsLoaded());
-  EXPECT_TRUE(process.StopRequested);
+  EXPECT_TRUE(process.show.StopRequested);
   EXPECT_EQ(desktop.host.ended, 0) << "no transition has run that could end the process";
-  EXPECT_TRUE(process.FirstTickOver);
+  EXPECT_TRUE(process.show.FirstTickOver);
 }
 
 TEST_F(SlideTickTest, ALoneHiddenFormEndsTheProcessOnceTransitionsRun) {
   ThreePictures();
-  process.TransitionArmed = true;
+  process.show.TransitionArmed = true;
   form_ = std::make_shared<MainForm>(process);
   form_->Load();
   EXPECT_THROW(FirstTick(), ProcessEnded);
@@ -238,19 +238,19 @@ TEST_F(SlideTickTest, TwoShowsSideBySideShareNothing) {
   Start();
   FirstTick();
   EXPECT_EQ(Position(), "1");
-  EXPECT_FALSE(other.FirstTickOver);
+  EXPECT_FALSE(other.show.FirstTickOver);
   other_desktop.queue.Advance(500);
-  EXPECT_EQ(other.Option("LastPicture", "none"), "none");
+  EXPECT_EQ(other.options.Get("LastPicture", "none"), "none");
 }
 
 TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
   ThreePictures();
-  process.SetOption("SwapAffect", "Sweep Right");
-  process.SetOption("LastPicture", "1");
+  process.options.Set("SwapAffect", "Sweep Right");
+  process.options.Set("LastPicture", "1");
   Start();
   FirstTick();
   // The effect of the tick for entry 3 finds a list of two: the entry is one failed step.
-  desktop.queue.AtPump(5, [&] { process.PictureList = Collection({"C:\\P0.jpg", "C:\\P1.jpg"}); });
+  desktop.queue.AtPump(5, [&] { process.show.PictureList = Collection({"C:\\P0.jpg", "C:\\P1.jpg"}); });
   NextTick();
   EXPECT_THAT(Loaded(), ElementsAre('1'));
   EXPECT_EQ(Position(), "3");
@@ -260,8 +260,8 @@ TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
 
 TEST_F(SlideTickTest, TheTimerDoesNotFireIntoATickThatRuns) {
   ThreePictures();
-  process.SetOption("SwapAffect", "Sweep Right");
-  process.SetOption("Interval", "2");
+  process.options.Set("SwapAffect", "Sweep Right");
+  process.options.Set("Interval", "2");
   Start();
   FirstTick();
   desktop.queue.SetMicrosecondsPerPump(50'000);  // the effect takes 40 seconds, twenty times the interval
@@ -271,7 +271,7 @@ TEST_F(SlideTickTest, TheTimerDoesNotFireIntoATickThatRuns) {
 
 TEST_F(SlideTickTest, ABoxOpenedInMidTickHoldsItUpAndNoMore) {
   ThreePictures();
-  process.SetOption("SwapAffect", "Sweep Right");
+  process.options.Set("SwapAffect", "Sweep Right");
   Start();
   FirstTick();
   desktop.queue.AtPump(3, [&] { process.app.ShowMessageBox({.text = "Hello"}); });
@@ -287,9 +287,9 @@ TEST_F(SlideTickTest, ABoxOpenedInMidTickHoldsItUpAndNoMore) {
 TEST_F(SlideTickTest, NothingLeavesATickWhateverCallOfTheStoreFails) {
   ThreePictures();
   Sounds(1);
-  process.SetOption("ShowFileName", "1");
-  process.SetOption("ShowFrame", "1");
-  process.SetOption("SwapAffect", "Shrinking Square");
+  process.options.Set("ShowFileName", "1");
+  process.options.Set("ShowFrame", "1");
+  process.options.Set("SwapAffect", "Shrinking Square");
   Start();
   FirstTick();
   desktop.registry.calls.clear();

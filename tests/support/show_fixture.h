@@ -18,7 +18,7 @@ class ShowTest : public HeadlessTest {
  protected:
   Process process{desktop, desktop.Services()};
 
-  void SetUp() override { process.SetOption("SwapAffect", "None"); }
+  void SetUp() override { process.options.Set("SwapAffect", "None"); }
 
   // Puts files C:\P0.jpg, C:\P1.jpg and so on in the picture list, each a picture of that content.
   void Pictures(const std::vector<std::string>& contents) {
@@ -39,7 +39,7 @@ class ShowTest : public HeadlessTest {
 
   // Shows the form as the show's start does.
   MainForm& Start() {
-    process.RunMode = "/S";
+    process.mode = RunMode::kShow;
     form_ = std::make_shared<MainForm>(process);
     form_->Show();
     return *form_;
@@ -49,7 +49,7 @@ class ShowTest : public HeadlessTest {
   void FirstTick() { desktop.queue.Advance(500); }
   void NextTick() { desktop.queue.Advance(form_->tmrSwitch.Interval()); }
 
-  std::string Position() { return process.Option("LastPicture", "none"); }
+  std::string Position() { return process.options.Get("LastPicture", "none"); }
   Pixel At(int x, int y) { return RgbAt(form_->PicBase.Pixels(), x, y); }
 
   std::shared_ptr<MainForm> form_;

@@ -53,12 +53,12 @@ class RunTransitionTest : public ShowTest {
     FirstTick();
     form_->PicBase.SetBackColor(0xFF0000);
     form_->PicBase.SetFillColor(0xFF0000);
-    process.SetOption("BackColor", std::to_string(0x00FF00));
+    process.options.Set("BackColor", std::to_string(0x00FF00));
   }
 
   // Gives what was drawn.
   std::vector<DrawOperation> Run(const std::string& name) {
-    process.SetOption("SwapAffect", name);
+    process.options.Set("SwapAffect", name);
     const DrawRecorder recorder(form_->PicBase);
     RunTransition(process, form_->PicPreview);
     return recorder.operations;
@@ -189,26 +189,26 @@ TEST_F(RunTransitionTest, APictureThatShrinksInMidEffectGetsTheRestOfTheBubbles)
 
 TEST_F(RunTransitionTest, ThePauseFollowsSpeedAndMode) {
   struct Case {
-    const char* mode;
+    RunMode mode;
     std::int32_t speed;
     int pumps_a_step;
   };
   form_->PicBase.Move(0, 0, 0, 0);  // one step
-  for (const Case& c : {Case{"/S", 1, 382},
-                        {"/S", 10, 202},
-                        {"/S", 20, 2},
-                        {"/S", 21, 1},
-                        {"/P", 1, 4001},
-                        {"/C", 10, 2201},
-                        {"/C", 20, 201},
-                        {"/P", 21, 1},
-                        {"/P", 40, 1}}) {
-    process.RunMode = c.mode;
-    process.TransitionSpeed = c.speed;
+  for (const Case& c : {Case{RunMode::kShow, 1, 382},
+                        {RunMode::kShow, 10, 202},
+                        {RunMode::kShow, 20, 2},
+                        {RunMode::kShow, 21, 1},
+                        {RunMode::kPreview, 1, 4001},
+                        {RunMode::kConfiguration, 10, 2201},
+                        {RunMode::kConfiguration, 20, 201},
+                        {RunMode::kPreview, 21, 1},
+                        {RunMode::kPreview, 40, 1}}) {
+    process.mode = c.mode;
+    process.show.TransitionSpeed = c.speed;
     Run("Sweep Down");
-    EXPECT_EQ(PumpsOfLastRun(), c.pumps_a_step) << c.mode << " " << c.speed;
+    EXPECT_EQ(PumpsOfLastRun(), c.pumps_a_step) << static_cast<int>(c.mode) << " " << c.speed;
   }
-  process.TransitionSpeed = -2'000'000'000;
+  process.show.TransitionSpeed = -2'000'000'000;
   EXPECT_THROW(Run("Sweep Down"), Failure);
 }
 
@@ -225,17 +225,17 @@ TEST_F(RunTransitionTest, NamesThatAreNoEffectDrawNothing) {
 
 TEST_F(RunTransitionTest, AColourThatIsNoNumberAbandonsTheTransition) {
   for (const char* text : {"green", "1 2", "99999999999"}) {
-    process.SetOption("BackColor", text);
+    process.options.Set("BackColor", text);
     EXPECT_THROW(Run("Sweep Right"), Failure) << text;
   }
-  process.SetOption("BackColor", "&H0000FF00&");
+  process.options.Set("BackColor", "&H0000FF00&");
   EXPECT_EQ(Run("Sweep Right").front().colour, 0x00FF00U);
 }
 
 TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
   for (const EffectCase& effect : EffectCases()) {
-    process.PreviewSuspended = false;
-    desktop.queue.AtPump(6, [&] { process.PreviewSuspended = true; });
+    process.show.PreviewSuspended = false;
+    desktop.queue.AtPump(6, [&] { process.show.PreviewSuspended = true; });
     const std::size_t count = Run(effect.name).size();
     EXPECT_EQ(count, std::string(effect.name) == "Sweep Right" ? 3U : effect.operations) << effect.name;
   }
@@ -244,9 +244,9 @@ TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
 TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
   for (const Effect& effect : Effects()) {
     const std::string name(effect.name);
-    process.StopRequested = false;
-    process.SetOption("SwapAffect", name);
-    desktop.queue.AtPump(4, [&] { process.StopRequested = true; });  // in the second step's pause
+    process.show.StopRequested = false;
+    process.options.Set("SwapAffect", name);
+    desktop.queue.AtPump(4, [&] { process.show.StopRequested = true; });  // in the second step's pause
     const DrawRecorder recorder(form_->PicBase);
     EXPECT_THROW(RunTransition(process, form_->PicPreview), ProcessEnded) << name;
     EXPECT_EQ(desktop.paced_runs.back().pumps, 5) << name;
@@ -268,7 +268,7 @@ TEST_F(RunTransitionTest, RandomDrawsTheEndsHalfAsOftenAsTheRest) {
   EXPECT_NEAR(counts["3x1"], kDraws / 8, 150);       // Spotlight
   EXPECT_NEAR(counts["4x400"], kDraws / 8, 150);     // Bubbles
   EXPECT_NEAR(counts["1x4"], kDraws / 16, 120);      // Shrinking Square
-  EXPECT_EQ(process.Option("SwapAffect", ""), "Random");
+  EXPECT_EQ(process.options.Get("SwapAffect", ""), "Random");
 }
 
 TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
@@ -295,7 +295,7 @@ TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
 
 TEST_F(ShowTest, TheFirstPictureOfAProcessHasNoTransition) {
   Pictures({"picture 400 300 ff0000"});
-  process.SetOption("SwapAffect", "Sweep Right");
+  process.options.Set("SwapAffect", "Sweep Right");
   Start();
   FirstTick();
   EXPECT_TRUE(desktop.paced_runs.empty());
@@ -305,7 +305,7 @@ TEST_F(ShowTest, TheFirstPictureOfAProcessHasNoTransition) {
 
 TEST_F(ShowTest, AHalfDoneSweepHasWipedHalfThePicture) {
   Pictures({"picture 800 600 ff0000", "picture 800 600 0000ff"});
-  process.SetOption("SwapAffect", "Sweep Right");
+  process.options.Set("SwapAffect", "Sweep Right");
   Start();
   FirstTick();
   std::vector<Pixel> seen;

@@ -72,7 +72,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
   const EndingSignals signals([&process] {
     // The pass that `EndSaver` makes must not run another slide first.
-    process.StopRequested = true;
+    process.show.StopRequested = true;
     EndSaver(process);
   });
 

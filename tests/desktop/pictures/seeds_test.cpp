@@ -156,17 +156,17 @@ TEST(PictureSeeds, TheTickAfterABadPictureShowsTheNext) {
   for (const char* stretch : {"0", "1"}) {
     DesktopWithPictures desktop;
     Process process(desktop, desktop.Services());
-    process.RunMode = "/S";
-    process.SetOption("SwapAffect", "None");
-    process.SetOption("Stretch", stretch);
+    process.mode = RunMode::kShow;
+    process.options.Set("SwapAffect", "None");
+    process.options.Set("Stretch", stretch);
     const auto form = std::make_shared<MainForm>(process);
     form->Show();
-    process.PictureList = list;
+    process.show.PictureList = list;
     for (std::int32_t i = 1; i <= list.Count(); ++i) {
       const Surface& surface = form->PicBase.Pixels();
       const Pixel before = surface.At(400, 300);
       desktop.queue.Advance(i == 1 ? 500 : form->tmrSwitch.Interval());
-      EXPECT_EQ(process.Option("LastPicture", ""), std::to_string(i));
+      EXPECT_EQ(process.options.Get("LastPicture", ""), std::to_string(i));
       EXPECT_EQ(surface.At(400, 300), i % 2 != 0 ? before : 0xFFFF0000) << list.Item(i);
     }
   }

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "settings/reg_settings.h"
+#include "toolkit/units.h"
+
+namespace quorvale {
+
+enum class OptionKind {
+  kFlag,    // "1" is on
+  kNumber,  // as the user typed it
+  kColour,  // 0x00BBGGRR
+  kName,    // of an effect
+  kOther,   // not in the dialog
+};
+
+// One option: a text under its key in the section "Options".
+struct OptionRow {
+  const char* key;
+  OptionKind kind;
+  // What readers get where nothing is stored.
+  const char* fallback;
+};
+
+// The table of options, in the order in which the dialog reads and writes them.
+
+inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
+inline constexpr OptionRow kShowFileName{"ShowFileName", OptionKind::kFlag, ""};  // the layout
+inline constexpr OptionRow kSoundRandom{"SoundRandom", OptionKind::kFlag, ""};    // the show's start
+inline constexpr OptionRow kStretch{"Stretch", OptionKind::kFlag, ""};            // the layout
+inline constexpr OptionRow kInterval{"Interval", OptionKind::kNumber, "5"};       // the tick; seconds, 2 to 60
+// The show's start, and each transition, which insists on a number.
+inline constexpr OptionRow kBackColor{"BackColor", OptionKind::kColour, "&H00000000&"};
+inline constexpr OptionRow kSwapAffect{"SwapAffect", OptionKind::kName, "Random"};         // each transition
+inline constexpr OptionRow kTransSpeed{"TransSpeed", OptionKind::kNumber, "20"};           // the show's start; 1 to 20
+inline constexpr OptionRow kFrameThickness{"FrameThickness", OptionKind::kNumber, "3"};    // the layout; 1 to 20
+inline constexpr OptionRow kFrameColor{"FrameColor", OptionKind::kColour, "&H00000000&"};  // the layout
+inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};                 // the layout
+// The first tick of a process; any number but 0 is on.
+inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
+inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
+
+// Until a frame colour is stored, the show draws black frames and the dialog offers white.
+inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
+
+// The places of both lists that were on last, from 1; written and read by the tick.
+inline constexpr OptionRow kLastPicture{"LastPicture", OptionKind::kOther, "0"};
+inline constexpr OptionRow kLastSound{"LastSound", OptionKind::kOther, "0"};
+// The path of the play list file in hand; the configuration window's.
+inline constexpr OptionRow kPlayList{"PlayList", OptionKind::kOther, ""};
+// The directory that the set-up was given. Nobody reads it.
+inline constexpr OptionRow kInstallPath{"InstallPath", OptionKind::kOther, ""};
+
+// Reads and writes the options. Keeps none: every call goes to the store, so that a change acts at the next use.
+// A number that does not fit fails with kOverflow; a text that is no number reads as 0, but where a reader says
+// that it insists.
+class Options {
+ public:
+  explicit Options(CRegSettings& settings) : settings_(settings) {}
+
+  bool PicRandom() const { return IsOn(kPicRandom); }
+  bool SoundRandom() const { return IsOn(kSoundRandom); }
+  bool ShowFileName() const { return IsOn(kShowFileName); }
+  bool Stretch() const { return IsOn(kStretch); }
+  bool ShowFrame() const { return IsOn(kShowFrame); }
+  // Seconds.
+  double Interval() const { return Number(kInterval); }
+  Colour BackColor() const { return ColourOf(kBackColor); }
+  // The background once more, for a transition. Insists on a number: kNotANumber.
+  Colour WipeColour() const;
+  std::string SwapAffect() const { return Text(kSwapAffect); }
+  std::int32_t TransSpeed() const;
+  double FrameThickness() const { return Number(kFrameThickness); }
+  Colour FrameColor() const { return ColourOf(kFrameColor); }
+
+  // A flag that any whole number but 0 switches on.
+  bool IsAnyNumber(const OptionRow& row) const;
+
+  std::string Text(const OptionRow& row) const { return Get(row.key, row.fallback); }
+  // True when it is stored.
+  bool SetText(const OptionRow& row, const std::string& text) { return Set(row.key, text); }
+
+  // The same by key, for who has no row.
+  std::string Get(const std::string& key, const std::string& fallback) const;
+  bool Set(const std::string& key, const std::string& text);
+
+  // The stored text, or the row's fallback where there is none. False when the store could not be read.
+  bool Read(const OptionRow& row, std::string& text) const;
+
+ private:
+  bool IsOn(const OptionRow& row) const;
+  double Number(const OptionRow& row) const;
+  Colour ColourOf(const OptionRow& row) const;
+
+  CRegSettings& settings_;
+};
+
+}  // namespace quorvale

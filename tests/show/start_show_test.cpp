@@ -1,0 +1,121 @@
+#include "show/start_show.h"
+
+#include "playlist/media_collections.h"
+#include "support/show_fixture.h"
+#include "toolkit/list_box.h"
+
+namespace quorvale {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// A form with what a show needs, and the two list boxes.
+class ListForm : public ShowForm {
+ public:
+  explicit ListForm(Process& process)
+      : ShowForm(process, "ListForm", WindowKind::kDialog, "Lists", {"Small Fonts", 4}) {}
+  ListBox pictures{*this, {.name = "lstList(0)"}};
+  ListBox sounds{*this, {.name = "lstList(1)"}};
+
+ protected:
+  void tmrSwitch_Timer() override {}
+};
+
+class StartShowTest : public ShowTest {
+ protected:
+  void SetUp() override {
+    form = std::make_shared<ListForm>(process);
+    form->Load();
+    desktop.files.AddFile("C:\\d\\song.wav");
+    desktop.files.AddFile("C:\\d\\a.jpg");
+  }
+
+  void Store(const std::string& section, const std::vector<std::string>& entries) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      process.Settings.SaveSetting(section, "File" + std::to_string(i), entries[i]);
+    }
+  }
+
+  std::shared_ptr<ListForm> form;
+};
+
+TEST_F(StartShowTest, InitShowTakesStoreOrListBoxes) {
+  Store("PictureFiles", {"C:\\stored.jpg"});
+  Store("SoundFiles", {"C:\\d\\"});
+  form->pictures.AddItem(MakeListEntry("listed.jpg", "C:\\"));
+  InitShow(process, *form);
+  EXPECT_THAT(process.show.PictureList.TakeItems(), ElementsAre("C:\\stored.jpg"));
+  EXPECT_THAT(process.show.SoundList.TakeItems(), ElementsAre("C:\\d\\song.wav"));
+  InitShow(process, *form, form->pictures, form->sounds);
+  EXPECT_THAT(process.show.PictureList.TakeItems(), ElementsAre("C:\\listed.jpg"));
+  EXPECT_THAT(process.show.SoundList.TakeItems(), IsEmpty());
+}
+
+TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
+  InitShow(process, *form);
+  EXPECT_EQ(process.show.TransitionSpeed, 20);
+  EXPECT_EQ(form->PicBase.BackColor(), kBlack);
+  process.options.Set("BackColor", "16711680");
+  process.options.Set("TransSpeed", "7.5");
+  form->tmrSwitch.SetInterval(9000);
+  InitShow(process, *form);
+  EXPECT_EQ(process.show.TransitionSpeed, 8);
+  EXPECT_EQ(form->PicBase.BackColor(), 0xFF0000U);
+  EXPECT_EQ(form->PicBase.FillColor(), 0xFF0000U);
+  EXPECT_EQ(form->tmrSwitch.Interval(), 500);
+  EXPECT_TRUE(form->tmrSwitch.Enabled());
+}
+
+TEST_F(StartShowTest, OnlyAOneShuffles) {
+  std::vector<std::string> entries;
+  for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
+  Store("PictureFiles", entries);
+  for (const auto& [value, shuffled] : {std::pair{"", false}, {"2", false}, {"1.5", false}, {"1", true}}) {
+    process.options.Set("PicRandom", value);
+    InitShow(process, *form);
+    std::vector<std::string> items = process.show.PictureList.TakeItems();
+    EXPECT_EQ(items != entries, shuffled) << value;
+    EXPECT_THAT(items, testing::UnorderedElementsAreArray(entries));
+  }
+}
+
+TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
+  const auto order = [&](std::uint64_t seed, const char* pictures, const char* sounds) {
+    desktop.host.clock_seed = seed;
+    process.options.Set("PicRandom", pictures);
+    process.options.Set("SoundRandom", sounds);
+    InitShow(process, *form);
+    return std::pair(process.show.PictureList.TakeItems(), process.show.SoundList.TakeItems());
+  };
+  std::vector<std::string> entries;
+  for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
+  Store("PictureFiles", entries);
+  Store("SoundFiles", entries);
+  const auto [pictures, sounds] = order(1, "1", "1");
+  EXPECT_NE(pictures, entries);
+  EXPECT_EQ(pictures, sounds) << "both draw from the same beginning";
+  EXPECT_NE(order(2, "1", "1").first, pictures);
+  EXPECT_EQ(order(1, "0", "1"), std::pair(entries, sounds));
+}
+
+TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStartWhereItStands) {
+  Store("PictureFiles", {"C:\\new.jpg"});
+  process.options.Set("LastPicture", "7");
+  process.options.Set("BackColor", "99999999999");
+  form->tmrSwitch.SetInterval(9000);
+  form->tmrSwitch.SetEnabled(true);
+  EXPECT_THROW(InitShow(process, *form), Failure);
+  EXPECT_FALSE(form->tmrSwitch.Enabled());
+  EXPECT_EQ(process.show.PictureList.Count(), 1);
+  process.options.Set("BackColor", "&H0000FF&");
+  process.options.Set("TransSpeed", "99999999999");
+  EXPECT_THROW(InitShow(process, *form), Failure);
+  EXPECT_TRUE(form->tmrSwitch.Enabled());
+  EXPECT_EQ(form->PicBase.BackColor(), 0xFFU);
+  EXPECT_EQ(process.show.TransitionSpeed, 0);
+  EXPECT_EQ(process.options.Get("LastPicture", ""), "7");
+}
+
+}  // namespace
+}  // namespace quorvale
