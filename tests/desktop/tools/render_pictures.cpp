@@ -17,7 +17,7 @@ namespace {
 constexpr double kWidth = 320;
 constexpr double kHeight = 240;
 
-void Render(const std::string& path, const std::string& to) {
+void RenderFile(const std::string& path, const std::string& to) {
   const auto start = std::chrono::steady_clock::now();
   PixelRect box;
   const PicturePlace place{.box =
@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
     char number[16];
     std::snprintf(number, sizeof(number), "%04d", i - 1);
     try {
-      quorvale::Render(path, std::string(argv[1]) + "/" + number + "-" + path.filename().string() + ".png");
+      quorvale::RenderFile(path, std::string(argv[1]) + "/" + number + "-" + path.filename().string() + ".png");
     } catch (const std::exception& failure) {
       std::printf("FAILED %s: %s\n", path.c_str(), failure.what());
     }
