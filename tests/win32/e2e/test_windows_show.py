@@ -110,6 +110,8 @@ class Show(WindowsTest):
 class Monitors(WindowsTest):
     def arrange(self, primary, other):
         """Two monitors side by side, each beginning at that column of the screen."""
+        for name in ("first", "second"):
+            self.session.run("xrandr", "--delmonitor", name)
         for name, left in (("*first", primary), ("second", other)):
             self.session.run("xrandr", "--setmonitor", name, f"400/100x600/150+{left}+0",
                              "screen" if left == primary else "none")
