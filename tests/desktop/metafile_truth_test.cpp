@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontInfo>
 #include <QImage>
 #include <algorithm>
 #include <fstream>
@@ -80,11 +81,16 @@ QImage Render(const std::string& path) {
   return QImage(reinterpret_cast<const uchar*>(screen.pixels.data()), kWidth, kHeight, QImage::Format_RGB32).copy();
 }
 
+// The Windows player drew its texts with these typefaces; others have other shapes and widths.
+bool HasTypefacesOfTheTruth() { return QFontInfo(QFont("Arial")).family() == "Liberation Sans"; }
+
 // With METAFILE_OUTPUT set, both pictures go to that directory side by side.
 TEST(MetafileTruth, EveryKindOfRecordMatchesAWindowsPlayer) {
   const std::vector<Limit> limits = ReadLimits();
   ASSERT_GE(limits.size(), 40U);
+  const bool with_texts = HasTypefacesOfTheTruth();
   for (const Limit& limit : limits) {
+    if (!with_texts && limit.name.find("text") != std::string::npos) continue;
     const std::string path = QUORVALE_METAFILES "/" + limit.name;
     const QImage truth(QString::fromStdString(path + ".png"));
     ASSERT_FALSE(truth.isNull()) << path;
@@ -97,6 +103,7 @@ TEST(MetafileTruth, EveryKindOfRecordMatchesAWindowsPlayer) {
       ours.save(QString::fromStdString(std::string(output) + "/" + limit.name + ".ours.png"));
     }
   }
+  if (!with_texts) GTEST_SKIP() << "Arial is not the Liberation Sans of fonts-liberation: texts were not compared";
 }
 
 }  // namespace
