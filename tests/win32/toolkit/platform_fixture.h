@@ -23,7 +23,8 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
  protected:
   static constexpr PixelRect kBounds{0, 0, 200, 100};
 
-  PlatformFixture() {
+  explicit PlatformFixture(PassLengths lengths = {})
+      : platform_({"Title of the program", PixelKind::kPhysical, lengths}, pictures_) {
     window_ = platform_.CreateWindowPeer(WindowKind::kSaver, *this);
     window_->SetBounds(kBounds);
     surface_.Resize(kBounds.width, kBounds.height, ToPixel(kBlack));
@@ -58,7 +59,7 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
   }
 
   NoPictures pictures_;
-  Win32Platform platform_{{"Title of the program", PixelKind::kPhysical, {}}, pictures_};
+  Win32Platform platform_;
   Surface surface_;
   std::unique_ptr<WindowPeer> window_;
   std::unique_ptr<SurfacePeer> box_;

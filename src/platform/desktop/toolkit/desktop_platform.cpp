@@ -9,7 +9,6 @@
 
 #include "platform/desktop/toolkit/message_boxes.h"
 #include "platform/desktop/toolkit/message_hook_peer.h"
-#include "platform/desktop/toolkit/paced_run.h"
 #include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/timer_peer.h"
 #include "platform/desktop/toolkit/window_peer.h"
@@ -82,11 +81,11 @@ std::unique_ptr<MessageHookPeer> DesktopPlatform::CreateMessageHookPeer(std::fun
   return std::make_unique<QtMessageHookPeer>(std::move(arrived));
 }
 
-void DesktopPlatform::PumpEvents() { RunPass(); }
+void DesktopPlatform::PumpEvents() { wait_.RunPass(); }
 
 std::unique_ptr<PacedRun> DesktopPlatform::OpenPacedRun(SurfacePeer& surface) {
-  return std::make_unique<QtPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_,
-                                      ended_loops_);
+  return std::make_unique<PresenterPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_,
+                                             ended_loops_);
 }
 
 MessageBoxAnswer DesktopPlatform::ShowMessageBox(const MessageBox& box) {
@@ -96,9 +95,10 @@ MessageBoxAnswer DesktopPlatform::ShowMessageBox(const MessageBox& box) {
 void DesktopPlatform::RunModal(WindowPeer& window) {
   auto* const dialog = dynamic_cast<DialogPeer*>(&window);
   if (dialog == nullptr) return;
-  EndedLoops::Loop loop(ended_loops_);
+  bool has_ended = false;
+  const EndedLoops::Loop loop(ended_loops_, [&has_ended] { return has_ended; });
   QObject context;
-  QObject::connect(&dialog->Window(), &DialogWindow::Hidden, &context, [&loop] { loop.End(); });
+  QObject::connect(&dialog->Window(), &DialogWindow::Hidden, &context, [&has_ended] { has_ended = true; });
   dialog->Window().RunUntilHidden();
 }
 

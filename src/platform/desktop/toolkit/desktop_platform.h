@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "platform/common/pacing.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/title_lock.h"
-#include "platform/desktop/toolkit/ended_loops.h"
 #include "platform/desktop/toolkit/event_wait.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/text_painter.h"

@@ -3,6 +3,8 @@
 #include <sys/timerfd.h>
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QEvent>
 #include <cstdint>
 
 namespace quorvale {
@@ -14,6 +16,12 @@ EventWait::EventWait() : timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | T
     std::uint64_t expirations = 0;
     [[maybe_unused]] const auto count = read(timer_.Get(), &expirations, sizeof expirations);
   });
+}
+
+void EventWait::RunPass() {
+  QCoreApplication::processEvents();
+  // The loop that these wait for may never be reached again.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 std::chrono::nanoseconds EventWait::Wait(std::chrono::nanoseconds time) {

@@ -4,19 +4,20 @@
 #include <chrono>
 #include <optional>
 
+#include "platform/common/pacing.h"
 #include "platform/desktop/system/file_descriptor.h"
 
 namespace quorvale {
 
 // Waits for events for a time that is exact to some hundredths of a millisecond, which the event loop's own
 // timers, with their whole milliseconds, are not.
-class EventWait {
+class EventWait : public EventPump {
  public:
   EventWait();
 
-  // Sleeps until there is an event or that much time has passed, and delivers what there is. Gives the time
-  // that it took, handlers included.
-  std::chrono::nanoseconds Wait(std::chrono::nanoseconds time);
+  // Deferred deletions included.
+  void RunPass() override;
+  std::chrono::nanoseconds Wait(std::chrono::nanoseconds time) override;
 
  private:
   void Arm(std::chrono::nanoseconds time);

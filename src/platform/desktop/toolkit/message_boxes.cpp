@@ -114,8 +114,9 @@ MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& appl
   dialog.windowHandle()->setTransientParent(Below(dialog.windowHandle()));
   QMetaObject::invokeMethod(
       &dialog, [&dialog] { dialog.activateWindow(); }, Qt::QueuedConnection);
-  EndedLoops::Loop loop(ended_loops);
-  QObject::connect(&dialog, &QDialog::finished, &dialog, [&loop] { loop.End(); });
+  bool has_answer = false;
+  const EndedLoops::Loop loop(ended_loops, [&has_answer] { return has_answer; });
+  QObject::connect(&dialog, &QDialog::finished, &dialog, [&has_answer] { has_answer = true; });
   HoldKeyboard(false);
   const int button = dialog.exec();
   HoldKeyboard(true);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/toolkit/ended_loops.h"
+#include "platform/common/pacing.h"
 #include "toolkit/message_box.h"
 
 namespace quorvale {

@@ -25,7 +25,7 @@ const QEvent::Type kPresent = static_cast<QEvent::Type>(QEvent::registerEventTyp
 }  // namespace
 
 SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events)
-    : QWindow(&top), top_(top), surface_(surface), events_(events), ratio_(top.devicePixelRatio()) {
+    : QWindow(&top), Presenter(surface), top_(top), events_(events), ratio_(top.devicePixelRatio()) {
   setSurfaceType(QSurface::RasterSurface);
   create();
   top.OfferFocus(*this);
@@ -47,25 +47,21 @@ void SurfaceWindow::SetBounds(const PixelRect& bounds) {
   setVisible(!rect.isEmpty());
 }
 
-void SurfaceWindow::PresentSoon() {
-  if (!std::exchange(present_is_posted_, true)) QCoreApplication::postEvent(this, new QEvent(kPresent));
+void SurfaceWindow::PostPresent() { QCoreApplication::postEvent(this, new QEvent(kPresent)); }
+
+void SurfaceWindow::PrepareToShow() {
+  if (buffer_.size() == size()) return;
+  buffer_.resize(size());
+  Shown().Changed(Shown().Bounds());
 }
 
-void SurfaceWindow::Present() {
-  // What is out of sight stays dirty until it is exposed.
-  if (!IsInSight()) return;
-  if (buffer_.size() != size()) {
-    buffer_.resize(size());
-    surface_.Changed(surface_.Bounds());
-  }
-  if (surface_.Dirty().IsEmpty()) return;
-  const QRegion region = ToRegion(joiner_.Join(surface_.Dirty().Take()));
+void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
+  const QRegion region = ToRegion(joiner_.Join(dirty));
   buffer_.beginPaint(region);
   // Every platform on which Qt draws by itself has an image here.
   if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);
   buffer_.endPaint();
   buffer_.flush(region);
-  ++presentations_;
 }
 
 void SurfaceWindow::MoveInto(WindowHandle host) {
@@ -108,8 +104,7 @@ void SurfaceWindow::TakeKey(int qt_key) {
 
 bool SurfaceWindow::event(QEvent* event) {
   if (event->type() == kPresent) {
-    present_is_posted_ = false;
-    Present();
+    PresentPosted();
     return true;
   }
   if (event->type() == QEvent::Close) {
@@ -150,9 +145,9 @@ void SurfaceWindow::paintEvent(QPaintEvent* event) {
     const QPointF end = QPointF(rect.topLeft() + QPoint(rect.width(), rect.height())) * ratio_;
     const int left = static_cast<int>(std::floor(first.x()));
     const int top = static_cast<int>(std::floor(first.y()));
-    surface_.Changed(
+    Shown().Changed(
         Intersect({left, top, static_cast<int>(std::ceil(end.x())) - left, static_cast<int>(std::ceil(end.y())) - top},
-                  surface_.Bounds()));
+                  Shown().Bounds()));
   }
   Present();
 }
@@ -179,7 +174,7 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
 
 // The whole region: some platforms clear it first.
 void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
-  const PixelView pixels = surface_.Pixels();
+  const PixelView pixels = Shown().Pixels();
   if (pixels.Bounds().IsEmpty()) return;
   const QImage source(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
                       static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)),

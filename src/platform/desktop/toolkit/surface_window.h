@@ -4,12 +4,11 @@
 #include <QElapsedTimer>
 #include <QRegion>
 #include <QWindow>
-#include <cstdint>
 #include <memory>
 #include <vector>
 
+#include "platform/common/presenter.h"
 #include "platform/desktop/toolkit/join_bands.h"
-#include "platform/desktop/toolkit/presenter.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/surface.h"
 
@@ -31,17 +30,11 @@ class SurfaceWindow : public QWindow, public Presenter {
   float Scale() const;
   void SetBounds(const PixelRect& bounds);
 
-  // In the next pass of the event queue, and now.
-  void PresentSoon();
-  void Present();
-  std::uint64_t Presentations() const override { return presentations_; }
-
   // Sits in a window of another program from now on, or in its form's window again.
   void MoveInto(WindowHandle host);
   void ReturnHome();
 
   bool IsInSight() const override;
-  QObject& Object() override { return *this; }
 
   void TakeFocus() { top_.Focus(*this); }
   void TakeKey(int qt_key);
@@ -59,6 +52,9 @@ class SurfaceWindow : public QWindow, public Presenter {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void PostPresent() override;
+  void PrepareToShow() override;
+  void Show(const std::vector<PixelRect>& dirty) override;
   bool IsHostInSight() const;
   void NoteRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
@@ -66,14 +62,11 @@ class SurfaceWindow : public QWindow, public Presenter {
   QPoint ToToolkitPixels(const QPointF& position) const;
 
   TopWindow& top_;
-  Surface& surface_;
   SurfaceEvents& events_;
   QBackingStore buffer_{this};
   BandJoiner joiner_;
   PixelRect bounds_;
   double ratio_;
-  std::uint64_t presentations_ = 0;
-  bool present_is_posted_ = false;
   std::unique_ptr<QWindow> host_;
   // The host went and took the window along; Qt takes no notice of that.
   bool is_gone_ = false;

@@ -25,7 +25,7 @@ int ToToolkitPixel(double position) { return static_cast<int>(std::floor(positio
 }  // namespace
 
 SurfaceWidget::SurfaceWidget(DialogWindow& window, Surface& surface, SurfaceEvents& events)
-    : QWidget(&window.ContainerOf(nullptr)), surface_(surface), events_(events), scale_(Scale()) {
+    : QWidget(&window.ContainerOf(nullptr)), Presenter(surface), events_(events), scale_(Scale()) {
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
@@ -38,17 +38,9 @@ void SurfaceWidget::SetBounds(const PixelRect& bounds) {
   setVisible(!bounds.IsEmpty());
 }
 
-void SurfaceWidget::PresentSoon() {
-  if (!std::exchange(present_is_posted_, true)) QCoreApplication::postEvent(this, new QEvent(kPresent));
-}
+void SurfaceWidget::PostPresent() { QCoreApplication::postEvent(this, new QEvent(kPresent)); }
 
-void SurfaceWidget::Present() {
-  // What is out of sight is painted as a whole when it is exposed.
-  if (!IsInSight() || surface_.Dirty().IsEmpty()) return;
-  const QRegion region = ToRegion(surface_.Dirty().Take());
-  ++presentations_;
-  repaint(region);
-}
+void SurfaceWidget::Show(const std::vector<PixelRect>& dirty) { repaint(ToRegion(dirty)); }
 
 bool SurfaceWidget::IsInSight() const {
   const QWindow* const top = window()->windowHandle();
@@ -57,8 +49,7 @@ bool SurfaceWidget::IsInSight() const {
 
 bool SurfaceWidget::event(QEvent* event) {
   if (event->type() != kPresent) return QWidget::event(event);
-  present_is_posted_ = false;
-  Present();
+  PresentPosted();
   return true;
 }
 
@@ -67,7 +58,7 @@ void SurfaceWidget::paintEvent(QPaintEvent* event) {
     QMetaObject::invokeMethod(
         this, [this] { NoteScale(); }, Qt::QueuedConnection);
   QPainter painter(this);
-  const PixelView pixels = surface_.Pixels();
+  const PixelView pixels = Shown().Pixels();
   QImage image(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
                static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
   image.setDevicePixelRatio(devicePixelRatioF());

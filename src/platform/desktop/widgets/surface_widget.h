@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
 #include <vector>
 
 #include "platform/desktop/toolkit/surface_peer.h"
@@ -22,13 +21,7 @@ class SurfaceWidget : public QWidget, public Presenter {
   float Scale() const;
   void SetBounds(const PixelRect& bounds);
 
-  // In the next pass of the event queue, and now.
-  void PresentSoon();
-  void Present();
-
   bool IsInSight() const override;
-  std::uint64_t Presentations() const override { return presentations_; }
-  QObject& Object() override { return *this; }
 
  protected:
   bool event(QEvent* event) override;
@@ -38,14 +31,13 @@ class SurfaceWidget : public QWidget, public Presenter {
   void mouseMoveEvent(QMouseEvent* event) override;
 
  private:
+  void PostPresent() override;
+  void Show(const std::vector<PixelRect>& dirty) override;
   void NoteScale();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
 
-  Surface& surface_;
   SurfaceEvents& events_;
   float scale_;
-  std::uint64_t presentations_ = 0;
-  bool present_is_posted_ = false;
 };
 
 class SurfaceWidgetPeer : public QtSurfacePeer {

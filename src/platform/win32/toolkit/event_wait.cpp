@@ -30,6 +30,8 @@ EventWait::~EventWait() {
   if (timer_ != nullptr) CloseHandle(timer_);
 }
 
+void EventWait::RunPass() { quorvale::RunPass(); }
+
 std::chrono::nanoseconds EventWait::Wait(std::chrono::nanoseconds time) {
   const auto start = std::chrono::steady_clock::now();
   LARGE_INTEGER due{};

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <optional>
 
+#include "platform/common/pacing.h"
 #include "platform/win32/loaded_library.h"
 #include "platform/win32/windows_api.h"
 
@@ -10,16 +11,15 @@ namespace quorvale {
 
 // Waits for events for a time that is exact to a fraction of a millisecond where the system has such timers,
 // and to a millisecond elsewhere; its usual 16 would make an effect crawl.
-class EventWait {
+class EventWait : public EventPump {
  public:
   EventWait();
-  ~EventWait();
+  ~EventWait() override;
   EventWait(const EventWait&) = delete;
   EventWait& operator=(const EventWait&) = delete;
 
-  // Sleeps until there is an event or that much time has passed, and delivers what there is. Gives the time
-  // that it took, handlers included.
-  std::chrono::nanoseconds Wait(std::chrono::nanoseconds time);
+  void RunPass() override;
+  std::chrono::nanoseconds Wait(std::chrono::nanoseconds time) override;
 
  private:
   HANDLE timer_;

@@ -44,12 +44,15 @@ HWND Owner() {
 
 }  // namespace
 
-MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title) {
+MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title,
+                                     EndedLoops& ended_loops) {
   std::string text = box.text;
   std::replace(text.begin(), text.end(), '\r', '\n');
   const HWND owner = Owner();
   const UINT kind = ToWin32(box.buttons) | ToWin32(box.icon) | MB_SETFOREGROUND | MB_TOPMOST |
                     (owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL);
+  // A box with an answer lets its owner take input again before it returns.
+  const EndedLoops::Loop loop(ended_loops, [owner] { return owner != nullptr && IsWindowEnabled(owner) != 0; });
   return static_cast<MessageBoxAnswer>(MessageBoxW(
       owner, ToWide(text).c_str(), ToWide(box.title.empty() ? application_title : box.title).c_str(), kind));
 }

@@ -20,7 +20,7 @@ int ToToolkitPixels(int device_pixels, float scale) {
 }  // namespace
 
 SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events)
-    : NativeWindow(WS_CHILD, 0, top.Window()), top_(top), surface_(surface), events_(events), scale_(top.Scale()) {
+    : NativeWindow(WS_CHILD, 0, top.Window()), Presenter(surface), top_(top), events_(events), scale_(top.Scale()) {
   top.OfferFocus(Window());
 }
 
@@ -30,18 +30,13 @@ void SurfaceWindow::SetBounds(const PixelRect& bounds) {
                SWP_NOZORDER | SWP_NOACTIVATE | (rect.IsEmpty() ? SWP_HIDEWINDOW : SWP_SHOWWINDOW));
 }
 
-void SurfaceWindow::PresentSoon() {
-  if (!std::exchange(present_is_posted_, true)) PostMessageW(Window(), kPresent, 0, 0);
-}
+void SurfaceWindow::PostPresent() { PostMessageW(Window(), kPresent, 0, 0); }
 
-// What is out of sight stays dirty; the system asks for it when it comes into sight.
-void SurfaceWindow::Present() {
-  if (!IsInSight() || surface_.Dirty().IsEmpty()) return;
+void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
   const HDC context = GetDC(Window());
-  for (const PixelRect& rect : surface_.Dirty().Take()) CopyPixels(context, surface_.Pixels(), rect);
+  for (const PixelRect& rect : dirty) CopyPixels(context, Shown().Pixels(), rect);
   ReleaseDC(Window(), context);
   GdiFlush();
-  ++presentations_;
 }
 
 bool SurfaceWindow::IsInSight() const {
@@ -73,8 +68,7 @@ LRESULT SurfaceWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       FollowScale();
       return 0;
     case kPresent:
-      present_is_posted_ = false;
-      Present();
+      PresentPosted();
       return 0;
     case WM_PAINT:
       Paint();
@@ -93,7 +87,7 @@ void SurfaceWindow::Paint() {
   PAINTSTRUCT paint{};
   BeginPaint(Window(), &paint);
   const RECT& area = paint.rcPaint;
-  surface_.Changed(Intersect({area.left, area.top, area.right - area.left, area.bottom - area.top}, surface_.Bounds()));
+  Shown().Changed(Intersect({area.left, area.top, area.right - area.left, area.bottom - area.top}, Shown().Bounds()));
   EndPaint(Window(), &paint);
   Present();
 }

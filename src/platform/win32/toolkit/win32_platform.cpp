@@ -6,7 +6,6 @@
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/toolkit/message_boxes.h"
 #include "platform/win32/toolkit/message_hook_peer.h"
-#include "platform/win32/toolkit/paced_run.h"
 #include "platform/win32/toolkit/surface_peer.h"
 #include "platform/win32/toolkit/timer_peer.h"
 #include "platform/win32/toolkit/window_peer.h"
@@ -56,15 +55,19 @@ std::unique_ptr<MessageHookPeer> Win32Platform::CreateMessageHookPeer(std::funct
 void Win32Platform::PumpEvents() { RunPass(); }
 
 std::unique_ptr<PacedRun> Win32Platform::OpenPacedRun(SurfacePeer& surface) {
-  return std::make_unique<Win32PacedRun>(static_cast<Win32SurfacePeer&>(surface).Window(), options_.pass_lengths,
-                                         wait_);
+  return std::make_unique<PresenterPacedRun>(static_cast<Win32SurfacePeer&>(surface).Shown(), options_.pass_lengths,
+                                             wait_, ended_loops_);
 }
 
 // Only dialogs are modal.
-void Win32Platform::RunModal(WindowPeer& window) { static_cast<DialogWindow&>(WindowOf(window)).RunModal(); }
+void Win32Platform::RunModal(WindowPeer& window) {
+  auto& dialog = static_cast<DialogWindow&>(WindowOf(window));
+  const EndedLoops::Loop loop(ended_loops_, [handle = dialog.Window()] { return IsWindowVisible(handle) == 0; });
+  dialog.RunModal();
+}
 
 MessageBoxAnswer Win32Platform::ShowMessageBox(const MessageBox& box) {
-  return ShowWin32MessageBox(box, options_.application_title);
+  return ShowWin32MessageBox(box, options_.application_title, ended_loops_);
 }
 
 std::string Win32Platform::ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/common/pacing.h"
 #include "platform/win32/toolkit/event_wait.h"
 #include "platform/win32/toolkit/pixel_scale.h"
 #include "platform/win32/toolkit/text_painter.h"
@@ -48,6 +49,7 @@ class Win32Platform : public Platform {
   PictureLoader& pictures_;
   GdiTextPainter text_;
   EventWait wait_;
+  EndedLoops ended_loops_;
   Win32WidgetFactory widgets_;
 };
 

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/common/presenter.h"
+#include "toolkit/pace_account.h"
+#include "toolkit/platform.h"
+
+namespace quorvale {
+
+// The platform's event queue, as far as the pauses of an effect go.
+class EventPump {
+ public:
+  virtual ~EventPump() = default;
+  // Runs everything that is pending.
+  virtual void RunPass() = 0;
+  // Sleeps until there is an event or that much time has passed, and delivers what there is. Gives the time
+  // that it took, handlers included.
+  virtual std::chrono::nanoseconds Wait(std::chrono::nanoseconds time) = 0;
+};
+
+// The nested event loops that are to end and can't: an effect that began in one of them is still running on the stack
+// above it.
+class EndedLoops {
+ public:
+  bool Any() const;
+
+  // One loop, from before its beginning until it has returned.
+  class Loop {
+   public:
+    // `has_ended` tells whether the loop is to end; it is asked between the passes of an effect.
+    Loop(EndedLoops& loops, std::function<bool()> has_ended) : loops_(loops) {
+      loops_.running_.push_back(std::move(has_ended));
+    }
+    ~Loop() { loops_.running_.pop_back(); }
+    Loop(const Loop&) = delete;
+    Loop& operator=(const Loop&) = delete;
+
+   private:
+    EndedLoops& loops_;
+  };
+
+ private:
+  std::vector<std::function<bool()>> running_;
+};
+
+// The pauses of one effect on one surface. Nothing is owed once the surface is gone or out of sight, so that
+// an effect that nobody can see is over in a moment; nor while a box that the user has answered waits for the effect.
+class PresenterPacedRun : public PacedRun {
+ public:
+  // `pump` and `ended_loops` outlive the run.
+  PresenterPacedRun(const Presenter& presenter, const PassLengths& lengths, EventPump& pump,
+                    const EndedLoops& ended_loops)
+      : presenter_(presenter.Watch()), lengths_(lengths), pump_(pump), ended_loops_(ended_loops) {}
+
+  void PumpEvents() override;
+
+ private:
+  bool IsPaced() const;
+  // 0 for a surface that is gone.
+  std::uint64_t Presentations() const;
+
+  std::weak_ptr<const Presenter> presenter_;
+  PassLengths lengths_;
+  EventPump& pump_;
+  const EndedLoops& ended_loops_;
+  PaceAccount account_;
+  std::chrono::steady_clock::time_point next_unpaced_pass_;
+};
+
+}  // namespace quorvale
