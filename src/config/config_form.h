@@ -18,19 +18,18 @@ enum class SaveAnswer {
   kGivenUp = 7,
 };
 
-// The configuration application. Its list boxes are the working copy of both play lists: loaded from the
-// settings store with the form, written back on OK alone. On the monitor at its top the show runs from the
-// lists as they stand.
+// The configuration window. The user edits copies of the play lists in its list boxes; only OK writes them to the
+// store. The monitor at the top previews the show with the lists as edited.
 class frmConfig : public ConfigControls {
  public:
   explicit frmConfig(Process& process);
 
-  // The full path of the play list file in hand; empty when there is none. The frame shows its name.
+  // The full path of the current play list file; empty if there is none. The frame's caption shows its name.
   const std::string& CurPlayList() const { return cur_play_list_; }
   void SetCurPlayList(std::string path);
-  // What each list box has taken of the stored list.
+  // How much of each stored list is in its list box.
   std::array<TakenPart, 2> TakenParts{TakenPart::kAll, TakenPart::kAll};
-  // Whether the lists hold changes that no file holds.
+  // Whether the lists have changed since they were loaded from or saved to a play list file.
   bool PlayListDirty() const { return play_list_dirty_; }
   void SetPlayListDirty(bool dirty) { play_list_dirty_ = dirty; }
 

@@ -5,8 +5,7 @@
 namespace quorvale {
 namespace {
 
-// The name is read up to the column before the blank that divides it from the directory, and the
-// directory from that blank on.
+// Reading stops one column before the directory's: column 255 separates the two and is read with the directory.
 constexpr std::size_t kNameColumnsRead = 254;
 
 }  // namespace

@@ -6,16 +6,16 @@
 
 namespace quorvale {
 
-// A play list's item is one text of 512 columns, filled with blanks: the name from column 1, the
-// directory from column 256. A directory entry holds the directory, with its final separator, in both.
+// The width of a play list entry in characters. An entry has two fields padded with blanks: the file name, then from
+// column 256 its directory. An entry for a whole directory has the directory in both fields and ends in a separator.
 inline constexpr int kListEntryColumns = 512;
 inline constexpr int kListEntryDirectoryColumn = 256;
 
-// What does not fit its columns is cut: the directory goes over a name that reaches its column.
+// Fields that are too long are cut: the directory overwrites the tail of a long name.
 std::string MakeListEntry(const std::string& name, const std::string& directory);
 
-// The path that an entry stands for; that of a directory ends in a separator. A plain path that has
-// nothing from column 255 on stands for itself.
+// The path of an entry; a directory's ends in a separator. A text that is blank from column 255 on is taken as a plain
+// path.
 std::string EntryPath(const std::string& entry, const PathSyntax& syntax);
 
 }  // namespace quorvale

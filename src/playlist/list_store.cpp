@@ -18,7 +18,7 @@ void SaveItems(CRegSettings& settings, const ListBox& list, const std::string& s
 }  // namespace
 
 void SaveList(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix) {
-  // Without the section no key of a longer earlier list survives.
+  // An earlier list may have been longer; its surplus entries must not stay.
   settings.DeleteSetting(section, "", kHkeyCurrentUser);
   SaveItems(settings, list, section, prefix);
 }

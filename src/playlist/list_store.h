@@ -7,26 +7,25 @@ namespace quorvale {
 class CRegSettings;
 class ListBox;
 
-// The text that marks the end of a stored list: the default of the read, so that the first number
-// without a key ends the list. It is never written.
+// Marks the end of a stored list while it is read: the fallback for a key that is missing. It is never written.
 inline constexpr char kEndOfList[] = "EOF";
 
-// How much of a stored list a list box has taken.
+// How much of a stored list is in its list box.
 enum class TakenPart {
   kAll,
-  kFirst,   // as much as a list box holds; more is stored behind it
-  kUnread,  // less than is stored, since the store could not be read
+  kFirst,   // the first part: the list box is full, and more is stored
+  kUnread,  // unknown: the store could not be read to the end
 };
 
-// Replaces a section of the store by the items of a list box, under the keys `prefix` and a number. What can't be
-// written stays as it is, without a word.
+// Replaces a section of the store by the items of a list box. Keys are `prefix` and a number. Write failures are
+// ignored.
 void SaveList(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix);
 
-// The same for a list of which the box has taken the first part: the entries behind that part stay, and stand behind
-// the items then.
+// The same for a list box that holds only the first part of the stored list: the stored rest is kept and follows the
+// items.
 void SaveFirstPart(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix);
 
-// Appends a section's values to a list box, up to the end of either.
+// Appends the stored entries to a list box until the section ends or the box is full.
 TakenPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix);
 
 }  // namespace quorvale

@@ -63,7 +63,7 @@ void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::str
   try {
     files.EnumerateFiles(directory, patterns, [&](const std::string& name) { collection.Add(directory + name); });
   } catch (const Failure&) {
-    // A drive that is gone: the rest of the list plays.
+    // The drive may be gone. The rest of the list plays.
   }
 }
 

@@ -11,7 +11,7 @@ class CRegSettings;
 class FileSystem;
 class ListBox;
 
-// What a directory in a list stands for: patterns with semicolons between. That of the pictures joins those of
+// The file patterns, separated by semicolons, by which a directory entry is expanded. Those for pictures come from
 // `kPictureFormats`.
 std::string PictureMask();
 inline constexpr char kSoundMask[] = "*.wav";
@@ -21,15 +21,15 @@ inline constexpr char kPictureSection[] = "PictureFiles";
 inline constexpr char kSoundSection[] = "SoundFiles";
 inline constexpr char kFileKeyPrefix[] = "File";
 
-// The paths of a list box's entries, directories expanded by `mask`.
+// The paths of a list box's entries. Directory entries give the files that match `mask`.
 Collection FillFromList(FileSystem& files, const ListBox& list, const std::string& mask);
 
-// The same of a section of the settings store.
+// The same for a stored list.
 Collection FillFromSettings(CRegSettings& settings, FileSystem& files, const std::string& section,
                             const std::string& mask);
 
-// Adds the files of one directory, given with its final separator, that match `mask`: pattern by
-// pattern, each in name order. A directory that can't be read ends it quietly; what was added stays.
+// Adds the files of `directory` (which ends in a separator) that match `mask`: pattern by pattern, each in name order.
+// If the directory becomes unreadable, the files found so far stay and no failure comes out.
 void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::string& directory,
                        const std::string& mask);
 

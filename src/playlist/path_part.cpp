@@ -19,8 +19,8 @@ std::string PathPart(const std::string& path, std::int32_t part, const PathSynta
     rest.erase(0, head.size());
   }
 
-  // From the end to the last separator that has a name behind it. Every dot on the way cuts the rest
-  // once more, so the name ends at its first dot.
+  // Scans backwards to the last separator that is followed by a name. Each dot on the way shortens the name, which
+  // so ends at its first dot.
   bool has_name = false;
   for (std::size_t position = rest.size(); position > 0 && !has_name; --position) {
     const char c = rest[position - 1];

@@ -8,14 +8,14 @@ namespace quorvale {
 namespace {
 
 constexpr char kLineEnd[] = "\r\n";
-// What some editors put in front of UTF-8.
+// Some editors begin UTF-8 files with it.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 void AddLines(std::string& text, const std::string& mark, const ListBox& list) {
   for (int i = 0; i < list.ListCount(); ++i) text += mark + list.List(i) + kLineEnd;
 }
 
-// Cuts the first line and its end off `rest`.
+// Removes the first line, with its line end, from `rest` and returns it.
 std::string_view TakeLine(std::string_view& rest) {
   const std::size_t end = rest.find_first_of(kLineEnd);
   const std::string_view line = rest.substr(0, end);
@@ -36,7 +36,7 @@ std::string PlayListText(const ListBox& pictures, const ListBox& sounds) {
   return text;
 }
 
-// Lines are judged one by one: one name that is no UTF-8 leaves the others as they are.
+// Encoding is decided per line: one name that is not UTF-8 must not spoil the others.
 void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictures, ListBox& sounds) {
   const bool is_too_long = text.size() > kMostPlayListBytes;
   if (is_too_long) text = text.substr(0, text.find_last_of(kLineEnd) + 1);

@@ -7,15 +7,15 @@ namespace quorvale {
 class FileSystem;
 class ListBox;
 
-// Whether what the path names is there: a directory where it ends in a separator, else a file. A failure of the search
-// comes out of the first two, except where the path names a directory.
+// Whether the path exists: as a directory if it ends in a separator, otherwise as a file. A failed search for a file
+// is passed on; for a directory it means that it does not exist.
 bool PathExists(FileSystem& files, const std::string& path);
 bool FileExists(FileSystem& files, const std::string& path);
-// A directory that can't be looked for counts as missing.
+// False also when the search fails.
 bool DirExists(FileSystem& files, const std::string& path);
 
-// Removes the items whose file or directory is gone, from the last to the first. Fails as `FileExists`, and
-// what was removed before is gone.
+// Removes entries that no longer exist, beginning at the list's end. Fails as `PathExists`; entries removed before the
+// failure stay removed.
 void PruneMissing(FileSystem& files, ListBox& list);
 
 }  // namespace quorvale

@@ -11,16 +11,15 @@
 namespace quorvale {
 namespace {
 
-// Which of n entries remain, as a binary indexed tree of counts: finding and taking the k-th that
-// remains costs the logarithm of n, where erasing it from a vector would cost n.
+// The entries not drawn yet, as a binary indexed tree of counts. Finding and removing the k-th takes O(log n);
+// erasing from a vector would take O(n).
 class Remaining {
  public:
   explicit Remaining(std::size_t count) : counts_(count + 1), highest_step_(std::bit_floor(count)) {
     for (std::size_t node = 1; node <= count; ++node) counts_[node] = node & (~node + 1);
   }
 
-  // Takes the entry that stands at `position` (from 1) among those that remain. Gives its place, from 0,
-  // among all.
+  // Removes the entry at `position` (from 1) among those that remain. Returns its index (from 0) among all.
   std::size_t Take(std::size_t position) {
     std::size_t place = 0;
     for (std::size_t step = highest_step_; step > 0; step /= 2) {

@@ -6,8 +6,8 @@ namespace quorvale {
 
 class Random;
 
-// Puts a collection into random order: a draw without replacement. Of the entries that remain, in
-// their order, the first and the last are drawn half as often as any other.
+// Puts a collection into random order by drawing entries without replacement. The draw is uneven: the first and the
+// last of the remaining entries come up half as often as any other.
 void ShuffleCollection(Collection& collection, Random& random);
 
 }  // namespace quorvale

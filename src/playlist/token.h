@@ -4,8 +4,8 @@
 
 namespace quorvale {
 
-// Cuts the text in front of the first `delimiter` off `text`, the delimiter with it, and returns it.
-// Without a delimiter the whole text is cut off. An empty result does not mean that `text` is used up.
+// Removes and returns what precedes the first `delimiter` in `text`; the delimiter is dropped. Without a delimiter
+// returns all of `text`. Tokens may be empty, so loop until `text` is empty, not the result.
 std::string CutToken(std::string& text, char delimiter);
 
 }  // namespace quorvale

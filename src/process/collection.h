@@ -8,7 +8,7 @@
 
 namespace quorvale {
 
-// An ordered collection of path strings, indexed from 1.
+// A list of paths. Positions count from 1.
 class Collection {
  public:
   Collection() = default;

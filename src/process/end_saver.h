@@ -4,8 +4,8 @@ namespace quorvale {
 
 struct Process;
 
-// Makes the cursor visible, gives the dialog that configuration disabled back to the user and ends the
-// process. No form unloads.
+// Ends the process at once; no form unloads. Before that it shows the cursor and enables the dialog that the
+// configuration had disabled.
 [[noreturn]] void EndSaver(Process& process);
 
 // Calls `ShowCursor` until its count is greater than 5, or less than -5: past whatever count the system

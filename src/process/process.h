@@ -14,12 +14,12 @@
 
 namespace quorvale {
 
-// Everything that lives as long as the process. One is made for each run of the program. Who needs all of it
-// holds it by reference; who needs a part of it takes the part.
+// Everything that lives as long as the process. Each run of the program makes one. Code that needs all of it holds a
+// reference; code that needs one part takes that part.
 struct Process {
   Process(Platform& platform, System system_services)
       : app(platform), system(system_services), Settings(system.registry), options(Settings) {}
-  // Its parts refer to one another.
+  // Not copied: its parts refer to one another.
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
 
@@ -31,11 +31,11 @@ struct Process {
   ShowState show;
 
   RunMode mode = RunMode::kNone;
-  // The window named behind "/P" or "/A"; 0 in other modes.
+  // The window handle that follows "/P" or "/A"; 0 in other modes.
   std::int32_t SystemHwnd = 0;
-  // The window that waits, disabled, for the configuration to end; 0 in other modes.
+  // The dialog that is disabled while the configuration runs; 0 in other modes.
   WindowHandle ConfigDialogHwnd = 0;
-  // Twips to the pixel of the screen.
+  // Twips per pixel of the screen.
   std::int16_t ScreenTwipsX = 0;
   std::int16_t ScreenTwipsY = 0;
   std::string SystemDirectory;

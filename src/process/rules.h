@@ -5,8 +5,8 @@
 
 namespace quorvale {
 
-// The rule of the slide tick: a step that fails is dropped without a word, and the next one runs.
-// Written at each step of the tick's own body and nowhere else, so that a reader sees what is one step.
+// Runs one step of the slide tick. A show must go on, so a failure in `body` ends that step only and nobody hears of
+// it. Used in the tick's own body and nowhere else, so that a reader sees where a step begins and ends.
 template <typename Body>
 void Step(Body&& body) {
   try {
@@ -15,7 +15,7 @@ void Step(Body&& body) {
   }
 }
 
-// A branch of the tick: `body` runs when `test` is true, and also when the test itself failed.
+// A conditional step of the tick: `body` runs if `test` gives true, or fails.
 template <typename Test, typename Body>
 void StepIf(Test&& test, Body&& body) {
   bool take = true;

@@ -10,10 +10,10 @@ enum class RunMode {
   kShow,           // "/S"
   kPreview,        // "/P"
   kPassword,       // "/A"
-  kNone,           // anything else: the set-up where its switch stands in the command line, or nothing
+  kNone,           // anything else: the set-up if the command line has its switch, otherwise nothing
 };
 
-// The mode that a command line without the program's own path asks for, by its first two characters in either case.
+// The mode that a command line (without the program's path) asks for. Its first two characters decide; case is ignored.
 RunMode RunModeOf(const std::string& text);
 
 }  // namespace quorvale

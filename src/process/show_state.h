@@ -9,32 +9,32 @@
 
 namespace quorvale {
 
-// The state of the show that outlives its ticks. There is one show to a process.
+// The state that a show keeps from tick to tick. A process has one show.
 struct ShowState {
   Collection PictureList;
   Collection SoundList;
 
-  // Places in the lists that the store did not take, by the keys of their options.
+  // List positions that could not be stored, by option key.
   std::map<std::string, std::string> UnstoredPositions;
 
   // The user wants the show to end: a tick stops at its next step.
   bool StopRequested = false;
-  // The user is at the buttons of a list in the configuration window: ticks wait.
+  // The user is editing a list in the configuration window: ticks do nothing.
   bool PreviewSuspended = false;
-  // Set by the first picture: only the ones behind it have something to wipe away.
+  // Set by the first picture, which has nothing to wipe away.
   bool TransitionArmed = false;
-  // Set by the first tick: the options that start a list over are spent.
+  // Set by the first tick. From then on the options that restart a list have no effect.
   bool FirstTickOver = false;
-  // 1 to 20 when it comes from the dialog.
+  // The dialog allows 1 to 20; the store may hold any number.
   std::int32_t TransitionSpeed = 0;
-  // Mouse moves of the full-screen show in the present count.
+  // Mouse moves counted in the current interval (full-screen show).
   std::int32_t MouseMoveCount = 0;
 
-  // The saver's password: non-zero where the user has set one, and the family of the system. Read once a show.
+  // Non-zero if the user has set a saver password, and the system's family. Read once per show.
   std::int16_t UsePassword = 0;
   std::int32_t PlatformId = 0;
 
-  // The preview's host: its client area in pixels, and whether the preview still sits in it.
+  // The preview's host window: its client area in pixels, and whether the preview is still inside it.
   ClientRect PreviewRect;
   bool PreviewAlive = false;
 };

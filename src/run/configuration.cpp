@@ -19,7 +19,7 @@ void IgnoringFailures(const std::function<void()>& body) {
   }
 }
 
-// Newer systems give the dialog that opens the configuration other titles.
+// The title of the dialog that opens the configuration differs between systems.
 void BringCallerForward(Process& process) {
   WindowSystem& windows = process.system.windows;
   try {

@@ -8,11 +8,11 @@ namespace quorvale {
 
 struct Process;
 
-// Holds the window in the foreground disabled: the dialog from which the system starts configuration. The
-// steps hold `process` by reference.
+// Disables the window in the foreground, which is the system's dialog that started the configuration. The steps keep a
+// reference to `process`.
 std::vector<ReportedStep> ConfigurationSteps(Process& process);
 
-// Shows the configuration window until it is closed, and gives that dialog back to the user.
+// Shows the configuration window until it is closed, then enables that dialog again.
 void Configure(Process& process);
 
 }  // namespace quorvale

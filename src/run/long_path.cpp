@@ -11,7 +11,7 @@ namespace {
 constexpr int kAnyEntry = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
 constexpr std::uint32_t kShortPathBuffer = 250;
 
-// Nothing when the search itself failed.
+// No value if the search itself failed.
 std::optional<std::string> Lookup(FileSystem& files, const std::string& path) {
   try {
     return files.FindFile(path, kAnyEntry);
@@ -26,7 +26,7 @@ std::size_t LastSeparator(const std::string& path, const PathSyntax& syntax) {
   return position == 0 ? std::string::npos : position - 1;
 }
 
-// Several separators in a row divide as one does. The one that a root begins with goes too.
+// Consecutive separators count as one. Drops the leading separator of a root path too.
 void DropLastSeparators(std::string& path, const PathSyntax& syntax) {
   while (!path.empty() && syntax.IsSeparator(path.back())) path.pop_back();
 }
@@ -57,7 +57,7 @@ std::string GetLongPath(FileSystem& files, const std::string& path) {
     DropLastSeparators(rest, syntax);
     separator = LastSeparator(rest, syntax);
   }
-  // What is left is the drive, or nothing at all; it has no longer form.
+  // Only the drive is left, or nothing. It has no long form.
   return rest + syntax.separator + result + ending;
 }
 

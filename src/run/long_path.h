@@ -6,11 +6,11 @@ namespace quorvale {
 
 class FileSystem;
 
-// The path with each element in its long name; a path that does not exist comes back unchanged. A closing
-// separator stays. A lookup that fails leaves its element out, and the very first one gives an empty result.
+// Replaces each short name in the path by its long one and keeps a trailing separator. Returns `path` itself if there
+// is no such file. An element whose lookup fails is left out; if the first lookup fails, the result is empty.
 std::string GetLongPath(FileSystem& files, const std::string& path);
 
-// The short form of the path of an existing file, or empty.
+// The short (8.3) form of an existing file's path; empty if there is none.
 std::string GetShortPath(FileSystem& files, const std::string& path);
 
 }  // namespace quorvale

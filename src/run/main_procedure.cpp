@@ -62,7 +62,7 @@ std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
 void Main(Process& process, const std::string& text) {
   if (!RunReportedSteps(process.app, StartUpSteps(process, text))) return;
   if (!RunReportedSteps(process.app, ModeSteps(process, text))) return;
-  // What fails from here on is no longer reported.
+  // Failures from here on are not reported.
   if (process.mode == RunMode::kConfiguration) Configure(process);
 }
 

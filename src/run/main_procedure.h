@@ -7,16 +7,15 @@ namespace quorvale {
 
 struct Process;
 
-// The program's one entry. `text` is the command line without the program's own path; its first two
-// characters choose the mode, which is then started. Returns when the mode is up or over; the program
-// goes on as long as a form is loaded.
+// The program's entry point. `text` is the command line without the program's path; its first two characters select
+// the mode. Returns once the mode has started (or is already over); the program runs while a form is loaded.
 void Main(Process& process, const std::string& text);
 
-// The window handle behind the switch that `text` begins with, or 0. A handle is 32 bits and its writer may count
-// them with a sign or without. Fails with kOverflow for a number that has more.
+// The window handle after the switch at the start of `text`, or 0. Callers write the 32 bits signed or unsigned. Fails
+// with kOverflow for larger numbers.
 std::int32_t SwitchHandle(const std::string& text);
 
-// Whether no window has that title.
+// True if no window has that title.
 bool WindowAbsent(Process& process, const std::string& title);
 
 }  // namespace quorvale

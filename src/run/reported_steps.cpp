@@ -19,7 +19,7 @@ MessageBoxAnswer Report(Application& app, const Failure& failure) {
   return app.ShowMessageBox(box);
 }
 
-// What ended the step, if anything did. An exception of a library's is reported like a failure of ours.
+// The failure that ended the step, if any. Exceptions of libraries are reported like our own.
 std::optional<Failure> Run(const ReportedStep& step) {
   try {
     step();

@@ -9,8 +9,8 @@ class Application;
 
 using ReportedStep = std::function<void()>;
 
-// Runs the steps in order. A failure brings up a box with Abort, Retry and Ignore: Retry runs the failed
-// step again as a whole, Ignore goes on with the next, anything else ends the run. False when it ended so.
+// Runs the steps in order. After a failure a message box lets the user repeat the step (Retry), go on with the next
+// (Ignore) or give up (Abort). Returns false if the user gave up.
 bool RunReportedSteps(Application& app, const std::vector<ReportedStep>& steps);
 
 }  // namespace quorvale

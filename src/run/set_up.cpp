@@ -30,15 +30,15 @@ constexpr std::array<Sample, 5> kSamples = {{
     {kSoundSection, "File1", "SlideProjector.wav"},
 }};
 
-// The keys that lead to this program's name in the list of savers: the first letters of its name.
+// Typed into the list of savers to select this program: the first letters of its name.
 constexpr char kProductKeys[] = "Qu";
 
-// Built, not asked of the running process: the saver file has to stand in the system directory.
+// Not the path of the running program: the system looks for savers in its own directory.
 std::string SaverFilePath(Process& process) {
   return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
 }
 
-// One act: a set-up that is killed leaves no list half its own.
+// One transaction, so that an interrupted set-up does not leave half a list.
 void StoreSamples(Process& process, const std::string& path) {
   std::vector<std::string> entries;
   for (const Sample& sample : kSamples) {
@@ -54,7 +54,7 @@ void StoreSamples(Process& process, const std::string& path) {
 
 }  // namespace
 
-// What stands behind the switch and one more character.
+// Skips the switch and the character after it.
 std::string SetUpDirectory(const std::string& text) {
   const std::size_t behind = text.find(kSetUpSwitch);
   if (behind == std::string::npos) return {};

@@ -11,13 +11,12 @@ struct Process;
 
 inline constexpr char kSetUpSwitch[] = "/INSTALL";
 
-// The directory that stands behind the switch in `text`, without the blanks at its ends and without quotes around it;
-// empty where there is none.
+// The directory after the switch in `text`, without surrounding blanks and quotes; empty if there is none.
 std::string SetUpDirectory(const std::string& text);
 
-// The steps of the set-up: record that directory, seed both play
-// lists with the samples that lie there, make this program the system's saver and open the display
-// settings. The steps hold `process` by reference. The directory should end in a separator: nothing adds one.
+// The steps of the set-up: store that directory, fill both play lists with the samples in it, make this program the
+// system's saver and open the display settings. The directory should end in a separator; none is added. The steps keep
+// a reference to `process`.
 std::vector<ReportedStep> SetUpSteps(Process& process, const std::string& text);
 
 }  // namespace quorvale

@@ -32,7 +32,7 @@ void ControlForm::Form_Load() {
   InitShow(process_, *this);
 }
 
-// The picture box stays usable for a tick that is running; the next one ends the form.
+// Does not unload the form: a running tick may still draw on the picture box. The next tick ends it.
 void ControlForm::Msghook1_Message(int message) {
   if (message != kWmClose) return;
   process_.system.windows.SetParent(PicBase.Hwnd(), Hwnd());

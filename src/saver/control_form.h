@@ -5,9 +5,9 @@
 
 namespace quorvale {
 
-// The preview: loaded and never shown, it puts its picture box into the host window that another program
-// named, and runs the show there. It ends at the first tick after the host has gone or a close message
-// has reached the picture box; it takes no input.
+// The preview. The form itself is never shown: its picture box becomes a child of another program's window, and the
+// show runs there. Takes no input. Ends at the first tick after the host window is gone or the picture box was asked
+// to close.
 class ControlForm : public ShowForm {
  public:
   explicit ControlForm(Process& process);

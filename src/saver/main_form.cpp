@@ -33,16 +33,16 @@ void MainForm::Form_Load() {
   ReadPasswordState(process_);
   TellSaverRunning(process_, true);
   PicBase.Move(0, 0, screen.Width, screen.Height);
-  // The list may take seconds to read, and the desktop is covered all that time.
+  // Show the window first: reading the lists may take seconds, and the desktop must be covered meanwhile.
   Window().SetVisible(true);
-  // What ended it in between has unloaded it.
+  // An event may have ended the show and unloaded the form.
   if (!IsLoaded()) return;
   InitShow(process_, *this);
   ForceCursorOff(process_);
 }
 
-// Runs for every way of unloading. The flag comes first: what pumps events above this handler finds it.
-// While the password is asked for, the timer goes on firing and its handler does nothing.
+// The flag is set first, so that a tick which is pumping events further up the stack sees it. It also keeps new ticks
+// from doing anything while the password dialog is open; the timer itself is not stopped.
 void MainForm::Form_QueryUnload(bool& cancel) {
   process_.show.StopRequested = true;
   if (!IsPasswordInForce(process_)) return;
@@ -65,13 +65,14 @@ void MainForm::Form_MouseDown() { Unload(); }
 
 void MainForm::Form_MouseMove() { CountMouseMove(); }
 
-// What keeps other programs' keys from going past the password: a show that may not end comes back to the front.
+// Other windows must not get keys while a password protects the show, so a show that may not end comes back to the
+// front.
 void MainForm::Form_Deactivate() {
   Unload();
   if (IsLoaded()) process_.system.windows.ActivateWindow(kMainFormCaption);
 }
 
-// The picture stays where it is; the next tick places its own anew.
+// The current picture is not laid out again; the next tick lays out the next one.
 void MainForm::Form_ScreenChange() {
   const ScreenSize screen = App().Screen();
   Move(0, 0, screen.Width, screen.Height);
@@ -82,8 +83,8 @@ void MainForm::tmrSwitch_Timer() {
   if (!process_.show.StopRequested) SlideTick(process_, *this);
 }
 
-// No distance is measured: the events are counted. A count lasts until the first event that comes more
-// than ten seconds after it began, and that event does not begin the next one.
+// Counts events, whatever their distance. The first event more than ten seconds after the start resets the count and
+// is not counted itself.
 void MainForm::CountMouseMove() {
   ++process_.show.MouseMoveCount;
   if (process_.show.MouseMoveCount == kMovesThatEnd) Unload();

@@ -6,12 +6,11 @@
 
 namespace quorvale {
 
-// The title by which a running show is recognised.
+// The window title. A second start finds a running show by it.
 inline constexpr char kMainFormCaption[] = "Screen Saver Main Form";
 
-// The window of the running saver: covers the screen, hides the cursor, and is there to end. A key, a
-// press on its own surface or the tenth mouse move of ten seconds ends it; slides and sounds are the
-// tick's.
+// The full-screen show's window. Covers the screen, hides the cursor and decides when the show ends: at a key, a mouse
+// button, or the tenth mouse move within ten seconds. Slides and sounds are the tick's business.
 class MainForm : public ShowForm {
  public:
   explicit MainForm(Process& process);
@@ -30,7 +29,7 @@ class MainForm : public ShowForm {
  private:
   void CountMouseMove();
 
-  // When the present count of mouse moves began, in whole seconds since midnight; 0 is no count.
+  // Start of the current count of mouse moves, in seconds since midnight; 0 if there is none.
   std::int32_t FirstMoveTime_ = 0;
 };
 

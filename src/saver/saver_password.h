@@ -10,14 +10,14 @@ namespace quorvale {
 class Registry;
 struct Process;
 
-// Reads what the show needs to know of the password: whether one is set, and the system's family.
-// Fails with kOverflow when the stored flag is a number that fits no flag.
+// Reads into the show's state whether a password is set, and the system's family. Fails with kOverflow when the stored
+// flag is out of range.
 void ReadPasswordState(Process& process);
 
-// Whether this program has to ask for the password: one is set, on a family that leaves that to savers.
+// Whether this program must ask for the password: one is set, and the system leaves the check to savers.
 bool IsPasswordInForce(const Process& process);
 
-// Tells the system that a saver runs or has stopped, where a password is in force.
+// Reports to the system that a saver has started or stopped. Does nothing unless a password is in force.
 void TellSaverRunning(Process& process, bool running);
 
 // Asks the user; true when the show may end.
@@ -26,8 +26,8 @@ bool VerifyPassword(Process& process, WindowHandle owner);
 // Opens the system's dialog for changing the password.
 void ChangePassword(Process& process);
 
-// One value of any key as text, read past the program's own settings; empty on every failure. A number
-// gives its first three decimal digits, with zeros in front.
+// A registry value of any key (not only the program's settings) as text; empty on failure. Of a number only the first
+// three decimal digits, padded with zeros.
 std::string ReadKeyValue(Registry& registry, std::uint32_t hive, const std::string& path, const std::string& name);
 
 }  // namespace quorvale

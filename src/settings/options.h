@@ -20,42 +20,41 @@ enum class OptionKind {
 struct OptionRow {
   const char* key;
   OptionKind kind;
-  // What readers get where nothing is stored.
+  // The value when nothing is stored.
   const char* fallback;
 };
 
-// The table of options, in the order in which the dialog reads and writes them.
+// The table of options. The dialog reads and writes them in this order. The comments name the readers.
 
 inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
 inline constexpr OptionRow kShowFileName{"ShowFileName", OptionKind::kFlag, ""};  // the layout
 inline constexpr OptionRow kSoundRandom{"SoundRandom", OptionKind::kFlag, ""};    // the show's start
 inline constexpr OptionRow kStretch{"Stretch", OptionKind::kFlag, ""};            // the layout
 inline constexpr OptionRow kInterval{"Interval", OptionKind::kNumber, "5"};       // the tick; seconds, 2 to 60
-// The show's start, and each transition, which insists on a number.
+// The show's start, and each transition, where a text that is not a number fails.
 inline constexpr OptionRow kBackColor{"BackColor", OptionKind::kColour, "&H00000000&"};
 inline constexpr OptionRow kSwapAffect{"SwapAffect", OptionKind::kName, "Random"};         // each transition
 inline constexpr OptionRow kTransSpeed{"TransSpeed", OptionKind::kNumber, "20"};           // the show's start; 1 to 20
 inline constexpr OptionRow kFrameThickness{"FrameThickness", OptionKind::kNumber, "3"};    // the layout; 1 to 20
 inline constexpr OptionRow kFrameColor{"FrameColor", OptionKind::kColour, "&H00000000&"};  // the layout
 inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};                 // the layout
-// The first tick of a process; any number but 0 is on.
+// The first tick of a process; any number other than 0 means on.
 inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
 
-// Until a frame colour is stored, the show draws black frames and the dialog offers white.
+// The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
 
-// The places of both lists that were on last, from 1; written and read by the tick.
+// The position last shown or played in each list, from 1. Read and written by the tick.
 inline constexpr OptionRow kLastPicture{"LastPicture", OptionKind::kOther, "0"};
 inline constexpr OptionRow kLastSound{"LastSound", OptionKind::kOther, "0"};
-// The path of the play list file in hand; the configuration window's.
+// The path of the current play list file. Used by the configuration window.
 inline constexpr OptionRow kPlayList{"PlayList", OptionKind::kOther, ""};
-// The directory that the set-up was given. Nobody reads it.
+// The directory given to the set-up. Written only.
 inline constexpr OptionRow kInstallPath{"InstallPath", OptionKind::kOther, ""};
 
-// Reads and writes the options. Keeps none: every call goes to the store, so that a change acts at the next use.
-// A number that does not fit fails with kOverflow; a text that is no number reads as 0, but where a reader says
-// that it insists.
+// Reads and writes the options. Caches nothing: every call goes to the store, so a change takes effect at the next use.
+// Numbers out of range fail with kOverflow. Text that is not a number reads as 0 unless a reader says otherwise.
 class Options {
  public:
   explicit Options(CRegSettings& settings) : settings_(settings) {}
@@ -68,25 +67,25 @@ class Options {
   // Seconds.
   double Interval() const { return Number(kInterval); }
   Colour BackColor() const { return ColourOf(kBackColor); }
-  // The background once more, for a transition. Insists on a number: kNotANumber.
+  // `BackColor` for transitions. Fails with kNotANumber when the text is not a number.
   Colour WipeColour() const;
   std::string SwapAffect() const { return Text(kSwapAffect); }
   std::int32_t TransSpeed() const;
   double FrameThickness() const { return Number(kFrameThickness); }
   Colour FrameColor() const { return ColourOf(kFrameColor); }
 
-  // A flag that any whole number but 0 switches on.
+  // For flags where any whole number other than 0 means on.
   bool IsAnyNumber(const OptionRow& row) const;
 
   std::string Text(const OptionRow& row) const { return Get(row.key, row.fallback); }
   // True when it is stored.
   bool SetText(const OptionRow& row, const std::string& text) { return Set(row.key, text); }
 
-  // The same by key, for who has no row.
+  // The same by key, for callers without a row.
   std::string Get(const std::string& key, const std::string& fallback) const;
   bool Set(const std::string& key, const std::string& text);
 
-  // The stored text, or the row's fallback where there is none. False when the store could not be read.
+  // Sets `text` to the stored text or the row's fallback. False when the store could not be read.
   bool Read(const OptionRow& row, std::string& text) const;
 
  private:

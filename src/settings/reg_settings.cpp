@@ -8,10 +8,10 @@
 namespace quorvale {
 namespace {
 
-// What the registry calls a value that a caller knows as `key`.
+// The registry's value name for `key`.
 std::string ValueName(const std::string& key) { return key == "*" ? std::string() : key; }
 
-// Why there is no value, by the result of the call that gave none.
+// The reason why there is no value, from the failed call's result.
 SettingRead Unread(std::int32_t result) {
   return result == kErrorFileNotFound ? SettingRead::kMissing : SettingRead::kFailed;
 }

@@ -8,17 +8,17 @@
 
 namespace quorvale {
 
-// What came of the attempt to read a setting. Only kMissing says that there is none.
+// The result of reading a setting. kFailed does not say whether the setting exists.
 enum class SettingRead { kFound, kMissing, kFailed };
 
-// The program's settings: text values in the registry, under one key of its own. Holds no key open and
-// caches nothing. A call that fails says so by its result alone.
+// The program's settings: text values in the registry, below the program's key. Keeps no key open and caches nothing.
+// Failures are reported by the result only; nothing is thrown.
 class CRegSettings {
  public:
   explicit CRegSettings(Registry& registry);
 
-  // Levels of the key path. An empty `value` restores the version record's name; any other is stored
-  // with blanks trimmed from both ends.
+  // Two levels of the key path. Blanks around `value` are removed; an empty one restores the name of the version
+  // record.
   void SetCompany(const std::string& value);
   const std::string& Company() const { return company_; }
   void SetAppName(const std::string& value);
@@ -34,17 +34,16 @@ class CRegSettings {
   std::string GetSetting(const std::string& section, const std::string& key, const std::string& fallback = "",
                          std::uint32_t lKeyType = kHkeyCurrentUser);
 
-  // The same for who must tell a setting that is missing from one that can't be read. Only kFound gives `value`.
+  // The same for callers that must distinguish a missing setting from an unreadable one. Sets `value` on kFound only.
   SettingRead ReadSetting(const std::string& section, const std::string& key, std::string& value,
                           std::uint32_t lKeyType = kHkeyCurrentUser);
 
-  // Creates the section where it is missing. True on success.
+  // Creates the section if necessary. True on success.
   bool SaveSetting(const std::string& section, const std::string& key, const std::string& setting,
                    std::uint32_t lKeyType = kHkeyCurrentUser);
 
-  // Runs `writes`, whose calls of this object are one act: kept as a whole or not at all, where the platform's
-  // registry can do that. True when they are kept. False, and `writes` may not even have run, when that is not to be
-  // had or a `SaveSetting` in it failed.
+  // Runs `writes` as one transaction on registries that support it: its writes are kept together or not at all. True
+  // when they are kept. False when the transaction or a `SaveSetting` in it failed; `writes` may then not have run.
   bool SaveTogether(const std::function<void()>& writes);
 
  private:

@@ -4,7 +4,7 @@ namespace quorvale {
 
 inline constexpr char kCompanyName[] = "Halvern Inc.";
 inline constexpr char kProductName[] = "Quorvale Customizable Screen Saver";
-// The title of a message box that has none of its own.
+// The title of message boxes that have no title of their own.
 inline constexpr char kApplicationTitle[] = "Quorvale";
 
 }  // namespace quorvale

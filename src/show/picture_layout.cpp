@@ -14,13 +14,13 @@
 namespace quorvale {
 namespace {
 
-// Twips to the unit of the option `FrameThickness`. The pane of the configuration window is so small
-// that it gets a thinner frame.
+// Twips per unit of the option `FrameThickness`. The configuration window's preview is small, so its frame is
+// thinner.
 constexpr double kFrameUnit = 20;
 constexpr double kPaneFrameUnit = 4;
 constexpr int kFramePen = 1;  // pixels
 
-// One layout. Each method below that has no result is a run of the tick's steps.
+// One layout. Methods without a result consist of steps of the tick.
 class Layout {
  public:
   Layout(Process& process, ShowForm& form, std::int32_t PictureIndex)
@@ -75,8 +75,7 @@ void Layout::PlaceNatural() {
   });
   if (HasCaption()) {
     MoveToCaption();
-    // The height is compared, not the lower edge: a picture that is not taller than the text's top keeps
-    // its height even where it reaches into the text.
+    // Compares the height, not the lower edge, so a centred picture may still overlap the file name.
     StepIf([&] { return PicPreview_.Height() > PicBase_.CurrentY(); },
            [&] { Step([&] { PicPreview_.SetHeight(PicBase_.CurrentY() - PicPreview_.Top()); }); });
     PrintCaption();
@@ -99,10 +98,10 @@ void Layout::PlaceStretched() {
   PrintCaption();
 }
 
-// Where a picture may reach down to, if a caption is going to stand under it.
+// The lowest edge for a picture that will have a caption; infinity without one.
 float Layout::ExpectedBottom() const { return HasCaption() ? CaptionTop() : std::numeric_limits<float>::infinity(); }
 
-// The same place that the steps come to, told to the loader so that it decodes just what will be seen.
+// Where the steps will place the picture. The loader gets this in advance and decodes only what will be seen.
 TwipRect Layout::ExpectedNaturalBox(const TwipSize& natural) const {
   TwipRect box{CentredLeft(natural.width), CentredTop(natural.height), natural.width * RatioX(),
                natural.height * RatioY()};
@@ -115,8 +114,7 @@ TwipRect Layout::ExpectedStretchedBox() const {
   return {0, 0, PicBase_.Width(), HasCaption() && CaptionTop() >= 0 ? CaptionTop() : PicBase_.Height()};
 }
 
-// Clears the surface and puts the drawing position where the file name will stand: in the bottom line,
-// in the middle.
+// Clears the surface and moves the drawing position to where the file name begins: centred in the bottom line.
 void Layout::MoveToCaption() {
   Step([&] { PicBase_.Cls(); });
   Step([&] { PicBase_.SetCurrentX((PicBase_.Width() - PicBase_.TextWidth(PictureName())) / 2); });
@@ -128,7 +126,7 @@ void Layout::PrintCaption() {
   Step([&] { PicBase_.Print(PictureName()); });
 }
 
-// A solid box under the picture, of which a band stays visible around it.
+// Fills a box somewhat larger than the picture. The picture, shown later, covers all but the frame.
 void Layout::DrawFrame(std::int16_t FrameWidth) {
   Step([&] { PicBase_.SetDrawWidth(kFramePen); });
   Colour colour = kBlack;

@@ -7,7 +7,7 @@
 namespace quorvale {
 namespace {
 
-// Before `InitShow` sets its own.
+// Until `InitShow` sets another.
 constexpr int kDesignInterval = 400;  // milliseconds
 
 }  // namespace

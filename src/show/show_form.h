@@ -11,15 +11,15 @@ namespace quorvale {
 
 struct Process;
 
-// A form on which a show runs: what `InitShow` and `SlideTick` find on it.
+// A form on which a show runs, with the controls that `InitShow` and `SlideTick` use.
 class ShowForm : public Form {
  public:
   Timer tmrSwitch;
-  // The surface: carries picture, text and frame, and the transitions paint on it.
+  // The surface for picture, file name, frame and transitions.
   PictureBox PicBase;
   // The picture on view.
   ImageControl PicPreview;
-  // Hidden; takes on the natural size of its picture.
+  // Never shown. Measures pictures: it always has its picture's natural size.
   ImageControl imgFullSize;
 
  protected:

@@ -18,8 +18,8 @@ namespace {
 
 constexpr double kMillisecondsPerSecond = 1000;
 
-// A form that is alone and not on view is a leftover nobody can close: it goes, and the show ends. The
-// preview's form is never on view and stays.
+// If the only loaded form is hidden, the user can't close it, so it is unloaded and the show ends. The preview's form
+// is always hidden and is exempt.
 void CloseOrphanedForm(Process& process) {
   if (process.mode == RunMode::kPreview || process.app.Forms.Count() != 1 || process.app.Forms[0].Visible()) return;
   const std::shared_ptr<Form> form = process.app.Forms[0].shared_from_this();
@@ -31,7 +31,7 @@ void CloseOrphanedForm(Process& process) {
 
 void WipePictureOnView(Process& process, ImageControl& PicPreview) {
   if (!process.show.TransitionArmed) {
-    process.show.TransitionArmed = true;  // nothing is on view yet
+    process.show.TransitionArmed = true;  // no picture is shown yet
     return;
   }
   Step([&] { RunTransition(process, PicPreview); });

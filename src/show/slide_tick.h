@@ -5,9 +5,8 @@ namespace quorvale {
 class ShowForm;
 struct Process;
 
-// Moves a show on by one slide: wipes the picture on view, shows the next one, starts the next sound and
-// sets the timer. `form` is the one whose timer fired. No failure comes out of it: a
-// step that fails is skipped. Not to be entered again while it runs.
+// One slide change: runs the transition over the current picture, shows the next, starts the next sound and sets the
+// timer's interval. `form` is the form whose timer fired. Throws no `Failure`: failed steps are skipped. Not reentrant.
 void SlideTick(Process& process, ShowForm& form);
 
 }  // namespace quorvale

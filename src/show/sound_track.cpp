@@ -11,7 +11,7 @@ void PlayNextSound(Process& process) {
   const std::int32_t SoundIndex =
       NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.SoundList.Count());
   Step([&] { process.app.PumpEvents(); });
-  // The list is asked only now: an event may have put another in its place.
+  // Ask the list only now: an event may have replaced it.
   Step([&] { PlaySoundFile(process, process.show.SoundList.Item(SoundIndex), kSndFilename); });
   Step([&] { KeepPosition(process.options, process.show, kLastSound, SoundIndex); });
   Step([&] { process.app.PumpEvents(); });

@@ -16,7 +16,7 @@ void Shuffle(Process& process, Collection& collection) {
   ShuffleCollection(collection, process.random);
 }
 
-// What is the same wherever the lists came from.
+// The part that does not depend on where the lists come from.
 void Begin(Process& process, ShowForm& form) {
   const Colour background = process.options.BackColor();
   form.PicBase.SetBackColor(background);

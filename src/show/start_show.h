@@ -6,13 +6,12 @@ class ListBox;
 class ShowForm;
 struct Process;
 
-// Prepares a form for a show from the stored lists: builds both collections, in random order where the options
-// say so, takes over the background colour and the transitions' speed, and starts the form's timer, whose first
-// tick comes after 500 milliseconds. Fails with kOverflow at an option that does not fit; the timer is then off
-// when the background's is the one, and on when it is the speed's.
+// Starts a show of the stored lists on a form: fills both collections (shuffled if the options say so), reads the
+// background colour and the speed of transitions, and starts the form's timer. The first tick comes after 500 ms.
+// Fails with kOverflow when an option is out of range: the timer stays off for the colour, but runs for the speed.
 void InitShow(Process& process, ShowForm& form);
 
-// The same from the lists of two list boxes.
+// The same for the lists in two list boxes.
 void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const ListBox& sounds);
 
 }  // namespace quorvale

@@ -9,30 +9,27 @@
 
 namespace quorvale {
 
-// Attribute masks of a file search. A search finds plain files; a bit of the mask lets it find entries
-// with that attribute as well.
+// Attribute masks of a file search. A search always finds plain files; each bit adds entries with that attribute.
 inline constexpr int kAttributeNormal = 0;
 inline constexpr int kAttributeHidden = 2;
 inline constexpr int kAttributeSystem = 4;
 inline constexpr int kAttributeDirectory = 16;
 inline constexpr int kAttributeArchive = 32;
 
-// What the program asks of files and directories. Paths go to the system as they are.
+// Access to files and directories. Paths are passed to the system unchanged.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  // Gives `found` the name of each plain file of `directory` (which ends in a separator) that matches
-  // one of `patterns` ("*.bmp"), without regard to case: all of the first pattern, then all of the
-  // second and so on, each group in name order. Hidden files, system files and directories are left
-  // out. Fails with kNotFound or kUnreadable; what was given before that stays given.
+  // Calls `found` with the name of each plain file in `directory` (which ends in a separator) that matches one of
+  // `patterns` ("*.bmp", case ignored): pattern by pattern, each in name order. Skips hidden files, system files and
+  // directories. Fails with kNotFound or kUnreadable, perhaps after some calls of `found`.
   virtual void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                               const std::function<void(const std::string& name)>& found) = 0;
 
-  // The name, in its long form and without directory, of the file or directory that `path` names, if
-  // `attributes` lets the search find it; empty when nothing matches. A path that ends in a separator names a
-  // directory, the root too. Fails with kUnreadable where the
-  // search itself can't be made.
+  // The long name, without directory, of the file or directory at `path`; empty if there is none or `attributes`
+  // excludes it. A path that ends in a separator names a directory, perhaps the root. Fails with kUnreadable if the
+  // search fails.
   virtual std::string FindFile(const std::string& path, int attributes) = 0;
 
   // The short form of the path of an existing file, or empty when there is none. At most `size` - 1 bytes.
@@ -41,15 +38,15 @@ class FileSystem {
   // The first `most` bytes of a plain file. Fails with kNotFound or kUnreadable and the system's description.
   virtual std::string ReadFile(const std::string& path, std::size_t most) = 0;
 
-  // Gives a file that content, and makes it where it is missing. Until the new content is whole the old
-  // one stays. Fails with kUnwritable and the system's description.
+  // Creates or replaces a file. The old content stays until the new one is complete. Fails with kUnwritable and the
+  // system's description.
   virtual void WriteFile(const std::string& path, const std::string& content) = 0;
 
-  // Text that is in no encoding of ours, read in the machine's older code page, as UTF-8.
+  // Converts text in the machine's older (ANSI) code page to UTF-8.
   virtual std::string FromOlderCodePage(const std::string& bytes) = 0;
 
-  // Sets one line of an INI file. A file name without a directory leaves its place to the platform.
-  // False when it could not be written.
+  // Sets one line of an INI file. For a file name without a directory the platform chooses the directory. False if the
+  // write fails.
   virtual bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                          const std::string& file) = 0;
 

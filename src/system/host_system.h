@@ -5,13 +5,13 @@
 
 namespace quorvale {
 
-// The family of systems that leaves the checking of a saver's password to the system.
+// The family of systems that check the saver password themselves; savers must not.
 inline constexpr std::int32_t kPlatformLocksItself = 2;
 
-// `SystemParametersInfo`: a saver runs, or has stopped.
+// `SystemParametersInfo`: a saver has started or stopped.
 inline constexpr std::uint32_t kSpiScreenSaverRunning = 97;
 
-// Where the program runs, and what the time is.
+// The machine, the program's place on it, and the clock.
 class HostSystem {
  public:
   virtual ~HostSystem() = default;
@@ -31,11 +31,11 @@ class HostSystem {
   // Seconds since midnight by the local clock, with fractions.
   virtual double SecondsSinceMidnight() = 0;
 
-  // A number from the clock that differs from one moment to the next.
+  // A seed for random numbers, taken from the clock.
   virtual std::uint64_t ClockSeed() = 0;
 
-  // Ends the process at once; what holds a system-wide state is released first. On a platform that
-  // can't, it throws `ProcessEnded`.
+  // Ends the process at once, after releasing what affects the whole system. A platform that can't do that throws
+  // `ProcessEnded`.
   [[noreturn]] virtual void EndProcess() = 0;
 };
 

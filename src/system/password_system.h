@@ -12,11 +12,11 @@ class PasswordSystem {
  public:
   virtual ~PasswordSystem() = default;
 
-  // Asks the user for the password, above `owner`, and returns with the answer: the low 16 bits are 0
-  // when it was refused.
+  // Asks the user for the password in a dialog above `owner`. The low 16 bits of the result are 0 if the check failed
+  // or was cancelled.
   virtual std::uint32_t VerifyScreenSavePwd(WindowHandle owner) = 0;
 
-  // Lets the user change the password of that provider; returns when that is over.
+  // Opens the dialog in which the user changes the password of `provider`; returns when it is closed.
   virtual void PwdChangePassword(const std::string& provider, WindowHandle owner) = 0;
 };
 

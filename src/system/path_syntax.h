@@ -2,8 +2,8 @@
 
 namespace quorvale {
 
-// How paths are written on the platform. "\" divides everywhere, so that lists from Windows are
-// understood; a platform with another separator has both.
+// The platform's path syntax. "\" is a separator everywhere, so that lists from Windows work; platforms with another
+// separator accept both.
 struct PathSyntax {
   char separator = '\\';
 

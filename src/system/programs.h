@@ -10,12 +10,12 @@ namespace quorvale {
 inline constexpr int kWindowNormalFocus = 1;
 inline constexpr int kWindowMinimisedFocus = 2;
 
-// Commands of `WinHelp`: the topic of a number, the contents, and the index.
+// Commands of `WinHelp`: a topic by number, the contents, the index.
 inline constexpr std::uint32_t kHelpContext = 1;
 inline constexpr std::uint32_t kHelpContents = 3;
 inline constexpr std::uint32_t kHelpPartialKey = 261;
 
-// Other programs.
+// Starts other programs and opens documents and help.
 class Programs {
  public:
   virtual ~Programs() = default;
@@ -26,18 +26,16 @@ class Programs {
   // Opens the system's display settings on their page for screen savers and returns without waiting.
   virtual void OpenDisplaySettings() = 0;
 
-  // Opens a document or a web address with the program that the user has chosen for it. Fails with
-  // kNotFound when there is none.
+  // Opens a document or a web address with the user's default program. Fails with kNotFound if there is none.
   virtual void ShellExecute(const std::string& verb, const std::string& target, int show_command) = 0;
 
-  // The command line of the desktop's own tool that shows what the machine is. Empty where there is none, and where
-  // the registry is to name it.
+  // The command line of the desktop's system information tool. Empty if there is none or the registry names it.
   virtual std::string SystemInformationTool() { return {}; }
 
   // Opens the help: `file` is the help file's full path. Fails with kNotFound when there is nothing to show.
   virtual void WinHelp(WindowHandle owner, const std::string& file, std::uint32_t command, std::uintptr_t data) = 0;
 
-  // Sends keystrokes to the window that has the focus, without waiting.
+  // Sends keystrokes to the focused window and returns at once.
   virtual void SendKeys(const std::string& keys) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace quorvale {
 
-// Predefined hives and the other numbers of the system's registry calls that the program uses.
+// Predefined hives and other constants of the registry calls.
 inline constexpr std::uint32_t kHkeyClassesRoot = 0x80000000;
 inline constexpr std::uint32_t kHkeyCurrentUser = 0x80000001;
 inline constexpr std::uint32_t kHkeyLocalMachine = 0x80000002;
@@ -43,9 +43,9 @@ class Registry {
   virtual std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                                       RegistryKey& key) = 0;
 
-  // `size` takes the bytes that `data` has room for and gives the value's size in bytes; a text counts
-  // its terminating NUL whether or not it was stored with one. Without `data` only type and size are
-  // given; a buffer that is too small gives kErrorMoreData.
+  // In: `size` is the capacity of `data` in bytes. Out: the size of the value; for texts this includes a terminating
+  // NUL even if none was stored. With null `data` returns only type and size. Gives kErrorMoreData if the buffer is too
+  // small.
   virtual std::int32_t RegQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* data,
                                        std::uint32_t& size) = 0;
 
@@ -61,17 +61,17 @@ class Registry {
 
   virtual std::int32_t RegCloseKey(RegistryKey key) = 0;
 
-  // Several writes as one act, for `RegistryWrites`. What is written from `BeginWrites` on is kept as a whole by
-  // `CommitWrites` or not at all; no other process sees a part of it. A call that the system failed in between makes
-  // the commit fail. After a failed begin there is nothing to end, after a failed commit nothing is kept. Acts don't
-  // nest: a begin inside another, and an end without a begin, give kErrorInvalidFunction.
-  // A registry that can't do that keeps each write by itself, which is what these do.
+  // A transaction, for `RegistryWrites`: the writes after `BeginWrites` take effect together at `CommitWrites`, or not
+  // at all. Other processes never see a part of them. A write that fails in between makes the commit fail. After a
+  // failed begin there is nothing to end; after a failed commit nothing is kept. Transactions don't nest: a second
+  // begin, or an end without a begin, gives kErrorInvalidFunction. These defaults are for registries without
+  // transactions: each write takes effect at once.
   virtual std::int32_t BeginWrites() { return kErrorSuccess; }
   virtual std::int32_t CommitWrites() { return kErrorSuccess; }
   virtual void CancelWrites() {}
 };
 
-// Writes that belong together, from its making to `Commit`. Without that they are cancelled.
+// A transaction from construction to `Commit`. The destructor cancels what was not committed.
 class RegistryWrites {
  public:
   explicit RegistryWrites(Registry& registry) : registry_(registry), begun_(registry.BeginWrites()) {
@@ -83,7 +83,7 @@ class RegistryWrites {
   RegistryWrites(const RegistryWrites&) = delete;
   RegistryWrites& operator=(const RegistryWrites&) = delete;
 
-  // The result of the begin. Unless it is kErrorSuccess, whatever is written now would stand by itself.
+  // The result of `BeginWrites`. Unless it is kErrorSuccess, there is no transaction.
   std::int32_t Begun() const { return begun_; }
 
   std::int32_t Commit() {

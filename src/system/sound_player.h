@@ -13,8 +13,8 @@ class SoundPlayer {
  public:
   virtual ~SoundPlayer() = default;
 
-  // Starts the wave file and returns at once; a sound that still plays is cut off. False, and silence,
-  // for a file that is missing or no wave file and on a machine without a sound device.
+  // Starts a wave file and returns at once. Stops a sound that is still playing. False, and silence, if the file can't
+  // be read, is not a wave file, or the machine has no sound device.
   virtual bool PlaySound(const std::string& path, std::uint32_t flags) = 0;
 };
 

@@ -8,7 +8,7 @@ namespace quorvale {
 // A window of this or another program; 0 is none.
 using WindowHandle = std::uintptr_t;
 
-// The window that a 32-bit number from the command line names. Handles are extended by their sign.
+// Converts a 32-bit window number from the command line; sign-extended.
 inline WindowHandle ToWindowHandle(std::int32_t number) {
   return static_cast<WindowHandle>(static_cast<std::intptr_t>(number));
 }
@@ -25,8 +25,7 @@ struct ClientRect {
   std::int32_t bottom = 0;
 };
 
-// What the program asks about windows that are not its forms, and of the mouse cursor. A handle that
-// names no window makes a call do nothing.
+// Windows other than the program's forms, and the mouse cursor. Calls with an invalid handle do nothing.
 class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
@@ -38,7 +37,7 @@ class WindowSystem {
   virtual void EnableWindow(WindowHandle window, bool enabled) = 0;
   virtual bool IsWindow(WindowHandle window) = 0;
 
-  // Leaves `rect` as it is when the handle is no window.
+  // Leaves `rect` unchanged if the handle is invalid.
   virtual void GetClientRect(WindowHandle window, ClientRect& rect) = 0;
 
   // Makes a window of this program a child of another, perhaps of another program; a parent of 0 makes
@@ -48,13 +47,13 @@ class WindowSystem {
   virtual void SetWindowPos(WindowHandle window, std::intptr_t insert_after, int x, int y, int width, int height,
                             std::uint32_t flags) = 0;
 
-  // Raises or lowers the cursor's display count by one and returns the new count. The cursor shows
-  // while the count is 0 or more.
+  // Calls nest: each adds 1 (show) or -1 (hide) to a count, which is returned. The cursor is hidden while the count is
+  // negative.
   virtual int ShowCursor(bool show) = 0;
 
   // Brings the window with that title forward and gives it the focus. Fails with kNotFound.
   virtual void ActivateWindow(const std::string& title) = 0;
-  // The same for the window of that handle.
+  // The same by handle.
   virtual void ActivateWindow(WindowHandle window) = 0;
 };
 

@@ -9,7 +9,7 @@
 
 namespace quorvale {
 
-// The file and colour dialogs of a form. Everything is set anew before each use.
+// The file and colour dialogs of a form. Callers set all properties before each use.
 class CommonDialog : public Control {
  public:
   static constexpr int kUsualMaxFileSize = 260;
@@ -17,17 +17,17 @@ class CommonDialog : public Control {
   using Control::Control;
 
   std::string DialogTitle;
-  // The start name goes in, the chosen path comes out. Several files come out as their directory, a NUL,
-  // the first name, a NUL and so on; after Cancel it is empty.
+  // Before: the name to start with. After: the chosen path, or empty if cancelled. Multiple files have the form
+  // "directory\0name\0name".
   std::string FileName;
   std::string Filter;
   int FilterIndex = 0;
   std::uint32_t Flags = 0;
-  // Room for the file name, in characters. A platform may give more.
+  // Capacity for the file name, in characters. Platforms may allow more.
   int MaxFileSize = kUsualMaxFileSize;
-  // Cancel is then a failure with kCancelled.
+  // If set, Cancel fails with kCancelled.
   bool CancelError = false;
-  // The colour to start from; the chosen one comes out, and after Cancel the same.
+  // Before: the initial colour. After: the chosen one; unchanged if cancelled.
   Colour Color = kBlack;
 
   void ShowOpen() { ShowFile(false); }

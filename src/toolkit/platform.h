@@ -140,7 +140,7 @@ class Platform {
   virtual PictureLoader& Pictures() = 0;
   virtual TextPainter& Text() = 0;
 
-  // Runs everything pending in the event queue and comes back.
+  // Delivers all pending events, then returns without waiting.
   virtual void PumpEvents() = 0;
   // `surface` may vanish during the run.
   virtual std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) = 0;
@@ -151,8 +151,8 @@ class Platform {
   virtual void RunModal(WindowPeer& window) = 0;
 
   virtual MessageBoxAnswer ShowMessageBox(const MessageBox& box) = 0;
-  // The chosen path; several files as their directory, a NUL, the first name, a NUL and so on, each name
-  // but the last with a NUL behind it. Empty when the user cancelled.
+  // The chosen path; empty if the user cancelled. Multiple files have the form "directory\0name\0name", without a
+  // final NUL.
   virtual std::string ShowFileDialog(WindowPeer& owner, const FileDialog& dialog) = 0;
   // The chosen colour, or `start` when the user cancelled.
   virtual Colour ShowColourDialog(WindowPeer& owner, Colour start) = 0;

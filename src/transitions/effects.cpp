@@ -12,18 +12,18 @@
 namespace quorvale {
 namespace {
 
-// Steps are in twips, pens in pixels. A pen is wider than the step, so that each shape overlaps the last.
+// Steps are in twips, pens in pixels. The pen is wider than a step, so shapes overlap and leave no gaps.
 
 void UprightBar(const EffectRun& run, float x) { run.PicBase.Line(x, 0, x, run.PicBase.Height(), run.WipeColour); }
 
 void LevelBar(const EffectRun& run, float y) { run.PicBase.Line(0, y, run.PicBase.Width(), y, run.WipeColour); }
 
-// Sweeps: a bar across the surface, from one edge to the other.
+// Sweeps: one bar moves across the whole surface.
 
 constexpr std::int32_t kSidewaysStep = 30;
 constexpr std::int32_t kUpAndDownStep = 20;
 
-// The only effect that stops early while the user edits the lists.
+// Unlike the other effects, it stops early while the user edits the lists.
 void SweepRight(const EffectRun& run) {
   const std::int32_t end = RoundToInt32(run.PicBase.Width());
   for (std::int32_t x = 0; x <= end; x += kSidewaysStep) {
@@ -55,7 +55,7 @@ void SweepUp(const EffectRun& run) {
   }
 }
 
-// Sandwiches: two bars from opposite edges that meet in the middle. The name says how the bars lie.
+// Sandwiches: two bars start at opposite edges and meet in the middle. They are named after the bars' direction.
 
 constexpr std::int32_t kSandwichStep = 10;
 
@@ -79,7 +79,7 @@ void VerticalSandwich(const EffectRun& run) {
   }
 }
 
-// Four bars from the four edges.
+// Four bars move inwards, one from each edge.
 void ShrinkingSquare(const EffectRun& run) {
   constexpr std::int32_t kStep = 20;
   const std::int32_t end = RoundToInt32(run.PicBase.Height() / 2);
@@ -93,7 +93,7 @@ void ShrinkingSquare(const EffectRun& run) {
   }
 }
 
-// A disc that grows from the middle, in the surface's own colours.
+// A disc grows from the middle. It has the surface's own colours.
 void Spotlight(const EffectRun& run) {
   constexpr int kPen = 5;
   constexpr std::int32_t kStep = 30;
@@ -108,8 +108,8 @@ void Spotlight(const EffectRun& run) {
   }
 }
 
-// Dots all over the picture, each a pixel wider than the last. The last ones cover most of what is left; the
-// picture then goes as a whole.
+// Dots at random places on the picture, each one pixel wider than the one before. Even the last, large ones may leave
+// gaps, so the picture is removed at the end.
 void Bubbles(const EffectRun& run) {
   constexpr int kDots = 400;
   ImageControl& PicPreview = run.PicPreview;

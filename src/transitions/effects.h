@@ -20,7 +20,7 @@ struct EffectRun {
   ImageControl& PicPreview;
   PacedRun& pace;
   Colour WipeColour;
-  // Passes of the event queue that follow each step; 0 or less is no pause.
+  // Passes of the event queue after each step; no pause if 0 or less.
   std::int32_t DelayCount;
 
   // Ends a step once its shapes are drawn: pumps once, and ends the program if the show is to end.
@@ -32,20 +32,20 @@ struct EffectRun {
   }
 };
 
-// Paints the picture on view away in the background colour, one small shape after another. An effect computes
-// where its loop ends once; what it draws follows the surface as that is at each step.
+// Covers the current picture with the background colour, one small shape at a time. An effect computes the end of its
+// loop once; the surface may be resized meanwhile, so each step reads its size again.
 struct Effect {
   std::string_view name;
   void (*run)(const EffectRun&);
-  // Shapes that a step draws.
+  // Shapes drawn per step.
   int shapes = 1;
 };
 
-// Choices of the option that are no effect of their own: the next picture comes at once, or a draw decides.
+// Values of the option that are not effects: change without a transition, and choose an effect at random.
 inline constexpr char kNoEffect[] = "None";
 inline constexpr char kRandomEffect[] = "Random";
 
-// In the order of the random draw, which is that of the drop-down list as well.
+// The table of effects, in the order of the random draw and of the drop-down list.
 std::span<const Effect> Effects();
 
 }  // namespace quorvale

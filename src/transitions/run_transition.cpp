@@ -16,15 +16,14 @@ namespace {
 
 constexpr int kWidePen = 30;  // pixels
 
-// The two end values get half a unit of the range each, so the first and the last effect come up half
-// as often as the others.
+// Rounding makes the first and the last effect half as likely as the others.
 std::string DrawEffect(Process& process) {
   process.random.Seed(process.system.host.ClockSeed());
   const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (Effects().size() - 1) + 1);
   return std::string(Effects()[static_cast<std::size_t>(number) - 1].name);
 }
 
-// Fails with kOverflow for a speed that no dialog gives.
+// Fails with kOverflow for speeds far outside the dialog's range.
 std::int32_t ComputeDelayCount(const Process& process) {
   const double speed = process.show.TransitionSpeed;
   const bool preview = process.mode == RunMode::kPreview || process.mode == RunMode::kConfiguration;

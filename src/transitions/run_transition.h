@@ -5,10 +5,9 @@ namespace quorvale {
 class ImageControl;
 struct Process;
 
-// Wipes the picture on view away by the effect that the option `SwapAffect` names, on the picture box
-// that holds `PicPreview`; the next picture plays no part in it. Pumps events all along, and ends the
-// program when it finds `StopRequested`. Fails when an option is no number or the form goes away, and is
-// then abandoned where it stands.
+// Runs the effect that the option `SwapAffect` names on the picture box of `PicPreview`. It covers the old picture
+// only; the new one is not loaded yet. Pumps events between steps, and ends the program if `StopRequested` is set.
+// Fails half-way when an option is not a number or the form is unloaded.
 void RunTransition(Process& process, ImageControl& PicPreview);
 
 }  // namespace quorvale
