@@ -1,6 +1,7 @@
 """The configuration window on Windows, driven by keys."""
 
 import os
+import re
 import time
 import unittest
 
@@ -118,11 +119,12 @@ class LargeText(WindowsTest):
         self.session.start("/c:1234")
         self.session.wait_for_window(TITLE)
         self.keep_screenshot(f"windows-configuration-{self.dpi}")
-        place = self.display.output("xdotool", "getactivewindow", "getwindowgeometry", "--shell").decode().split()
-        values = dict(line.split("=") for line in place)
-        self.assertGreater(int(values["HEIGHT"]), 0.8 * self.screen[1])
-        self.assertGreaterEqual(int(values["Y"]), 0)
-        self.assertLessEqual(int(values["Y"]) + int(values["HEIGHT"]), self.screen[1])
+        report = self.display.output("xwininfo", "-name", TITLE).decode()
+        top, title_height, height = (int(re.search(rf"{name}: +(-?\d+)", report)[1])
+                                     for name in ("Absolute upper-left Y", "Relative upper-left Y", "Height"))
+        self.assertGreater(height, 0.8 * self.screen[1])
+        self.assertGreaterEqual(top - title_height, 0)
+        self.assertLessEqual(top + height, self.screen[1])
 
 
 class LargerText(LargeText):
