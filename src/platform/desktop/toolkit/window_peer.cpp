@@ -30,7 +30,7 @@ void WaitUntilPainted(const QWindow& window) {
 
 QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles,
                            WindowHandle daemon_window)
-    : rules_the_screen_(kind == WindowKind::kSaver && daemon_window == 0),
+    : covers_screen_(kind == WindowKind::kSaver && daemon_window == 0),
       events_(events),
       titles_(titles),
       window_(kind, pixels, events, daemon_window) {}
@@ -49,8 +49,8 @@ void QtWindowPeer::SetVisible(bool visible) {
   if (!visible) {
     window_.Disappear();
     if (black_windows_) black_windows_->Hide();
-    if (rules_the_screen_) titles_.Release(caption_);
-  } else if (rules_the_screen_) {
+    if (covers_screen_) titles_.Release(caption_);
+  } else if (covers_screen_) {
     ShowSaver();
   } else {
     window_.Appear();

@@ -32,7 +32,7 @@ class QtWindowPeer : public WindowPeer {
  private:
   void ShowSaver();
 
-  bool rules_the_screen_;
+  bool covers_screen_;
   WindowEvents& events_;
   TitleLock& titles_;
   std::string caption_;
