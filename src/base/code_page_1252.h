@@ -5,8 +5,8 @@
 
 namespace quorvale {
 
-// Text of Windows' western code page as UTF-8. The five bytes that it leaves open become the control
-// characters of the same numbers.
+// Converts text in Windows code page 1252 to UTF-8. The five bytes that it does not define become the control
+// characters with the same numbers.
 std::string FromCodePage1252(std::string_view bytes);
 
 }  // namespace quorvale

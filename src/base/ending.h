@@ -2,9 +2,8 @@
 
 namespace quorvale {
 
-// Thrown where a platform can't end the process on the spot, as on the headless one. It is no failure
-// and derives from nothing, so that it passes through every rule for failures up to whoever runs the
-// program. Never catch it by `catch (...)` without throwing it on.
+// Thrown by platforms that can't end the process at once, such as the headless one. It has no base class, so that code
+// which handles failures lets it pass, up to the caller of the program. A `catch (...)` must rethrow it.
 struct ProcessEnded {};
 
 }  // namespace quorvale

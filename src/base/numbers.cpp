@@ -22,7 +22,7 @@ std::string WithoutBlanks(std::string_view text) {
   return result;
 }
 
-// A number and how many characters of the text it took; 0 characters is no number.
+// A number and how many characters it has in the text; 0 characters means that there is no number.
 struct Prefix {
   double value = 0;
   std::size_t length = 0;

@@ -6,19 +6,19 @@
 
 namespace quorvale {
 
-// The number that `text` begins with, or 0. Blanks are skipped wherever they stand, the "&H...&"
-// form is a 32-bit hexadecimal number, and what follows the number is ignored.
+// The number at the start of `text`, or 0. Ignores blanks everywhere and any text after the number. "&H...&" is a
+// 32-bit hexadecimal number.
 double LenientParse(std::string_view text);
 
-// The number that `text` is, in decimal or in the "&H...&" form, with blanks allowed around it.
-// Fails with kNotANumber on any other text, the empty one included.
+// Like `LenientParse`, but the whole text must be a number; only blanks around it are allowed. Fails with kNotANumber
+// otherwise, also on an empty text.
 double StrictNumber(std::string_view text);
 
-// The nearest whole number, ties to the even one. Fail with kOverflow outside the result's range.
+// Rounds half to even. Fails with kOverflow outside the result's range.
 std::int16_t RoundToInt16(double value);
 std::int32_t RoundToInt32(double value);
 
-// Whether an option that is a switch is on: it reads as exactly 1.
+// Whether the text of a flag means on: `LenientParse` gives exactly 1.
 bool IsOn(std::string_view text);
 
 }  // namespace quorvale

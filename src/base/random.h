@@ -5,12 +5,12 @@
 
 namespace quorvale {
 
-// The program's one generator of pseudo-random numbers. The same seed gives the same numbers.
+// The program's only pseudo-random generator. Equal seeds give equal sequences.
 class Random {
  public:
   void Seed(std::uint64_t seed);
 
-  // The next number in [0, 1), of the 2^24 that a 32-bit float holds at an even spacing.
+  // The next number in [0, 1), a multiple of 2^-24.
   float Next();
 
  private:

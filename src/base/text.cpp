@@ -6,7 +6,7 @@
 namespace quorvale {
 namespace {
 
-// Bytes of the character that begins at `at`; 1 for a byte that begins no valid character.
+// The length in bytes of the character at `at`; 1 for an invalid byte.
 std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   const auto lead = static_cast<std::uint8_t>(text[at]);
   std::size_t length = 1;
@@ -17,14 +17,14 @@ std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   for (std::size_t i = 1; i < length; ++i) {
     if (!IsContinuation(text[at + i])) return 1;
   }
-  // Overlong forms, surrogates and what lies beyond the last code point are no characters.
+  // Rejects overlong forms, surrogates and values above U+10FFFF.
   const auto second = static_cast<std::uint8_t>(text[at + 1]);
   const bool invalid = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
                        (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
   return invalid ? 1 : length;
 }
 
-// The byte at which character number `count` (from 0) begins, or the size of a shorter text.
+// The byte offset of character `count` (from 0), or the text's size if it is shorter.
 std::size_t ByteOffset(std::string_view text, std::size_t count) {
   std::size_t at = 0;
   for (; count > 0 && at < text.size(); --count) at += CharacterBytes(text, at);

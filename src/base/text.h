@@ -6,34 +6,34 @@
 
 namespace quorvale {
 
-// Text is UTF-8. Lengths and positions count characters (code points) from 1; a byte that belongs to
-// no valid character counts as one and comes through unchanged.
+// Text is UTF-8. Positions count characters (code points) from 1. An invalid byte counts as one character and is kept
+// unchanged.
 
 std::size_t Length(std::string_view text);
 
-// Whether the byte goes on with a character that another began.
+// Whether the byte is a UTF-8 continuation byte.
 inline bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 // The first `count` characters, or all of them if there are fewer.
 std::string Left(std::string_view text, std::size_t count);
 
-// Everything from the character at `start` (1 or more) on; empty when the text is shorter.
+// The text from the character at `start` (1 or more) to its end; empty if the text is shorter.
 std::string Mid(std::string_view text, std::size_t start);
 
-// Whether no byte stands outside a valid character.
+// Whether the whole text is valid UTF-8.
 bool IsUtf8(std::string_view text);
 
-// Without the spaces at both ends. Tabs and the like stay.
+// Removes the spaces at both ends, but no tabs or other white space.
 std::string Trim(std::string_view text);
 
-// ASCII letters in upper case; every other character as it is.
+// Converts ASCII letters to upper case.
 std::string UpperCase(std::string_view text);
 
-// Whether two texts differ in nothing but the case of ASCII letters.
+// Compares texts; the case of ASCII letters is ignored.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-// Writes `piece` over `text` from the character at `column` (1 or more) on. The number of characters
-// never changes: what does not fit is dropped.
+// Overwrites characters of `text` with `piece`, beginning at `column` (1 or more). The number of characters does not
+// change, so a long `piece` is cut.
 void Overlay(std::string& text, std::size_t column, std::string_view piece);
 
 }  // namespace quorvale

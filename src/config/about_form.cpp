@@ -19,7 +19,7 @@ constexpr float kClientWidth = 6120;
 constexpr float kClientHeight = 3948;
 constexpr TwipRect kFilmPlace = {240, 240, 624, 1812};
 constexpr TwipRect kIconPlace = {1080, 2160, 624, 624};
-// Less than its place, so that the rule below stays clear of it.
+// Smaller than its control, so that it does not touch the line below.
 constexpr float kIconSide = 32;
 constexpr Colour kBlue = 0xFF0000;
 constexpr Colour kGrey = 0x808080;
@@ -37,7 +37,7 @@ constexpr char kToolsKey[] = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 constexpr char kInfoFolderValue[] = "MSINFO";
 constexpr char kInfoProgram[] = "\\MSINFO32.EXE";
 
-// A 32-bit number, whose lowest byte comes first, in decimal. Bytes that are missing are 0.
+// A little-endian 32-bit number in decimal. Missing bytes count as 0.
 std::string DecimalOf(const std::string& bytes) {
   constexpr std::size_t kNumberSize = 4;
   std::uint32_t number = 0;

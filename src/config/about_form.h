@@ -11,8 +11,8 @@ namespace quorvale {
 
 struct Process;
 
-// Names the product and its version, shown modally; leads to the maker's web page and to the system's
-// information tool.
+// The modal About dialog: product name and version, a link to the web page, and a button for the system's information
+// tool.
 class frmAbout : public Form {
  public:
   explicit frmAbout(Process& process);
@@ -31,8 +31,8 @@ class frmAbout : public Form {
   // Starts the information tool that the registry names, or else the desktop's own, or says that there is none.
   void StartSysInfo();
 
-  // Reads one value, a text or a 32-bit number, as text. A value of another type leaves `KeyVal` alone; one that
-  // can't be read, or takes more than 1024 bytes, empties it and gives false.
+  // Reads a registry value, a text or a 32-bit number, into `KeyVal`. Other types leave `KeyVal` unchanged. Returns
+  // false and an empty text if the value can't be read or has more than 1024 bytes.
   bool GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
                    std::string& KeyVal);
 
@@ -41,7 +41,7 @@ class frmAbout : public Form {
 
  private:
   void Image1_Click();
-  // Empty where there is none.
+  // Empty if there is none.
   std::string FindSysInfo();
 
   Process& process_;

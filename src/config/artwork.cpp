@@ -19,7 +19,7 @@ struct Patch {
   std::vector<Point> outline;
 };
 
-// What a drawing shows at a point of its own plane.
+// The colour of a drawing at a point of its own plane.
 using Shade = std::function<Pixel(Point)>;
 
 // The icon shows a square of its plane.
@@ -48,7 +48,7 @@ bool Inside(const std::vector<Point>& outline, Point at) {
   return inside;
 }
 
-// The topmost patch there.
+// The colour of the topmost patch at a point.
 Pixel ColourAt(const std::vector<Patch>& patches, Point at, Pixel ground) {
   const auto top =
       std::find_if(patches.rbegin(), patches.rend(), [at](const Patch& patch) { return Inside(patch.outline, at); });
@@ -96,7 +96,7 @@ Pixel Night(Point at) {
 Pixel IconShade(Point in_icon) {
   constexpr double kEdge = 2;
   const Point at = {in_icon.x + kIconStart, in_icon.y + kIconStart};
-  // Where the new picture begins: a sweep that leans.
+  // The edge of the new picture: a slanted sweep.
   const double sweep = 78 - (at.y - kPictureTop) * 0.35;
   if (std::min(in_icon.x, in_icon.y) < kEdge || std::max(in_icon.x, in_icon.y) > kIconSide - kEdge) return kMountEdge;
   const double outside = std::max(std::max(kPictureLeft - at.x, at.x - kPictureRight),
@@ -107,7 +107,7 @@ Pixel IconShade(Point in_icon) {
   return at.x < sweep ? Morning(at) : Night(at);
 }
 
-// The film's plane is `kFilmWidth` wide and repeats itself, frame by frame, downwards.
+// The film's plane is `kFilmWidth` wide; its frames repeat downwards.
 constexpr double kFilmWidth = 42;
 constexpr double kFrameStep = 40;
 

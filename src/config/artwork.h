@@ -4,12 +4,12 @@
 
 namespace quorvale {
 
-// The program's own drawings, drawn anew at each scale. Sizes are in the toolkit's pixels.
+// The program's drawings. They are rendered for each scale. Sizes are in toolkit pixels.
 
-// A slide whose picture gives way to the next one.
+// A slide in the middle of a transition.
 Artwork IconArtwork(float side);
 
-// A strip of film, upright, with the stages of such a change.
+// A vertical film strip with the stages of a transition.
 Artwork FilmArtwork(float width, float height);
 
 }  // namespace quorvale

@@ -4,7 +4,7 @@ namespace quorvale {
 
 class Form;
 
-// Moves the form to the middle of the screen.
+// Centres the form on the primary monitor.
 void CenterForm(Form& form);
 
 }  // namespace quorvale

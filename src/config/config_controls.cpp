@@ -36,7 +36,7 @@ ConfigControls::ConfigControls(Process& process)
                        .tool_tip = "Display the list of sounds that will be played in your screen saver.",
                        .tab_index = 1,
                        .container = &fraPlayList}),
-      // A list shows no caption; it is what a screen reader calls it.
+      // A list shows no caption, but screen readers speak it.
       lstList{{{*this,
                 {.name = "lstList(0)",
                  .caption = kPicturesCaption,

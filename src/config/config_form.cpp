@@ -147,7 +147,7 @@ void frmConfig::UpdateCommandStates() {
   lblPath.SetCaption(LiteralCaption(directory));
 }
 
-// What is not stored stays in the window, where the user can do something about it.
+// If saving fails, the window stays open with the changes, so that the user can act.
 void frmConfig::cmdOK_Click() {
   const ListsSaved saved = SavePlayLists(process_, *this);
   if (saved != ListsSaved::kSaved) {

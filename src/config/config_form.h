@@ -10,7 +10,7 @@
 
 namespace quorvale {
 
-// What came of the question whether to save.
+// The result of asking whether to save.
 enum class SaveAnswer {
   kNotDone = 0,  // the user said yes, but nothing was saved
   kCancel = 2,
@@ -33,20 +33,20 @@ class frmConfig : public ConfigControls {
   bool PlayListDirty() const { return play_list_dirty_; }
   void SetPlayListDirty(bool dirty) { play_list_dirty_ = dirty; }
 
-  // Both say in a box what went wrong. A file that could not be written is what it was, and the lists stay
-  // dirty; the lists keep what could be read.
+  // Both report failures in a box. If writing fails, the file is unchanged and the lists stay dirty. If reading fails,
+  // the lists keep what was read.
   void WritePlayListFile(const std::string& path);
   void ReadPlayListFile(const std::string& path);
 
   // Asks whether to save the changes, and does as the user says.
   SaveAnswer PromptSaveChanges();
 
-  // Switches the show's timer off or on. A tick that is running goes on.
+  // Stops (`on`) or starts the show's timer. Does not stop a running tick.
   void PausePreview(bool on);
-  // Starts the show anew from the lists as they stand.
+  // Restarts the show with the current lists.
   void RefreshPreview();
 
-  // Sets what of the buttons and menu items is enabled, and the path line, by the list on view.
+  // Enables buttons and menu items, and sets the path line, according to the visible list.
   void UpdateCommandStates();
 
  protected:
@@ -92,7 +92,7 @@ class frmConfig : public ConfigControls {
   void PruneLists();
 
   void PlacePreviewPane();
-  // Runs one piece of a handler, and the rest of the handler goes on after a failure in it.
+  // Runs one part of a handler. A failure in it is shown, and the handler continues.
   void Attempt(const std::function<void()>& piece) { App().Dispatch(piece); }
 
   std::string cur_play_list_;

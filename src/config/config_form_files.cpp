@@ -57,11 +57,10 @@ SaveAnswer frmConfig::PromptSaveChanges() {
   }
 }
 
-// Asks about unsaved changes. Only Cancel keeps the lists: a save that was not done does not.
+// Asks about unsaved changes. Only Cancel gives false; a save that was not done does not.
 bool frmConfig::MayLeaveLists() { return !PlayListDirty() || PromptSaveChanges() != SaveAnswer::kCancel; }
 
-// The rule of the commands with a file dialog: Cancel and every other failure end the command where it stands,
-// without a word, and the preview goes on.
+// For commands with a file dialog: Cancel or any other failure ends the command silently, and the preview continues.
 void frmConfig::WithPreviewHeld(const std::function<void()>& body) {
   PausePreview(true);
   try {

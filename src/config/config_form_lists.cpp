@@ -10,7 +10,7 @@
 namespace quorvale {
 namespace {
 
-// In characters; platforms give more where more is chosen.
+// In characters; platforms return more if more is selected.
 constexpr int kFileNameBuffer = 10'000;
 
 std::string WithSeparator(std::string directory, const PathSyntax& syntax) {
@@ -24,7 +24,7 @@ void frmConfig::cmdImages_Click(int index) {
   EditListOnView([this, index] { RunListCommand(index); });
 }
 
-// A dialog that can't be shown ends the action, and the preview goes on all the same.
+// If a dialog can't be shown, the action ends, but the preview must continue.
 void frmConfig::EditListOnView(const std::function<void()>& action) {
   PausePreview(true);
   process_.show.PreviewSuspended = true;

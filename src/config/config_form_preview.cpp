@@ -7,7 +7,7 @@
 
 namespace quorvale {
 
-// The monitor in the middle, and the picture box on its screen: both are counted in pixels.
+// Centres the monitor and puts the picture box on its screen. Both are placed on whole pixels.
 void frmConfig::PlacePreviewPane() {
   const auto twips_x = static_cast<float>(process_.ScreenTwipsX);
   const auto twips_y = static_cast<float>(process_.ScreenTwipsY);
@@ -30,7 +30,7 @@ void frmConfig::PausePreview(bool on) { tmrSwitch.SetEnabled(!on); }
 void frmConfig::RefreshPreview() { InitShow(process_, *this, lstList[0], lstList[1]); }
 
 void frmConfig::tmrSwitch_Timer() {
-  // While a failure of the load is told, the window is not on view yet; the tick would take it for a leftover.
+  // The window is still hidden while a box reports a failure of the load. The tick would close it as an orphan.
   if (!Visible()) return;
   TellFailure(App(), "tmrSwitch_Timer", [this] { SlideTick(process_, *this); });
   process_.show.PreviewSuspended = false;

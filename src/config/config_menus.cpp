@@ -8,7 +8,7 @@ namespace quorvale {
 namespace {
 
 struct MenuRow {
-  std::size_t depth = 0;  // 0 is a top menu; an item belongs to the last row above it that is one less deep
+  std::size_t depth = 0;  // 0 is a top menu; the parent is the last row above with a depth one less
   const char* name = "";
   const char* caption = "";
   const char* shortcut = "";

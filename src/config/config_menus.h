@@ -4,7 +4,7 @@ namespace quorvale {
 
 class MenuBar;
 
-// Adds the configuration window's menus; what their items do is up to the window.
+// Adds the menus of the configuration window. The window sets the handlers.
 void AddConfigMenus(MenuBar& bar);
 
 }  // namespace quorvale

@@ -10,14 +10,14 @@
 namespace quorvale {
 namespace {
 
-// What of an entry's columns is read back as the name and as the directory.
+// The most characters of an entry that are read back as its name and as its directory.
 constexpr std::size_t kMostNameCharacters = 254;
 constexpr std::size_t kMostDirectoryCharacters = kListEntryColumns - kListEntryDirectoryColumn + 1;
 
 constexpr std::size_t kMostNamesShown = 10;
 constexpr std::size_t kMostCharactersShown = 100;
 
-// Why that entry would stand for another path; empty when it would not.
+// The reason why this entry would give another path; empty if it gives this one.
 std::string ReasonAgainst(const std::string& name, const std::string& directory, const std::string& path,
                           const std::string& entry, const PathSyntax& syntax) {
   if (path.find_first_of("\r\n") != std::string::npos) return "it has a line end in it";

@@ -10,8 +10,8 @@ namespace quorvale {
 class Application;
 class ListBox;
 
-// Adds entries to the end of a list box. A name that an entry or a line of a play list file would not give
-// back as it was is left out, and so is what no longer fits the list.
+// Appends entries to a list box. Leaves out names that would come back changed from an entry or from a line of a play
+// list file, and everything after the list is full.
 class EntryAdder {
  public:
   EntryAdder(ListBox& list, PathSyntax syntax) : list_(list), syntax_(syntax) {}
@@ -19,10 +19,10 @@ class EntryAdder {
   void AddFile(const std::string& name, const std::string& directory);
   // `directory` ends in a separator.
   void AddDirectory(const std::string& directory);
-  // Entries that the list has taken.
+  // The number of entries added.
   int Added() const { return added_; }
 
-  // Says in one box which names were left out and why; does nothing where none was.
+  // Shows one box with the names that were left out and the reasons. Does nothing if there are none.
   void TellLeftOut(Application& app) const;
 
  private:

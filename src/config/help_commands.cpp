@@ -17,7 +17,7 @@ void ShowHelp(Process& process, const Form& owner, const std::string& help_file,
     return;
   }
   try {
-    // An empty key, and nothing where the command takes none.
+    // An empty search key; 0 for commands without one.
     const std::uint32_t zero = 0;
     process.system.programs.WinHelp(owner.Hwnd(), help_file, command, reinterpret_cast<std::uintptr_t>(&zero));
   } catch (const std::exception& failure) {

@@ -81,7 +81,7 @@ bool Holds(const Shape& shape, float x, float y) {
   return dx * dx + dy * dy <= shape.radius * shape.radius;
 }
 
-// Without smoothing, so that the colours stay few. `one_colour` stands in for all of theirs.
+// Not anti-aliased, to use only the given colours. `one_colour` replaces them all.
 Bitmap Paint(float width, float height, float scale, Pixel background, std::span<const Shape> shapes,
              std::optional<Pixel> one_colour = std::nullopt) {
   Bitmap bitmap(static_cast<int>(std::lround(width * scale)), static_cast<int>(std::lround(height * scale)),

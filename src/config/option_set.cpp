@@ -18,7 +18,7 @@
 namespace quorvale {
 namespace {
 
-// One option: how its control takes the stored text, and what of the control is stored.
+// One option: sets its control from the stored text, and gives the text to store.
 struct OptionField {
   OptionRow row;
   std::function<void(const std::string& stored)> show;
@@ -68,7 +68,7 @@ OptionField Position(const OptionRow& row, Slider& slider) {
           .value = [&slider] { return std::to_string(slider.Value()); }};
 }
 
-// In the order in which they are read and written.
+// In the order of reading and writing.
 std::vector<OptionField> FieldsOf(frmOptions& frm) {
   return {
       Flag(kPicRandom, frm.chkPicRandom),
@@ -87,11 +87,11 @@ std::vector<OptionField> FieldsOf(frmOptions& frm) {
   };
 }
 
-// The first options whose failures go to the caller.
+// The number of options, from the first, whose failures are passed on.
 constexpr std::size_t kFailingFields = 6;
 
-// Failures of the first `failing` options go to the caller, those of the others nowhere. False when a stored text
-// could not be read.
+// Failures of the first `failing` options are passed on, those of the others ignored. False when a stored text could
+// not be read.
 bool Load(frmOptions& frm, std::size_t failing) {
   bool read = true;
   std::size_t index = 0;

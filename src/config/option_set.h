@@ -4,16 +4,16 @@ namespace quorvale {
 
 class frmOptions;
 
-// Fills the dialog's controls from the store, one option after another. A stored value that its control can't
-// hold fails where it is one of the first six, flags, interval and background, and the description names its key; the
-// options behind it are then not read. From the effect's name on, such a value leaves its control as it was.
-// False when the store could not be read and a control has its fallback for that reason.
+// Fills the dialog's controls from the store in the order of the options. If a control can't hold the stored value of
+// one of the first six (up to the background), this fails, the description names the key, and later options are not
+// read. From the effect's name on, such a control stays unchanged. False when the store could not be read and a control
+// shows its fallback instead.
 bool LoadOptions(frmOptions& frm);
 
-// The same, but no value fails: each one that its control can't hold leaves it as it was.
+// The same, but never fails: controls that can't hold their value stay unchanged.
 bool LoadUsableOptions(frmOptions& frm);
 
-// Writes the thirteen options as the dialog's controls have them, and checks nothing. False when they are not stored.
+// Stores the values of all controls without checking them. False when that fails.
 bool SaveOptions(frmOptions& frm);
 
 }  // namespace quorvale

@@ -205,7 +205,7 @@ void frmOptions::Form_Load() {
   UpdateFrameControls();
 }
 
-// A dialog that did not open could never set a damaged value right again.
+// A damaged value must not keep the dialog from opening, because the user corrects it there.
 void frmOptions::ReadOptions() {
   try {
     options_read_ = LoadOptions(*this);

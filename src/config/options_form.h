@@ -13,9 +13,8 @@ namespace quorvale {
 
 struct Process;
 
-// The dialog of the show's options, shown modally. The store hears of a change on OK and not before. A stored
-// value that a control can't hold is said in a box as the dialog loads; that control then keeps its first
-// value, and OK stores it.
+// The modal dialog for the show's options. Changes are stored on OK. If a control can't hold the stored value, a box
+// says so while the dialog loads; the control keeps its initial value, and OK stores that.
 class frmOptions : public Form {
  public:
   explicit frmOptions(Process& process);
@@ -57,7 +56,7 @@ class frmOptions : public Form {
   Button cmdHelp;
   CommonDialog cd1;
 
-  // The page on view, from 1.
+  // The visible page, from 1.
   std::int16_t CurrentTab = 1;
 
  protected:
@@ -74,13 +73,13 @@ class frmOptions : public Form {
   void cmdHelp_Click();
 
   Frame& Page(int index) { return index == 1 ? Frame1_1 : Frame1_2; }
-  // Whether the number in `box` lies between the two; if not, says so and moves the focus there.
+  // Whether the number in `box` is from `least` to `most`. If not, shows `message` and moves the focus to `box`.
   bool IsBetween(TextBox& box, double least, double most, const char* message);
 
   void Warn(const std::string& text);
 
   Process& process_;
-  // Whether the controls have what is stored, so that OK may replace it.
+  // Whether the stored options could be read. Otherwise OK must not replace them.
   bool options_read_ = false;
 };
 

@@ -5,19 +5,18 @@ namespace quorvale {
 struct Process;
 class frmConfig;
 
-// What came of writing the window's lists to the settings store.
+// The result of storing the window's lists.
 enum class ListsSaved {
   kSaved,
-  kUnread,   // the store could not be read when they were loaded, so they are no successors of what is in it
-  kRefused,  // the store could not be written, and is as it was
+  kUnread,   // the stored lists could not be read before, so they must not be replaced
+  kRefused,  // the store could not be written and is unchanged
 };
 
-// Writes both lists and the name of the current play list file to the settings store, as one act. Stored entries for
-// which there was no room in a list stay behind it.
+// Stores both lists and the current play list file's path in one transaction. Stored entries that did not fit a list
+// box are kept after its items.
 ListsSaved SavePlayLists(Process& process, const frmConfig& frm);
 
-// Appends the stored lists to those of the form and sets its current play list file, and notes in the form how much of
-// the lists it has got.
+// Appends the stored lists to the form's list boxes. Sets the form's current play list file and its `TakenParts`.
 void LoadPlayLists(Process& process, frmConfig& frm);
 
 }  // namespace quorvale

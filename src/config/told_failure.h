@@ -7,7 +7,7 @@ namespace quorvale {
 
 class Application;
 
-// Runs `statement` of a procedure. A failure is told in a box that names the procedure, and whoever called goes on
+// Runs one statement of `procedure`. Shows a failure in a box that names the procedure, so that the caller can go on
 // with the next statement.
 void TellFailure(Application& app, const std::string& procedure, const std::function<void()>& statement);
 

@@ -10,7 +10,7 @@
 namespace quorvale {
 namespace {
 
-// Lists a running handler, whichever way it ends.
+// Registers a running handler for the time of its scope.
 class RunningHandler {
  public:
   RunningHandler(std::vector<std::uint64_t>& running, std::uint64_t number) : running_(running) {
@@ -24,7 +24,7 @@ class RunningHandler {
   std::vector<std::uint64_t>& running_;
 };
 
-// Windows must go before the form whose events they deliver, hence the fixed order.
+// Destroys in a fixed order, because a window must be destroyed before the form to which it delivers events.
 void DropInOrder(std::vector<std::shared_ptr<void>> objects) {
   for (std::shared_ptr<void>& object : objects) object.reset();
 }
@@ -49,7 +49,7 @@ ScreenSize Application::Screen() const {
 }
 
 void Application::Dispatch(const std::function<void()>& handler) {
-  // Whatever was kept may have been delivering the last event itself, and its call has ended only now.
+  // A kept object may itself have delivered the last event; that call has ended by now.
   if (running_handlers_.empty()) DropInOrder(std::exchange(kept_, {}));
   const RunningHandler running(running_handlers_, ++last_handler_);
   try {

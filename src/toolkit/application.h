@@ -34,7 +34,7 @@ class FormList {
   std::vector<std::shared_ptr<Form>> forms_;
 };
 
-// One running program of the toolkit: its forms and its way to the platform, which outlives it.
+// A running program: its forms and its platform, which must outlive it.
 class Application {
  public:
   explicit Application(Platform& platform) : platform_(platform) {}
@@ -52,26 +52,25 @@ class Application {
   // Runs events until that window is hidden.
   void RunModal(WindowPeer& window) { platform_.RunModal(window); }
 
-  // The one place from which event handlers run. A failure that `handler` lets out ends it here, and a
-  // box shows its description. What handlers destroy lives until the outermost one has returned, and on
-  // to the next event: the platform may still be on its way out of the last one.
+  // Runs an event handler; no handler is run otherwise. Shows the description of a `Failure` that it throws in a box.
+  // What handlers destroy is kept until the event after the outermost handler's, since the platform may still be
+  // using it.
   void Dispatch(const std::function<void()>& handler);
 
-  // Names the running handler from which the innermost one was called, or the innermost where there is no other; 0
-  // where none runs.
+  // An identifier of the running handler that called the innermost one, or of the only one; 0 if no handler runs.
   std::uint64_t CallingHandler() const;
-  // Whether that handler has not returned yet. 0 never does.
+  // Whether that handler is still running. False for 0.
   bool IsRunning(std::uint64_t handler) const;
 
-  // Keeps `object` until no event is being delivered; lets go of it at once where none is.
+  // Keeps `object` alive while an event is being delivered; otherwise releases it at once.
   void KeepUntilIdle(std::shared_ptr<void> object);
 
-  // Called each time the last form is gone. Platforms end their event loop with it.
+  // Called when the last form has been unloaded. Platforms end their event loop here.
   std::function<void()> LastFormGone;
 
  private:
   Platform& platform_;
-  // Their numbers, the outermost first.
+  // Identifiers, outermost first.
   std::vector<std::uint64_t> running_handlers_;
   std::uint64_t last_handler_ = 0;
   std::vector<std::shared_ptr<void>> kept_;

@@ -8,7 +8,7 @@
 
 namespace quorvale {
 
-// Pixels of its own: artwork and its parts.
+// An image that owns its pixels. Used for artwork.
 class Bitmap {
  public:
   Bitmap() = default;
@@ -26,7 +26,7 @@ class Bitmap {
   std::vector<Pixel> pixels_;
 };
 
-// A drawing at any number of device pixels to the toolkit's pixel.
+// A drawing that can be rendered at any scale (device pixels per toolkit pixel).
 using Artwork = std::function<Bitmap(float scale)>;
 
 // Raster operations of `BitBlt`, on red, green and blue.

@@ -23,7 +23,7 @@ class Button : public Widget {
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
 };
 
-// One of the option buttons of a container is on.
+// A radio button. At most one in a container is on.
 class OptionButton : public Widget {
  public:
   using Widget::Widget;
@@ -31,7 +31,7 @@ class OptionButton : public Widget {
   std::function<void()> Click;
 
   bool Value() const { return value_; }
-  // Turning it on turns the others of its container off and raises `Click`.
+  // Turning it on turns off the others in its container and raises `Click`.
   void SetValue(bool value);
   // The user turned it on.
   void UserClick();

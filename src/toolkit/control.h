@@ -7,7 +7,7 @@ namespace quorvale {
 class Application;
 class Form;
 
-// A part of a form: a member of the form's class, known there by its name.
+// A control of a form. It is a member of the form's class and has a unique name there.
 class Control {
  public:
   Control(Form& parent, std::string name);
@@ -21,9 +21,9 @@ class Control {
  protected:
   friend class Form;
 
-  // The form's window is there: make what the platform needs.
+  // Called when the form's window exists. Creates the platform's peer.
   virtual void CreatePeer() {}
-  // Give up what the platform has, handing it to `Application::KeepUntilIdle`.
+  // Passes the peer to `Application::KeepUntilIdle`.
   virtual void ReleasePeer() {}
 
   Application& App() const;

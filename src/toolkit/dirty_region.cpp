@@ -65,7 +65,7 @@ const std::vector<PixelRect>& DirtyRegion::Take() {
   return taken_;
 }
 
-// Joins the spans of a row where that gives few enough pixels that have not changed. Gives how many have.
+// Joins spans of a row if that adds few unchanged pixels. Returns the number of changed pixels.
 std::int64_t DirtyRegion::JoinGaps(std::vector<Span>& row) {
   if (row.empty()) return 0;
   int changed_in_last = row[0].right - row[0].left;
@@ -87,7 +87,7 @@ std::int64_t DirtyRegion::JoinGaps(std::vector<Span>& row) {
   return changed;
 }
 
-// Takes a row into the band unless that would give too many pixels that have not changed.
+// Adds a row to the band unless that would include too many unchanged pixels.
 bool DirtyRegion::JoinRow(const std::vector<Span>& row, std::int64_t changed) {
   const std::size_t count = row.size();
   if (count != band_.spans.size()) return false;

@@ -12,23 +12,22 @@ namespace quorvale {
 // The pixels of a surface that have changed since they were last presented, as spans of rows.
 class DirtyRegion {
  public:
-  // Forgets everything and takes the size of the surface, in device pixels.
+  // Clears the region and sets the size of the surface, in device pixels.
   void Reset(int width, int height);
 
-  // The pixels from `left` up to but not including `right` of one row. Inside the surface.
+  // Adds the pixels [left, right) of row `y`, which must be inside the surface.
   void Add(int y, int left, int right);
   void Add(const PixelRect& rect);
 
   bool IsEmpty() const { return first_row_ > last_row_; }
 
-  // The region as rectangles; the region is then empty. They come in bands from top to bottom, and in a
-  // band from left to right. All rectangles of a band have its top and height; bands do not overlap and
-  // rectangles of a band do not touch. Every changed pixel is in one of them, and of the pixels of each
-  // band, and so of the whole, at most a quarter have not changed. The result is good until the next
-  // `Take`.
+  // Returns the region as rectangles and empties it. The rectangles cover every changed pixel; at most a quarter of
+  // their pixels, in each band, are unchanged. They form bands from top to bottom, and go from left to right in a band.
+  // All rectangles of a band have the same top and height. Bands do not overlap, rectangles do not touch. The result is
+  // valid until the next `Take`.
   const std::vector<PixelRect>& Take();
 
-  // The pixels that have changed, exactly, as one rectangle a span; spans of a row do not touch. For tests.
+  // Exactly the changed pixels, one rectangle per span; spans of a row do not touch. For tests.
   std::vector<PixelRect> Spans() const;
 
  private:
@@ -39,7 +38,7 @@ class DirtyRegion {
     Span Union(const Span& with) const { return {std::min(left, with.left), std::max(right, with.right)}; }
   };
 
-  // Rows that will be given as one row of rectangles, and how many pixels of theirs have changed.
+  // Rows that become one band of rectangles, and their number of changed pixels.
   struct Band {
     std::vector<Span> spans;
     int top = 0;
@@ -55,7 +54,7 @@ class DirtyRegion {
   int first_row_ = std::numeric_limits<int>::max();
   int last_row_ = -1;
 
-  // Kept for their capacity, like the rows: a step of an effect allocates nothing.
+  // Members, like the rows, to reuse their memory: a step of an effect must not allocate.
   Band band_;
   std::vector<PixelRect> taken_;
 };

@@ -14,7 +14,7 @@ class TextBox : public Widget {
   // At most `max_length` characters; 0 is no limit.
   TextBox(Form& parent, WidgetDesign design, int max_length);
 
-  // A typed character's code, before it is taken in; a handler that sets it to 0 swallows it.
+  // Called with a typed character's code before it is inserted. A handler can set it to 0 to reject it.
   std::function<void(int& code)> KeyPress;
 
   int MaxLength() const { return max_length_; }
@@ -22,7 +22,7 @@ class TextBox : public Widget {
   // Cut at the limit.
   void SetText(std::string text);
 
-  // The user is typing a character: gives its code, or 0 when it is swallowed.
+  // The user typed a character. Returns its code, or 0 if it was rejected.
   int UserKeyPress(int code);
   // The user changed the text.
   void UserSetText(std::string text);

@@ -12,16 +12,16 @@ inline constexpr std::uint32_t kOfnFileMustExist = 0x1000;
 inline constexpr std::uint32_t kOfnExplorer = 0x80000;
 inline constexpr std::uint32_t kOfnLongNames = 0x200000;
 
-// What a file dialog is asked for.
+// The properties of a file dialog.
 struct FileDialog {
   bool save = false;
   std::string title = {};
   std::string start_name = {};
-  // Pairs of a description and patterns divided by ";", all divided by "|".
+  // Pairs "description|patterns", joined by "|"; patterns are separated by ";".
   std::string filter = {};
   int filter_index = 0;  // from 1; 0 is the first as well
   std::uint32_t flags = 0;
-  // Room for the answer, in characters. A platform may give more.
+  // Capacity for the answer, in characters. Platforms may allow more.
   int max_file_size = 260;
 };
 

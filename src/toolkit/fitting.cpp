@@ -8,7 +8,7 @@
 namespace quorvale {
 namespace {
 
-// Letters that are just readable.
+// The smallest readable letters.
 constexpr double kLeastScale = 0.6;
 constexpr char kEllipsis[] = "\xE2\x80\xA6";
 

@@ -5,16 +5,16 @@
 
 namespace quorvale {
 
-// What the tallest dialog needs, in pixels of the layout: inside its frame and menu bar, and with them.
+// The height of the tallest dialog in layout pixels, without and with its frame and menu bar.
 inline constexpr double kTallestDialogInside = 440;
 inline constexpr double kTallestDialog = 520;
 
-// Device pixels to a pixel of a dialog's layout. Dialogs grow as a whole by `wanted` as far as the tallest one, which
-// is `needed` pixels high, has room in `room` device pixels; where it has none, all shrink, but stay readable.
+// The scale of dialogs: device pixels per layout pixel. It is `wanted`, or less if the tallest dialog (`needed` layout
+// pixels high) would not fit into `room` device pixels, but never too small to read.
 double LayoutScale(double wanted, double room, double needed);
 
-// The text, or, where `fits` denies that one, as much of its two ends as fits around an ellipsis. Of two such texts
-// the shorter one must fit where the longer one does.
+// The text if `fits` accepts it; otherwise as much of its start and end as fits, with an ellipsis between. If `fits`
+// accepts a text, it must accept shorter ones too.
 std::string WithoutMiddle(const std::string& text, const std::function<bool(const std::string&)>& fits);
 
 }  // namespace quorvale

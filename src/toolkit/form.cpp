@@ -12,7 +12,7 @@
 namespace quorvale {
 namespace {
 
-// A dialog's usual frame, in pixels: both sides, the title bar with the edges, and a menu bar.
+// A dialog's nominal frame in pixels: left and right edges, title bar with top and bottom edges, menu bar.
 constexpr int kFrameWidth = 6;
 constexpr int kCaptionHeight = 25;
 constexpr int kMenuHeight = 19;
@@ -73,7 +73,7 @@ void Form::Unload() {
     state_ = before;
     return;
   }
-  // What the handler leaves undone can't be done later, so the form goes all the same.
+  // There is no second chance to unload, so a failure of the handler does not keep the form loaded.
   try {
     Form_Unload();
   } catch (...) {

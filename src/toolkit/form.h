@@ -16,9 +16,9 @@ namespace quorvale {
 class Control;
 class Widget;
 
-// A top-level window with controls and event handlers. Made with `std::make_shared`, loaded, perhaps
-// shown, unloaded once. While it is loaded `Application::Forms` holds it; an unloaded form answers
-// nothing any more: asking it or its controls fails with kNotLoaded.
+// A top-level window with controls and event handlers. Create it with `std::make_shared`; it is loaded, perhaps shown,
+// and unloaded once. `Application::Forms` owns it while it is loaded. After that, its methods and those of its controls
+// fail with kNotLoaded.
 //
 // Left, Top, Width and Height are in twips, from the corner of the primary monitor. Those of a dialog count
 // a frame and a menu bar of the usual sizes, whatever theirs are on the screen.
@@ -32,15 +32,15 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   Application& App() const { return application_; }
   const std::string& Name() const { return name_; }
 
-  // Makes the window and the controls' windows and runs the load handler. A failure of the handler
-  // leaves no trace of the form and goes to the caller. Does nothing on a loaded form.
+  // Creates the windows of the form and its controls and runs the load handler. If the handler fails, the form is
+  // removed again and the failure passed on. Does nothing on a loaded form.
   void Load();
-  // Loads the form where that has not happened, and brings it on the screen without blocking.
+  // Loads the form if necessary, shows it and returns at once.
   void Show();
-  // The same, and returns once the form has been unloaded. Meanwhile no other form takes input.
+  // The same, but returns when the form has been unloaded. No other form takes input meanwhile.
   void ShowModal();
-  // Asks the QueryUnload handler and, unless that cancels, runs the Unload handler and takes the form
-  // off the screen. Does nothing while the form is being unloaded already, or is not loaded.
+  // Runs the QueryUnload handler and, unless that cancels, the Unload handler; then removes the form. Does nothing if
+  // the form is not loaded or already being unloaded.
   void Unload();
 
   bool IsLoaded() const { return state_ != State::kUnloaded; }
@@ -54,18 +54,18 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   float Width() const { return bounds_.width; }
   float Height() const { return bounds_.height; }
   void Move(float left, float top, float width, float height);
-  // Gives it the size at which its controls have that much room, beside the frame and the menu.
+  // Sets the size of the area inside the frame and below the menu.
   void SetClientSize(float width, float height);
 
   // The small picture in its title bar; none at first.
   const Artwork& Icon() const { return icon_; }
   void SetIcon(Artwork icon);
 
-  // The control of that name, and of that kind. Fails with kNoSuchEntry.
+  // The control of that type and name. Fails with kNoSuchEntry.
   template <typename ControlType>
   ControlType& Find(std::string_view control_name) const;
 
-  // Calls `visit` with each control of that kind, in the order of their making.
+  // Calls `visit` with each control of that type, in order of creation.
   template <typename ControlType, typename Visitor>
   void ForEach(Visitor visit) const;
 
@@ -82,9 +82,9 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   virtual void Form_MouseMove() {}
   // The user pressed F1.
   virtual void Form_Help() {}
-  // A saver window has lost the focus to another program, or is out of sight.
+  // The saver window lost the focus to another program or is no longer visible.
   virtual void Form_Deactivate() {}
-  // A saver window has to fit another screen.
+  // The size of the saver window's screen changed, or it must move to another screen.
   virtual void Form_ScreenChange() {}
 
  private:
@@ -101,12 +101,12 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   void OnDeactivated() override;
   void OnScreenChanged() override;
 
-  // What a dialog's frame and menu take of its size, in pixels.
+  // The part of a dialog's size that its frame and menu take, in pixels.
   PixelRect NominalFrame() const;
   void SendBounds();
 
-  // The focus that controls lost one after the other by being disabled. They have a claim to it until the handler that
-  // led to that has returned, or somebody moves the focus from where the platform put it.
+  // Controls that lost the focus because they were disabled. Each gets it back if it is enabled again before the
+  // handler that disabled it returns, unless the focus has been moved meanwhile.
   struct LostFocus {
     std::vector<const Widget*> by;
     const Widget* now_at = nullptr;
@@ -115,10 +115,10 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
 
   const Widget* FocusedControl() const;
   void NoteFocusLost(const Widget& control);
-  // Whether that control has a claim, which is met then; those that lost the focus before it keep theirs.
+  // Gives the focus back to `control` if it is one of these. Those that lost it earlier keep their claim.
   bool ReclaimFocus(const Widget& control);
 
-  // Null when there is none. Names compare without regard to case.
+  // Null if there is none. Case is ignored.
   Control* FindControl(std::string_view control_name) const;
   [[noreturn]] void ThrowNoSuchControl(std::string_view control_name) const;
   void Destroy();

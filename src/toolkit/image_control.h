@@ -11,18 +11,18 @@
 
 namespace quorvale {
 
-// Shows a picture. It has no window: it stands on a picture box, which paints it, or directly on the
-// form, where it only measures. Positions and sizes are in twips, on the container.
+// Shows a picture. It has no window of its own: its picture box paints it. On a form directly it is never painted and
+// only measures pictures. Positions and sizes are in twips, relative to the container.
 class ImageControl : public Control {
  public:
-  // `Stretch` on: the picture is scaled to the control. `Stretch` off: the control takes its size.
+  // `stretch`: scale the picture to the control; otherwise the control gets the picture's size.
   ImageControl(PictureBox& container, std::string name, bool stretch);
   ImageControl(Form& container, std::string name, bool stretch);
 
   std::function<void()> MouseMove;
   std::function<void()> MouseDown;
 
-  // Fails with kInvalidArgument on an image that does not stand on a picture box.
+  // Fails with kInvalidArgument if the image is not on a picture box.
   PictureBox& Container() const;
 
   // These fail with kNotLoaded when the form is not loaded.

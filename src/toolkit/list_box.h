@@ -9,8 +9,7 @@
 
 namespace quorvale {
 
-// A list of texts in the order in which they were added, of which any number can be selected. Positions
-// count from 0; a position that is not there fails with kNoSuchEntry.
+// A list of texts, not sorted, with multiple selection. Positions count from 0; invalid ones fail with kNoSuchEntry.
 class ListBox : public Widget {
  public:
   static constexpr int kMostItems = 32'767;

@@ -7,7 +7,7 @@ namespace quorvale {
 enum class MessageBoxButtons { kOk, kYesNoCancel, kAbortRetryIgnore };
 enum class MessageBoxIcon { kNone, kInformation, kExclamation, kQuestion };
 
-// The numbers that the system gives for the button pressed; 0 is none of them.
+// The pressed button, with the system's numbers; 0 is no button.
 enum class MessageBoxAnswer { kNone = 0, kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7 };
 
 // A modal box. An empty title stands for the application's.

@@ -11,20 +11,20 @@
 
 namespace quorvale {
 
-// The system's numbers of the messages that hooks report.
+// Numbers of window messages that hooks can report.
 inline constexpr int kWmClose = 16;
 inline constexpr int kWmExitMenuLoop = 530;
 
-// Tells a form that one of the messages that it chose has arrived at a window of this program.
+// Reports selected messages that arrive at one window of this program.
 class MessageHook : public Control {
  public:
   MessageHook(Form& parent, std::string name) : Control(parent, std::move(name)) {}
 
   std::function<void(int message)> Message;
 
-  // Watches that window from now on, in place of any before. Fails with kNotLoaded.
+  // Watches `window` instead of any other from now on. Fails with kNotLoaded.
   void SetHwnd(WindowHandle window);
-  // Reports that message from now on. Fails with kNotLoaded.
+  // Adds `message` to the reported ones. Fails with kNotLoaded.
   void Report(int message);
 
  protected:

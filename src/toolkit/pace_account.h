@@ -5,26 +5,26 @@
 
 namespace quorvale {
 
-// How long the passes of an effect take at least. A bare pass over an empty queue takes less than a
-// microsecond, so that the slowest speed of an effect would look like none.
+// The minimum duration of an effect's passes. A pass over an empty queue takes less than a microsecond, so without a
+// minimum even the slowest effect would be over at once.
 struct PassLengths {
   std::chrono::nanoseconds empty = std::chrono::microseconds(25);
   std::chrono::nanoseconds presenting = std::chrono::milliseconds(1);
 };
 
-// What the passes of one effect owe to their nominal length.
+// Sums up how much faster the passes of one effect were than their nominal length.
 class PaceAccount {
  public:
   using Duration = std::chrono::nanoseconds;
 
-  // A pass of that nominal length took so long. A slow one earns no credit.
+  // Adds a pass of length `nominal` that took `took`. A slow pass is not credited.
   void AddPass(Duration nominal, Duration took) { owed_ += std::max(Duration::zero(), nominal - took); }
 
-  // How long to wait now: shorter pauses are saved up, since no timer is good at them.
+  // How long to wait now. Short waits are saved up, because timers are too coarse for them.
   Duration Due() const { return owed_ >= kShortestWait ? owed_ : Duration::zero(); }
 
-  // What a timer overshoots is taken off the next wait, but a wait that an event has dragged out earns no
-  // credit either.
+  // Records a wait. A timer's overshoot shortens the next wait, but only up to a limit: events can prolong a wait much
+  // more.
   void Waited(Duration time) { owed_ = std::max(owed_ - time, -kMostOvershoot); }
 
   void Forget() { owed_ = Duration::zero(); }

@@ -10,7 +10,7 @@
 
 namespace quorvale {
 
-// Holds other controls. With a caption or without, with a border or without.
+// A container for other controls, with an optional caption and border.
 class Frame : public Widget {
  public:
   Frame(Form& parent, WidgetDesign design, bool border);
@@ -24,12 +24,12 @@ class Frame : public Widget {
   bool border_;
 };
 
-// How a label looks beside its text.
+// The look of a label.
 struct LabelStyle {
   bool border = false;
   bool bold = false;
   bool centred = false;
-  // Never goes on in a second line.
+  // Never wraps.
   bool one_line = false;
   float points = 0;  // 0 is the window's own size
 };
@@ -40,7 +40,7 @@ class Label : public Widget {
   Label(Form& parent, WidgetDesign design, LabelStyle style = {});
 
   const LabelStyle& Style() const { return style_; }
-  // Without one it shows the window's own.
+  // If not, it shows the window's background.
   bool HasBackColor() const { return has_back_colour_; }
   Colour BackColor() const { return back_colour_; }
   void SetBackColor(Colour colour);
@@ -59,7 +59,7 @@ class Label : public Widget {
   Colour fore_colour_ = kBlack;
 };
 
-// A straight line, level.
+// A horizontal line.
 class Rule : public Widget {
  public:
   Rule(Form& parent, WidgetDesign design, Colour colour);
@@ -73,10 +73,10 @@ class Rule : public Widget {
   Colour colour_;
 };
 
-// Shows artwork at the size of its place.
+// Shows artwork, scaled to the control.
 class ImageView : public Widget {
  public:
-  // With a `Click` it is a link and shows a hand.
+  // If it has a `Click` handler, it is a link and shows a hand cursor.
   ImageView(Form& parent, WidgetDesign design, Artwork artwork);
 
   std::function<void()> Click;
@@ -92,7 +92,7 @@ class ImageView : public Widget {
   Artwork artwork_;
 };
 
-// Tabs, of which one is selected; what they lead to is the form's business.
+// A row of tabs, one of them selected. The form shows and hides the pages.
 class TabStrip : public Widget {
  public:
   struct Tab {

@@ -9,32 +9,31 @@
 
 namespace quorvale {
 
-// A loaded picture. Controls share it; it owns all that it needs, so its file may vanish.
+// A loaded picture, shared by controls. It does not need its file any more.
 class Picture {
  public:
   virtual ~Picture() = default;
 
-  // In twips, with `scale` device pixels to the toolkit's pixel. One pixel of a bitmap is one device
-  // pixel of the screen; a metafile's size comes from its header.
+  // In twips. `scale` is device pixels per toolkit pixel: one pixel of a bitmap takes one device pixel. A metafile's
+  // size comes from its header.
   virtual TwipSize NaturalSize(float scale) const = 0;
 
-  // Paints the picture, scaled to `box`, into those pixels of `target` that lie in `clip`. What is
-  // transparent leaves the target as it is. Damage found only now paints what there is.
+  // Paints the picture, scaled to `box`, on the part of `target` inside `clip`. Transparent pixels leave the target
+  // unchanged. If the picture proves to be damaged, paints what can be decoded.
   virtual void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) = 0;
 };
 
-// Where a picture that is about to be loaded will be shown, so that it need be decoded only once, at
-// the scale and the part that will be seen.
+// Where a picture will be shown. The loader uses this to decode it once, at the final scale and only the visible part.
 struct PicturePlace {
-  // The box, in device pixels of the surface, of a picture of that natural size in twips.
+  // Gives the box, in device pixels of the surface, for a picture of size `natural` (twips).
   std::function<PixelRect(const TwipSize& natural)> box;
-  // The part of the surface that is seen, in device pixels.
+  // The visible part of the surface, in device pixels.
   PixelRect clip;
   // Device pixels to the toolkit's pixel.
   float scale = 1;
 };
 
-// Reads picture files: BMP, GIF, JPEG, WMF, EMF and whatever else the platform can decode.
+// Reads picture files of all formats that the platform can decode.
 class PictureLoader {
  public:
   virtual ~PictureLoader() = default;

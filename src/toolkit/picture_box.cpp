@@ -12,7 +12,7 @@ namespace quorvale {
 namespace {
 
 constexpr int kWidestPen = 32'767;
-// More pixels than any screen has; a box beyond that would only exhaust memory.
+// A limit beyond any screen, so that a huge box can't exhaust memory.
 constexpr double kMostPixels = 1 << 28;
 
 int DevicePixels(int pixels, float scale) {

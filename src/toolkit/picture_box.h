@@ -16,8 +16,8 @@ namespace quorvale {
 
 class ImageControl;
 
-// One drawing operation as it was asked for, in twips and pen pixels. What an operation is not given
-// stays as it is here: a centre, a dot and a text's corner are `x1`, `y1`, and `kCls` has only its kind.
+// One drawing operation with its arguments, in twips; pens in pixels. Centres, dots and the corner of a text are in
+// `x1`, `y1`. Fields that an operation does not use keep their defaults; `kCls` uses none.
 struct DrawOperation {
   enum class Kind { kCls, kLine, kBox, kCircle, kPSet, kPrint };
   Kind kind = Kind::kCls;
@@ -33,9 +33,9 @@ struct DrawOperation {
   bool operator==(const DrawOperation&) const = default;
 };
 
-// A surface with a window of its own that holds image controls and can be drawn on. Drawing is
-// immediate, goes over the images too, and is not remembered: when an image shows, hides, moves or
-// changes, its area is painted again from the background colour and the visible images.
+// A window with a surface for drawings and image controls. Drawing takes effect at once, covers images too, and is not
+// recorded: when an image is shown, hidden, moved or changed, its area is repainted with the background colour and the
+// visible images only.
 //
 // All positions and sizes are in twips, from the box's top left corner; pen widths are in the
 // toolkit's pixels. Drawing fails with kNotLoaded when the form is not loaded, and with
@@ -55,13 +55,13 @@ class PictureBox : public Control, private SurfaceEvents {
   // These two fail with kNotLoaded.
   float Width() const;
   float Height() const;
-  // A box that changes size is painted again as a whole.
+  // Repaints the whole box if its size changes.
   void Move(float left, float top, float width, float height);
 
   WindowHandle Hwnd() const;
 
   Colour BackColor() const { return back_colour_; }
-  // A new colour paints the box again as a whole.
+  // Repaints the whole box if the colour changes.
   void SetBackColor(Colour colour);
   Colour FillColor() const { return fill_colour_; }
   void SetFillColor(Colour colour) { fill_colour_ = colour; }
@@ -100,7 +100,7 @@ class PictureBox : public Control, private SurfaceEvents {
 
   void TakeFocus();
 
-  // For image controls: paints what lies in `area` again.
+  // For image controls: repaints `area`.
   void Repaint(const TwipRect& area);
   void Attach(ImageControl& image) { images_.push_back(&image); }
 
@@ -118,10 +118,10 @@ class PictureBox : public Control, private SurfaceEvents {
 
   void Resize();
   void RepaintPixels(const PixelRect& area);
-  // Shows `operation` to `Drawing`, which may be the end of the form.
+  // Passes `operation` to `Drawing`, which may unload the form.
   void Announce(const DrawOperation& operation);
   void InvalidateIfDirty();
-  // Runs an event's handler if the form is loaded, and keeps the form for that time.
+  // Runs an event handler if the form is loaded. Keeps the form alive meanwhile.
   void Dispatch(const std::function<void()>& handler);
   // The pen's width in device pixels.
   double Pen() const;

@@ -5,12 +5,12 @@
 #include "toolkit/application.h"
 #include "toolkit/picture_box.h"
 
-// What a picture box draws when it is asked to.
+// The drawing methods of a picture box.
 
 namespace quorvale {
 namespace {
 
-// Far enough outside every surface that what is drawn there can't be told from what lies further out.
+// Coordinates are clamped to this. It is so far outside every surface that the result does not change.
 constexpr double kFarthest = 1e7;
 
 double DevicePosition(float twips, float scale) {

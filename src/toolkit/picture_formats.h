@@ -4,13 +4,12 @@
 
 namespace quorvale {
 
-// A kind of picture file, as lists, dialogs and the help name it. How it is read is the platform's business: each has
-// its own table for that.
+// A picture format as lists, dialogs and help name it. Each platform has its own table of decoders.
 struct PictureFormat {
   std::string_view name;
-  // What its files are called, with semicolons between: "*.jpg;*.jpeg".
+  // File patterns, separated by semicolons: "*.jpg;*.jpeg".
   std::string_view patterns;
-  // Whether a directory in a list stands for these files too.
+  // Whether directory entries in a list include these files.
   bool listed = true;
 };
 

@@ -14,7 +14,7 @@ constexpr Pixel ToPixel(Colour colour) {
   return 0xFF000000U | (colour & 0x0000FFU) << 16U | (colour & 0x00FF00U) | (colour & 0xFF0000U) >> 16U;
 }
 
-// Pixels that somebody else owns: `height` rows of `width`, `stride` pixels from one row to the next.
+// A view of pixels owned elsewhere: `height` rows of `width`. `stride` is the distance between rows in pixels.
 struct PixelView {
   Pixel* pixels = nullptr;
   int width = 0;

@@ -18,11 +18,11 @@ class Surface;
 class TextPainter;
 class WidgetFactory;
 
-// What the toolkit asks of a platform. A platform implements this page; it calls back only through the
-// event interfaces below, always on the program's one thread. The toolkit catches what handlers throw:
-// no exception but `ProcessEnded` comes out of an event.
+// The interfaces that a platform implements for the toolkit. A platform calls back only through the event interfaces
+// below, and only on the program's main thread. The toolkit catches what handlers throw: no exception other than
+// `ProcessEnded` leaves an event.
 
-// What happens to a form's window.
+// Events of a form's window.
 class WindowEvents {
  public:
   virtual ~WindowEvents() = default;
@@ -34,28 +34,28 @@ class WindowEvents {
   virtual void OnCloseRequested() = 0;
   // The user pressed F1.
   virtual void OnHelpRequested() = 0;
-  // A saver window is no longer what the user has before him: a window of another program took the focus, or
-  // this one was minimised or is out of sight. A box of this program over it and a screen locker's grab of the
-  // keyboard are no such thing. Not told while a box is up; what still holds then is told when it closes.
+  // A saver window lost the focus to another program's window, was minimised or became invisible. Boxes of this
+  // program and a screen locker's keyboard grab don't count. While a box is open the event waits, and is sent when the
+  // box closes if it still applies.
   virtual void OnDeactivated() = 0;
-  // The primary monitor of a saver window is another one, or its size has changed; `Platform::Screen` tells it.
-  // Windows on other monitors are the platform's business. Not told while there is no monitor.
+  // For saver windows: the primary monitor or its size changed; `Platform::Screen` has the new size. The platform
+  // itself takes care of windows on other monitors. Not sent while there is no monitor.
   virtual void OnScreenChanged() = 0;
 };
 
-// What happens to a picture box's window. Positions are in the toolkit's pixels.
+// Events of a picture box's window. Positions are in toolkit pixels.
 class SurfaceEvents {
  public:
   virtual ~SurfaceEvents() = default;
   virtual void OnKeyDown(int key) = 0;
   virtual void OnMouseDown(int x, int y) = 0;
   virtual void OnMouseMove(int x, int y) = 0;
-  // The device pixels to the toolkit's pixel changed.
+  // The number of device pixels per toolkit pixel changed.
   virtual void OnScaleChanged() = 0;
 };
 
-// A top-level window. Destroying it takes it off the screen; the toolkit never does that while one of
-// the window's events is being delivered.
+// A top-level window. The destructor removes it from the screen; the toolkit never calls it while the window delivers
+// an event.
 class WindowPeer {
  public:
   virtual ~WindowPeer() = default;
@@ -88,7 +88,7 @@ class SurfacePeer {
 class TimerPeer {
  public:
   virtual ~TimerPeer() = default;
-  // Starts the countdown anew; `milliseconds` 0 stops it. It fires again and again until told otherwise.
+  // Restarts the timer with that period; 0 stops it.
   virtual void Set(int milliseconds) = 0;
 };
 
@@ -100,7 +100,7 @@ class MessageHookPeer {
   virtual void Report(int message) = 0;
 };
 
-// The pauses of one transition. Passes made through it take at least their nominal length.
+// Paces one transition: each of its passes takes at least the nominal length.
 class PacedRun {
  public:
   virtual ~PacedRun() = default;
@@ -108,8 +108,8 @@ class PacedRun {
 };
 
 enum class WindowKind {
-  kSaver,   // no border; while it shows, every other monitor is black and input there is the window's
-  kHidden,  // loaded and never shown
+  kSaver,   // no border; while it is visible, other monitors are black and input there goes to it
+  kHidden,  // never shown
   kDialog,  // a fixed dialog frame without minimise and maximise boxes
 };
 
@@ -127,14 +127,14 @@ class Platform {
 
   virtual ScreenInfo Screen() = 0;
 
-  // Windows start hidden. `events` outlives what is made.
+  // Windows start hidden. `events` must outlive the peer.
   virtual std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) = 0;
-  // `surface` outlives what is made.
+  // `surface` must outlive the peer.
   virtual std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface,
                                                          SurfaceEvents& events) = 0;
   virtual std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) = 0;
 
-  // `arrived` gets the number of a message that was to be reported.
+  // `arrived` is called with the number of a reported message.
   virtual std::unique_ptr<MessageHookPeer> CreateMessageHookPeer(std::function<void(int message)> arrived) = 0;
 
   virtual PictureLoader& Pictures() = 0;
@@ -142,7 +142,7 @@ class Platform {
 
   // Delivers all pending events, then returns without waiting.
   virtual void PumpEvents() = 0;
-  // `surface` may vanish during the run.
+  // `surface` may be destroyed during the run.
   virtual std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) = 0;
 
   virtual WidgetFactory& Widgets() = 0;

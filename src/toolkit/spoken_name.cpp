@@ -8,7 +8,7 @@
 namespace quorvale {
 namespace {
 
-// Frames, and labels that only show a colour, stand between a label and its control without being either.
+// Frames and labels that only show a colour may come between a label and its control.
 bool IsPassedOver(const Widget& control) {
   if (dynamic_cast<const Frame*>(&control) != nullptr) return true;
   return dynamic_cast<const Label*>(&control) != nullptr && control.Caption().empty();

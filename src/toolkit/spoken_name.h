@@ -6,11 +6,11 @@ namespace quorvale {
 
 class Widget;
 
-// The text that a caption shows, without the marks of access keys.
+// The caption's visible text, without the "&" of access keys.
 std::string PlainCaption(const std::string& caption);
 
-// What a screen reader calls a control: its caption, or else that of the label before it in the tab order, or of the
-// frame around it, or its tool tip.
+// The name of a control for screen readers: its caption, else the caption of the label before it in tab order, else of
+// its frame, else its tool tip.
 std::string SpokenName(const Widget& control);
 
 }  // namespace quorvale

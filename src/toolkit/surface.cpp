@@ -7,10 +7,10 @@
 namespace quorvale {
 namespace {
 
-// Beyond every surface, and small enough to be squared and subtracted without harm.
+// Outside every surface, yet small enough to be squared and subtracted without loss.
 constexpr double kFarthest = 1e9;
 
-// A line that leaves its direction by less than this many pixels is straight.
+// Lines that deviate by less than this many pixels count as horizontal or vertical.
 constexpr double kStraight = 1e-6;
 
 template <typename... Numbers>
@@ -20,12 +20,12 @@ bool AnyNan(Numbers... numbers) {
 
 double Near(double coordinate) { return std::clamp(coordinate, -kFarthest, kFarthest); }
 
-// The first of the pixels 0 to `limit` whose centre lies beyond `edge`.
+// The first pixel from 0 to `limit` whose centre is beyond `edge`.
 int FirstBeyond(double edge, int limit) {
   return static_cast<int>(std::clamp(edge + 0.5, 0.0, static_cast<double>(limit)));
 }
 
-// Half the length of what a disc covers of a line that passes its centre at `distance`.
+// Half the length of a disc's chord at `distance` from its centre.
 double HalfChord(double radius, double distance) {
   return radius > std::abs(distance) ? std::sqrt(radius * radius - distance * distance) : 0.0;
 }

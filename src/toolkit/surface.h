@@ -9,14 +9,13 @@
 
 namespace quorvale {
 
-// The pixels that stand for what a picture box shows at this moment, and the one rasteriser that draws
-// on them, the same on every platform. Coordinates are in device pixels; a pixel is inside a shape when
-// its centre is, and a centre on the very edge is inside on the right and at the bottom only, so that a
-// bar of n pixels covers n. Only pixels that really change become dirty. Shapes are clipped; one with a
-// coordinate that is not a number is not drawn.
+// The current pixels of a picture box, with the rasteriser that all platforms share. Coordinates are in device pixels.
+// A pixel belongs to a shape if its centre is inside. A centre exactly on the edge counts at the right and bottom edge
+// only, so that a bar of n pixels covers n. Only pixels whose colour changes become dirty. Shapes are clipped; a shape
+// with a NaN coordinate is not drawn.
 class Surface {
  public:
-  // Takes a new size and the colour `fill`; everything is dirty.
+  // Sets the size and fills the surface; all of it becomes dirty.
   void Resize(int width, int height, Pixel fill);
 
   int Width() const { return width_; }
@@ -36,11 +35,11 @@ class Surface {
   // A filled dot `diameter` pixels across. It has at least the pixel that holds its centre.
   void DrawDot(double x, double y, double diameter, Pixel colour);
 
-  // The pixels, for painting pictures and text; whoever writes to them says so with `Changed`.
+  // For painting pictures and text. After writing, call `Changed`.
   PixelView Pixels() { return {pixels_.data(), width_, height_, width_}; }
   Pixel At(int x, int y) const { return pixels_[static_cast<std::size_t>(y) * width_ + x]; }
 
-  // Makes what lies in `rect` dirty, all of it.
+  // Makes all of `rect` dirty.
   void Changed(const PixelRect& rect);
 
   DirtyRegion& Dirty() { return dirty_; }
@@ -57,8 +56,8 @@ class Surface {
     void Cut(int from, int to);
   };
 
-  // What is known of a row without looking. Shapes grow over what they drew a step before, from one side
-  // or from two, so this saves nearly all of the comparing and filling.
+  // What is known about a row without reading its pixels. Each step's shape mostly covers the one before and grows at
+  // one or both sides, so this saves nearly all comparing and filling.
   struct KnownRow {
     KnownRun one;
     KnownRun other;

@@ -6,8 +6,8 @@
 namespace quorvale {
 namespace {
 
-// Pixels that are looked at together: counting has no branches, and a branch that depends on a shape's
-// edge costs more than the few pixels that a step adds there.
+// Pixels compared as a block. Counting needs no branches, and a mispredicted branch at a shape's edge costs more than
+// comparing the few pixels that a step adds there.
 constexpr int kGrownBlock = 8;
 constexpr int kLongBlock = 16;
 
@@ -18,7 +18,7 @@ int CountEqual(const Pixel* pixels, Pixel colour) {
   return equal;
 }
 
-// For a block of which all but `unknown` pixels have the colour: fills it when none of those has it yet.
+// All but `unknown` pixels of the block have the colour. Fills the block if none of the unknown ones has it.
 bool FillBlock(Pixel* block, int unknown, Pixel colour) {
   if (CountEqual<kGrownBlock>(block, colour) != kGrownBlock - unknown) return false;
   std::fill_n(block, kGrownBlock, colour);
@@ -57,8 +57,8 @@ void Surface::FillSpan(int y, int left, int right, Pixel colour) {
   if (right - left >= shorter.Length()) shorter = {left, right, colour};
 }
 
-// Growing to the left and to the right are apart: a processor foresees the addresses that an instruction
-// reads from row to row, as long as the instruction keeps to one side.
+// Left and right have separate functions: a processor prefetches well if an instruction's addresses follow a pattern
+// from row to row, which they do on one side only.
 void Surface::GrowLeft(KnownRun& known, int y, int left) {
   if (left >= known.left) return;
   if (left + kGrownBlock <= known.right && FillBlock(Pixels().Row(y) + left, known.left - left, known.colour)) {

@@ -7,13 +7,13 @@
 
 namespace quorvale {
 
-// The platform takes the nearest match of what it has.
+// The platform uses the nearest font that it has.
 struct Font {
   std::string name;
   float points = 8;
 };
 
-// Text on pixels. The device's resolution is the platform's to know.
+// Draws text on pixels. The platform knows the device's resolution.
 class TextPainter {
  public:
   virtual ~TextPainter() = default;

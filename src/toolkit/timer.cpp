@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLongestInterval = 65'535;
 
-// Marks a handler as running, whichever way it ends.
+// Marks a handler as running for the time of its scope.
 class Running {
  public:
   explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
@@ -55,7 +55,7 @@ void Timer::ReleasePeer() {
 }
 
 void Timer::Fire() {
-  // A platform may deliver what was due before the timer was stopped.
+  // The platform may deliver an event that was due before the timer was stopped.
   if (!Parent().IsLoaded() || !enabled_ || running_ || !Elapsed) return;
   App().Dispatch([this, form = Parent().shared_from_this()] {
     const Running running(running_);

@@ -9,8 +9,7 @@
 
 namespace quorvale {
 
-// Fires again and again while it is enabled. An event that comes while the last one's handler is still
-// running is dropped.
+// Fires periodically while it is enabled. Events that come while its handler is still running are dropped.
 class Timer : public Control {
  public:
   // `interval` in milliseconds; the timer starts disabled.
@@ -21,8 +20,8 @@ class Timer : public Control {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
-  // In milliseconds, 0 to 65,535; 0 stops the timer. Setting it starts the countdown anew. Fails with
-  // kInvalidValue outside that range, and keeps the interval that it had.
+  // In milliseconds, 0 to 65,535; 0 stops the timer. Setting it restarts the countdown. Outside that range it fails
+  // with kInvalidValue and keeps the old interval.
   int Interval() const { return interval_; }
   void SetInterval(double milliseconds);
 

@@ -6,7 +6,7 @@
 namespace quorvale {
 namespace {
 
-// Far beyond any screen, and small enough that sums and differences of two such edges fit an int.
+// Beyond any screen, yet small enough that the sum or difference of two fits an int.
 constexpr double kFarthest = 500'000'000.0;
 
 int Edge(double pixels) {

@@ -4,8 +4,8 @@
 
 namespace quorvale {
 
-// Positions and sizes of forms, controls and drawing are in twips, 1440 to the inch, and single
-// precision. `Screen` has 15 of them to the pixel, always.
+// Forms, controls and drawings are measured in twips, as floats. A pixel always has 15, whatever the screen's
+// resolution.
 inline constexpr float kTwipsPerPixel = 15.0F;
 inline constexpr float kTwipsPerPoint = 20.0F;
 
@@ -45,11 +45,11 @@ struct PixelRect {
 
 PixelRect Intersect(const PixelRect& a, const PixelRect& b);
 
-// The pixels of `rect` at `scale` device pixels to the toolkit's pixel: each edge goes to the nearest
-// one. Coordinates beyond what a surface could ever show are clamped.
+// Converts to device pixels, `scale` per toolkit pixel. Edges are rounded to the nearest pixel and clamped to what a
+// surface could show.
 PixelRect ToPixels(const TwipRect& rect, float scale);
 
-// A length in twips in device pixels, not rounded.
+// Converts a length to device pixels without rounding.
 double ToPixels(float twips, float scale);
 
 }  // namespace quorvale

@@ -12,10 +12,10 @@ namespace quorvale {
 
 class Frame;
 
-// A text as a caption that shows it as it is, with no access key.
+// The caption that shows `text` literally, without an access key.
 std::string LiteralCaption(const std::string& text);
 
-// How a control stands on its form when the form is loaded.
+// A control's properties at design time.
 struct WidgetDesign {
   std::string name;
   // An "&" marks the access key, "&&" is an ampersand.
@@ -30,8 +30,8 @@ struct WidgetDesign {
   bool visible = true;
 };
 
-// A control with a window of the platform's own. It holds its state itself, so that it can be asked and set
-// at any time; the platform's peer follows. Positions and sizes are in twips, on the container.
+// A control that the platform shows by a peer. The state is kept here and can be read and set at any time; the peer
+// follows. Positions and sizes are in twips, relative to the container.
 class Widget : public Control {
  public:
   Widget(Form& parent, WidgetDesign design);
@@ -41,14 +41,14 @@ class Widget : public Control {
   const std::string& Caption() const { return design_.caption; }
   void SetCaption(std::string caption);
   bool Enabled() const { return enabled_; }
-  // A control that loses the focus by being disabled has it back when the same event enables it again.
+  // If disabling takes the focus away, the control gets it back when the same event enables it again.
   void SetEnabled(bool enabled);
   bool Visible() const { return design_.visible; }
   void SetVisible(bool visible);
   const TwipRect& Place() const { return design_.place; }
   void Move(const TwipRect& place);
 
-  // Gives it the focus. Fails with kInvalidArgument when it can't take it: hidden, disabled or on a hidden frame.
+  // Moves the focus to it. Fails with kInvalidArgument if it, or a frame around it, is hidden or disabled.
   void SetFocus();
   bool CanTakeFocus() const;
   bool HasFocus() const;
@@ -57,14 +57,14 @@ class Widget : public Control {
   void CreatePeer() override;
   void ReleasePeer() override;
 
-  // Makes the peer that fits the control's kind.
+  // Creates the peer for this type of control.
   virtual std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) = 0;
 
-  // Tells the peer, if there is one, what to look at again.
+  // Makes the peer, if there is one, read `aspect` again.
   void Tell(WidgetAspect aspect);
   WidgetPeer* Peer() const { return peer_.get(); }
 
-  // Runs an event's handler, if there is one, as long as the form is loaded.
+  // Runs an event handler if there is one and the form is loaded.
   void Raise(const std::function<void()>& handler);
 
  private:

@@ -20,18 +20,18 @@ class TabStrip;
 class TextBox;
 class WindowPeer;
 
-// What of a control has changed.
+// The aspect of a control that has changed.
 enum class WidgetAspect { kPlace, kVisible, kEnabled, kCaption, kColour, kValue, kContents };
 
-// The platform's side of a control. It reads what it shows from the control, and reports what the user
-// does by the control's `User...` methods.
+// The platform's side of a control. It reads the state from the control and reports the user's actions by the control's
+// `User...` methods.
 class WidgetPeer {
  public:
   virtual ~WidgetPeer() = default;
-  // Look at that aspect of the control again. Must not report anything back as the user's doing.
+  // Reads `aspect` from the control again. Must not report this as an action of the user.
   virtual void Update(WidgetAspect aspect) = 0;
   virtual void TakeFocus() = 0;
-  // Whether keys go to it while its window is the active one.
+  // Whether it gets the keys while its window is active.
   virtual bool HasFocus() const = 0;
 };
 
@@ -52,8 +52,8 @@ class MenuBarPeer {
   virtual void Update(const MenuItem& item) = 0;
 };
 
-// Makes peers: one function a kind of control. Peers start as the control is; the control outlives its
-// peer. The peers of frames are made before those of the controls on them.
+// Creates peers, by one function per type of control. A peer starts with the control's current state; the control
+// outlives it. Peers of frames are created before those of the controls on them.
 class WidgetFactory {
  public:
   virtual ~WidgetFactory() = default;
