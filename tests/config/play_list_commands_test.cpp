@@ -1,4 +1,5 @@
 #include "config/config_fixture.h"
+#include "playlist/play_list_file.h"
 
 namespace quorvale {
 namespace {
@@ -100,6 +101,7 @@ TEST_F(PlayListCommandTest, EveryMessageHasItsTextAndItsIcon) {
   desktop.dialogs.AnswerFile("C:\\none");
   Choose("mnuSave");
   Choose("mnuMergeList");
+  EXPECT_EQ(desktop.files.MostRead(), kMostPlayListBytes + 1);
   form->SetCurPlayList("");
   form->cmdCancel.UserClick();
   const struct {

@@ -83,6 +83,7 @@ std::string MemoryFileSystem::GetShortPathName(const std::string& path, std::uin
 }
 
 std::string MemoryFileSystem::ReadFile(const std::string& path, std::size_t most) {
+  most_read_ = most;
   std::string content;
   const ReadResult result = failures.Next(FileCall::kReadFile) ? ReadResult::kUnreadable : Read(path, content);
   if (result == ReadResult::kUnreadable) throw Unreadable(path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -48,6 +49,8 @@ class MemoryFileSystem : public FileSystem {
 
   // The directories enumerated so far.
   const std::vector<std::string>& Enumerated() const { return enumerated_; }
+  // How many bytes the last `ReadFile` might give.
+  std::size_t MostRead() const { return most_read_; }
   // A line of an INI file as it was last written.
   std::optional<std::string> IniLine(const std::string& section, const std::string& key, const std::string& file) const;
 
@@ -81,6 +84,7 @@ class MemoryFileSystem : public FileSystem {
   PathSyntax syntax_;
   Tree tree_;
   std::vector<std::string> enumerated_;
+  std::size_t most_read_ = 0;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> ini_;
 };
 
