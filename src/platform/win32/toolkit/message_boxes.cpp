@@ -1,6 +1,8 @@
 #include "platform/win32/toolkit/message_boxes.h"
 
 #include <algorithm>
+#include <iterator>
+#include <string_view>
 
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
@@ -42,6 +44,22 @@ HWND Owner() {
   return IsWindowVisible(info.hwndActive) != 0 ? info.hwndActive : nullptr;
 }
 
+BOOL CALLBACK StopAtVisibleDialog(HWND window, LPARAM found) {
+  wchar_t name[8] = {};
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  // The class of the system's own dialogs.
+  if (IsWindowVisible(window) == 0 || std::wstring_view(name) != L"#32770") return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The uppermost of the system's dialogs that this program shows, or null.
+HWND TopmostDialog() {
+  HWND dialog = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &StopAtVisibleDialog, reinterpret_cast<LPARAM>(&dialog));
+  return dialog;
+}
+
 }  // namespace
 
 MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title,
@@ -51,8 +69,11 @@ MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& a
   const HWND owner = Owner();
   const UINT kind = ToWin32(box.buttons) | ToWin32(box.icon) | MB_SETFOREGROUND | MB_TOPMOST |
                     (owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL);
-  // A box with an answer lets its owner take input again before it returns.
-  const EndedLoops::Loop loop(ended_loops, [owner] { return owner != nullptr && IsWindowEnabled(owner) != 0; });
+  // Asked for the first time while the box is on the screen; with its answer it goes from there before it returns.
+  const EndedLoops::Loop loop(ended_loops, [shown = HWND()]() mutable {
+    if (shown == nullptr) shown = TopmostDialog();
+    return shown != nullptr && IsWindowVisible(shown) == 0;
+  });
   return static_cast<MessageBoxAnswer>(MessageBoxW(
       owner, ToWide(text).c_str(), ToWide(box.title.empty() ? application_title : box.title).c_str(), kind));
 }
