@@ -58,6 +58,12 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
     return condition();
   }
 
+  // Runs events until the show has looked for the screen that it has got.
+  void Settle() {
+    const ULONGLONG settled = GetTickCount64() + 1200;
+    RunUntil([settled] { return GetTickCount64() >= settled; });
+  }
+
   NoPictures pictures_;
   Win32Platform platform_;
   Surface surface_;

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <set>
@@ -70,13 +71,14 @@ TEST_F(WindowTest, TellsOfTheLossOfTheScreenAndComesBackWhereTheFormStays) {
                                                      [] { SetForegroundWindow(GetDesktopWindow()); }};
   for (const auto& lose : losses) {
     SetForegroundWindow(FormWindow());
-    platform_.PumpEvents();
+    Settle();
     told_.clear();
     lose();
     EXPECT_TRUE(RunUntil([&] { return !told_.empty(); }));
     EXPECT_EQ(told_.front(), "deactivated");
     EXPECT_TRUE(IsWindowVisible(FormWindow()));
     EXPECT_FALSE(IsIconic(FormWindow()));
+    EXPECT_EQ(std::count(told_.begin(), told_.end(), "deactivated"), 1) << "one loss comes with several messages";
   }
   window_->SetVisible(false);
   told_.clear();
@@ -88,6 +90,7 @@ TEST_F(WindowTest, TellsOfTheLossOfTheScreenAndComesBackWhereTheFormStays) {
 // A box is the program's own, and what happened behind it counts once it has gone.
 TEST_F(WindowTest, TellsOfTheLossOfTheScreenOnlyOnceItsBoxHasGone) {
   Show();
+  Settle();
   told_.clear();
   EnableWindow(FormWindow(), FALSE);
   SetForegroundWindow(GetDesktopWindow());

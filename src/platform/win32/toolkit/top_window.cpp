@@ -12,6 +12,8 @@ namespace quorvale {
 namespace {
 
 constexpr UINT kLookAtScreen = WM_APP + 2;
+constexpr UINT_PTR kLookAgain = 1;
+constexpr UINT kBetweenLooks = 500;  // milliseconds
 
 DWORD StyleOf(WindowKind kind) { return (kind == WindowKind::kDialog ? kDialogStyle : WS_POPUP) | WS_CLIPCHILDREN; }
 
@@ -68,6 +70,8 @@ void TopWindow::Appear() {
   SetForegroundWindow(Window());
   if (kind_ != WindowKind::kSaver) return;
   black_windows_ = std::make_unique<BlackWindows>(*this);
+  had_screen_ = false;
+  LookAtScreenSoon();
   // The form may be busy for seconds before messages are handled again.
   RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -104,25 +108,45 @@ bool TopWindow::HoldsScreen() const {
 // Not at once: the system is in the middle of the change, and may be on its way back.
 void TopWindow::LookAtScreenSoon() const { PostMessageW(Window(), kLookAtScreen, 0, 0); }
 
-// While a box of ours holds the window back, the box is what the user works with.
-void TopWindow::LookAtScreen() {
-  if (!is_shown_ || IsWindowEnabled(Window()) == 0 || HoldsScreen()) return;
-  events_.OnDeactivated();
-  // The form stays, so the window comes back.
-  if (!is_shown_) return;
+// One loss of the screen comes with several messages, and the way back goes to and fro for a moment. The form is told
+// once for each time that it had the screen at two looks in a row. While a box of ours holds the window back, the box
+// is what the user works with.
+void TopWindow::LookAtScreen(bool again) {
+  KillTimer(Window(), kLookAgain);
+  if (!is_shown_ || is_telling_ || IsWindowEnabled(Window()) == 0) return;
+  if (HoldsScreen()) {
+    had_screen_ = had_screen_ || again;
+    if (!had_screen_) SetTimer(Window(), kLookAgain, kBetweenLooks, nullptr);
+    return;
+  }
+  if (std::exchange(had_screen_, false)) {
+    is_telling_ = true;
+    events_.OnDeactivated();
+    is_telling_ = false;
+    if (!is_shown_) return;
+  }
+  // The form stays, so the window comes back, and tries again where the system refuses that.
   if (IsIconic(Window()) != 0) ShowWindow(Window(), SW_RESTORE);
   ShowWindow(Window(), SW_SHOW);
+  SetForegroundWindow(Window());
+  SetTimer(Window(), kLookAgain, kBetweenLooks, nullptr);
 }
 
 bool TopWindow::TakeShowMessage(UINT message, WPARAM first) {
   switch (message) {
     case kLookAtScreen:
-      LookAtScreen();
+      LookAtScreen(false);
+      return true;
+    case WM_TIMER:
+      if (first != kLookAgain) return false;
+      LookAtScreen(true);
       return true;
     case WM_SYSCOMMAND:
       // While one saver runs the system needs no other.
       return (first & 0xFFF0U) == SC_SCREENSAVE;
     case WM_ACTIVATEAPP:
+      LookAtScreenSoon();
+      return false;
     case WM_SHOWWINDOW:
       if (first == FALSE) LookAtScreenSoon();
       return false;

@@ -54,7 +54,8 @@ class TopWindow : public NativeWindow {
   void Erase(HDC context) const;
   bool HoldsScreen() const;
   void LookAtScreenSoon() const;
-  void LookAtScreen();
+  // `again` is the look that follows another after a while.
+  void LookAtScreen(bool again);
   // Those messages that only a show's window answers; false for all others.
   bool TakeShowMessage(UINT message, WPARAM first);
 
@@ -68,6 +69,10 @@ class TopWindow : public NativeWindow {
   POINT pointer_{};
   // Whether the form wants it on the screen.
   bool is_shown_ = false;
+  // Whether it has had the screen since it came up, or since the form was last told of its loss.
+  bool had_screen_ = false;
+  // The form is being told of a loss.
+  bool is_telling_ = false;
   std::unique_ptr<BlackWindows> black_windows_;
 };
 
