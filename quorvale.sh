@@ -98,9 +98,6 @@ check() {
   build sanitize
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
   run_tests build/sanitize -L '^(core|pictures|fuzz)$'
-  build debug --target tests
-  say "Testing the debug build"
-  run_tests build/debug
   check_windows
   lint_code
   say "Under the sanitizers:"
@@ -109,8 +106,6 @@ check() {
     say "Under Wine:"
     count_of build/windows-64
   fi
-  say "Debug build, headless, desktop and end to end:"
-  count_of build/debug
 }
 
 lint() {
@@ -158,7 +153,7 @@ Usage: ./quorvale.sh COMMAND. Each command builds first what it needs, and insta
 with QUORVALE_INSTALL=no in the environment it names that and stops.
   show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
   test       build for release, and run the tests: headless, desktop and end to end
-  check      what CI runs beside: sanitizers, fuzzing, the debug build, Windows under Wine, and lint
+  check      what CI runs beside: sanitizers, fuzzing, Windows under Wine, and lint
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine

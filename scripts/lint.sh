@@ -11,17 +11,13 @@ lint_code() {
   git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
   say "Checking the code"
   configure debug -B build/lint -D QUORVALE_PRECOMPILE=OFF
-  git ls-files 'src/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'assets/*.cpp' \
-    ':!src/platform/win32' ':!tests/win32' ':!bench/portable/windows_parts.cpp' ':!tests/desktop/metafiles/maker' |
-    tidy build/lint
-  configure sanitize -B build/lint-fuzz -D QUORVALE_PRECOMPILE=OFF
-  git ls-files 'fuzz/*.cpp' | tidy build/lint-fuzz
+  git ls-files 'src/*.cpp' ':!src/platform/win32' | tidy build/lint
   say "Checking the Windows program's code"
   configure windows-64 -B build/lint-windows -D QUORVALE_PRECOMPILE=OFF
   # The linter's compiler has to be told where the headers of the other one are.
   local library
   library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++
-  git ls-files 'src/platform/win32/*.cpp' 'tests/win32/*.cpp' bench/portable/windows_parts.cpp |
+  git ls-files 'src/platform/win32/*.cpp' |
     tidy build/lint-windows --extra-arg-before=--driver-mode=g++ --extra-arg=--target=x86_64-w64-mingw32 \
       --extra-arg=-isystem"$library" --extra-arg=-isystem"$library"/x86_64-w64-mingw32
 }
