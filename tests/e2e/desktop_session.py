@@ -13,15 +13,15 @@ SETTINGS = os.path.join(BUILD, "quorvale-settings")
 PATIENCE = 20  # seconds; the machine may be busy
 
 
-def wait_until(condition, what):
+def wait_until(condition, what, patience=PATIENCE):
     """Polls until `condition` gives something true, and returns that."""
-    deadline = time.monotonic() + PATIENCE
+    deadline = time.monotonic() + patience
     while True:
         result = condition()
         if result:
             return result
         if time.monotonic() > deadline:
-            raise AssertionError(f"waited {PATIENCE} seconds for {what}")
+            raise AssertionError(f"waited {patience} seconds for {what}")
         time.sleep(0.02)
 
 

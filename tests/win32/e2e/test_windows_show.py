@@ -62,10 +62,11 @@ class Show(WindowsTest):
         self.assert_ends(program)
 
     def test_a_half_done_sweep_leaves_the_rest_and_the_tenth_move_ends_it(self):
-        self.session.options(SwapAffect="Sweep Right", TransSpeed="1", BackColor=str(0x00FF00))
+        self.session.options(SwapAffect="Sweep Right", TransSpeed="5", BackColor=str(0x00FF00))
         program = self.session.start_show()
         self.wait_for_colour(RED)
-        self.wait_for_colour(GREEN, (200, 300))
+        # Hundreds of passes to the step, each a call of Wine's server: on a busy machine that takes its time.
+        wait_until(lambda: self.pixels((200, 300)) == [GREEN], "the sweep to be under way", 90)
         self.assertEqual(self.pixels((0, 0), (0, 599), (799, 0), (799, 599)), [GREEN, GREEN, RED, RED])
         self.keep_screenshot("windows-sweep")
         for move in range(9):
