@@ -41,6 +41,7 @@ std::string SaverFilePath(Process& process) {
 // One transaction, so that an interrupted set-up does not leave half a list.
 void StoreSamples(Process& process, const std::string& path) {
   std::vector<std::string> entries;
+  entries.reserve(kSamples.size());
   for (const Sample& sample : kSamples) {
     entries.push_back(MakeListEntry(sample.name, GetLongPath(process.system.files, path)));
   }

@@ -19,7 +19,8 @@ constexpr int kWidePen = 30;  // pixels
 // Rounding makes the first and the last effect half as likely as the others.
 std::string DrawEffect(Process& process) {
   process.random.Seed(process.system.host.ClockSeed());
-  const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (Effects().size() - 1) + 1);
+  const auto most = static_cast<double>(Effects().size());
+  const std::int32_t number = RoundToInt32(static_cast<double>(process.random.Next()) * (most - 1) + 1);
   return std::string(Effects()[static_cast<std::size_t>(number) - 1].name);
 }
 
