@@ -94,7 +94,7 @@ void LabelControl::Paint() const {
   RECT place{};
   GetClientRect(Window(), &place);
   SelectObject(context, reinterpret_cast<HFONT>(Send(WM_GETFONT)));
-  const auto brush = reinterpret_cast<HBRUSH>(SendMessageW(
+  auto* const brush = reinterpret_cast<HBRUSH>(SendMessageW(
       GetParent(Window()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(Window())));
   if (brush != nullptr) FillRect(context, &place, brush);
   SetBkMode(context, TRANSPARENT);
