@@ -1,7 +1,7 @@
 #include <memory>
 
 #include "platform/win32/pictures/picture_loader.h"
-#include "platform/win32/system/com_apartment.h"
+#include "platform/win32/system/com.h"
 #include "platform/win32/system/win32_registry.h"
 #include "portable/platform_parts.h"
 

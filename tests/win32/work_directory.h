@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/win32/system/program_path.h"
+#include "platform/win32/system/modules.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {

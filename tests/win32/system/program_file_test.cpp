@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/system/program_path.h"
+#include "platform/win32/system/modules.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {

@@ -1,14 +1,11 @@
 #include <gmock/gmock.h>
 
 #include "config/application_info.h"
-#include "platform/win32/loaded_library.h"
-#include "platform/win32/system/command_line.h"
-#include "platform/win32/system/help_page.h"
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/library_services.h"
+#include "platform/win32/system/modules.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/system/win32_host.h"
-#include "platform/win32/system/win32_password.h"
 #include "platform/win32/system/win32_programs.h"
-#include "platform/win32/system/win32_sound_player.h"
 #include "platform/win32/windows_api.h"
 #include "support/failure_of.h"
 #include "win32/work_directory.h"

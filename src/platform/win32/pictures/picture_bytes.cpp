@@ -4,9 +4,8 @@
 
 #include "base/failure.h"
 #include "platform/pictures/rendering.h"
-#include "platform/win32/system/file_content.h"
-#include "platform/win32/system/handle.h"
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/files.h"
+#include "platform/win32/system/system_text.h"
 
 namespace quorvale {
 

@@ -4,8 +4,7 @@
 // Behind the header that it builds on.
 #include <wincodec.h>
 
-#include "platform/win32/system/com_apartment.h"
-#include "platform/win32/system/com_pointer.h"
+#include "platform/win32/system/com.h"
 
 // A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out. Like every
 // component it destroys itself.

@@ -3,14 +3,60 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/win32/system/file_content.h"
-#include "platform/win32/system/file_search.h"
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/files.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {
 namespace {
+
+// A search for the directory entries that a path with wildcards matches. Starts at the first one.
+class FileSearch {
+ public:
+  explicit FileSearch(const std::string& path) : search_(Begin(path, entry_)) {
+    SetState(search_ != INVALID_HANDLE_VALUE);
+  }
+  ~FileSearch() {
+    if (search_ != INVALID_HANDLE_VALUE) FindClose(search_);
+  }
+  FileSearch(const FileSearch&) = delete;
+  FileSearch& operator=(const FileSearch&) = delete;
+
+  bool HasEntry() const { return has_entry_; }
+  const wchar_t* Name() const { return entry_.cFileName; }
+  // Whether a search with this mask of `kAttribute...` bits includes the entry.
+  bool IsIncludedBy(int attributes) const {
+    constexpr DWORD kMasked = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
+    return (entry_.dwFileAttributes & kMasked & ~static_cast<DWORD>(attributes)) == 0;
+  }
+  void Next() { SetState(FindNextFileW(search_, &entry_) != 0); }
+
+  // The system's error number if there is no entry, or no further one.
+  DWORD Error() const { return error_; }
+
+ private:
+  // Short names are not returned, but the system still compares them with the pattern.
+  static HANDLE Begin(const std::string& path, WIN32_FIND_DATAW& entry) {
+    // A NUL would cut the path short, and so name another file.
+    if (path.find('\0') != std::string::npos) {
+      SetLastError(ERROR_INVALID_NAME);
+      return INVALID_HANDLE_VALUE;
+    }
+    return FindFirstFileExW(ToWide(path).c_str(), FindExInfoBasic, &entry, FindExSearchNameMatch, nullptr,
+                            FIND_FIRST_EX_LARGE_FETCH);
+  }
+
+  void SetState(bool succeeded) {
+    has_entry_ = succeeded;
+    error_ = succeeded ? ERROR_SUCCESS : GetLastError();
+  }
+
+  WIN32_FIND_DATAW entry_{};
+  HANDLE search_;
+  bool has_entry_ = false;
+  DWORD error_ = ERROR_SUCCESS;
+};
 
 bool IsBefore(const std::wstring& a, const std::wstring& b) {
   return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
@@ -25,17 +71,17 @@ std::wstring InCodePage(const std::string& bytes, UINT code_page) {
   return wide;
 }
 
-// What programs of this machine use that don't ask for UTF-8.
+// The code page of programs that do not ask for UTF-8.
 UINT OlderCodePage() {
   DWORD code_page = 0;
   GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                  reinterpret_cast<wchar_t*>(&code_page), sizeof code_page / sizeof(wchar_t));
-  // Some languages have none.
+  // Some languages have no such code page.
   constexpr UINT kWesternEuropean = 1252;
   return code_page == 0 || code_page == CP_UTF8 ? kWesternEuropean : code_page;
 }
 
-// A directory that is named with its separator, or a drive. The system's search finds neither.
+// For a path that ends with a separator, or names a drive: the system's search finds neither.
 std::string FindDirectory(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {};
@@ -51,12 +97,12 @@ void Win32FileSystem::EnumerateFiles(const std::string& directory, const std::ve
     std::vector<std::wstring> names;
     FileSearch search(directory + pattern);
     for (; search.HasEntry(); search.Next()) {
-      if (search.IsFoundBy(kAttributeNormal)) names.emplace_back(search.Name());
+      if (search.IsIncludedBy(kAttributeNormal)) names.emplace_back(search.Name());
     }
-    // Most disks give names in order, but not all do.
+    // NTFS returns names in order, FAT does not.
     if (!std::is_sorted(names.begin(), names.end(), IsBefore)) std::sort(names.begin(), names.end(), IsBefore);
     for (const std::wstring& name : names) found(FromWide(name));
-    // Not found is a directory without such a file.
+    // Nothing found is no failure: the directory has no such file.
     if (search.Error() != ERROR_NO_MORE_FILES && search.Error() != ERROR_FILE_NOT_FOUND) {
       throw FileFailure(search.Error(), directory, FailureNumber::kUnreadable);
     }
@@ -67,7 +113,7 @@ std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
   if (path.ends_with('\\')) return (attributes & kAttributeDirectory) != 0 ? FindDirectory(path) : std::string();
   FileSearch search(path);
   for (; search.HasEntry(); search.Next()) {
-    if (search.IsFoundBy(attributes)) return FromWide(search.Name());
+    if (search.IsIncludedBy(attributes)) return FromWide(search.Name());
   }
   if (search.Error() != ERROR_NO_MORE_FILES && !MeansMissing(search.Error())) {
     throw FileFailure(search.Error(), path, FailureNumber::kUnreadable);
@@ -78,7 +124,7 @@ std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
 std::string Win32FileSystem::GetShortPathName(const std::string& path, std::uint32_t size) {
   std::string result(size, '\0');
   const DWORD length = GetShortPathNameA(path.c_str(), result.data(), size);
-  // For a buffer that is too small the length is the one that it would need.
+  // If the buffer is too small, the call returns the size that it needs.
   result.resize(length < size ? length : 0);
   return result;
 }

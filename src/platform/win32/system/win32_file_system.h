@@ -4,8 +4,8 @@
 
 namespace quorvale {
 
-// Searches and contents go through the system's wide calls: the narrow ones can't give names whose text takes
-// more than 259 bytes.
+// Searches, reads and writes use the system's wide calls. The narrow ones can't return a name that takes more than
+// 259 bytes in UTF-8.
 class Win32FileSystem : public FileSystem {
  public:
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,

@@ -1,12 +1,12 @@
 #include "platform/win32/system/win32_host.h"
 
-#include "platform/win32/system/program_path.h"
+#include "platform/win32/system/modules.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {
 namespace {
 
-// The system counts time in steps of 100 nanoseconds.
+// FILETIME counts steps of 100 nanoseconds.
 constexpr std::uint64_t kTicksPerSecond = 10'000'000;
 constexpr std::uint64_t kTicksPerDay = kTicksPerSecond * 24 * 60 * 60;
 
@@ -15,9 +15,9 @@ std::uint64_t TicksOf(const FILETIME& time) {
 }
 
 FILETIME Now() {
-  // Windows 7 has only the other, which moves in steps of milliseconds.
-  static const auto get_precise = reinterpret_cast<void(WINAPI*)(FILETIME*)>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetSystemTimePreciseAsFileTime")));
+  // Windows 7 lacks this function. The other one moves in steps of milliseconds.
+  static const auto get_precise =
+      FindFunction<void WINAPI(FILETIME*)>(GetModuleHandleW(L"kernel32.dll"), "GetSystemTimePreciseAsFileTime");
   FILETIME now{};
   if (get_precise != nullptr) {
     get_precise(&now);
@@ -32,7 +32,7 @@ FILETIME Now() {
 std::string Win32Host::GetSystemDirectory(std::uint32_t size) {
   std::string directory(size, '\0');
   const UINT length = GetSystemDirectoryA(directory.data(), size);
-  // A buffer that is too small is left empty.
+  // If the buffer is too small, the call returns the size that it needs.
   directory.resize(length < size ? length : 0);
   return directory;
 }
@@ -64,8 +64,7 @@ double Win32Host::SecondsSinceMidnight() {
 
 std::uint64_t Win32Host::ClockSeed() { return TicksOf(Now()); }
 
-// No destructor runs: they would run below the handlers that are still on the stack. What is open goes with the
-// process.
+// Runs no destructors: handlers that use the objects are still on the stack. The system frees everything.
 void Win32Host::EndProcess() { ExitProcess(0); }
 
 }  // namespace quorvale

@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "platform/win32/system/handle.h"
-#include "platform/win32/system/help_page.h"
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/files.h"
+#include "platform/win32/system/modules.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
-// Behind the header that it builds on.
+// Needs the header above.
 #include <shellapi.h>
 #undef ShellExecute
 
@@ -26,7 +26,7 @@ INPUT KeyStroke(WORD key, WORD character, DWORD flags) {
   return input;
 }
 
-// The strokes that type a character: on the user's keyboard where that has it, else the character as such.
+// Appends the keys of the user's keyboard layout that type this character, or the character itself if it has none.
 void AppendStrokes(wchar_t character, std::vector<INPUT>& strokes) {
   const SHORT found = VkKeyScanW(character);
   const bool has_key = found != -1 && HIBYTE(found) <= 1;
@@ -44,17 +44,17 @@ void AppendStrokes(wchar_t character, std::vector<INPUT>& strokes) {
   if (is_shifted) strokes.push_back(KeyStroke(VK_SHIFT, 0, KEYEVENTF_KEYUP));
 }
 
-// The file of a program that is named without a directory: the system's, or one along the user's path. Left to itself
-// the system would look beside this program and in the current directory first.
+// Finds a program that is named without a directory in the system's directories and along PATH. CreateProcess by
+// itself would first look beside this program and in the current directory, where anybody may put a file.
 std::string FindProgram(const std::string& name) {
   std::string places(kLongestPath, '\0');
   places.resize(GetSystemDirectoryA(places.data(), kLongestPath));
-  std::string further(kLongestPath, '\0');
-  further.resize(GetWindowsDirectoryA(further.data(), kLongestPath));
-  places += ';' + further;
-  further.resize(kLongestPath);
-  further.resize(GetEnvironmentVariableA("PATH", further.data(), kLongestPath));
-  places += ';' + further;
+  std::string directory(kLongestPath, '\0');
+  directory.resize(GetWindowsDirectoryA(directory.data(), kLongestPath));
+  places += ';' + directory;
+  directory.resize(kLongestPath);
+  directory.resize(GetEnvironmentVariableA("PATH", directory.data(), kLongestPath));
+  places += ';' + directory;
   std::string found(kLongestPath, '\0');
   found.resize(SearchPathA(places.c_str(), name.c_str(), ".exe", kLongestPath, found.data(), nullptr));
   return found;
@@ -65,7 +65,7 @@ std::string ProgramOf(const std::string& command_line) {
   return command_line.substr(0, command_line.find_first_of(" \t"));
 }
 
-// The shell's numbers below 27 are the system's, the others its own.
+// ShellExecute has result numbers of its own besides the system's error numbers.
 DWORD ShellError(std::intptr_t number) {
   switch (number) {
     case 0:
@@ -84,13 +84,44 @@ DWORD ShellError(std::intptr_t number) {
   }
 }
 
+constexpr char kContentsPage[] = "index.html";
+
+std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
+
+std::string FindHelpFolder(const std::string& file) {
+  const std::string beside = FolderOf(file);
+  for (const std::string& folder : {FolderOf(ProgramPath()) + "help\\", beside + "Quorvale\\", beside}) {
+    if (IsFile(folder + kContentsPage)) return folder;
+  }
+  throw Failure(FailureNumber::kNotFound, "The help files are not installed", "WinHelp");
+}
+
+std::string PageName(std::uint32_t command, std::uintptr_t data) {
+  if (command == kHelpContext) return "topic-" + std::to_string(data) + ".html";
+  return command == kHelpPartialKey ? "search.html" : kContentsPage;
+}
+
 }  // namespace
+
+std::string HelpFilePath(const std::string& file) {
+  const bool is_full = file.starts_with('\\') || file.find(':') != std::string::npos;
+  if (is_full) return file;
+  std::string directory(MAX_PATH, '\0');
+  directory.resize(GetSystemWindowsDirectoryA(directory.data(), static_cast<UINT>(directory.size())));
+  return directory + '\\' + file;
+}
+
+std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {
+  const std::string folder = FindHelpFolder(file);
+  const std::string page = folder + PageName(command, data);
+  return IsFile(page) ? page : folder + kContentsPage;
+}
 
 void Win32Programs::Start(const std::string& command_line, int window_style) {
   STARTUPINFOA start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESHOWWINDOW;
-  // The styles are the system's own numbers for showing a window.
+  // The values of `window_style` are those of ShowWindow.
   start.wShowWindow = static_cast<WORD>(window_style);
   PROCESS_INFORMATION process{};
   std::string line = command_line;
@@ -119,7 +150,7 @@ std::string Win32Programs::SystemInformationTool() {
 
 void Win32Programs::ShellExecute(const std::string& verb, const std::string& target, int show_command) {
   const HINSTANCE result = ShellExecuteA(nullptr, verb.c_str(), target.c_str(), nullptr, nullptr, show_command);
-  // By old custom no handle, but a number that says how it went.
+  // Not a handle: values up to 32 are errors.
   constexpr std::intptr_t kLastError = 32;
   const auto number = reinterpret_cast<std::intptr_t>(result);
   if (number <= kLastError) throw FileFailure(ShellError(number), target, FailureNumber::kNotFound);

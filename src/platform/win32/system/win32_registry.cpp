@@ -5,7 +5,7 @@
 namespace quorvale {
 namespace {
 
-// Handles of hives are extended by their sign.
+// The predefined hive handles are sign-extended on 64-bit Windows.
 HKEY ToHive(std::uint32_t hive) {
   return reinterpret_cast<HKEY>(static_cast<std::intptr_t>(static_cast<std::int32_t>(hive)));
 }
@@ -45,7 +45,7 @@ std::int32_t Win32Registry::RegQueryValueEx(RegistryKey key, const std::string& 
 
 std::int32_t Win32Registry::RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type,
                                           const char* data, std::uint32_t size) {
-  // With its NUL a text is queried with it on every Windows; without, that hangs on the bytes behind it.
+  // A text that is stored without its NUL is returned with or without one, depending on what lies behind it in memory.
   std::string bytes(data, size);
   if (type == REG_SZ && !bytes.ends_with('\0')) bytes += '\0';
   return RegSetValueExA(ToHkey(key), name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),

@@ -4,7 +4,7 @@
 
 namespace quorvale {
 
-// The system's registry, by its narrow calls of these names.
+// The system's registry, through its narrow calls of the same names.
 class Win32Registry : public Registry {
  public:
   std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "platform/common/pacing.h"
-#include "platform/win32/loaded_library.h"
+#include "platform/win32/system/modules.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {

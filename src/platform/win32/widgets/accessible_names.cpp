@@ -2,7 +2,7 @@
 
 #include <oleacc.h>
 
-#include "platform/win32/system/com_pointer.h"
+#include "platform/win32/system/com.h"
 #include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/native_control.h"

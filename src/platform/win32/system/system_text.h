@@ -7,13 +7,13 @@
 
 namespace quorvale {
 
-// The system's own words for one of its error numbers, without the line end that it gives them.
+// The system's message for an error number, without the line break at its end.
 std::string DescribeError(std::uint32_t error);
 
-// Whether that number says that a path names nothing.
+// Whether the error means that a path names nothing.
 bool MeansMissing(std::uint32_t error);
 
-// What a call for `path` failed with: kNotFound or, where the thing is there, `otherwise`.
+// The failure of a system call on `path`: kNotFound if the path names nothing, else `otherwise`.
 Failure FileFailure(std::uint32_t error, const std::string& path, FailureNumber otherwise);
 
 }  // namespace quorvale

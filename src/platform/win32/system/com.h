@@ -1,12 +1,28 @@
 #pragma once
 
-#include <objbase.h>
-
 #include <utility>
+
+#include "platform/win32/windows_api.h"
+// Needs the header above.
+#include <objbase.h>
 
 namespace quorvale {
 
-// Holds a reference to one of the system's components.
+// Initialises COM for this thread as windows need it: in a single-threaded apartment. May be nested.
+class ComApartment {
+ public:
+  ComApartment() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
+  ~ComApartment() {
+    if (SUCCEEDED(result_)) CoUninitialize();
+  }
+  ComApartment(const ComApartment&) = delete;
+  ComApartment& operator=(const ComApartment&) = delete;
+
+ private:
+  HRESULT result_;
+};
+
+// Owns one reference to a COM object, or none.
 template <typename Interface>
 class ComPointer {
  public:
@@ -21,13 +37,13 @@ class ComPointer {
   Interface* Get() const { return pointer_; }
   Interface* operator->() const { return pointer_; }
 
-  // Where a call writes the reference that it gives.
+  // For a call that returns a reference through a parameter. Releases the one held so far.
   Interface** Out() {
     Reset();
     return &pointer_;
   }
 
-  // Another interface of the same component; none where it lacks it.
+  // Another interface of the same object. Empty if the object does not have it.
   template <typename Other>
   ComPointer<Other> As() const {
     ComPointer<Other> other;

@@ -1,4 +1,4 @@
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/system_text.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
-#include "platform/win32/system/file_content.h"
+#include "platform/win32/system/files.h"
 
 #include <algorithm>
 #include <string>
 
-#include "platform/win32/system/system_error.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/wide_text.h"
 
 namespace quorvale {
@@ -17,7 +17,7 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 bool WriteAll(const Handle& file, const std::string& content) {
   DWORD written = 0;
-  // Nothing writes pieces of a whole that was given at once but a full disk.
+  // A short write means that the disk is full.
   return ::WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr) != 0 &&
          written == content.size() && FlushFileBuffers(file.Get()) != 0;
 }
@@ -31,7 +31,7 @@ bool WriteInPlace(const std::wstring& path, const std::string& content) {
   return file.IsOpen() && WriteAll(file, content) && SetEndOfFile(file.Get()) != 0;
 }
 
-// The file that a link leads to; every other path as it is.
+// The target of a symbolic link. Any other path is returned as it is.
 std::wstring BehindLinks(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
@@ -43,7 +43,7 @@ std::wstring BehindLinks(const std::wstring& path) {
   return target.empty() ? path : target;
 }
 
-// A file of a name of its own beside `path`, which is gone with this object unless it has been moved there.
+// A temporary file beside `path`, deleted with this object unless `MoveTo` has moved it.
 class DraftFile {
  public:
   explicit DraftFile(const std::wstring& path)
@@ -67,13 +67,13 @@ class DraftFile {
   }
 
  private:
-  // Over what an earlier process of that number has left.
+  // An earlier process with the same number may have left its file.
   static Handle OpenNew(const std::wstring& name) {
     DeleteFileW(name.c_str());
     return OpenForWriting(name, CREATE_NEW);
   }
 
-  // Keeps the error of what failed.
+  // Keeps the error of the failed move.
   bool Discard() const {
     const DWORD error = GetLastError();
     DeleteFileW(name_.c_str());
@@ -87,13 +87,18 @@ class DraftFile {
 
 }  // namespace
 
+bool IsFile(const std::string& path) {
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 Handle OpenForReading(const std::string& path) {
-  // A NUL would cut the path and so name something else.
+  // A NUL would cut the path short, and so name another file.
   if (path.find('\0') != std::string::npos) throw FileFailure(ERROR_INVALID_NAME, path, FailureNumber::kUnreadable);
   Handle file(CreateFileW(ToWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                           FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file.IsOpen()) throw FileFailure(GetLastError(), path, FailureNumber::kUnreadable);
-  // Names like "CON" open a device, which might never come to an end.
+  // Names like "CON" open a device, and reading from it might never end.
   if (GetFileType(file.Get()) != FILE_TYPE_DISK) {
     throw Failure(FailureNumber::kUnreadable, path + ": Not a plain file", "Windows");
   }
@@ -115,16 +120,16 @@ void ReplaceFileContent(const std::string& path, const std::string& content) {
   const std::wstring target = BehindLinks(ToWide(path));
   const DWORD attributes = GetFileAttributesW(target.c_str());
   const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-  // A new file of its name would take no notice of one that is protected.
+  // Replacing the file would ignore that it is read-only.
   if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     SetLastError(ERROR_ACCESS_DENIED);
     FailWriting(path);
   }
   if (exists && !OpenForWriting(target, OPEN_EXISTING).IsOpen()) FailWriting(path);
-  const bool leads_nowhere = exists && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  const bool is_dangling_link = exists && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
   DraftFile draft(target);
-  if (leads_nowhere || (exists && !draft.IsOpen())) {
-    // A folder that takes no new files need not mind what happens to its old ones.
+  if (is_dangling_link || (exists && !draft.IsOpen())) {
+    // Where no new file may be created, an old one may still be writable.
     if (!WriteInPlace(target, content)) FailWriting(path);
   } else if (!draft.IsOpen() || !draft.Write(content) || !draft.MoveTo(target)) {
     FailWriting(path);
