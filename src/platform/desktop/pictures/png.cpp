@@ -64,8 +64,6 @@ PngDecoder::PngDecoder(PictureFile& file)
   if (png_ == nullptr) return;
   info_ = png_create_info_struct(png_);
   png_set_read_fn(png_, this, OnRead);
-  // Only what makes the pixels: packed texts and profiles would unpack to as much memory as a stranger's file likes.
-  png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
 }
 
 // The bodies hold nothing that a jump could leave undestroyed.
@@ -87,7 +85,12 @@ void PngDecoder::OnRead(png_structp png, png_bytep to, std::size_t count) {
 }
 
 bool PngDecoder::ReadHeader() {
-  return info_ != nullptr && Guarded([this] { png_read_info(png_, info_); });
+  return info_ != nullptr && Guarded([this] {
+           // Only what makes the pixels: packed texts and profiles would unpack to as much memory as a stranger's file
+           // likes.
+           png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+           png_read_info(png_, info_);
+         });
 }
 
 bool PngDecoder::Start() {
