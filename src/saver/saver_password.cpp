@@ -4,6 +4,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "base/byte_reader.h"
 #include "base/numbers.h"
 #include "process/process.h"
 #include "system/host_system.h"
@@ -18,8 +19,7 @@ constexpr std::uint32_t kLowWord = 0xFFFF;
 
 // The four bytes, the lowest first, in decimal with at least three digits.
 std::string DwordText(const std::string& bytes) {
-  std::uint32_t value = 0;
-  for (int i = 3; i >= 0; --i) value = value << 8U | static_cast<std::uint8_t>(bytes[static_cast<std::size_t>(i)]);
+  const std::uint32_t value = ByteReader({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}).U32();
   std::ostringstream text;
   text << std::setw(3) << std::setfill('0') << value;
   return text.str();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "base/byte_reader.h"
+
 namespace quorvale {
 namespace {
 
@@ -35,7 +37,7 @@ class HeaderReader {
       : info_(info), reading_(reading) {}
 
   std::optional<DibHeader> Read() {
-    size_ = Number(0, 4);
+    size_ = At(0).U32();
     if (size_ < kCoreHeader || size_ > std::min(kLongestHeader, info_.size())) return std::nullopt;
     is_core_ = size_ == kCoreHeader;
     if (!ReadSize() || !ReadKind()) return std::nullopt;
@@ -46,25 +48,14 @@ class HeaderReader {
   }
 
  private:
-  // What lies beyond the end is 0.
-  std::uint32_t Number(std::size_t offset, std::size_t size) const {
-    std::uint32_t number = 0;
-    for (std::size_t i = size; i > 0; --i) {
-      const std::size_t at = offset + i - 1;
-      number = number << 8U | (at < info_.size() ? info_[at] : 0U);
-    }
-    return number;
-  }
-
-  // Of the header itself.
-  std::uint32_t Field(std::size_t offset, std::size_t size) const {
-    return offset + size <= size_ ? Number(offset, size) : 0;
-  }
+  // At an offset into all the bytes.
+  ByteReader At(std::size_t offset) const { return ByteReader(info_, offset); }
+  // At an offset into the header alone: the fields that a short one leaves out are 0.
+  ByteReader Field(std::size_t offset) const { return ByteReader(info_.first(size_), offset); }
 
   bool ReadSize() {
-    const auto full = [this](std::size_t offset) { return std::int64_t{static_cast<std::int32_t>(Field(offset, 4))}; };
-    const std::int64_t width = is_core_ ? std::int64_t{Field(4, 2)} : full(4);
-    const std::int64_t height = is_core_ ? std::int64_t{Field(6, 2)} : full(8);
+    const std::int64_t width = is_core_ ? Field(4).U16() : Field(4).I32();
+    const std::int64_t height = is_core_ ? Field(6).U16() : Field(8).I32();
     header_.top_down = height < 0;
     const std::int64_t rows = header_.top_down ? -height : height;
     if (width <= 0 || rows == 0 || width > kLongestSide || rows > kLongestSide || width * rows > kMostPixels) {
@@ -76,8 +67,8 @@ class HeaderReader {
   }
 
   bool ReadKind() {
-    header_.depth = static_cast<int>(is_core_ ? Field(10, 2) : Field(14, 2));
-    if (!is_core_) compression_ = Field(16, 4);
+    header_.depth = Field(is_core_ ? 10 : 14).U16();
+    if (!is_core_) compression_ = Field(16).U32();
     constexpr std::array kDepths{1, 2, 4, 8, 16, 24, 32};
     const int depth = header_.depth;
     if (std::find(kDepths.begin(), kDepths.end(), depth) == kDepths.end()) return false;
@@ -105,13 +96,13 @@ class HeaderReader {
     header_.masks = header_.depth == 16 ? kMasks16 : kMasks32;
     if (compression_ != BI_BITFIELDS && compression_ != BI_ALPHABITFIELDS) return;
     const std::size_t count = compression_ == BI_ALPHABITFIELDS || size_ >= kAlphaHeader ? 4 : 3;
-    for (std::size_t i = 0; i < count; ++i) header_.masks[i] = Number(kInfoHeader + 4 * i, 4);
+    for (std::size_t i = 0; i < count; ++i) header_.masks[i] = At(kInfoHeader + 4 * i).U32();
     end_ = std::max(end_, kInfoHeader + 4 * count);
   }
 
   // Deeper bitmaps may have a table too, for screens of few colours. It is passed over.
   void ReadColourTable() {
-    const std::size_t used = is_core_ ? 0 : Field(32, 4);
+    const std::size_t used = is_core_ ? 0 : Field(32).U32();
     const std::size_t all = header_.HasColourTable() ? std::size_t{1} << static_cast<unsigned>(header_.depth) : 0;
     std::size_t count = header_.HasColourTable() && (used == 0 || used > all) ? all : used;
     header_.colours.assign(all, kOpaqueBlack);
@@ -123,8 +114,7 @@ class HeaderReader {
     const std::size_t entry = numbers ? 2 : (is_core_ ? 3 : 4);
     count = std::min({count, reading_.most_colours, (info_.size() - std::min(end_, info_.size())) / entry});
     for (std::size_t i = 0; i < std::min(count, all); ++i) {
-      header_.colours[i] =
-          numbers ? OfPalette(Number(end_ + i * entry, 2)) : kOpaqueBlack | Number(end_ + i * entry, 3);
+      header_.colours[i] = numbers ? OfPalette(At(end_ + i * entry).U16()) : kOpaqueBlack | At(end_ + i * entry).U24();
     }
     end_ += count * entry;
   }
@@ -176,12 +166,6 @@ class Channel {
   int shift_;
   double factor_ = 0;
 };
-
-// A colour by an alpha, which joins it.
-Pixel Multiplied(Pixel colour, Pixel alpha) {
-  const auto channel = [&](unsigned shift) { return ((colour >> shift & 0xFFU) * alpha + 127U) / 255U << shift; };
-  return alpha << 24U | channel(16) | channel(8) | channel(0);
-}
 
 // Colours beyond their alpha would overflow when they are blended.
 Pixel Capped(Pixel colour, Pixel alpha) {
@@ -250,7 +234,7 @@ class PlainRows : public DibRows {
 
   // `colour` has no alpha of its own.
   Pixel WithAlpha(Pixel colour, Pixel alpha) const {
-    return Header().premultiplied ? Capped(colour, alpha) : Multiplied(colour, alpha);
+    return Header().premultiplied ? Capped(colour, alpha) : Premultiplied(colour, alpha);
   }
 
   template <std::size_t kSize>

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstring>
+#include <optional>
 #include <utility>
 #include <vector>
+
+#include "base/byte_reader.h"
 
 namespace quorvale {
 namespace {
@@ -25,6 +29,7 @@ constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 
 // A segment of a JPEG file: marker and length, which counts itself.
 constexpr std::size_t kSegmentHead = 4;
+constexpr std::uint8_t kMarker = 0xFF;
 constexpr std::uint8_t kApp1 = 0xE1;
 constexpr std::uint8_t kStartOfScan = 0xDA;
 // Cameras write Exif first; a file with more segments before it is not worth the search.
@@ -49,8 +54,8 @@ constexpr std::uint32_t kSignedLong = 9;
 // A block of tagged values in the byte order that its first two bytes tell.
 class TagBlock {
  public:
-  explicit TagBlock(std::span<const std::uint8_t> bytes)
-      : bytes_(bytes), big_endian_(!bytes.empty() && bytes[0] == 'M') {}
+  explicit TagBlock(ByteSpan bytes)
+      : bytes_(bytes), order_(!bytes.empty() && bytes[0] == 'M' ? std::endian::big : std::endian::little) {}
 
   std::optional<int> Orientation() const {
     const auto directory = Number(4, 4);
@@ -82,18 +87,23 @@ class TagBlock {
     }
   }
 
+  // Of 2 or 4 bytes. None beyond the end.
   std::optional<std::uint32_t> Number(std::size_t offset, std::size_t size) const {
-    if (offset > bytes_.size() || bytes_.size() - offset < size) return std::nullopt;
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-      number = number << 8U | bytes_[offset + (big_endian_ ? i : size - 1 - i)];
-    }
-    return number;
+    ByteReader reader(bytes_, offset, order_);
+    if (reader.Left() < size) return std::nullopt;
+    return size == 2 ? reader.U16() : reader.U32();
   }
 
-  std::span<const std::uint8_t> bytes_;
-  bool big_endian_;
+  ByteSpan bytes_;
+  std::endian order_;
 };
+
+// That in an APP1 segment of a JPEG file, without marker and length. None if the segment is not Exif.
+std::optional<int> OrientationInSegment(ByteSpan segment) {
+  if (segment.size() <= kSignature.size()) return std::nullopt;
+  if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;
+  return TagBlock(segment.subspan(kSignature.size())).Orientation().value_or(1);
+}
 
 }  // namespace
 
@@ -130,8 +140,12 @@ int JpegOrientation(ByteSource& bytes) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
     std::array<std::uint8_t, kSegmentHead> head{};
-    if (!bytes.Copy(offset, head) || head[0] != 0xFF || head[1] == kStartOfScan) break;
-    const std::size_t length = std::size_t{head[2]} << 8U | head[3];
+    if (!bytes.Copy(offset, head) || head[0] != kMarker || head[1] == kStartOfScan) break;
+    if (head[1] == kMarker) {  // Any number of these may fill up before a marker.
+      ++offset;
+      continue;
+    }
+    const std::size_t length = ByteReader(head, 2, std::endian::big).U16();
     if (length < 2) break;
     if (head[1] == kApp1) {
       std::vector<std::uint8_t> data(length - 2);
@@ -148,8 +162,7 @@ int PngOrientation(ByteSource& bytes) {
   for (int chunk = 0; chunk < kMostChunks; ++chunk) {
     std::array<std::uint8_t, kChunkHead> head{};
     if (!bytes.Copy(offset, head) || std::memcmp(&head[4], "IEND", 4) == 0) break;
-    const std::size_t length =
-        std::size_t{head[0]} << 24U | std::size_t{head[1]} << 16U | std::size_t{head[2]} << 8U | head[3];
+    const std::size_t length = ByteReader(head, 0, std::endian::big).U32();
     if (std::memcmp(&head[4], "eXIf", 4) == 0) {
       std::vector<std::uint8_t> data(std::min(length, kLongestExif));
       bytes.Copy(offset + kChunkHead, data);
@@ -159,12 +172,6 @@ int PngOrientation(ByteSource& bytes) {
     offset += kChunkFrame + length;
   }
   return 1;
-}
-
-std::optional<int> OrientationInSegment(std::span<const std::uint8_t> segment) {
-  if (segment.size() <= kSignature.size()) return std::nullopt;
-  if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;
-  return TagBlock(segment.subspan(kSignature.size())).Orientation().value_or(1);
 }
 
 }  // namespace quorvale

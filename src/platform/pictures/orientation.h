@@ -1,9 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <span>
-
 #include "platform/pictures/byte_source.h"
 #include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
@@ -41,8 +37,5 @@ struct Orientation {
 int JpegOrientation(ByteSource& bytes);
 // It stands in the chunk `eXIf`, which may come before the pixels or after them.
 int PngOrientation(ByteSource& bytes);
-
-// That in an APP1 segment of a JPEG file, without marker and length. Nothing when the segment is not Exif.
-std::optional<int> OrientationInSegment(std::span<const std::uint8_t> segment);
 
 }  // namespace quorvale

@@ -10,6 +10,15 @@
 
 namespace quorvale {
 
+// A level of a channel times an alpha, both 0 to 255, rounded.
+constexpr Pixel Multiplied(Pixel level, Pixel alpha) { return (level * alpha + 127U) / 255U; }
+
+// The colour of a pixel with another alpha, by which its channels are multiplied.
+constexpr Pixel Premultiplied(Pixel colour, Pixel alpha) {
+  const auto channel = [&](unsigned shift) { return Multiplied(colour >> shift & 0xFFU, alpha) << shift; };
+  return alpha << 24U | channel(16) | channel(8) | channel(0);
+}
+
 // A picture that comes row by row, as it is stored.
 class RowSource {
  public:

@@ -86,7 +86,7 @@ TEST(PictureJpeg, IsUprightInAllOrientationsAtAnyScale) {
 }
 
 // Some programs store the orientation as a longer number than they should, or as one with a sign.
-TEST(PictureJpeg, AnOrientationIsAnyWholeNumber) {
+TEST(PictureJpeg, FindsTheOrientationHoweverItIsStored) {
   const TemporaryDirectory folder;
   Bytes bytes = MakeJpeg(MakeWaves(40, 30), {.name = "", .exif = 6});
   const std::array<std::uint8_t, 4> entry{0x12, 0x01, 3, 0};
@@ -97,6 +97,11 @@ TEST(PictureJpeg, AnOrientationIsAnyWholeNumber) {
     const auto picture = Show(WritePicture(folder, "turned.jpg", bytes), screen.Bounds(), screen);
     EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel) << int{number};
   }
+  // The byte that begins a marker may fill up before it.
+  bytes.insert(bytes.begin() + 2, 3, 0xFF);
+  Screen screen(30, 40);
+  const auto picture = Show(WritePicture(folder, "filled.jpg", bytes), screen.Bounds(), screen);
+  EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel);
 }
 
 TEST(PictureJpeg, ShrinksToTheMeanOfWhatEachPixelCovers) {

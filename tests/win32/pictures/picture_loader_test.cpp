@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include "platform/win32/pictures/file_heads.h"
-#include "platform/win32/pictures/picture_bytes.h"
 #include "support/failure_of.h"
 #include "win32/pictures/picture_samples.h"
 #include "win32/work_directory.h"
@@ -111,7 +110,7 @@ TEST(JpegHead, KnowsWhatADecoderPutsTogetherInMemory) {
   for (const auto& test : cases) {
     const std::string head = std::string("\xFF\xD8\xFF") + test.frame + std::string("\0\x08\x08\0\1\0\1", 7) +
                              test.colours + std::string("\xFF\xDA\0\x08", 4) + test.colours_in_first_scan;
-    EXPECT_EQ(ReadJpegHead(PictureBytes(head.begin(), head.end())).has_several_scans, test.has_several_scans)
+    EXPECT_EQ(HasSeveralScans(std::vector<std::uint8_t>(head.begin(), head.end())), test.has_several_scans)
         << int{test.frame} << ' ' << int{test.colours_in_first_scan};
   }
 }

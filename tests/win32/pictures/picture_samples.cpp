@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "platform/win32/pictures/picture_loader.h"
-#include "platform/win32/pictures/wic_codec.h"
+#include "platform/win32/pictures/wic_picture.h"
 #include "support/png_chunk.h"
 
 namespace quorvale {

@@ -173,6 +173,7 @@ class Canvas {
   Box MakeBox(const QRectF& box) const;
   QPainterPath ArcPath(ArcKind kind, const QRectF& box, QPointF from, QPointF to) const;
   QPainterPath RegionPath(const Region& region, const QTransform& map) const;
+  QPainterPath Figures(std::span<const QPointF> points, std::span<const std::size_t> counts, bool closed) const;
   void StartAtPosition(QPainterPath& path) const;
   void AddLines(QPainterPath& path, std::span<const QPointF> points) const;
   void AddCurves(QPainterPath& path, std::span<const QPointF> points) const;

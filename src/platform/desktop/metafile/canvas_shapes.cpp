@@ -111,31 +111,26 @@ void Canvas::PolyDraw(std::span<const QPointF> points, std::span<const std::uint
   Draw(path, PathUse::kStroke);
 }
 
-void Canvas::PolyPolygon(std::span<const QPointF> points, std::span<const std::size_t> counts) {
+QPainterPath Canvas::Figures(std::span<const QPointF> points, std::span<const std::size_t> counts, bool closed) const {
   QPainterPath path;
   for (std::size_t count : counts) {
     count = std::min(count, points.size());
     if (count >= 2) {
       path.moveTo(Middle(points[0]));
       AddLines(path, points.subspan(1, count - 1));
-      path.closeSubpath();
+      if (closed) path.closeSubpath();
     }
     points = points.subspan(count);
   }
-  Draw(path, PathUse::kBoth);
+  return path;
+}
+
+void Canvas::PolyPolygon(std::span<const QPointF> points, std::span<const std::size_t> counts) {
+  Draw(Figures(points, counts, true), PathUse::kBoth);
 }
 
 void Canvas::PolyPolyline(std::span<const QPointF> points, std::span<const std::size_t> counts) {
-  QPainterPath path;
-  for (std::size_t count : counts) {
-    count = std::min(count, points.size());
-    if (count >= 2) {
-      path.moveTo(Middle(points[0]));
-      AddLines(path, points.subspan(1, count - 1));
-    }
-    points = points.subspan(count);
-  }
-  Draw(path, PathUse::kStroke);
+  Draw(Figures(points, counts, false), PathUse::kStroke);
 }
 
 Canvas::Box Canvas::MakeBox(const QRectF& box) const {

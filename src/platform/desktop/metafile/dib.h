@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 #include "platform/desktop/metafile/objects.h"
 #include "platform/pictures/dib.h"
 

@@ -10,7 +10,6 @@
 namespace quorvale::metafile {
 namespace {
 
-constexpr std::size_t kBoundsSize = 16;
 constexpr std::size_t kBackgroundColourSize = 4;
 
 Dib ReadDibOf(const Playback& playback, const ByteReader& reader, const EmfBitmap& bitmap, int rows = -1) {
@@ -100,18 +99,30 @@ void EmrPlgBlt(const Playback& playback, ByteReader& reader) {
   playback.canvas.Blit(request);
 }
 
-void EmrSetDibitsToDevice(const Playback& playback, ByteReader& reader) {
-  reader.Skip(kBoundsSize);
-  const QPointF at = EmfPoint(reader);
-  const QRectF part = EmfPlace(reader);
+// What EMR_SETDIBITSTODEVICE and EMR_STRETCHDIBITS begin with.
+struct DibitsStart {
+  QPointF at;
+  QRectF part;
   EmfBitmap bitmap;
-  bitmap.ReadPlace(reader);
-  bitmap.usage = static_cast<ColorUsage>(reader.U32());
+};
+
+DibitsStart ReadDibitsStart(ByteReader& reader) {
+  DibitsStart start;
+  reader.Skip(kBoundsSize);
+  start.at = EmfPoint(reader);
+  start.part = EmfPlace(reader);
+  start.bitmap.ReadPlace(reader);
+  start.bitmap.usage = static_cast<ColorUsage>(reader.U32());
+  return start;
+}
+
+void EmrSetDibitsToDevice(const Playback& playback, ByteReader& reader) {
+  const auto [at, part, bitmap] = ReadDibitsStart(reader);
   const int first_row = reader.I32();
   const int rows = reader.I32();
   BlitRequest request;
   // The size is in device pixels whatever the mapping, and the canvas wants logical units.
-  const QTransform map = playback.canvas.State().mapping.ToDevice();
+  const QTransform map = playback.Map().ToDevice();
   if (!map.isInvertible()) return;
   const QPointF device = map.map(at);
   const QTransform back = map.inverted();
@@ -123,12 +134,7 @@ void EmrSetDibitsToDevice(const Playback& playback, ByteReader& reader) {
 }
 
 void EmrStretchDibits(const Playback& playback, ByteReader& reader) {
-  reader.Skip(kBoundsSize);
-  const QPointF at = EmfPoint(reader);
-  const QRectF part = EmfPlace(reader);
-  EmfBitmap bitmap;
-  bitmap.ReadPlace(reader);
-  bitmap.usage = static_cast<ColorUsage>(reader.U32());
+  const auto [at, part, bitmap] = ReadDibitsStart(reader);
   BlitRequest request;
   request.op = TernaryOp(reader.U32());
   request.target = QRectF(at, EmfSize(reader));
@@ -162,7 +168,7 @@ void EmrTransparentBlt(const Playback& playback, ByteReader& reader) {
   BlitRequest request = BlendRequest(reader, start);
   QImage image = ReadDibOf(playback, reader, start.bitmap).image;
   if (image.isNull()) return;
-  const QRgb transparent = playback.canvas.State().Colour(start.parameter) & 0xFFFFFFU;
+  const QRgb transparent = playback.State().Colour(start.parameter) & 0xFFFFFFU;
   image.convertTo(QImage::Format_ARGB32_Premultiplied);
   for (int y = 0; y < image.height(); ++y) {
     auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));

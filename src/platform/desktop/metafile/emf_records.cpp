@@ -12,54 +12,51 @@ namespace {
 
 // State.
 
-DeviceState& State(const Playback& playback) { return playback.canvas.State(); }
-Mapping& Map(const Playback& playback) { return playback.canvas.State().mapping; }
-
 void EmrSetWindowExtEx(const Playback& playback, ByteReader& reader) {
   const QSizeF extent = EmfSize(reader);
-  Map(playback).SetWindowExtent(extent.width(), extent.height());
+  playback.Map().SetWindowExtent(extent.width(), extent.height());
 }
 void EmrSetWindowOrgEx(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetWindowOrigin(EmfPoint(reader));
+  playback.Map().SetWindowOrigin(EmfPoint(reader));
 }
 void EmrSetViewportExtEx(const Playback& playback, ByteReader& reader) {
   const QSizeF extent = EmfSize(reader);
-  Map(playback).SetViewportExtent(extent.width(), extent.height());
+  playback.Map().SetViewportExtent(extent.width(), extent.height());
 }
 void EmrSetViewportOrgEx(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetViewportOrigin(EmfPoint(reader));
+  playback.Map().SetViewportOrigin(EmfPoint(reader));
 }
 // Numerator and denominator for x, then for y.
 void EmrScaleWindowExtEx(const Playback& playback, ByteReader& reader) {
   const QPointF x = EmfPoint(reader);
   const QPointF y = EmfPoint(reader);
-  Map(playback).ScaleWindowExtent(x.x(), x.y(), y.x(), y.y());
+  playback.Map().ScaleWindowExtent(x.x(), x.y(), y.x(), y.y());
 }
 void EmrScaleViewportExtEx(const Playback& playback, ByteReader& reader) {
   const QPointF x = EmfPoint(reader);
   const QPointF y = EmfPoint(reader);
-  Map(playback).ScaleViewportExtent(x.x(), x.y(), y.x(), y.y());
+  playback.Map().ScaleViewportExtent(x.x(), x.y(), y.x(), y.y());
 }
-void EmrSetMapMode(const Playback& playback, ByteReader& reader) { Map(playback).SetMode(reader.I32()); }
+void EmrSetMapMode(const Playback& playback, ByteReader& reader) { playback.Map().SetMode(reader.I32()); }
 
 void EmrSetWorldTransform(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetWorld(EmfTransform(reader));
+  playback.Map().SetWorld(EmfTransform(reader));
 }
 void EmrModifyWorldTransform(const Playback& playback, ByteReader& reader) {
   enum : unsigned { MWT_IDENTITY = 1, MWT_LEFTMULTIPLY, MWT_RIGHTMULTIPLY, MWT_SET };
   const QTransform change = EmfTransform(reader);
   switch (reader.U32()) {
     case MWT_IDENTITY:
-      Map(playback).SetWorld({});
+      playback.Map().SetWorld({});
       break;
     case MWT_LEFTMULTIPLY:
-      Map(playback).SetWorld(change * Map(playback).World());
+      playback.Map().SetWorld(change * playback.Map().World());
       break;
     case MWT_RIGHTMULTIPLY:
-      Map(playback).SetWorld(Map(playback).World() * change);
+      playback.Map().SetWorld(playback.Map().World() * change);
       break;
     case MWT_SET:
-      Map(playback).SetWorld(change);
+      playback.Map().SetWorld(change);
       break;
     default:
       break;
@@ -69,33 +66,35 @@ void EmrModifyWorldTransform(const Playback& playback, ByteReader& reader) {
 void EmrSaveDc(const Playback& playback, ByteReader& /*reader*/) { playback.canvas.SaveDc(); }
 void EmrRestoreDc(const Playback& playback, ByteReader& reader) { playback.canvas.RestoreDc(reader.I32()); }
 
-void EmrSetBrushOrgEx(const Playback& playback, ByteReader& reader) { State(playback).brush_origin = EmfPoint(reader); }
+void EmrSetBrushOrgEx(const Playback& playback, ByteReader& reader) {
+  playback.State().brush_origin = EmfPoint(reader);
+}
 void EmrSetBkMode(const Playback& playback, ByteReader& reader) {
-  State(playback).opaque_background = reader.U32() != TRANSPARENT;
+  playback.State().opaque_background = reader.U32() != TRANSPARENT;
 }
 void EmrSetPolyFillMode(const Playback& playback, ByteReader& reader) {
-  State(playback).fill_rule = reader.U32() == WINDING ? Qt::WindingFill : Qt::OddEvenFill;
+  playback.State().fill_rule = reader.U32() == WINDING ? Qt::WindingFill : Qt::OddEvenFill;
 }
-void EmrSetRop2(const Playback& playback, ByteReader& reader) { State(playback).rop2 = reader.U32(); }
+void EmrSetRop2(const Playback& playback, ByteReader& reader) { playback.State().rop2 = reader.U32(); }
 void EmrSetStretchBltMode(const Playback& playback, ByteReader& reader) {
-  State(playback).halftone = reader.U32() == HALFTONE;
+  playback.State().halftone = reader.U32() == HALFTONE;
 }
-void EmrSetTextAlign(const Playback& playback, ByteReader& reader) { State(playback).text_align = reader.U32(); }
-void EmrSetTextColor(const Playback& playback, ByteReader& reader) { State(playback).text_colour = reader.U32(); }
-void EmrSetBkColor(const Playback& playback, ByteReader& reader) { State(playback).background = reader.U32(); }
+void EmrSetTextAlign(const Playback& playback, ByteReader& reader) { playback.State().text_align = reader.U32(); }
+void EmrSetTextColor(const Playback& playback, ByteReader& reader) { playback.State().text_colour = reader.U32(); }
+void EmrSetBkColor(const Playback& playback, ByteReader& reader) { playback.State().background = reader.U32(); }
 void EmrSetArcDirection(const Playback& playback, ByteReader& reader) {
   enum : unsigned { AD_CLOCKWISE = 2 };
-  State(playback).arcs_clockwise = reader.U32() == AD_CLOCKWISE;
+  playback.State().arcs_clockwise = reader.U32() == AD_CLOCKWISE;
 }
 void EmrSetMiterLimit(const Playback& playback, ByteReader& reader) {
   // Documented as a float, but written as an integer.
   const double limit = reader.U32();
-  if (limit >= 1 && limit < 1000) State(playback).miter_limit = limit;
+  if (limit >= 1 && limit < 1000) playback.State().miter_limit = limit;
 }
 void EmrSetTextJustification(const Playback& playback, ByteReader& reader) {
   const double extra = reader.I32();
   const double blanks = reader.I32();
-  State(playback).justification = blanks > 0 ? extra / blanks : 0;
+  playback.State().justification = blanks > 0 ? extra / blanks : 0;
 }
 
 // Objects. The highest bit of an index stands for a stock object.
@@ -103,12 +102,6 @@ void EmrSetTextJustification(const Playback& playback, ByteReader& reader) {
 GdiObject ObjectAt(const Playback& playback, std::uint32_t index) {
   constexpr std::uint32_t kStockObject = 0x80000000U;
   return (index & kStockObject) != 0 ? StockObject(index & ~kStockObject) : playback.objects.Get(index);
-}
-
-Brush BrushAt(const Playback& playback, std::uint32_t index) {
-  const GdiObject object = ObjectAt(playback, index);
-  const auto* brush = std::get_if<Brush>(&object);
-  return brush == nullptr ? Brush{.style = Brush::Style::kNone} : *brush;
 }
 
 void EmrSelectObject(const Playback& playback, ByteReader& reader) {
@@ -205,13 +198,11 @@ void EmrSetPaletteEntries(const Playback& playback, ByteReader& reader) {
   const auto* palette = std::get_if<std::shared_ptr<const Palette>>(&object);
   if (palette == nullptr) return;
   const auto changed = ChangedPalette(**palette, start, reader, count);
-  if (State(playback).palette == *palette) State(playback).palette = changed;
+  if (playback.State().palette == *palette) playback.State().palette = changed;
   playback.objects.Set(index, changed);
 }
 
 // Clipping and regions.
-
-constexpr std::size_t kBoundsSize = 16;
 
 void EmrOffsetClipRgn(const Playback& playback, ByteReader& reader) { playback.canvas.OffsetClip(EmfPoint(reader)); }
 void EmrExcludeClipRect(const Playback& playback, ByteReader& reader) {
@@ -237,14 +228,14 @@ void EmrExtSelectClipRgn(const Playback& playback, ByteReader& reader) {
 void EmrFillRgn(const Playback& playback, ByteReader& reader) {
   reader.Skip(kBoundsSize);
   const std::size_t size = reader.U32();
-  const Brush brush = BrushAt(playback, reader.U32());
+  const Brush brush = BrushOf(ObjectAt(playback, reader.U32()));
   playback.canvas.FillRegion(ReadRegion(reader, size), brush);
 }
 
 void EmrFrameRgn(const Playback& playback, ByteReader& reader) {
   reader.Skip(kBoundsSize);
   const std::size_t size = reader.U32();
-  const Brush brush = BrushAt(playback, reader.U32());
+  const Brush brush = BrushOf(ObjectAt(playback, reader.U32()));
   const QSizeF frame = EmfSize(reader);
   playback.canvas.FrameRegion(ReadRegion(reader, size), brush, frame);
 }
@@ -258,7 +249,7 @@ void EmrInvertRgn(const Playback& playback, ByteReader& reader) {
 void EmrPaintRgn(const Playback& playback, ByteReader& reader) {
   reader.Skip(kBoundsSize);
   const std::size_t size = reader.U32();
-  playback.canvas.FillRegion(ReadRegion(reader, size), State(playback).brush);
+  playback.canvas.FillRegion(ReadRegion(reader, size), playback.State().brush);
 }
 
 constexpr RecordHandler kEmfRecords[] = {

@@ -10,8 +10,6 @@
 namespace quorvale::metafile {
 namespace {
 
-constexpr std::size_t kBoundsSize = 16;
-
 // Lines and shapes. Records with many points come in two sizes: with coordinates of 32 bits and, named ...16, of 16.
 
 using ReadPoints = std::vector<QPointF> (*)(ByteReader& reader, std::size_t count);
@@ -124,7 +122,7 @@ void ReadEmrText(const Playback& playback, ByteReader& reader, bool wide) {
   const std::size_t advances_at = reader.U32();
   run.fill_rect = (options & ETO_OPAQUE) != 0;
   run.clip_to_rect = (options & ETO_CLIPPED) != 0;
-  const Font& font = playback.canvas.State().font;
+  const Font& font = playback.State().font;
   const ByteSpan bytes = reader.Piece(text_at, wide ? count * 2 : count);
   if ((options & ETO_GLYPH_INDEX) != 0) {
     run.text = DecodeGlyphs(bytes);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "base/failure.h"
+#include "platform/desktop/metafile/record_values.h"
+#include "platform/pictures/rendered_picture.h"
 
 namespace quorvale::metafile {
 namespace {
@@ -33,7 +34,7 @@ bool IsEmf(ByteSpan bytes) {
   return ByteReader(bytes).U32() == EMR_HEADER && ByteReader(bytes, 40).U32() == kEmfSignature;
 }
 
-[[noreturn]] void Fail() { throw Failure(FailureNumber::kBadPicture, "Damaged metafile", "LoadPicture"); }
+[[noreturn]] void Fail() { FailLoad("Damaged metafile"); }
 
 float Side(double twips) { return static_cast<float>(std::clamp(twips, 1.0, kLongestSide)); }
 
@@ -67,23 +68,11 @@ Header ReadEmf(ByteSpan bytes) {
   const std::size_t size = reader.U32();
   if (size < kEmfHeaderSize || size > bytes.size()) Fail();
   header.first_record = size;
-  const auto rect = [&reader] {
-    const double left = reader.I32();
-    const double top = reader.I32();
-    const double right = reader.I32();
-    const double bottom = reader.I32();
-    return QRectF(left, top, right - left, bottom - top);
-  };
-  const QRectF bounds = rect();
-  const QRectF frame = rect();
+  const QRectF bounds = EmfRect(reader);
+  const QRectF frame = EmfRect(reader);
   reader.Seek(72);
-  const auto size_at = [&reader] {
-    const double width = reader.I32();
-    const double height = reader.I32();
-    return QSizeF(width, height);
-  };
-  header.device_pixels = size_at();
-  header.device_millimetres = size_at();
+  header.device_pixels = EmfSize(reader);
+  header.device_millimetres = EmfSize(reader);
   if (header.device_pixels.isEmpty() || header.device_millimetres.isEmpty()) Fail();
   const double across = header.device_pixels.width() / header.device_millimetres.width();
   const double down = header.device_pixels.height() / header.device_millimetres.height();

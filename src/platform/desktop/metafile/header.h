@@ -3,7 +3,7 @@
 #include <QRectF>
 #include <QSizeF>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 #include "platform/desktop/metafile/record_types.h"
 #include "toolkit/units.h"
 

@@ -110,6 +110,11 @@ const GdiObject& ObjectTable::Get(std::uint32_t index) const {
   return index < slots_.size() ? slots_[index].object : kNothing;
 }
 
+Brush BrushOf(const GdiObject& object) {
+  const auto* brush = std::get_if<Brush>(&object);
+  return brush == nullptr ? Brush{.style = Brush::Style::kNone} : *brush;
+}
+
 Pen MakeSimplePen(unsigned style, double width, ColourReference colour) {
   Pen pen;
   pen.style = style & kStyleMask;

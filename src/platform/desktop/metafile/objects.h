@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 
 namespace quorvale::metafile {
 
@@ -106,6 +106,9 @@ class ObjectTable {
   };
   std::vector<Slot> slots_;
 };
+
+// What is no brush draws nothing.
+Brush BrushOf(const GdiObject& object);
 
 // Objects from the values that both formats store. Styles and hatches have their GDI numbers.
 Pen MakeSimplePen(unsigned style, double width, ColourReference colour);

@@ -5,13 +5,16 @@
 #include <QTransform>
 #include <vector>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 #include "platform/desktop/metafile/dib.h"
 #include "platform/desktop/metafile/objects.h"
 
 // Readers of the values that records consist of. What lies beyond the end of a record reads as 0.
 
 namespace quorvale::metafile {
+
+// What drawing records of EMF begin with: the bounds of what they draw. They are not used.
+inline constexpr std::size_t kBoundsSize = 16;
 
 // 16-bit coordinates, x first: the points of polygons in both formats. No more than the record holds.
 inline std::vector<QPointF> PointsOf16Bits(ByteReader& reader, std::size_t count) {

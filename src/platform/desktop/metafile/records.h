@@ -5,7 +5,7 @@
 #include <span>
 #include <unordered_map>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 #include "platform/desktop/metafile/canvas.h"
 #include "platform/desktop/metafile/objects.h"
 #include "platform/desktop/metafile/record_types.h"
@@ -40,6 +40,8 @@ struct Playback {
   Canvas& canvas;
   ObjectTable& objects;
 
+  DeviceState& State() const { return canvas.State(); }
+  Mapping& Map() const { return canvas.State().mapping; }
   // Selects a pen, a brush or a font. Other objects have records of their own and are ignored.
   void Select(const GdiObject& object) const;
   // Does nothing unless it is a palette.

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "platform/desktop/metafile/byte_reader.h"
+#include "base/byte_reader.h"
 #include "platform/desktop/metafile/objects.h"
 
 namespace quorvale::metafile {

@@ -80,7 +80,7 @@ void MetaSelectPalette(const Playback& playback, ByteReader& reader) {
 // META_SETPALENTRIES and META_ANIMATEPALETTE change the palette that is selected.
 void MetaSetPalEntries(const Playback& playback, ByteReader& reader) {
   const std::size_t start = reader.U16();
-  DeviceState& state = playback.canvas.State();
+  DeviceState& state = playback.State();
   if (state.palette == nullptr) return;
   const std::size_t count = reader.U16();
   state.palette = ChangedPalette(*state.palette, start, reader, count);
@@ -112,11 +112,6 @@ void MetaCreateRegion(const Playback& playback, ByteReader& reader) {
 const Region* RegionAt(const Playback& playback, std::uint32_t index) {
   return std::get_if<Region>(&playback.objects.Get(index));
 }
-Brush BrushAt(const Playback& playback, std::uint32_t index) {
-  const auto* brush = std::get_if<Brush>(&playback.objects.Get(index));
-  return brush == nullptr ? Brush{.style = Brush::Style::kNone} : *brush;
-}
-
 void MetaSelectClipRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
   if (region == nullptr) {
@@ -133,7 +128,7 @@ void MetaFillRegion(const Playback& playback, ByteReader& reader) {
   std::uint32_t second = reader.U16();
   if (RegionAt(playback, first) == nullptr) std::swap(first, second);
   if (const Region* region = RegionAt(playback, first)) {
-    playback.canvas.FillRegion(*region, BrushAt(playback, second));
+    playback.canvas.FillRegion(*region, BrushOf(playback.objects.Get(second)));
   }
 }
 void MetaFrameRegion(const Playback& playback, ByteReader& reader) {
@@ -143,12 +138,12 @@ void MetaFrameRegion(const Playback& playback, ByteReader& reader) {
   const double height = numbers[2];
   const double width = numbers[3];
   if (const Region* region = RegionAt(playback, numbers[0])) {
-    playback.canvas.FrameRegion(*region, BrushAt(playback, numbers[1]), {width, height});
+    playback.canvas.FrameRegion(*region, BrushOf(playback.objects.Get(numbers[1])), {width, height});
   }
 }
 void MetaPaintRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
-  if (region != nullptr) playback.canvas.FillRegion(*region, playback.canvas.State().brush);
+  if (region != nullptr) playback.canvas.FillRegion(*region, playback.State().brush);
 }
 void MetaInvertRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
@@ -162,7 +157,7 @@ enum class BitmapKind { kBitmap16, kDib };
 QImage ReadBitmap(const Playback& playback, ByteReader& reader, BitmapKind kind) {
   if (kind == BitmapKind::kDib) return ReadDibOf(playback, reader, ColorUsage::DIB_RGB_COLORS).image;
   constexpr std::size_t kHeaderSize = 10;
-  const DeviceState& state = playback.canvas.State();
+  const DeviceState& state = playback.State();
   return ReadBitmap16(reader, reader.At() + kHeaderSize, state.Colour(state.text_colour),
                       state.Colour(state.background));
 }

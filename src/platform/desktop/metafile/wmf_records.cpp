@@ -12,50 +12,49 @@ namespace {
 
 // State.
 
-DeviceState& State(const Playback& playback) { return playback.canvas.State(); }
-Mapping& Map(const Playback& playback) { return playback.canvas.State().mapping; }
-
 void MetaSaveDc(const Playback& playback, ByteReader& /*reader*/) { playback.canvas.SaveDc(); }
 void MetaRestoreDc(const Playback& playback, ByteReader& reader) { playback.canvas.RestoreDc(reader.I16()); }
 
 void MetaSetBkMode(const Playback& playback, ByteReader& reader) {
-  State(playback).opaque_background = reader.U16() != TRANSPARENT;
+  playback.State().opaque_background = reader.U16() != TRANSPARENT;
 }
-void MetaSetRop2(const Playback& playback, ByteReader& reader) { State(playback).rop2 = reader.U16(); }
+void MetaSetRop2(const Playback& playback, ByteReader& reader) { playback.State().rop2 = reader.U16(); }
 void MetaSetPolyFillMode(const Playback& playback, ByteReader& reader) {
-  State(playback).fill_rule = reader.U16() == WINDING ? Qt::WindingFill : Qt::OddEvenFill;
+  playback.State().fill_rule = reader.U16() == WINDING ? Qt::WindingFill : Qt::OddEvenFill;
 }
 void MetaSetStretchBltMode(const Playback& playback, ByteReader& reader) {
-  State(playback).halftone = reader.U16() == HALFTONE;
+  playback.State().halftone = reader.U16() == HALFTONE;
 }
-void MetaSetTextCharExtra(const Playback& playback, ByteReader& reader) { State(playback).extra_space = reader.I16(); }
-void MetaSetTextAlign(const Playback& playback, ByteReader& reader) { State(playback).text_align = reader.U16(); }
-void MetaSetTextColor(const Playback& playback, ByteReader& reader) { State(playback).text_colour = reader.U32(); }
-void MetaSetBkColor(const Playback& playback, ByteReader& reader) { State(playback).background = reader.U32(); }
+void MetaSetTextCharExtra(const Playback& playback, ByteReader& reader) { playback.State().extra_space = reader.I16(); }
+void MetaSetTextAlign(const Playback& playback, ByteReader& reader) { playback.State().text_align = reader.U16(); }
+void MetaSetTextColor(const Playback& playback, ByteReader& reader) { playback.State().text_colour = reader.U32(); }
+void MetaSetBkColor(const Playback& playback, ByteReader& reader) { playback.State().background = reader.U32(); }
 void MetaSetTextJustification(const Playback& playback, ByteReader& reader) {
   const double blanks = reader.U16();
   const double extra = reader.I16();
-  State(playback).justification = blanks > 0 ? extra / blanks : 0;
+  playback.State().justification = blanks > 0 ? extra / blanks : 0;
 }
 
-void MetaSetMapMode(const Playback& playback, ByteReader& reader) { Map(playback).SetMode(reader.U16()); }
-void MetaSetWindowOrg(const Playback& playback, ByteReader& reader) { Map(playback).SetWindowOrigin(WmfPoint(reader)); }
+void MetaSetMapMode(const Playback& playback, ByteReader& reader) { playback.Map().SetMode(reader.U16()); }
+void MetaSetWindowOrg(const Playback& playback, ByteReader& reader) {
+  playback.Map().SetWindowOrigin(WmfPoint(reader));
+}
 void MetaSetViewportOrg(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetViewportOrigin(WmfPoint(reader));
+  playback.Map().SetViewportOrigin(WmfPoint(reader));
 }
 void MetaOffsetWindowOrg(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetWindowOrigin(Map(playback).WindowOrigin() + WmfPoint(reader));
+  playback.Map().SetWindowOrigin(playback.Map().WindowOrigin() + WmfPoint(reader));
 }
 void MetaOffsetViewportOrg(const Playback& playback, ByteReader& reader) {
-  Map(playback).SetViewportOrigin(Map(playback).ViewportOrigin() + WmfPoint(reader));
+  playback.Map().SetViewportOrigin(playback.Map().ViewportOrigin() + WmfPoint(reader));
 }
 void MetaSetWindowExt(const Playback& playback, ByteReader& reader) {
   const QPointF extent = WmfPoint(reader);
-  Map(playback).SetWindowExtent(extent.x(), extent.y());
+  playback.Map().SetWindowExtent(extent.x(), extent.y());
 }
 void MetaSetViewportExt(const Playback& playback, ByteReader& reader) {
   const QPointF extent = WmfPoint(reader);
-  Map(playback).SetViewportExtent(extent.x(), extent.y());
+  playback.Map().SetViewportExtent(extent.x(), extent.y());
 }
 
 struct Ratio {
@@ -70,11 +69,11 @@ Ratio ReadRatio(ByteReader& reader) {
 
 void MetaScaleWindowExt(const Playback& playback, ByteReader& reader) {
   const Ratio ratio = ReadRatio(reader);
-  Map(playback).ScaleWindowExtent(ratio.x_num, ratio.x_denom, ratio.y_num, ratio.y_denom);
+  playback.Map().ScaleWindowExtent(ratio.x_num, ratio.x_denom, ratio.y_num, ratio.y_denom);
 }
 void MetaScaleViewportExt(const Playback& playback, ByteReader& reader) {
   const Ratio ratio = ReadRatio(reader);
-  Map(playback).ScaleViewportExtent(ratio.x_num, ratio.x_denom, ratio.y_num, ratio.y_denom);
+  playback.Map().ScaleViewportExtent(ratio.x_num, ratio.x_denom, ratio.y_num, ratio.y_denom);
 }
 
 void MetaExcludeClipRect(const Playback& playback, ByteReader& reader) {
@@ -148,7 +147,7 @@ void MetaTextOut(const Playback& playback, ByteReader& reader) {
   reader.Skip(Padded(count));
   TextRun run;
   run.at = WmfPoint(reader);
-  run.text = DecodeText(bytes, State(playback).font);
+  run.text = DecodeText(bytes, playback.State().font);
   playback.canvas.Text(run);
 }
 
@@ -169,7 +168,7 @@ void MetaExtTextOut(const Playback& playback, ByteReader& reader) {
   }
   const ByteSpan bytes = reader.Piece(reader.At(), count);
   reader.Skip(Padded(count));
-  const Font& font = State(playback).font;
+  const Font& font = playback.State().font;
   if ((options & ETO_GLYPH_INDEX) == 0) run.text = DecodeText(bytes, font);
   // In multi-byte code pages the advances are per byte and do not match the characters.
   if (reader.Left() >= count * 2 && !IsMultiByte(font)) {

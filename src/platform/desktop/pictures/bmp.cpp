@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/byte_reader.h"
 #include "platform/desktop/pictures/formats.h"
 #include "platform/pictures/dib.h"
 
@@ -20,7 +21,7 @@ constexpr std::size_t kLongestTable = 16 + 256 * 4;
 std::size_t NumberAt(PictureFile& file, std::size_t offset) {
   std::array<std::uint8_t, 4> bytes{};
   file.Copy(offset, bytes);
-  return bytes[0] | std::size_t{bytes[1]} << 8U | std::size_t{bytes[2]} << 16U | std::size_t{bytes[3]} << 24U;
+  return ByteReader(bytes).U32();
 }
 
 // A bitmap file. Only the rows and columns in view are read.

@@ -34,7 +34,7 @@ constexpr J_COLOR_SPACE kPixelSpace = std::endian::native == std::endian::little
 // Four-ink files are written inverted, 255 being no ink.
 void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i, inks += 4) {
-    const auto mix = [&](int ink) { return (Pixel{inks[ink]} * inks[3] + 127U) / 255U; };
+    const auto mix = [&](int ink) { return Multiplied(inks[ink], inks[3]); };
     row[i] = 0xFF000000U | mix(0) << 16U | mix(1) << 8U | mix(2);
   }
 }

@@ -126,13 +126,6 @@ bool PngDecoder::ReadPasses(std::span<Pixel> pixels) {
   return true;
 }
 
-// By its alpha, which stays.
-Pixel Multiplied(Pixel pixel) {
-  const Pixel alpha = pixel >> 24U;
-  const auto channel = [&](unsigned shift) { return ((pixel >> shift & 0xFFU) * alpha + 127U) / 255U << shift; };
-  return alpha << 24U | channel(16) | channel(8) | channel(0);
-}
-
 class PngRows : public SequentialRows {
  public:
   explicit PngRows(std::unique_ptr<PngDecoder> decoder)
@@ -167,7 +160,8 @@ class PngRows : public SequentialRows {
     if (opaque_) {
       std::copy_n(from, row.size(), row.begin());
     } else {
-      std::transform(from, from + row.size(), row.begin(), Multiplied);
+      std::transform(from, from + row.size(), row.begin(),
+                     [](Pixel pixel) { return Premultiplied(pixel, pixel >> 24U); });
     }
     return true;
   }

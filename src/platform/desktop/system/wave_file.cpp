@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include "base/byte_reader.h"
+
 namespace quorvale {
 namespace {
 
@@ -20,12 +22,6 @@ constexpr int kMaxChunks = 256;
 constexpr std::uint32_t kMinRate = 1000;
 constexpr std::uint32_t kMaxRate = 768'000;
 constexpr std::uint32_t kMaxPieceSize = 32 * 1024;
-
-std::uint32_t Little(const std::uint8_t* bytes, int count) {
-  std::uint32_t value = 0;
-  for (int i = count - 1; i >= 0; --i) value = value << 8 | bytes[i];
-  return value;
-}
 
 void AppendLittle(std::vector<std::uint8_t>& bytes, std::uint32_t value) {
   for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<std::uint8_t>(value >> shift));
@@ -69,7 +65,7 @@ bool WaveFile::FindData(std::uint64_t file_size) {
     std::array<std::uint8_t, kChunkHeaderSize> header{};
     if (ReadAt(file_.Get(), position, header.data(), header.size()) < header.size()) return false;
     position += header.size();
-    const std::uint32_t size = Little(header.data() + 4, 4);
+    const std::uint32_t size = ByteReader(header, 4).U32();
     if (IsTag(header.data(), "data")) {
       position_ = position;
       end_ = std::min(position + size, file_size);
@@ -85,8 +81,8 @@ bool WaveFile::ReadFormat(std::uint64_t position, std::uint32_t size) {
   if (size < kMinFormatSize || size > kMaxFormatSize) return false;
   format_.resize(size);
   if (ReadAt(file_.Get(), position, format_.data(), size) < size) return false;
-  const std::uint32_t rate = Little(&format_[4], 4);
-  const std::uint32_t block = Little(&format_[12], 2);
+  const std::uint32_t rate = ByteReader(format_, 4).U32();
+  const std::uint32_t block = ByteReader(format_, 12).U16();
   if (rate < kMinRate || rate > kMaxRate || block == 0) return false;
   piece_size_ = std::max(std::min(kMaxPieceSize / block, rate / 4) * block, block);
   return true;

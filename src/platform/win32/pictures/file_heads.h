@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
-
+#include "base/byte_reader.h"
 #include "toolkit/units.h"
 
 // What the system's decoders do not say of a file.
@@ -16,18 +14,10 @@ struct GifCanvas {
   PixelRect first;
 };
 
-// Empty when the file is none, or damaged.
-GifCanvas ReadGifCanvas(std::span<const std::uint8_t> bytes);
+// Empty if the file is not a GIF file, or damaged.
+GifCanvas ReadGifCanvas(ByteSpan bytes);
 
-// What the segments ahead of a JPEG file's pixels tell.
-struct JpegHead {
-  // In several scans, which a decoder puts together in memory.
-  bool has_several_scans = false;
-  // As cameras store it, 1 to 8.
-  int orientation = 1;
-};
-
-// That of any other file is the one of none.
-JpegHead ReadJpegHead(std::span<const std::uint8_t> bytes);
+// Whether a JPEG file has several scans, which a decoder puts together in memory. False for any other file.
+bool HasSeveralScans(ByteSpan bytes);
 
 }  // namespace quorvale

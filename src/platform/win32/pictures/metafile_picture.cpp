@@ -1,12 +1,249 @@
 #include "platform/win32/pictures/metafile_picture.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <type_traits>
+#include <utility>
 
+#include "platform/pictures/rendered_picture.h"
 #include "platform/win32/toolkit/gdi.h"
 
 namespace quorvale {
+namespace {
 
-std::unique_ptr<Metafile> OpenMetafile(std::span<const std::uint8_t> bytes) {
+// One playing of a metafile's records on a device context that was handed to it.
+class Playing {
+ public:
+  // Whether the two seconds are over that a picture may take, however many records it has. What was drawn by then
+  // stays.
+  bool IsOver() const { return std::chrono::steady_clock::now() - start_ > kTime; }
+
+  void StateSaved() { ++saved_; }
+
+  // How far back, as a negative number, a restoring record may go that names a state from the last one back, or from
+  // 1 for the first. 0 where it names none that this metafile has saved: the one before is the caller's.
+  int RestoreState(int which) {
+    const int index = which < 0 ? saved_ + which : which - 1;
+    if (index < 0 || index >= saved_) return 0;
+    const int back = index - saved_;
+    saved_ = index;
+    return back;
+  }
+
+ private:
+  static constexpr std::chrono::milliseconds kTime{2000};
+
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  int saved_ = 0;
+};
+
+// Enhanced metafiles.
+
+// Type and size of a record.
+constexpr std::size_t kEnhancedHead = 8;
+constexpr double kTwipsPerHundredthMillimetre = 1440 / 2540.0;
+// Twips: more than any screen has, so that what is computed with them stays finite.
+constexpr double kLongestSide = 3e6;
+
+struct DeleteEnhanced {
+  void operator()(HENHMETAFILE metafile) const { DeleteEnhMetaFile(metafile); }
+};
+using EnhancedHandle = std::unique_ptr<std::remove_pointer_t<HENHMETAFILE>, DeleteEnhanced>;
+
+// Whether each record lies within the file and the last one is the end mark.
+bool IsWhole(ByteSpan bytes) {
+  for (ByteReader record(bytes); record.Left() >= kEnhancedHead;) {
+    const std::size_t left = record.Left();
+    const std::uint32_t type = record.U32();
+    const std::uint32_t size = record.U32();
+    if (size < kEnhancedHead || size % 4 != 0 || size > left) return false;
+    if (type == EMR_EOF) return true;
+    record.Skip(size - kEnhancedHead);
+  }
+  return false;
+}
+
+int CALLBACK PlayEnhancedRecord(HDC context, HANDLETABLE* objects, const ENHMETARECORD* record, int count,
+                                LPARAM data) {
+  auto& playing = *reinterpret_cast<Playing*>(data);
+  if (playing.IsOver()) return 0;
+  if (record->iType == EMR_SAVEDC) playing.StateSaved();
+  if (record->iType != EMR_RESTOREDC) {
+    PlayEnhMetaFileRecord(context, objects, record, static_cast<UINT>(count));
+  } else if (record->nSize >= sizeof(EMRRESTOREDC)) {
+    EMRRESTOREDC restore = *reinterpret_cast<const EMRRESTOREDC*>(record);
+    restore.iRelative = playing.RestoreState(restore.iRelative);
+    const auto* const own = reinterpret_cast<const ENHMETARECORD*>(&restore);
+    if (restore.iRelative != 0) PlayEnhMetaFileRecord(context, objects, own, static_cast<UINT>(count));
+  }
+  return 1;
+}
+
+// A box's right and bottom edges are those pixels that it still has, for metafiles of this kind.
+RECT PlayRect(const PixelRect& box) { return {box.left, box.top, box.Right() - 1, box.Bottom() - 1}; }
+
+class EnhancedMetafile : public Metafile {
+ public:
+  explicit EnhancedMetafile(EnhancedHandle handle) : handle_(std::move(handle)) {
+    GetEnhMetaFileHeader(handle_.get(), sizeof header_, &header_);
+  }
+
+  TwipSize NaturalSize() const override {
+    const RECTL& frame = header_.rclFrame;
+    return {Side(static_cast<double>(frame.right) - frame.left), Side(static_cast<double>(frame.bottom) - frame.top)};
+  }
+
+  void Play(HDC context, const PixelRect& box) const override {
+    const RECT rect = PlayRect(box);
+    Playing playing;
+    EnumEnhMetaFile(context, handle_.get(), &PlayEnhancedRecord, &playing, &rect);
+  }
+
+ private:
+  static float Side(double length) {
+    return static_cast<float>(std::clamp(std::abs(length) * kTwipsPerHundredthMillimetre, 1.0, kLongestSide));
+  }
+
+  EnhancedHandle handle_;
+  ENHMETAHEADER header_{};
+};
+
+std::unique_ptr<Metafile> OpenEnhancedMetafile(ByteSpan bytes) {
+  if (ByteReader(bytes).U32() != EMR_HEADER || ByteReader(bytes, 40).U32() != ENHMETA_SIGNATURE) return nullptr;
+  EnhancedHandle handle;
+  if (IsWhole(bytes)) handle.reset(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
+  if (!handle) FailLoad("Damaged metafile");
+  return std::make_unique<EnhancedMetafile>(std::move(handle));
+}
+
+// Windows metafiles, with a header that says their size or without.
+
+constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
+constexpr std::size_t kPlaceableSize = 22;
+constexpr std::size_t kHeaderSize = 18;
+constexpr double kTwipsPerInch = 1440;
+// The units of a file that does not say.
+constexpr double kUnitsPerInch = 96;
+
+struct DeletePlain {
+  void operator()(HMETAFILE metafile) const { DeleteMetaFile(metafile); }
+};
+using PlainHandle = std::unique_ptr<std::remove_pointer_t<HMETAFILE>, DeletePlain>;
+
+// The picture within the plane that the records draw in. The sides may be negative.
+struct Window {
+  int left = 0;
+  int top = 0;
+  int width = static_cast<int>(kUnitsPerInch);
+  int height = static_cast<int>(kUnitsPerInch);
+  double units_per_inch = kUnitsPerInch;
+};
+
+bool IsHeader(ByteSpan bytes) {
+  ByteReader reader(bytes);
+  const unsigned type = reader.U16();
+  const unsigned words = reader.U16();
+  const unsigned version = reader.U16();
+  return bytes.size() >= kHeaderSize && (type == 1 || type == 2) && words == kHeaderSize / 2 &&
+         (version == 0x100 || version == 0x300);
+}
+
+Window ReadPlaceable(ByteSpan bytes) {
+  ByteReader reader(bytes, 6);
+  Window window;
+  window.left = reader.I16();
+  window.top = reader.I16();
+  window.width = reader.I16() - window.left;
+  window.height = reader.I16() - window.top;
+  const unsigned units = reader.U16();
+  window.units_per_inch = units == 0 ? kTwipsPerInch : units;
+  return window;
+}
+
+// Reads origin and size from the first records that set them. False unless every record lies within the file and the
+// last one is the end mark.
+bool ReadRecords(ByteSpan records, Window& window) {
+  bool has_origin = false;
+  bool has_size = false;
+  for (std::size_t at = 0; at + 6 <= records.size();) {
+    ByteReader reader(records, at);
+    const std::size_t words = reader.U32();
+    const unsigned function = reader.U16();
+    if (words < 3 || words > (records.size() - at) / 2) return false;
+    if (function == 0) return true;
+    if (function == META_SETWINDOWORG && !std::exchange(has_origin, true)) {
+      window.top = reader.I16();
+      window.left = reader.I16();
+    } else if (function == META_SETWINDOWEXT && !std::exchange(has_size, true)) {
+      window.height = reader.I16();
+      window.width = reader.I16();
+    }
+    at += words * 2;
+  }
+  return false;
+}
+
+int CALLBACK PlayPlainRecord(HDC context, HANDLETABLE* objects, METARECORD* record, int count, LPARAM data) {
+  constexpr DWORD kRestoreWords = 4;
+  auto& playing = *reinterpret_cast<Playing*>(data);
+  if (playing.IsOver()) return 0;
+  if (record->rdFunction == META_SAVEDC) playing.StateSaved();
+  if (record->rdFunction != META_RESTOREDC) {
+    PlayMetaFileRecord(context, objects, record, static_cast<UINT>(count));
+  } else if (record->rdSize >= kRestoreWords) {
+    const int back = playing.RestoreState(static_cast<std::int16_t>(record->rdParm[0]));
+    if (back != 0) RestoreDC(context, back);
+  }
+  return 1;
+}
+
+class WindowsMetafile : public Metafile {
+ public:
+  WindowsMetafile(PlainHandle handle, const Window& window) : handle_(std::move(handle)), window_(window) {}
+
+  TwipSize NaturalSize() const override { return {Side(window_.width), Side(window_.height)}; }
+
+  // The records may set a window of their own, never a viewport.
+  void Play(HDC context, const PixelRect& box) const override {
+    SetMapMode(context, MM_ANISOTROPIC);
+    SetViewportOrgEx(context, box.left, box.top, nullptr);
+    SetViewportExtEx(context, box.width, box.height, nullptr);
+    SetWindowOrgEx(context, window_.left, window_.top, nullptr);
+    SetWindowExtEx(context, window_.width, window_.height, nullptr);
+    Playing playing;
+    EnumMetaFile(context, handle_.get(), &PlayPlainRecord, reinterpret_cast<LPARAM>(&playing));
+  }
+
+ private:
+  float Side(int length) const {
+    return static_cast<float>(std::max(1.0, std::abs(length) * kTwipsPerInch / window_.units_per_inch));
+  }
+
+  PlainHandle handle_;
+  Window window_;
+};
+
+// Null and failures as of `OpenMetafile`.
+std::unique_ptr<Metafile> OpenWindowsMetafile(ByteSpan bytes) {
+  const bool is_placeable = ByteReader(bytes).U32() == kPlaceableKey && bytes.size() > kPlaceableSize;
+  const ByteSpan plain = is_placeable ? bytes.subspan(kPlaceableSize) : bytes;
+  if (!IsHeader(plain)) return nullptr;
+  Window window;
+  PlainHandle handle;
+  if (ReadRecords(plain.subspan(kHeaderSize), window)) {
+    handle.reset(SetMetaFileBitsEx(static_cast<UINT>(plain.size()), plain.data()));
+  }
+  if (!handle) FailLoad("Damaged metafile");
+  if (is_placeable) window = ReadPlaceable(bytes);
+  if (window.width == 0 || window.height == 0) window = {};
+  return std::make_unique<WindowsMetafile>(std::move(handle), window);
+}
+
+}  // namespace
+
+std::unique_ptr<Metafile> OpenMetafile(ByteSpan bytes) {
   auto metafile = OpenEnhancedMetafile(bytes);
   return metafile ? std::move(metafile) : OpenWindowsMetafile(bytes);
 }

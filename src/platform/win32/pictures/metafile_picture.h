@@ -1,10 +1,9 @@
 #pragma once
 
-#include <chrono>
-#include <cstdint>
 #include <memory>
-#include <span>
+#include <utility>
 
+#include "base/byte_reader.h"
 #include "platform/win32/windows_api.h"
 #include "toolkit/picture.h"
 #include "toolkit/units.h"
@@ -22,37 +21,7 @@ class Metafile {
 };
 
 // Null when the bytes are no metafile. Fails with kBadPicture when they are a damaged one.
-std::unique_ptr<Metafile> OpenMetafile(std::span<const std::uint8_t> bytes);
-
-// Of the two kinds, the same way.
-std::unique_ptr<Metafile> OpenEnhancedMetafile(std::span<const std::uint8_t> bytes);
-std::unique_ptr<Metafile> OpenWindowsMetafile(std::span<const std::uint8_t> bytes);
-
-// One playing of a metafile's records on a device context that was handed to it.
-class Playing {
- public:
-  // Whether the two seconds are over that a picture may take, however many records it has. What was drawn by then
-  // stays.
-  bool IsOver() const { return std::chrono::steady_clock::now() - start_ > kTime; }
-
-  void StateSaved() { ++saved_; }
-
-  // How far back, as a negative number, a restoring record may go that names a state from the last one back, or from
-  // 1 for the first. 0 where it names none that this metafile has saved: the one before is the caller's.
-  int RestoreState(int which) {
-    const int index = which < 0 ? saved_ + which : which - 1;
-    if (index < 0 || index >= saved_) return 0;
-    const int back = index - saved_;
-    saved_ = index;
-    return back;
-  }
-
- private:
-  static constexpr std::chrono::milliseconds kTime{2000};
-
-  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
-  int saved_ = 0;
-};
+std::unique_ptr<Metafile> OpenMetafile(ByteSpan bytes);
 
 // A picture that is drawn, not stored: at any size as sharp as can be. It is drawn anew each time, over
 // what is there.

@@ -4,13 +4,36 @@
 #include <array>
 #include <cstddef>
 #include <utility>
-#include <vector>
 
-#include "base/failure.h"
+#include "base/byte_reader.h"
 #include "platform/pictures/row_source.h"
+
+// A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out. Like every
+// component it destroys itself.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+struct IWICBitmapSourceTransform : public IUnknown {
+  virtual HRESULT STDMETHODCALLTYPE CopyPixels(const WICRect* rect, UINT width, UINT height, WICPixelFormatGUID* format,
+                                               WICBitmapTransformOptions transform, UINT stride, UINT size,
+                                               BYTE* pixels) = 0;
+  // The size nearest to the wanted one that the decoder can make.
+  virtual HRESULT STDMETHODCALLTYPE GetClosestSize(UINT* width, UINT* height) = 0;
+  virtual HRESULT STDMETHODCALLTYPE GetClosestPixelFormat(WICPixelFormatGUID* format) = 0;
+  virtual HRESULT STDMETHODCALLTYPE DoesSupportTransform(WICBitmapTransformOptions transform, BOOL* supported) = 0;
+};
+
+__CRT_UUID_DECL(IWICBitmapSourceTransform, 0x3b16811b, 0x6a43, 0x4ec9, 0xb7, 0x13, 0x3d, 0x5a, 0x0c, 0x13, 0xb9, 0x40)
 
 namespace quorvale {
 namespace {
+
+using WicSource = ComPointer<IWICBitmapSource>;
+
+// Fails with kBadPicture where a call did: one for a picture too large for the memory, one for any other.
+void CheckPicture(HRESULT result) {
+  if (SUCCEEDED(result)) return;
+  const bool too_large = result == E_OUTOFMEMORY || result == WINCODEC_ERR_IMAGESIZEOUTOFRANGE;
+  FailLoad(too_large ? "Picture too large" : "Not a picture, or damaged");
+}
 
 // What a photo's decoder makes at once; where damage ends the picture, no more than this is lost with it.
 constexpr int kBandRows = 16;
@@ -122,25 +145,23 @@ const Pixel* CanvasRows::Row(int y) {
   return row.data();
 }
 
-// A size that a file can't fill even packed as tightly as the formats know is not believed.
+// More than any format packs into a byte: a file that claims more lies.
 constexpr std::uint64_t kMostPixelsToByte = 4096;
 
-bool IsJpeg(const PictureBytes& bytes) { return WordAt(bytes, 0) == 0xD8FF; }
+bool IsJpeg(ByteSpan bytes) { return ByteReader(bytes).U16() == 0xD8FF; }
+bool IsPng(ByteSpan bytes) { return ByteReader(bytes).U32() == 0x474E5089; }
 
-bool IsPng(const PictureBytes& bytes) { return LongAt(bytes, 0) == 0x474E5089; }
-
-int StoredOrientation(const PictureBytes& bytes, const JpegHead& head) {
-  if (!IsPng(bytes)) return head.orientation;
+int StoredOrientation(ByteSpan bytes) {
   MemoryBytes source(bytes);
-  return PngOrientation(source);
+  return IsJpeg(bytes) ? JpegOrientation(source) : IsPng(bytes) ? PngOrientation(source) : 1;
 }
 
-void CheckSize(PixelSize size, const PictureBytes& bytes, bool has_several_scans) {
+void CheckSize(PixelSize size, ByteSpan bytes) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
   if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
   // Photos in one scan are the only ones that are never in memory as a whole.
-  if (IsJpeg(bytes) && !has_several_scans) return;
+  if (IsJpeg(bytes) && !HasSeveralScans(bytes)) return;
   if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
 }
 
@@ -190,7 +211,15 @@ WicSource AsOurPixels(const WicFactory& factory, IWICBitmapSource* from) {
 
 }  // namespace
 
-WicPicture::WicPicture(PictureBytes bytes)
+WicFactory CreateWicFactory() {
+  WicFactory factory;
+  if (FAILED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(factory.Out())))) {
+    FailLoad("The system has no picture decoders", FailureNumber::kInternal);
+  }
+  return factory;
+}
+
+WicPicture::WicPicture(std::vector<std::uint8_t> bytes)
     : factory_(CreateWicFactory()), bytes_(std::move(bytes)), canvas_(ReadGifCanvas(bytes_)), frame_(OpenFrame()) {
   UINT width = 0;
   UINT height = 0;
@@ -198,9 +227,8 @@ WicPicture::WicPicture(PictureBytes bytes)
   frame_size_ = {static_cast<int>(width), static_cast<int>(height)};
   const bool on_canvas = canvas_.width > 0;
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
-  const JpegHead head = ReadJpegHead(bytes_);
-  CheckSize(size, bytes_, head.has_several_scans);
-  Describe(size, Orientation::FromExif(StoredOrientation(bytes_, head)));
+  CheckSize(size, bytes_);
+  Describe(size, Orientation::FromExif(StoredOrientation(bytes_)));
 }
 
 std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {

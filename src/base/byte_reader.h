@@ -1,20 +1,22 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <span>
 
-namespace quorvale::metafile {
+namespace quorvale {
 
 using ByteSpan = std::span<const std::uint8_t>;
 
-// Reads little-endian numbers in turn. Reading beyond the end gives 0.
+// Reads the numbers of a file format in turn, little-endian unless told otherwise. A number that ends beyond the bytes
+// is 0.
 class ByteReader {
  public:
-  explicit ByteReader(ByteSpan bytes, std::size_t at = 0) : bytes_(bytes), at_(at) {}
+  explicit ByteReader(ByteSpan bytes, std::size_t at = 0, std::endian order = std::endian::little)
+      : bytes_(bytes), at_(at), order_(order) {}
 
   std::size_t Size() const { return bytes_.size(); }
   std::size_t Left() const { return at_ < bytes_.size() ? bytes_.size() - at_ : 0; }
@@ -22,14 +24,15 @@ class ByteReader {
   void Seek(std::size_t at) { at_ = at; }
   void Skip(std::size_t count) { at_ += count; }
 
-  std::uint8_t U8() { return Read<std::uint8_t>(); }
-  std::uint16_t U16() { return Read<std::uint16_t>(); }
-  std::int16_t I16() { return Read<std::int16_t>(); }
-  std::uint32_t U32() { return Read<std::uint32_t>(); }
-  std::int32_t I32() { return Read<std::int32_t>(); }
+  std::uint8_t U8() { return static_cast<std::uint8_t>(Read<1>()); }
+  std::uint16_t U16() { return static_cast<std::uint16_t>(Read<2>()); }
+  std::int16_t I16() { return static_cast<std::int16_t>(U16()); }
+  std::uint32_t U24() { return Read<3>(); }
+  std::uint32_t U32() { return Read<4>(); }
+  std::int32_t I32() { return static_cast<std::int32_t>(U32()); }
   // Infinity and NaN become 0.
   double F32() {
-    const auto value = Read<float>();
+    const auto value = std::bit_cast<float>(U32());
     return std::isfinite(value) ? static_cast<double>(value) : 0;
   }
 
@@ -44,16 +47,22 @@ class ByteReader {
   std::size_t Capped(std::size_t count, std::size_t size) const { return std::min(count, Left() / size); }
 
  private:
-  template <typename Number>
-  Number Read() {
-    Number number{};
-    if (Left() >= sizeof(Number)) std::memcpy(&number, bytes_.data() + at_, sizeof(Number));
-    at_ += sizeof(Number);
+  template <std::size_t kSize>
+  std::uint32_t Read() {
+    std::uint32_t number = 0;
+    if (Left() >= kSize) {
+      const std::uint8_t* const from = bytes_.data() + at_;
+      for (std::size_t i = 0; i < kSize; ++i) {
+        number = number << 8U | from[order_ == std::endian::big ? i : kSize - 1 - i];
+      }
+    }
+    at_ += kSize;
     return number;
   }
 
   ByteSpan bytes_;
   std::size_t at_;
+  std::endian order_;
 };
 
-}  // namespace quorvale::metafile
+}  // namespace quorvale
