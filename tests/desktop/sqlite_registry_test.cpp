@@ -186,5 +186,42 @@ TEST_F(SqliteRegistryTest, AnActIsSeenWholeOrNotAtAll) {
   EXPECT_TRUE(there.SaveSetting("Options", "Interval", "6")) << "nothing is held any more";
 }
 
+TEST_F(SqliteRegistryTest, AKeyDeletedInATransactionIsEmptyWhenItIsCreatedAgain) {
+  const std::string path = R"(Software\Halvern Inc.\Quorvale Customizable Screen Saver\List)";
+  CRegSettings settings(registry_);
+  const auto stored = [&](CRegSettings& reader) {
+    std::string all;
+    for (const char* const key : {"a", "b", "c", "d"}) all += reader.GetSetting("List", key, "-");
+    return all;
+  };
+  for (const bool committed : {false, true}) {
+    for (const char* const key : {"a", "b", "c"}) settings.SaveSetting("List", key, "1");
+    const RegistryKey before = Create(path);
+    {
+      RegistryWrites writes(registry_);
+      for (const char* const value : {"2", "3"}) {
+        EXPECT_TRUE(settings.DeleteSetting("list"));
+        EXPECT_EQ(Open(path), kErrorFileNotFound);
+        EXPECT_TRUE(settings.SaveSetting("LIST", "B", value));
+        EXPECT_TRUE(settings.SaveSetting("List", "d", value));
+        EXPECT_EQ(stored(settings), std::string("-") + value + "-" + value);
+      }
+      EXPECT_FALSE(settings.DeleteSetting("List", "a")) << "deleted with its key";
+      EXPECT_TRUE(settings.DeleteSetting("List", "D"));
+      std::vector<RegistryValue> values;
+      EXPECT_EQ(registry_.EnumerateValues(Create(path), values), kErrorSuccess);
+      EXPECT_THAT(values, ElementsAre(Field(&RegistryValue::data, "3")));
+      EXPECT_EQ(Query(before, "b"), kErrorKeyDeleted);
+      if (committed) {
+        EXPECT_EQ(writes.Commit(), kErrorSuccess);
+      }
+    }
+    SqliteRegistry other(directory_.Path("config"));
+    CRegSettings there(other);
+    EXPECT_EQ(stored(settings), committed ? "-3--" : "111-");
+    EXPECT_EQ(stored(there), stored(settings));
+  }
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -20,7 +20,8 @@ constexpr std::chrono::milliseconds kReadOnlyLife{1000};
 constexpr int kMostSetAside = 1000;
 
 // The hives have rows of their own from the start, under their own numbers, so that every other key has
-// a parent. A number is never given twice: the key that took the place of a deleted one is another key.
+// a parent. A deleted key's number is not given to another, but to the same key if one transaction deletes it and
+// creates it again.
 constexpr char kSchema[] = R"(
 CREATE TABLE keys (
   id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -165,7 +166,7 @@ SqliteDatabase* SettingsFile::OpenToWrite(Access access) {
   }
   TurnOnWriteAheadLog(*database);
   // In KiB. With SQLite's own 2 MB a long list is written out and read back while it is being saved.
-  database->Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; PRAGMA cache_size = -16000");
+  database->Execute("PRAGMA synchronous = NORMAL; PRAGMA cache_size = -16000");
   share_ = std::move(share);
   database_ = std::move(database);
   return database_.get();

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/text.h"
 #include "platform/desktop/system/registry_keys.h"
 
 namespace quorvale {
@@ -27,7 +28,10 @@ constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kShortPatience{20};
 
 constexpr char kSubkeys[] = "SELECT path FROM keys WHERE parent = ?1 ORDER BY path";
+constexpr char kRenumberKey[] = "UPDATE keys SET id = ?2 WHERE id = ?1";
 constexpr char kDeleteKey[] = "DELETE FROM keys WHERE id = ?1";
+constexpr char kDeleteValues[] = "DELETE FROM key_values WHERE key = ?1";
+constexpr char kNames[] = "SELECT name FROM key_values WHERE key = ?1";
 // A row with NULL is a key without the value, no row is a key that is gone.
 constexpr char kFindValue[] =
     "SELECT v.type, v.data FROM keys k LEFT JOIN key_values v ON v.key = k.id AND v.name = ?2 WHERE k.id = ?1";
@@ -40,6 +44,9 @@ constexpr char kDeleteValue[] = "DELETE FROM key_values WHERE key = ?1 AND name 
 bool IsHive(std::uint32_t hive) { return hive >= kHkeyClassesRoot && hive <= kHkeyDynData; }
 
 std::int32_t FaultOf(Access access) { return access == Access::kRead ? kErrorReadFault : kErrorWriteFault; }
+
+// The form in which names are equal; they end at their first NUL.
+std::string Folded(const std::string& name) { return UpperCase(name.c_str()); }
 
 bool IsText(std::uint32_t type) { return type == kRegSz || type == kRegExpandSz || type == kRegMultiSz; }
 
@@ -100,10 +107,20 @@ std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string&
   key = 0;
   if (!IsHive(hive)) return kErrorInvalidHandle;
   return Run(Access::kRead, [&](SqliteDatabase& database) {
-    OpenKey opened{hive, JoinPath({}, path), access, 0};
+    OpenKey opened{hive, {}, access, 0};
+    if (act_ && act_->last_opened.hive == hive && act_->last_path == path) {
+      opened.path = act_->last_opened.path;
+      opened.id = act_->last_opened.id;
+      return Remember(std::move(opened), key);
+    }
+    opened.path = JoinPath({}, path);
     const auto id = FindKey(database, hive, opened.path);
     if (!id) return kErrorFileNotFound;
     opened.id = *id;
+    if (act_) {
+      act_->last_path = path;
+      act_->last_opened = opened;
+    }
     return Remember(std::move(opened), key);
   });
 }
@@ -116,6 +133,7 @@ std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::strin
   return Run(Access::kWrite, [&](SqliteDatabase& database) {
     OpenKey opened{hive, JoinPath({}, path), access, 0};
     opened.id = CreateKey(database, hive, opened.path);
+    if (act_) opened.id = RestoreNumber(database, opened);
     return Remember(std::move(opened), key);
   });
 }
@@ -125,7 +143,7 @@ std::int32_t SqliteRegistry::RegQueryValueEx(RegistryKey key, const std::string&
   return RunOn(key, kQueryRight, Access::kRead, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteQuery query = database.Query(kFindValue);
     if (!query.Bind(1, opened.id).Bind(2, name).Step()) return kErrorKeyDeleted;
-    if (query.IsNull(0)) return kErrorFileNotFound;
+    if (query.IsNull(0) || IsLeftover(opened.id, name)) return kErrorFileNotFound;
     type = static_cast<std::uint32_t>(query.Number(0));
     const std::string_view bytes = query.Bytes(1);
     const bool lacks_nul = IsText(type) && !bytes.ends_with('\0');
@@ -143,7 +161,9 @@ std::int32_t SqliteRegistry::RegSetValueEx(RegistryKey key, const std::string& n
   return RunOn(key, kSetRight, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteQuery query = database.Query(kSetValue);
     query.Bind(1, opened.id).Bind(2, name).Bind(3, type).BindBytes(4, std::string_view(data, size)).Step();
-    return database.Changes() == 0 ? kErrorKeyDeleted : kErrorSuccess;
+    if (database.Changes() == 0) return kErrorKeyDeleted;
+    if (DeletedKey* const deleted = FindDeleted(opened.id)) deleted->written.insert(Folded(name));
+    return kErrorSuccess;
   });
 }
 
@@ -151,9 +171,11 @@ std::int32_t SqliteRegistry::RegDeleteValue(RegistryKey key, const std::string& 
   return RunOn(key, kSetRight, Access::kWrite, [&](SqliteDatabase& database, const OpenKey& opened) {
     SqliteTransaction transaction(database);
     if (!KeyExists(database, opened.id)) return kErrorKeyDeleted;
+    if (IsLeftover(opened.id, name)) return kErrorFileNotFound;
     database.Query(kDeleteValue).Bind(1, opened.id).Bind(2, name).Step();
     if (database.Changes() == 0) return kErrorFileNotFound;
     transaction.Commit();
+    if (DeletedKey* const deleted = FindDeleted(opened.id)) deleted->written.erase(Folded(name));
     return kErrorSuccess;
   });
 }
@@ -168,7 +190,9 @@ std::int32_t SqliteRegistry::RegDeleteKey(RegistryKey key, const std::string& na
     const bool is_hive = path.empty();
     if (is_hive || database.Query(kSubkeys).Bind(1, *id).Step()) return kErrorAccessDenied;
     database.Query(kDeleteKey).Bind(1, *id).Step();
+    if (!act_) database.Query(kDeleteValues).Bind(1, *id).Step();
     transaction.Commit();
+    if (act_) RememberDeleted({opened.hive, path, *id, {}});
     return kErrorSuccess;
   });
 }
@@ -189,7 +213,8 @@ std::int32_t SqliteRegistry::BeginWrites() {
 
 std::int32_t SqliteRegistry::CommitWrites() {
   if (!act_) return kErrorInvalidFunction;
-  const std::int32_t written = RunInAct(Access::kWrite, [&](SqliteDatabase& /*database*/) {
+  const std::int32_t written = RunInAct(Access::kWrite, [&](SqliteDatabase& database) {
+    for (const DeletedKey& deleted : act_->deleted) DeleteLeftovers(database, deleted);
     act_->transaction.Commit();
     return kErrorSuccess;
   });
@@ -228,11 +253,60 @@ std::int32_t SqliteRegistry::EnumerateValues(RegistryKey key, std::vector<Regist
     SqliteQuery query = database.Query(kValues);
     query.Bind(1, opened.id);
     while (query.Step()) {
-      values.push_back(
-          {std::string(query.Bytes(0)), static_cast<std::uint32_t>(query.Number(1)), std::string(query.Bytes(2))});
+      std::string name(query.Bytes(0));
+      if (IsLeftover(opened.id, name)) continue;
+      values.push_back({std::move(name), static_cast<std::uint32_t>(query.Number(1)), std::string(query.Bytes(2))});
     }
     return kErrorSuccess;
   });
+}
+
+void SqliteRegistry::RememberDeleted(DeletedKey deleted) {
+  act_->last_opened = {};
+  // Not valid for a key that is created in its place, even if the transaction is cancelled.
+  for (auto& [key, opened] : open_keys_) {
+    if (opened.id == deleted.id) opened.id = 0;
+  }
+  if (DeletedKey* const again = FindDeleted(deleted.id)) {
+    again->written.clear();
+  } else {
+    act_->deleted.push_back(std::move(deleted));
+  }
+}
+
+std::int64_t SqliteRegistry::RestoreNumber(SqliteDatabase& database, const OpenKey& created) const {
+  for (const DeletedKey& deleted : act_->deleted) {
+    if (deleted.hive != created.hive || !EqualsIgnoringCase(deleted.path, created.path)) continue;
+    database.Query(kRenumberKey).Bind(1, created.id).Bind(2, deleted.id).Step();
+    return deleted.id;
+  }
+  return created.id;
+}
+
+SqliteRegistry::DeletedKey* SqliteRegistry::FindDeleted(std::int64_t id) {
+  if (!act_) return nullptr;
+  const auto found = std::ranges::find(act_->deleted, id, &DeletedKey::id);
+  return found == act_->deleted.end() ? nullptr : &*found;
+}
+
+bool SqliteRegistry::IsLeftover(std::int64_t id, const std::string& name) {
+  const DeletedKey* const deleted = FindDeleted(id);
+  return deleted != nullptr && !deleted->written.contains(Folded(name));
+}
+
+void SqliteRegistry::DeleteLeftovers(SqliteDatabase& database, const DeletedKey& deleted) {
+  if (deleted.written.empty()) {
+    database.Query(kDeleteValues).Bind(1, deleted.id).Step();
+    return;
+  }
+  std::vector<std::string> leftovers;
+  SqliteQuery names = database.Query(kNames);
+  names.Bind(1, deleted.id);
+  while (names.Step()) {
+    std::string name(names.Bytes(0));
+    if (!deleted.written.contains(Folded(name))) leftovers.push_back(std::move(name));
+  }
+  for (const std::string& name : leftovers) database.Query(kDeleteValue).Bind(1, deleted.id).Bind(2, name).Step();
 }
 
 std::int32_t SqliteRegistry::Remember(OpenKey opened, RegistryKey& key) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/desktop/system/settings_file.h"
@@ -74,6 +75,25 @@ class SqliteRegistry : public Registry {
   // Null when `key` is not open.
   const OpenKey* Find(RegistryKey key) const;
 
+  // A key that the open transaction has deleted. Its values stay in the table until the commit. If the key is created
+  // again, it gets the same number, and new values overwrite the old: SQLite writes pages that are emptied and filled
+  // anew at twice the cost. Values that are not in `written` don't exist for the calls.
+  struct DeletedKey {
+    std::uint32_t hive = 0;
+    std::string path;
+    std::int64_t id = 0;
+    std::unordered_set<std::string> written;  // folded names
+  };
+
+  void RememberDeleted(DeletedKey deleted);
+  // The number that a key just created in the transaction has from now on.
+  std::int64_t RestoreNumber(SqliteDatabase& database, const OpenKey& created) const;
+  // Null outside a transaction, and for a key that it has not deleted.
+  DeletedKey* FindDeleted(std::int64_t id);
+  // Whether the value is one that stays in the table of a deleted key only until the commit.
+  bool IsLeftover(std::int64_t id, const std::string& name);
+  static void DeleteLeftovers(SqliteDatabase& database, const DeletedKey& deleted);
+
   // An act of several writes, and what came of its calls.
   struct Act {
     explicit Act(SqliteDatabase& database) : transaction(database) {}
@@ -81,6 +101,10 @@ class SqliteRegistry : public Registry {
     SqliteTransaction transaction;
     std::int32_t result = kErrorSuccess;
     bool found_damage = false;
+    // The key opened last, under its path as given: the entries of a list all lie in one key.
+    std::string last_path;
+    OpenKey last_opened;
+    std::vector<DeletedKey> deleted;
   };
 
   SettingsFile file_;
