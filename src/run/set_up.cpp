@@ -38,6 +38,15 @@ std::string SaverFilePath(Process& process) {
   return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
 }
 
+void ReportFailedSave(Application& app) {
+  MessageBox box;
+  box.text =
+      "The sample pictures were not added: your settings can't be saved, and are what they were. The disk may be full, "
+      "or another program may hold them.";
+  box.icon = MessageBoxIcon::kExclamation;
+  app.ShowMessageBox(box);
+}
+
 // One transaction, so that an interrupted set-up does not leave half a list.
 void StoreSamples(Process& process, const std::string& path) {
   std::vector<std::string> entries;
@@ -45,12 +54,13 @@ void StoreSamples(Process& process, const std::string& path) {
   for (const Sample& sample : kSamples) {
     entries.push_back(MakeListEntry(sample.name, GetLongPath(process.system.files, path)));
   }
-  process.Settings.SaveTogether([&] {
+  const bool saved = process.Settings.SaveTogether([&] {
     process.options.SetText(kInstallPath, path);
     for (std::size_t i = 0; i < kSamples.size(); ++i) {
       process.Settings.SaveSetting(kSamples.at(i).section, kSamples.at(i).key, entries[i], kHkeyCurrentUser);
     }
   });
+  if (!saved) ReportFailedSave(process.app);
 }
 
 }  // namespace

@@ -210,6 +210,20 @@ TEST_F(MainStepsTest, TheSetUpWritesInItsOrder) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
+TEST_F(MainStepsTest, AFailedSaveOfTheSamplesIsReportedOnce) {
+  for (const RegistryCall call : {RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
+    desktop.calls.clear();
+    desktop.boxes.shown.clear();
+    registry.failures.FailEvery(call, kErrorWriteFault);
+    Main(process, "/INSTALL C:\\x\\");
+    ASSERT_EQ(desktop.boxes.shown.size(), 1U);
+    EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("The sample pictures were not added:"));
+    EXPECT_EQ(process.options.Get("InstallPath", "none"), "none");
+    EXPECT_EQ(desktop.calls.back(), "SendKeys Qu") << "the set-up goes on";
+    registry.failures.Forget();
+  }
+}
+
 TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
   for (const auto& [text, path] :
        std::vector<std::pair<std::string, std::string>>{{"/INSTALL C:\\Program Files\\x\\ ", "C:\\Program Files\\x\\"},
