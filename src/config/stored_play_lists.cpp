@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string>
+#include <utility>
 
 #include "config/config_form.h"
 #include "playlist/list_store.h"
@@ -33,7 +35,10 @@ void LoadPlayLists(Process& process, frmConfig& frm) {
   for (std::size_t i = 0; i < kSections.size(); ++i) {
     frm.TakenParts.at(i) = LoadList(process.Settings, frm.lstList.at(i), kSections.at(i), kFileKeyPrefix);
   }
-  frm.SetCurPlayList(process.options.Text(kPlayList));
+  std::string path;
+  // A path that was not read must not be replaced, no more than the entries of a list.
+  if (!process.options.Read(kPlayList, path)) frm.TakenParts.front() = TakenPart::kUnread;
+  frm.SetCurPlayList(std::move(path));
 }
 
 }  // namespace quorvale

@@ -114,10 +114,12 @@ TEST_F(ConfigTest, OkIsOneAct) {
 
 // A list that looks empty because the store was locked must not take the place of the one that is in it.
 TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
-  for (const int failing_read : {1, 4}) {
+  // The first entry of either list, and the play list's path.
+  for (const int failing_read : {1, 4, 6}) {
     SCOPED_TRACE(failing_read);
     Store("PictureFiles", "a b");
     Store("SoundFiles", "s");
+    process.options.Set("PlayList", "C:\\Kept.qvl");
     desktop.boxes.shown.clear();
     desktop.registry.failures.FailCall(RegistryCall::kOpen, failing_read, kErrorReadFault);
     Open();
@@ -128,6 +130,7 @@ TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
     EXPECT_THAT(desktop.boxes.shown[1].text, ::testing::StartsWith("Nothing was saved:"));
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
+    EXPECT_EQ(process.options.Get("PlayList", ""), "C:\\Kept.qvl");
     form->cmdCancel.UserClick();
     EXPECT_FALSE(form->IsLoaded());
   }
