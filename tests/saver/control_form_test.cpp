@@ -114,6 +114,7 @@ TEST_F(ControlFormTest, AHandleThatIsNoWindowEndsAtTheFirstTick) {
 }
 
 TEST_F(ControlFormTest, TheHandleIsTheNumberBehindTheSwitch) {
+  constexpr std::int32_t kUnread = 77;  // too large for a handle: a box reports it
   const std::vector<std::pair<std::string, std::int32_t>> cases = {
       {"/P 1234", 1234},
       {"/p1234", 1234},
@@ -125,8 +126,11 @@ TEST_F(ControlFormTest, TheHandleIsTheNumberBehindTheSwitch) {
       {"/P 2147483648", std::numeric_limits<std::int32_t>::min()},
       {"/P 4294967295", -1},
       {"/P -2147483648", std::numeric_limits<std::int32_t>::min()},
+      {"/P 4294967296", kUnread},
   };
   for (const auto& [text, handle] : cases) {
+    process.SystemHwnd = kUnread;
+    if (handle == kUnread) desktop.boxes.Answer(MessageBoxAnswer::kAbort);
     Main(process, text);
     EXPECT_EQ(process.SystemHwnd, handle) << text;
     desktop.queue.Advance(500);
