@@ -1,25 +1,28 @@
 #pragma once
 
 #include <QBackingStore>
-#include <QKeyEvent>
-#include <QScreen>
 #include <QWindow>
+#include <memory>
 
+#include "platform/common/black_windows.h"
 #include "platform/desktop/toolkit/top_window.h"
 
 namespace quorvale {
 
 // Keeps one monitor black, and hands input on.
-class BlackWindow : public QWindow {
+class QtBlackWindow : public QWindow, public BlackWindow {
   Q_OBJECT
 
  public:
-  BlackWindow(QScreen& monitor, TopWindow& saver);
+  explicit QtBlackWindow(TopWindow& saver);
+
+  void Cover(const PixelRect& monitor) override;
+  void Hide() override { hide(); }
 
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override { saver_.TakeKey(event->key()); }
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
 
@@ -27,5 +30,8 @@ class BlackWindow : public QWindow {
   TopWindow& saver_;
   QBackingStore buffer_{this};
 };
+
+// Covers every monitor but the primary one. `saver` outlives the windows.
+std::unique_ptr<BlackWindows> CoverOtherMonitors(TopWindow& saver);
 
 }  // namespace quorvale

@@ -5,9 +5,12 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QtGlobal>
 #include <cstdint>
 
 namespace quorvale {
+
+void LogDroppedEvent(const char* reason) noexcept { qWarning("An event was dropped: %s", reason); }
 
 EventWait::EventWait() : timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)) {
   if (!timer_.IsOpen()) return;

@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QWidget>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/surface_window.h"
 #include "platform/desktop/widgets/dialog_window.h"
 #include "toolkit/message_hook.h"

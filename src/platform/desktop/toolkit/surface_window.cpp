@@ -11,8 +11,8 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/common/deliver.h"
 #include "platform/desktop/system/x11_windows.h"
-#include "platform/desktop/toolkit/deliver.h"
 #include "platform/desktop/toolkit/join_bands.h"
 #include "platform/desktop/toolkit/key_codes.h"
 #include "platform/desktop/toolkit/x11_session.h"
@@ -98,7 +98,7 @@ bool SurfaceWindow::IsInSight() const {
   return window->isVisible() && window->isExposed();
 }
 
-void SurfaceWindow::TakeKey(int qt_key) {
+void SurfaceWindow::ReportKey(int qt_key) {
   Deliver([&] { events_.OnKeyDown(VirtualKeyCode(qt_key)); });
 }
 
@@ -112,7 +112,8 @@ bool SurfaceWindow::event(QEvent* event) {
     Q_EMIT CloseArrived();
     return true;
   }
-  if (event->type() == QEvent::Enter) top_.NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
+  if (event->type() == QEvent::Enter)
+    top_.Mouse().SetPointer(ToPosition(static_cast<QEnterEvent*>(event)->globalPosition()));
   if (event->type() == QEvent::Expose) {
     host_was_asked_.invalidate();
     NoteRatio();
@@ -192,23 +193,18 @@ void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
   }
 }
 
-QPoint SurfaceWindow::ToToolkitPixels(const QPointF& position) const {
-  const QPointF pixels = position * ToolkitPixelRatio(top_.Pixels(), ratio_);
-  return {static_cast<int>(std::floor(pixels.x())), static_cast<int>(std::floor(pixels.y()))};
+MouseInput::Position SurfaceWindow::ToToolkitPixels(const QPointF& position) const {
+  return ToPosition(position * ToolkitPixelRatio(top_.Pixels(), ratio_));
 }
 
-void SurfaceWindow::keyPressEvent(QKeyEvent* event) { top_.TakeKey(event->key()); }
+void SurfaceWindow::keyPressEvent(QKeyEvent* event) { top_.ReportKey(event->key()); }
 
 void SurfaceWindow::mousePressEvent(QMouseEvent* event) {
-  if (!top_.IsInputEnabled()) return;
-  const QPoint at = ToToolkitPixels(event->position());
-  Deliver([&] { events_.OnMouseDown(at.x(), at.y()); });
+  top_.Mouse().ReportDown(events_, ToToolkitPixels(event->position()));
 }
 
 void SurfaceWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (!top_.HasMoved(event->globalPosition()) || !top_.IsInputEnabled()) return;
-  const QPoint at = ToToolkitPixels(event->position());
-  Deliver([&] { events_.OnMouseMove(at.x(), at.y()); });
+  top_.Mouse().ReportMove(events_, ToPosition(event->globalPosition()), ToToolkitPixels(event->position()));
 }
 
 }  // namespace quorvale

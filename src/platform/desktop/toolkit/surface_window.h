@@ -37,7 +37,7 @@ class SurfaceWindow : public QWindow, public Presenter {
   bool IsInSight() const override;
 
   void TakeFocus() { top_.Focus(*this); }
-  void TakeKey(int qt_key);
+  void ReportKey(int qt_key);
 
  Q_SIGNALS:
   // The window system, or another program by its means, asks the window to close. Nothing else happens.
@@ -59,7 +59,7 @@ class SurfaceWindow : public QWindow, public Presenter {
   void NoteRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
   void CopyTo(QImage& image, const QRegion& region) const;
-  QPoint ToToolkitPixels(const QPointF& position) const;
+  MouseInput::Position ToToolkitPixels(const QPointF& position) const;
 
   TopWindow& top_;
   SurfaceEvents& events_;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 
 namespace quorvale {
 

@@ -12,8 +12,8 @@
 #include <QTimer>
 #include <chrono>
 
+#include "platform/common/deliver.h"
 #include "platform/desktop/system/x11_windows.h"
-#include "platform/desktop/toolkit/deliver.h"
 #include "platform/desktop/toolkit/key_codes.h"
 #include "platform/desktop/toolkit/surface_window.h"
 #include "platform/desktop/toolkit/x11_session.h"
@@ -56,7 +56,7 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, Wi
     if (X11Connection() != nullptr) ShowOnAllDesktops(X11Connection(), static_cast<std::uint32_t>(winId()));
     return;
   }
-  input_enabled_ = false;
+  mouse_.SetEnabled(false);
   // Qt is told nothing of it: for a child of another program's window it would send that one messages.
   Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_window_));
 }
@@ -111,7 +111,7 @@ void TopWindow::Appear() {
     }
     return;
   }
-  pointer_ = QCursor::pos();
+  mouse_.SetPointer(ToPosition(QCursor::pos()));
   if (kind_ == WindowKind::kSaver && !flags().testFlag(Qt::X11BypassWindowManagerHint)) {
     showFullScreen();
   } else {
@@ -141,27 +141,13 @@ void TopWindow::Focus(SurfaceWindow& surface) {
   if (isVisible()) requestActivate();
 }
 
-bool TopWindow::HasMoved(const QPointF& position) {
-  if (position == pointer_) return false;
-  pointer_ = position;
-  return true;
-}
-
-void TopWindow::TakeKey(int qt_key) {
-  if (!input_enabled_) return;
+void TopWindow::ReportKey(int qt_key) {
+  if (!mouse_.IsEnabled()) return;
   if (focus_) {
-    focus_->TakeKey(qt_key);
+    focus_->ReportKey(qt_key);
   } else {
     Deliver([&] { events_.OnKeyDown(VirtualKeyCode(qt_key)); });
   }
-}
-
-void TopWindow::TakeMouseDown() {
-  if (input_enabled_) Deliver([this] { events_.OnMouseDown(); });
-}
-
-void TopWindow::TakeMouseMove(const QPointF& position) {
-  if (HasMoved(position) && input_enabled_) Deliver([this] { events_.OnMouseMove(); });
 }
 
 bool TopWindow::event(QEvent* event) {
@@ -170,7 +156,7 @@ bool TopWindow::event(QEvent* event) {
     Deliver([this] { events_.OnCloseRequested(); });
     return true;
   }
-  if (event->type() == QEvent::Enter) NotePointer(static_cast<QEnterEvent*>(event)->globalPosition());
+  if (event->type() == QEvent::Enter) mouse_.SetPointer(ToPosition(static_cast<QEnterEvent*>(event)->globalPosition()));
   return QWindow::event(event);
 }
 
@@ -228,10 +214,10 @@ QRegion TopWindow::Uncovered() const {
   return free;
 }
 
-void TopWindow::keyPressEvent(QKeyEvent* event) { TakeKey(event->key()); }
+void TopWindow::keyPressEvent(QKeyEvent* event) { ReportKey(event->key()); }
 
-void TopWindow::mousePressEvent(QMouseEvent* /*event*/) { TakeMouseDown(); }
+void TopWindow::mousePressEvent(QMouseEvent* /*event*/) { mouse_.ReportDown(); }
 
-void TopWindow::mouseMoveEvent(QMouseEvent* event) { TakeMouseMove(event->globalPosition()); }
+void TopWindow::mouseMoveEvent(QMouseEvent* event) { mouse_.ReportMove(ToPosition(event->globalPosition())); }
 
 }  // namespace quorvale

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QWindow>
 
+#include "platform/common/mouse_input.h"
 #include "platform/desktop/toolkit/focus_watch.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/toolkit/screen_watch.h"
@@ -14,6 +15,8 @@
 namespace quorvale {
 
 class SurfaceWindow;
+
+inline MouseInput::Position ToPosition(const QPointF& point) { return {point.x(), point.y()}; }
 
 // The window of a show's form. It takes the keys for all of its form and hands them to the picture box that has the
 // focus; what its picture boxes leave free is black.
@@ -37,22 +40,15 @@ class TopWindow : public QWindow {
   void HoldKeyboard(bool hold) { focus_watch_.SetPaused(!hold); }
 
   // A disabled window takes no input.
-  void SetInputEnabled(bool enabled) { input_enabled_ = enabled; }
-  bool IsInputEnabled() const { return input_enabled_; }
+  void SetInputEnabled(bool enabled) { mouse_.SetEnabled(enabled); }
 
   // The first picture box of a form has the focus until another takes it.
   void OfferFocus(SurfaceWindow& surface);
   void Focus(SurfaceWindow& surface);
 
-  // Whether the pointer is elsewhere than it was. Windows that come, go or change under a pointer at rest
-  // make window systems tell of moves that nobody made.
-  bool HasMoved(const QPointF& position);
-
-  // Input at windows that stand for this one.
-  void TakeKey(int qt_key);
-  void TakeMouseDown();
-  void TakeMouseMove(const QPointF& position);
-  void NotePointer(const QPointF& position) { pointer_ = position; }
+  // For its picture boxes, and for windows that stand for this one.
+  void ReportKey(int qt_key);
+  MouseInput& Mouse() { return mouse_; }
 
  protected:
   bool event(QEvent* event) override;
@@ -75,16 +71,15 @@ class TopWindow : public QWindow {
   WindowKind kind_;
   PixelKind pixels_;
   WindowEvents& events_;
+  MouseInput mouse_{events_};
   WindowHandle daemon_window_;
   QBackingStore buffer_{this};
   QPointer<SurfaceWindow> focus_;
-  QPointF pointer_;
   FocusWatch focus_watch_;
   ScreenWatch screen_watch_;
   // Where the window belongs, and the primary monitor when that was last told.
   QRect place_;
   QRect monitor_;
-  bool input_enabled_ = true;
 };
 
 }  // namespace quorvale

@@ -7,7 +7,8 @@
 #include <QThread>
 #include <QTimer>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
+#include "platform/desktop/toolkit/black_window.h"
 
 namespace quorvale {
 
@@ -64,7 +65,7 @@ void QtWindowPeer::ShowSaver() {
     return;
   }
   window_.Appear();
-  black_windows_ = std::make_unique<BlackWindows>(window_);
+  black_windows_ = CoverOtherMonitors(window_);
   WaitUntilPainted(window_);
 }
 

@@ -3,8 +3,9 @@
 #include <memory>
 #include <string>
 
+#include "platform/common/black_windows.h"
 #include "platform/desktop/system/title_lock.h"
-#include "platform/desktop/toolkit/black_windows.h"
+#include "platform/desktop/toolkit/screen_watch.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/platform.h"
 
@@ -38,6 +39,9 @@ class QtWindowPeer : public WindowPeer {
   std::string caption_;
   TopWindow window_;
   std::unique_ptr<BlackWindows> black_windows_;
+  ScreenWatch screen_watch_{[this] {
+    if (black_windows_) black_windows_->CoverMonitors();
+  }};
 };
 
 }  // namespace quorvale

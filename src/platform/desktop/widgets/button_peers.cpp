@@ -3,7 +3,7 @@
 #include <QRadioButton>
 #include <QStyle>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/widgets/control_peer.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/qt_widgets.h"

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"

@@ -2,7 +2,7 @@
 #include <QSlider>
 #include <algorithm>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/widgets/control_peer.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/qt_widgets.h"

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 
 namespace quorvale {
 namespace {

@@ -8,7 +8,7 @@
 #include <QStyleOption>
 #include <utility>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 #include "platform/desktop/widgets/artwork_image.h"
 #include "platform/desktop/widgets/fitting.h"

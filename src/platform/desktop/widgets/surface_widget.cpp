@@ -11,7 +11,7 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/key_codes.h"
 #include "platform/desktop/toolkit/pixel_kind.h"
 

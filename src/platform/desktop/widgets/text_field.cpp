@@ -4,7 +4,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 
-#include "platform/desktop/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 
 namespace quorvale {
 namespace {

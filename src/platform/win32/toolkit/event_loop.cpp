@@ -1,6 +1,6 @@
 #include "platform/win32/toolkit/event_loop.h"
 
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/win32/toolkit/native_window.h"
 
 namespace quorvale {
@@ -22,6 +22,8 @@ void Dispatch(MSG& message) {
 }
 
 }  // namespace
+
+void LogDroppedEvent(const char* reason) noexcept { OutputDebugStringA(reason); }
 
 void RunPass() {
   MSG message{};

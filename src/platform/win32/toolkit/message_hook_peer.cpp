@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 
 namespace quorvale {
 

@@ -1,7 +1,7 @@
 #include "platform/win32/toolkit/native_window.h"
 
 #include "base/failure.h"
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 
 namespace quorvale {
 

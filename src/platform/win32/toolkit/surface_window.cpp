@@ -1,8 +1,5 @@
 #include "platform/win32/toolkit/surface_window.h"
 
-#include <windowsx.h>
-
-#include <cmath>
 #include <utility>
 
 #include "platform/win32/toolkit/gdi.h"
@@ -12,10 +9,6 @@ namespace quorvale {
 namespace {
 
 constexpr UINT kPresent = WM_APP;
-
-int ToToolkitPixels(int device_pixels, float scale) {
-  return static_cast<int>(std::floor(static_cast<float>(device_pixels) / scale));
-}
 
 }  // namespace
 
@@ -50,12 +43,12 @@ void SurfaceWindow::FollowScale() {
 
 LRESULT SurfaceWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message == WM_MOUSEMOVE || IsMouseDown(message)) {
-    const int x = ToToolkitPixels(GET_X_LPARAM(second), scale_);
-    const int y = ToToolkitPixels(GET_Y_LPARAM(second), scale_);
-    if (message != WM_MOUSEMOVE) {
-      events_.OnMouseDown(x, y);
-    } else if (top_.HasMoved()) {
-      events_.OnMouseMove(x, y);
+    const MouseInput::Position at{static_cast<float>(GET_X_LPARAM(second)) / scale_,
+                                  static_cast<float>(GET_Y_LPARAM(second)) / scale_};
+    if (message == WM_MOUSEMOVE) {
+      top_.Mouse().ReportMove(events_, MessagePosition(), at);
+    } else {
+      top_.Mouse().ReportDown(events_, at);
     }
     return 0;
   }

@@ -1,11 +1,9 @@
 #include "platform/win32/toolkit/top_window.h"
 
-#include <windowsx.h>
-
 #include <algorithm>
 #include <utility>
 
-#include "platform/win32/toolkit/black_windows.h"
+#include "platform/win32/toolkit/black_window.h"
 #include "platform/win32/toolkit/input_messages.h"
 
 namespace quorvale {
@@ -35,8 +33,6 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events)
       events_(events),
       scale_(ToolkitScale(pixels, DpiOf(Window()), PrimaryMonitor())) {}
 
-TopWindow::~TopWindow() = default;
-
 void TopWindow::SetBounds(const PixelRect& bounds) {
   bounds_ = bounds;
   Place();
@@ -65,18 +61,19 @@ void TopWindow::PlaceAt(POINT corner) const {
 
 void TopWindow::Appear() {
   is_shown_ = true;
-  GetCursorPos(&pointer_);
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  mouse_.SetPointer({static_cast<double>(pointer.x), static_cast<double>(pointer.y)});
   ShowWindow(Window(), SW_SHOW);
   SetForegroundWindow(Window());
   if (kind_ != WindowKind::kSaver) return;
-  black_windows_ = std::make_unique<BlackWindows>(*this);
+  black_windows_ = CoverOtherMonitors(*this);
   had_screen_ = false;
   LookAtScreenSoon();
   // The form may be busy for seconds before messages are handled again.
   RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
-// The black windows are not destroyed yet: one of them may be delivering the very event that ends the show.
 void TopWindow::Hide() {
   is_shown_ = false;
   ShowWindow(Window(), SW_HIDE);
@@ -85,18 +82,6 @@ void TopWindow::Hide() {
 
 void TopWindow::OfferFocus(HWND child) {
   if (focus_ == nullptr) focus_ = child;
-}
-
-bool TopWindow::HasMoved() {
-  const DWORD position = GetMessagePos();
-  const POINT at{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
-  if (at.x == pointer_.x && at.y == pointer_.y) return false;
-  pointer_ = at;
-  return true;
-}
-
-void TopWindow::TakeMouseMove() {
-  if (HasMoved()) events_.OnMouseMove();
 }
 
 bool TopWindow::HoldsScreen() const {
@@ -167,15 +152,15 @@ bool TopWindow::TakeShowMessage(UINT message, WPARAM first) {
 
 LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message == WM_MOUSEMOVE) {
-    TakeMouseMove();
+    mouse_.ReportMove(MessagePosition());
     return 0;
   }
   if (IsMouseDown(message)) {
-    TakeMouseDown();
+    mouse_.ReportDown();
     return 0;
   }
   if (IsKeyDown(message) && kind_ != WindowKind::kDialog) {
-    TakeKey(static_cast<int>(first));
+    ReportKey(static_cast<int>(first));
     return 0;
   }
   switch (message) {

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "platform/common/black_windows.h"
+#include "platform/common/mouse_input.h"
 #include "platform/win32/toolkit/icon.h"
 #include "platform/win32/toolkit/native_window.h"
 #include "platform/win32/toolkit/pixel_scale.h"
@@ -9,15 +11,10 @@
 
 namespace quorvale {
 
-class BlackWindows;
-
 // A form's window. While that of a show is on the screen every monitor but the primary one is black.
 class TopWindow : public NativeWindow {
  public:
   TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events);
-  ~TopWindow() override;
-  TopWindow(const TopWindow&) = delete;
-  TopWindow& operator=(const TopWindow&) = delete;
 
   // Device pixels to the toolkit's pixel.
   float Scale() const { return scale_; }
@@ -33,14 +30,9 @@ class TopWindow : public NativeWindow {
   // The first picture box of a form has the focus.
   virtual void OfferFocus(HWND child);
 
-  // Whether the pointer is elsewhere than it was at the last message. Windows that come, go or change under
-  // a pointer at rest make the system tell of moves that nobody made.
-  bool HasMoved();
-
-  // Input at windows that stand for this one.
-  void TakeKey(int key) { events_.OnKeyDown(key); }
-  void TakeMouseDown() { events_.OnMouseDown(); }
-  void TakeMouseMove();
+  // For its picture boxes, and for windows that stand for this one.
+  void ReportKey(int key) { events_.OnKeyDown(key); }
+  MouseInput& Mouse() { return mouse_; }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
@@ -62,11 +54,11 @@ class TopWindow : public NativeWindow {
   WindowKind kind_;
   PixelKind pixels_;
   WindowEvents& events_;
+  MouseInput mouse_{events_};
   PixelRect bounds_;
   float scale_;
   HWND focus_ = nullptr;
   Icon icon_;
-  POINT pointer_{};
   // Whether the form wants it on the screen.
   bool is_shown_ = false;
   // Whether it has had the screen since it came up, or since the form was last told of its loss.

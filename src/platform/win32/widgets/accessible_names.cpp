@@ -2,8 +2,8 @@
 
 #include <oleacc.h>
 
+#include "platform/common/deliver.h"
 #include "platform/win32/system/com.h"
-#include "platform/win32/toolkit/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/native_control.h"
 

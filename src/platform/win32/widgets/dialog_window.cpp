@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/accessible_names.h"

@@ -1,4 +1,4 @@
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/native_control.h"

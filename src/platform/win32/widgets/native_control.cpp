@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/failure.h"
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "toolkit/panels.h"

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/win32/toolkit/deliver.h"
+#include "platform/common/deliver.h"
 #include "platform/win32/widgets/native_control.h"
 
 namespace quorvale {
