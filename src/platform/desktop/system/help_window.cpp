@@ -9,44 +9,30 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "platform/common/help_pages.h"
 #include "platform/desktop/system/start_program.h"
-#include "system/programs.h"
 
 namespace quorvale {
 namespace {
-
-constexpr char kContentsPage[] = "index.html";
 
 std::filesystem::path ProgramFolder() {
   std::error_code error;
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-bool IsFile(const std::filesystem::path& path) {
+bool IsFile(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error);
-}
-
-std::filesystem::path FindHelpFolder(const std::filesystem::path& file) {
-  const std::filesystem::path beside = file.parent_path();
-  const std::filesystem::path program = ProgramFolder();
-  for (const auto& folder : {beside, beside / "help", program / "help", program / "../share/quorvale/help"}) {
-    if (IsFile(folder / kContentsPage)) return folder;
-  }
-  throw Failure(FailureNumber::kNotFound, "The help files are not installed", "HelpWindow");
-}
-
-std::string PageName(std::uint32_t command, std::uintptr_t data) {
-  if (command == kHelpContext) return "topic-" + std::to_string(data) + ".html";
-  return command == kHelpPartialKey ? "search.html" : kContentsPage;
 }
 
 }  // namespace
 
 std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {
-  const std::filesystem::path folder = FindHelpFolder(file);
-  const std::filesystem::path page = folder / PageName(command, data);
-  return (IsFile(page) ? page : folder / kContentsPage).string();
+  // With the separator at the end.
+  const std::string beside = std::filesystem::path(file).parent_path() / "";
+  const std::string program = ProgramFolder() / "";
+  return FindHelpPage({beside, beside + "help/", program + "help/", program + "../share/quorvale/help/"}, IsFile,
+                      command, data);
 }
 
 void HelpWindow::Show(const std::string& page) {

@@ -7,17 +7,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/common/typeface.h"
+
 namespace quorvale {
 namespace {
 
-constexpr double kPointsPerInch = 72;
-// What a glyph may reach beyond its own box, smoothing included.
-constexpr int kOverhang = 2;
-
-// The families of the two names are not on Linux; these are what stands in for them.
-QFont ToQtFont(const std::string& name, int pixels) {
+QFont ToQtFont(const Font& named, int pixels) {
   QFont font;
-  const bool is_serif = name.find("Serif") != std::string::npos;
+  const bool is_serif = IsSerif(named);
   if (is_serif) {
     font.setFamilies({"Nimbus Roman", "Liberation Serif", "Tinos", "FreeSerif", "DejaVu Serif", "Noto Serif"});
   } else {
@@ -34,9 +31,9 @@ QFont ToQtFont(const std::string& name, int pixels) {
 // One line of text in its font. Qt has fonts of whole pixels only; the painter's scale does the rest.
 class Line {
  public:
-  Line(const std::string& text, const std::string& font_name, double pixels)
+  Line(const std::string& text, const Font& font, double pixels)
       : text_(QString::fromStdString(text)),
-        font_(ToQtFont(font_name, std::max(1, static_cast<int>(std::lround(pixels))))),
+        font_(ToQtFont(font, std::max(1, static_cast<int>(std::lround(pixels))))),
         metrics_(font_),
         factor_(pixels / font_.pixelSize()) {}
 
@@ -49,7 +46,7 @@ class Line {
     const QRectF scaled(box.topLeft() * factor_, box.size() * factor_);
     return scaled.translated(left, top + Ascent())
         .toAlignedRect()
-        .adjusted(-kOverhang, -kOverhang, kOverhang, kOverhang);
+        .adjusted(-kGlyphOverhang, -kGlyphOverhang, kGlyphOverhang, kGlyphOverhang);
   }
 
   void Draw(QPainter& painter, int left, int top) const {
@@ -71,14 +68,14 @@ class Line {
 }  // namespace
 
 PixelRect QtTextPainter::Measure(const std::string& text, const Font& font, float scale) {
-  const Line line(text, font.name, PixelSize(font, scale));
+  const Line line(text, font, FontPixels(font, pixels_per_inch_, scale));
   return {0, 0, line.Width(), line.Height()};
 }
 
 PixelRect QtTextPainter::Draw(const PixelView& target, int left, int top, const std::string& text, const Font& font,
                               Colour colour, float scale) {
   if (target.Bounds().IsEmpty()) return {};
-  const Line line(text, font.name, PixelSize(font, scale));
+  const Line line(text, font, FontPixels(font, pixels_per_inch_, scale));
   const QRect ink = line.Ink(left, top);
   const PixelRect changed = Intersect({ink.x(), ink.y(), ink.width(), ink.height()}, target.Bounds());
   if (changed.IsEmpty()) return {};
@@ -90,11 +87,6 @@ PixelRect QtTextPainter::Draw(const PixelView& target, int left, int top, const 
   painter.setPen(QColor::fromRgb(ToPixel(colour)));
   line.Draw(painter, left, top);
   return changed;
-}
-
-double QtTextPainter::PixelSize(const Font& font, float scale) const {
-  return std::max(1.0,
-                  static_cast<double>(font.points) * pixels_per_inch_ / kPointsPerInch * static_cast<double>(scale));
 }
 
 }  // namespace quorvale

@@ -15,8 +15,6 @@ class QtTextPainter : public TextPainter {
                  float scale) override;
 
  private:
-  double PixelSize(const Font& font, float scale) const;
-
   double pixels_per_inch_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/common/help_pages.h"
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/modules.h"
 #include "platform/win32/system/system_text.h"
@@ -84,22 +85,7 @@ DWORD ShellError(std::intptr_t number) {
   }
 }
 
-constexpr char kContentsPage[] = "index.html";
-
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
-
-std::string FindHelpFolder(const std::string& file) {
-  const std::string beside = FolderOf(file);
-  for (const std::string& folder : {FolderOf(ProgramPath()) + "help\\", beside + "Quorvale\\", beside}) {
-    if (IsFile(folder + kContentsPage)) return folder;
-  }
-  throw Failure(FailureNumber::kNotFound, "The help files are not installed", "WinHelp");
-}
-
-std::string PageName(std::uint32_t command, std::uintptr_t data) {
-  if (command == kHelpContext) return "topic-" + std::to_string(data) + ".html";
-  return command == kHelpPartialKey ? "search.html" : kContentsPage;
-}
 
 }  // namespace
 
@@ -112,9 +98,8 @@ std::string HelpFilePath(const std::string& file) {
 }
 
 std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {
-  const std::string folder = FindHelpFolder(file);
-  const std::string page = folder + PageName(command, data);
-  return IsFile(page) ? page : folder + kContentsPage;
+  const std::string beside = FolderOf(file);
+  return FindHelpPage({FolderOf(ProgramPath()) + "help\\", beside + "Quorvale\\", beside}, IsFile, command, data);
 }
 
 void Win32Programs::Start(const std::string& command_line, int window_style) {

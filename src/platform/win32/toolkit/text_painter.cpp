@@ -3,20 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/common/typeface.h"
 #include "platform/win32/toolkit/gdi.h"
 #include "platform/win32/toolkit/wide_text.h"
 
 namespace quorvale {
 namespace {
 
-constexpr float kPointsPerInch = 72;
-// What a glyph may reach beyond its own box, smoothing included.
-constexpr int kOverhang = 2;
-
-// The two names are those of bitmap fonts, which have few sizes and few letters. A scalable face of their
-// kind has every size, and the system finds missing letters in others.
-GdiFont MakeFont(const std::string& name, int height) {
-  const bool is_serif = name.find("Serif") != std::string::npos;
+// The system finds letters that these faces lack in others.
+GdiFont MakeFont(const Font& font, int height) {
+  const bool is_serif = IsSerif(font);
   LOGFONTW description{};
   description.lfHeight = -height;
   description.lfWeight = FW_NORMAL;
@@ -31,8 +27,7 @@ GdiFont MakeFont(const std::string& name, int height) {
 // One line of text in its font.
 class Line {
  public:
-  Line(const std::string& text, const std::string& font_name, int height)
-      : text_(ToWide(text)), font_(MakeFont(font_name, height)) {
+  Line(const std::string& text, const Font& font, int height) : text_(ToWide(text)), font_(MakeFont(font, height)) {
     const MemoryContext context;
     context.Select(font_.get());
     TEXTMETRICW metrics{};
@@ -63,15 +58,15 @@ class Line {
 }  // namespace
 
 PixelRect GdiTextPainter::Measure(const std::string& text, const Font& font, float scale) {
-  const Line line(text, font.name, FontHeight(font, scale));
+  const Line line(text, font, FontHeight(font, scale));
   return {0, 0, line.Width(), line.Height()};
 }
 
 PixelRect GdiTextPainter::Draw(const PixelView& target, int left, int top, const std::string& text, const Font& font,
                                Colour colour, float scale) {
-  const Line line(text, font.name, FontHeight(font, scale));
+  const Line line(text, font, FontHeight(font, scale));
   const PixelRect changed =
-      Intersect({left - kOverhang, top, line.Width() + 2 * kOverhang, line.Height()}, target.Bounds());
+      Intersect({left - kGlyphOverhang, top, line.Width() + 2 * kGlyphOverhang, line.Height()}, target.Bounds());
   if (changed.IsEmpty()) return {};
 
   const PixelBitmap bitmap(changed.width, changed.height);
@@ -88,8 +83,7 @@ PixelRect GdiTextPainter::Draw(const PixelView& target, int left, int top, const
 }
 
 int GdiTextPainter::FontHeight(const Font& font, float scale) const {
-  return std::max(
-      1, static_cast<int>(std::lround(font.points * static_cast<float>(pixels_per_inch_) / kPointsPerInch * scale)));
+  return static_cast<int>(std::lround(FontPixels(font, pixels_per_inch_, scale)));
 }
 
 }  // namespace quorvale
