@@ -8,9 +8,8 @@
 
 #include "bench_files.h"
 #include "child_program.h"
+#include "config/artwork.h"
 #include "config/config_form.h"
-#include "config/monitor_artwork.h"
-#include "config/stored_play_lists.h"
 #include "desktop_process.h"
 #include "groups.h"
 #include "measure.h"
@@ -51,8 +50,8 @@ class LiveWindow {
   LiveWindow& operator=(const LiveWindow&) = delete;
 
   Process& Core() { return desktop_.core; }
-  frmConfig& Form() { return *form_; }
-  ListBox& List() { return form_->lstList[0]; }
+  ConfigForm& Form() { return *form_; }
+  ListBox& List() { return form_->lists[0]; }
 
   void Fill(const std::vector<std::string>& entries) {
     List().Clear();
@@ -91,11 +90,11 @@ class LiveWindow {
   }
 
  private:
-  std::shared_ptr<frmConfig> Open() {
+  std::shared_ptr<ConfigForm> Open() {
     desktop_.core.mode = RunMode::kConfiguration;
     desktop_.core.ScreenTwipsX = static_cast<std::int16_t>(kTwipsPerPixel);
     desktop_.core.ScreenTwipsY = static_cast<std::int16_t>(kTwipsPerPixel);
-    auto form = std::make_shared<frmConfig>(desktop_.core);
+    auto form = std::make_shared<ConfigForm>(desktop_.core);
     form->Show();
     return form;
   }
@@ -106,7 +105,7 @@ class LiveWindow {
   }
 
   DesktopProcess desktop_;
-  std::shared_ptr<frmConfig> form_;
+  std::shared_ptr<ConfigForm> form_;
 };
 
 void MeasureOpening(Bench& bench, int rounds) {
@@ -123,17 +122,17 @@ void MeasureOpening(Bench& bench, int rounds) {
 }
 
 void MeasureFiles(Bench& bench, LiveWindow& window, int rounds) {
-  frmConfig& form = window.Form();
+  ConfigForm& form = window.Form();
   const std::vector<std::string> entries = Entries(kEntries);
   const std::string file = BenchDirectory("play lists") + "/10000.qvl";
   window.Fill(entries);
   form.WritePlayListFile(file);
   const auto times = AlternatingMedians(
       rounds, {
-                  [&] { return MillisecondsOf([&] { SavePlayLists(window.Core(), form); }); },
+                  [&] { return MillisecondsOf([&] { form.SavePlayLists(); }); },
                   [&] {
                     window.List().Clear();
-                    return MillisecondsOf([&] { LoadPlayLists(window.Core(), form); });
+                    return MillisecondsOf([&] { form.LoadPlayLists(); });
                   },
                   [&] { return MillisecondsOf([&] { PruneMissing(window.Core().system.files, window.List()); }); },
                   [&] { return MillisecondsOf([&] { form.WritePlayListFile(file); }); },
@@ -157,7 +156,7 @@ void MeasureCommands(Bench& bench, LiveWindow& window, int rounds) {
       window.Fill(entries);
       window.List().UserSelect(selected);
       return window.MillisecondsUntilShown(
-          [&] { window.Form().cmdImages.at(static_cast<std::size_t>(button)).UserClick(); });
+          [&] { window.Form().list_buttons.at(static_cast<std::size_t>(button)).UserClick(); });
     };
   };
   const auto times =

@@ -3,9 +3,9 @@
 #include <array>
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "config/application_info.h"
 #include "config/artwork.h"
-#include "config/center_form.h"
 #include "process/process.h"
 #include "settings/version_record.h"
 #include "system/file_system.h"
@@ -15,19 +15,15 @@
 namespace quorvale {
 namespace {
 
-constexpr float kClientWidth = 6120;
-constexpr float kClientHeight = 3948;
+namespace texts = strings::about;
+
+constexpr TwipSize kClientSize = {6120, 3948};
 constexpr TwipRect kFilmPlace = {240, 240, 624, 1812};
-constexpr TwipRect kIconPlace = {1080, 2160, 624, 624};
 // Smaller than its control, so that it does not touch the line below.
 constexpr float kIconSide = 32;
 constexpr Colour kBlue = 0xFF0000;
 constexpr Colour kGrey = 0x808080;
 constexpr Colour kLightGrey = 0xE0E0E0;
-constexpr char kWebPageHint[] = "Opens the maker's web page.";
-constexpr char kDisclaimer[] =
-    "This program comes without any warranty, as far as the law allows. Pictures and sounds in your play lists "
-    "belong to their makers; the licence that came with the program says what you may do with it.";
 
 constexpr std::uint32_t kInfoAccess = 0x2003F;
 constexpr std::size_t kValueSize = 1024;
@@ -51,55 +47,53 @@ std::string DecimalOf(const std::string& bytes) {
 
 }  // namespace
 
-frmAbout::frmAbout(Process& process)
-    : Form(process.app, "frmAbout", WindowKind::kDialog, "About"),
-      picIcon(*this, {.name = "picIcon", .place = kFilmPlace},
-              FilmArtwork(kFilmPlace.width / kTwipsPerPixel, kFilmPlace.height / kTwipsPerPixel)),
-      lblTitle(*this, {.name = "lblTitle", .caption = "Application Title", .place = {1056, 240, 4236, 480}},
-               {.one_line = true}),
-      lblVersion(*this, {.name = "lblVersion", .caption = "Version", .place = {1080, 780, 3612, 228}}),
-      Image1(*this, {.name = "Image1", .place = kIconPlace, .tool_tip = kWebPageHint, .tab_index = 2},
-             IconArtwork(kIconSide)),
-      Label2(*this, {.name = "Label2", .caption = kWebAddress, .place = {1920, 2280, 2292, 228}}),
-      Line1_0(*this, {.name = "Line1(0)", .place = {100, 2688, 5560, 0}}, kGrey),
-      Line1_1(*this, {.name = "Line1(1)", .place = {100, 2712, 5560, 0}}, kLightGrey),
-      lblDisclaimer(*this, {.name = "lblDisclaimer", .caption = kDisclaimer, .place = {252, 2868, 3876, 828}}),
-      cmdOK(*this, {.name = "cmdOK", .caption = "OK", .place = {4245, 2868, 1260, 345}, .tab_index = 0}),
-      cmdSysInfo(
+AboutForm::AboutForm(Process& process)
+    : Form(process.app, "frmAbout", WindowKind::kDialog, texts::kTitle),
+      film(*this, {.name = "picIcon", .place = kFilmPlace},
+           FilmArtwork(kFilmPlace.width / kTwipsPerPixel, kFilmPlace.height / kTwipsPerPixel)),
+      title(*this, {.name = "lblTitle", .place = {1056, 240, 4236, 480}}, {.one_line = true}),
+      legal_notice(*this, {.name = "lblVersion", .caption = texts::kLegalNotice, .place = {1080, 780, 3612, 228}}),
+      web_link(*this,
+               {.name = "Image1", .place = {1080, 2160, 624, 624}, .tool_tip = texts::kWebPageTip, .tab_index = 2},
+               IconArtwork(kIconSide)),
+      web_address(*this, {.name = "Label2", .caption = kWebAddress, .place = {1920, 2280, 2292, 228}}),
+      dark_line(*this, {.name = "Line1(0)", .place = {100, 2688, 5560, 0}}, kGrey),
+      light_line(*this, {.name = "Line1(1)", .place = {100, 2712, 5560, 0}}, kLightGrey),
+      disclaimer(*this, {.name = "lblDisclaimer", .caption = texts::kDisclaimer, .place = {252, 2868, 3876, 828}}),
+      ok(*this, {.name = "cmdOK", .caption = texts::kOk, .place = {4245, 2868, 1260, 345}, .tab_index = 0}),
+      system_info(
           *this,
-          {.name = "cmdSysInfo", .caption = "&System Info...", .place = {4260, 3312, 1245, 345}, .tab_index = 1}),
+          {.name = "cmdSysInfo", .caption = texts::kSystemInfo, .place = {4260, 3312, 1245, 345}, .tab_index = 1}),
       process_(process) {
-  SetClientSize(kClientWidth, kClientHeight);
+  SetClientSize(kClientSize.width, kClientSize.height);
   SetIcon(IconArtwork(kIconSide));
-  Label2.SetForeColor(kBlue);
-  cmdOK.Default = true;
-  cmdOK.Cancel = true;
+  web_address.SetForeColor(kBlue);
+  ok.Default = true;
+  ok.Cancel = true;
 
-  cmdOK.Click = [this] { Unload(); };
-  cmdSysInfo.Click = [this] { StartSysInfo(); };
-  Image1.Click = [this] { Image1_Click(); };
+  ok.Click = [this] { Unload(); };
+  system_info.Click = [this] { StartSysInfo(); };
+  web_link.Click = [this] { Image1_Click(); };
 }
 
-void frmAbout::Form_Load() {
-  CenterForm(*this);
-  const std::string product = kProductName;
-  SetCaption("About " + product);
-  lblVersion.SetCaption(kLegalNotice);
-  lblTitle.SetCaption(product + "   Version " + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
-                      "." + std::to_string(kVersionRevision));
+void AboutForm::Form_Load() {
+  CenterOnScreen();
+  SetCaption(strings::Fill(texts::kTitleNamed, {kProductName}));
+  title.SetCaption(strings::Fill(texts::kVersion, {kProductName, std::to_string(kVersionMajor),
+                                                   std::to_string(kVersionMinor), std::to_string(kVersionRevision)}));
 }
 
-void frmAbout::StartSysInfo() {
+void AboutForm::StartSysInfo() {
   try {
     const std::string tool = FindSysInfo();
     if (tool.empty()) throw Failure(FailureNumber::kNotFound, "No information tool", Name());
     process_.system.programs.Start(tool, kWindowNormalFocus);
   } catch (const Failure&) {
-    App().ShowMessageBox({.text = "System Information Is Unavailable At This Time"});
+    App().ShowMessageBox({.text = texts::kNoSystemInfo});
   }
 }
 
-std::string frmAbout::FindSysInfo() {
+std::string AboutForm::FindSysInfo() {
   std::string path;
   if (GetKeyValue(kHkeyLocalMachine, kInfoKey, kInfoPathValue, path)) return path;
   if (GetKeyValue(kHkeyLocalMachine, kToolsKey, kInfoFolderValue, path)) {
@@ -109,8 +103,8 @@ std::string frmAbout::FindSysInfo() {
   return process_.system.programs.SystemInformationTool();
 }
 
-bool frmAbout::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
-                           std::string& KeyVal) {
+bool AboutForm::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
+                            std::string& KeyVal) {
   Registry& registry = process_.system.registry;
   RegistryKey key = 0;
   const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, key);
@@ -132,7 +126,7 @@ bool frmAbout::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, co
 }
 
 // Where no browser opens it, the address still stands on the form.
-void frmAbout::Image1_Click() {
+void AboutForm::Image1_Click() {
   try {
     process_.system.programs.ShellExecute("Open", kWebAddress, kWindowNormalFocus);
   } catch (const Failure&) {

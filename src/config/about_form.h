@@ -13,20 +13,20 @@ struct Process;
 
 // The modal About dialog: product name and version, a link to the web page, and a button for the system's information
 // tool.
-class frmAbout : public Form {
+class AboutForm : public Form {
  public:
-  explicit frmAbout(Process& process);
+  explicit AboutForm(Process& process);
 
-  ImageView picIcon;
-  Label lblTitle;
-  Label lblVersion;
-  ImageView Image1;
-  Label Label2;
-  Rule Line1_0;
-  Rule Line1_1;
-  Label lblDisclaimer;
-  Button cmdOK;
-  Button cmdSysInfo;
+  ImageView film;
+  Label title;
+  Label legal_notice;
+  ImageView web_link;
+  Label web_address;
+  Rule dark_line;
+  Rule light_line;
+  Label disclaimer;
+  Button ok;
+  Button system_info;
 
   // Starts the information tool that the registry names, or else the desktop's own, or says that there is none.
   void StartSysInfo();

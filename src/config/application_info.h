@@ -8,7 +8,6 @@ extern const int kVersionMajor;
 extern const int kVersionMinor;
 extern const int kVersionRevision;
 
-inline constexpr char kLegalNotice[] = "Copyright (C) Halvern Inc. and contributors";
 inline constexpr char kWebAddress[] = "https://quorvale.example/";
 
 // The path of the help file; on Windows relative to the system directory. If it does not exist, the platform shows the

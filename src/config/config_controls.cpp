@@ -1,120 +1,124 @@
 #include "config/config_controls.h"
 
-#include "config/config_menus.h"
-#include "config/monitor_artwork.h"
+#include "base/strings.h"
+#include "config/artwork.h"
 
 namespace quorvale {
 namespace {
 
+namespace texts = strings::configuration;
+namespace items = strings::menus;
+
 constexpr float kScreenFontPoints = 4.2F;
 constexpr Colour kRuleColour = 0x808080;
-
-// Inside the frame and the menu bar, in twips.
 constexpr TwipSize kClientSize = {5535, 6615};
-
-constexpr char kPicturesCaption[] = "&Picture Files";
-constexpr char kSoundsCaption[] = "&Sound Files";
-constexpr char kListTip[] = "Pictures or sound files/directories that will play when screen saver is active.";
-
 constexpr TwipRect kListPlace = {120, 600, 3492, 1968};
+
+// A control on the frame of the lists.
+WidgetDesign OnFrame(Frame& frame, const char* name, const strings::ControlText& text, const TwipRect& place,
+                     int tab_index = -1) {
+  return {.name = name,
+          .caption = text.caption,
+          .place = place,
+          .tool_tip = text.tip,
+          .tab_index = tab_index,
+          .container = &frame};
+}
+
+// A list shows no caption, but screen readers speak it.
+WidgetDesign ListDesign(Frame& frame, const char* name, const char* caption, int tab_index, bool visible) {
+  WidgetDesign design = OnFrame(frame, name, {caption, texts::kListTip}, kListPlace, tab_index);
+  design.visible = visible;
+  return design;
+}
+
+struct MenuRow {
+  std::size_t depth = 0;  // 0 is a top menu; the parent is the last row above with a depth one less
+  const char* name = "";
+  const char* caption = "";
+  const char* shortcut = "";
+};
+
+constexpr std::size_t kMostDepth = 3;
+constexpr char kLine[] = "-";
+
+constexpr MenuRow kMenuRows[] = {
+    {0, "mnuFile", items::kFile},
+    {1, "mnuNew", items::kNew, "Ctrl+N"},
+    {1, "mnuOpen", items::kOpen, "Ctrl+O"},
+    {1, "mnuSave", items::kSave, "Ctrl+S"},
+    {1, "null6", kLine},
+    {1, "mnuSaveAs", items::kSaveAs},
+    {1, "mnuMergeList", items::kMerge},
+    {1, "mnunull", kLine},
+    {1, "mnuExit", items::kExit},
+    {0, "mnuPlayList", items::kPlayList},
+    {1, "mnuAddFiles", items::kAddFiles},
+    {1, "mnuAddDir", items::kAddDirectory},
+    {1, "mnuRemove", items::kRemove},
+    {1, "mnuNull1", kLine},
+    {1, "mnuMoveUp", items::kMoveUp},
+    {1, "mnuMoveDown", items::kMoveDown},
+    {1, "mnuNull2", kLine},
+    {1, "mnuView", items::kView},
+    {2, "mnuViewPics", items::kViewPictures},
+    {2, "mnuViewSounds", items::kViewSounds},
+    {1, "mnuNull3", kLine},
+    {1, "mnuOptions", items::kOptions},
+    {0, "mnuHelp", items::kHelp},
+    {1, "mnuHelpContents", items::kHelpContents},
+    {1, "mnuHelpSearchForHelpOn", items::kHelpSearch},
+    {1, "mnunull5", kLine},
+    {1, "mnuHelpAbout", items::kAbout},
+};
 
 }  // namespace
 
 ConfigControls::ConfigControls(Process& process)
-    : ShowForm(process, "frmConfig", WindowKind::kDialog, "Screen Saver Properties",
-               {"Small Fonts", kScreenFontPoints}),
-      fraPlayList(*this, {.name = "fraPlayList", .caption = "Play List", .place = {120, 2520, 5292, 3492}}, true),
-      OptPicture(*this, {.name = "OptPicture",
-                         .caption = kPicturesCaption,
-                         .place = {120, 240, 1212, 252},
-                         .tool_tip = "Display the list of pictures that will be displayed in your screen saver.",
-                         .tab_index = 0,
-                         .container = &fraPlayList}),
-      OptSound(*this, {.name = "OptSound",
-                       .caption = kSoundsCaption,
-                       .place = {1440, 240, 1212, 252},
-                       .tool_tip = "Display the list of sounds that will be played in your screen saver.",
-                       .tab_index = 1,
-                       .container = &fraPlayList}),
-      // A list shows no caption, but screen readers speak it.
-      lstList{{{*this,
-                {.name = "lstList(0)",
-                 .caption = kPicturesCaption,
-                 .place = kListPlace,
-                 .tool_tip = kListTip,
-                 .tab_index = 2,
-                 .container = &fraPlayList}},
-               {*this,
-                {.name = "lstList(1)",
-                 .caption = kSoundsCaption,
-                 .place = kListPlace,
-                 .tool_tip = kListTip,
-                 .tab_index = 3,
-                 .container = &fraPlayList,
-                 .visible = false}}}},
-      cmdImages{{{*this,
-                  {.name = "cmdImages(0)",
-                   .caption = "Add &File(s)...",
-                   .place = {3720, 600, 1452, 372},
-                   .tool_tip = "Offers a dialog for selecting one or more files to add to the Picture or Sound list.",
-                   .tab_index = 4,
-                   .container = &fraPlayList}},
-                 {*this,
-                  {.name = "cmdImages(1)",
-                   .caption = "Add Direc&tory...",
-                   .place = {3720, 1080, 1452, 372},
-                   .tool_tip = "Offers a dialog for adding an entire directory to the Picture or Sound list.",
-                   .tab_index = 10,
-                   .container = &fraPlayList}},
-                 {*this,
-                  {.name = "cmdImages(2)",
-                   .caption = "&Remove",
-                   .place = {3720, 1560, 1452, 372},
-                   .tool_tip = "Removes currently selected item(s) from the Play List.",
-                   .tab_index = 5,
-                   .container = &fraPlayList}},
-                 {*this,
-                  {.name = "cmdImages(3)",
-                   .caption = "&Up",
-                   .place = {3720, 2160, 732, 372},
-                   .tool_tip = "Moves currently selected item up one position in the Play List.",
-                   .tab_index = 6,
-                   .container = &fraPlayList}},
-                 {*this,
-                  {.name = "cmdImages(4)",
-                   .caption = "&Down",
-                   .place = {4440, 2160, 732, 372},
-                   .tool_tip = "Moves currently selected item down one position in the Play List.",
-                   .tab_index = 7,
-                   .container = &fraPlayList}}}},
-      lblPathLabel(
-          *this,
-          {.name = "lblPathLabel", .caption = "File Path", .place = {120, 2640, 852, 252}, .container = &fraPlayList}),
-      lblPath(*this, {.name = "lblPath",
-                      .place = {120, 2880, 4452, 492},
-                      .tool_tip = "Displays the entire path of selected item in Play List.",
-                      .container = &fraPlayList}),
-      cmdOK(*this, {.name = "cmdOK",
-                    .caption = "OK",
-                    .place = {2880, 6120, 1200, 372},
-                    .tool_tip = "Save Properties.",
-                    .tab_index = 8}),
-      cmdCancel(*this, {.name = "cmdCancel",
-                        .caption = "&Cancel",
-                        .place = {4200, 6120, 1200, 372},
-                        .tool_tip = "Close and do not save the Properties.",
-                        .tab_index = 9}),
-      Image1(*this, {.name = "Image1", .place = {1350, 45, 2835, 2610}}, nullptr),
-      Line1(*this, {.name = "Line1", .place = {0, 0, 5520, 15}}, kRuleColour),
-      Menus(*this, "Menus"),
-      CD1(*this, "CD1"),
-      Msghook1(*this, "Msghook1") {
-  OptPicture.SetValue(true);
-  cmdOK.Default = true;
-  cmdCancel.Cancel = true;
-  AddConfigMenus(Menus);
+    : ShowForm(process, "frmConfig", WindowKind::kDialog, texts::kTitle, {"Small Fonts", kScreenFontPoints}),
+      list_frame(*this, {.name = "fraPlayList", .caption = texts::kPlayList, .place = {120, 2520, 5292, 3492}}, true),
+      view_pictures(*this, OnFrame(list_frame, "OptPicture", texts::kViewPictures, {120, 240, 1212, 252}, 0)),
+      view_sounds(*this, OnFrame(list_frame, "OptSound", texts::kViewSounds, {1440, 240, 1212, 252}, 1)),
+      lists{{{*this, ListDesign(list_frame, "lstList(0)", texts::kViewPictures.caption, 2, true)},
+             {*this, ListDesign(list_frame, "lstList(1)", texts::kViewSounds.caption, 3, false)}}},
+      list_buttons{{
+          {*this, OnFrame(list_frame, "cmdImages(0)", texts::kAddFiles, {3720, 600, 1452, 372}, 4)},
+          {*this, OnFrame(list_frame, "cmdImages(1)", texts::kAddDirectory, {3720, 1080, 1452, 372}, 10)},
+          {*this, OnFrame(list_frame, "cmdImages(2)", texts::kRemove, {3720, 1560, 1452, 372}, 5)},
+          {*this, OnFrame(list_frame, "cmdImages(3)", texts::kMoveUp, {3720, 2160, 732, 372}, 6)},
+          {*this, OnFrame(list_frame, "cmdImages(4)", texts::kMoveDown, {4440, 2160, 732, 372}, 7)},
+      }},
+      path_title(*this, OnFrame(list_frame, "lblPathLabel", {texts::kPathTitle}, {120, 2640, 852, 252})),
+      path_line(*this, OnFrame(list_frame, "lblPath", {"", texts::kPathTip}, {120, 2880, 4452, 492})),
+      ok(*this, {.name = "cmdOK",
+                 .caption = texts::kOk.caption,
+                 .place = {2880, 6120, 1200, 372},
+                 .tool_tip = texts::kOk.tip,
+                 .tab_index = 8}),
+      cancel(*this, {.name = "cmdCancel",
+                     .caption = texts::kCancel.caption,
+                     .place = {4200, 6120, 1200, 372},
+                     .tool_tip = texts::kCancel.tip,
+                     .tab_index = 9}),
+      monitor(*this, {.name = "Image1", .place = {1350, 45, 2835, 2610}}, nullptr),
+      menu_line(*this, {.name = "Line1", .place = {0, 0, 5520, 15}}, kRuleColour),
+      menus(*this, "Menus"),
+      file_dialog(*this, "CD1"),
+      menu_hook(*this, "Msghook1") {
+  view_pictures.SetValue(true);
+  ok.Default = true;
+  cancel.Cancel = true;
+  AddMenus();
   SetIcon(&ConfigIcon);
   SetClientSize(kClientSize.width, kClientSize.height);
+}
+
+void ConfigControls::AddMenus() {
+  std::array<MenuItem*, kMostDepth> last = {};
+  for (const MenuRow& row : kMenuRows) {
+    last.at(row.depth) = row.depth == 0 ? &menus.Add(row.name, row.caption)
+                                        : &last.at(row.depth - 1)->Add(row.name, row.caption, row.shortcut);
+  }
 }
 
 }  // namespace quorvale

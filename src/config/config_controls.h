@@ -19,31 +19,34 @@ inline constexpr int kRemove = 2;
 inline constexpr int kMoveUp = 3;
 inline constexpr int kMoveDown = 4;
 
-// The controls of the configuration window with their design properties. `frmConfig` adds the behaviour.
+// The controls and menus of the configuration window with their design properties. `ConfigForm` adds the behaviour.
 class ConfigControls : public ShowForm {
  public:
-  Frame fraPlayList;
-  OptionButton OptPicture;
-  OptionButton OptSound;
+  Frame list_frame;
+  OptionButton view_pictures;
+  OptionButton view_sounds;
   // Pictures and sounds, at the same place.
-  std::array<ListBox, 2> lstList;
-  std::array<Button, 5> cmdImages;
-  Label lblPathLabel;
-  Label lblPath;
-  Button cmdOK;
-  Button cmdCancel;
+  std::array<ListBox, 2> lists;
+  std::array<Button, 5> list_buttons;
+  Label path_title;
+  Label path_line;
+  Button ok;
+  Button cancel;
   // The drawing of a monitor; `PicBase` is its screen, with the preview.
-  ImageView Image1;
-  Rule Line1;
-  MenuBar Menus;
-  CommonDialog CD1;
+  ImageView monitor;
+  Rule menu_line;
+  MenuBar menus;
+  CommonDialog file_dialog;
   // Reports that a menu has closed.
-  MessageHook Msghook1;
+  MessageHook menu_hook;
 
-  ListBox& ListOnView() { return lstList.at(OptSound.Value() ? 1 : 0); }
+  ListBox& VisibleList() { return lists.at(view_sounds.Value() ? 1 : 0); }
 
  protected:
   explicit ConfigControls(Process& process);
+
+ private:
+  void AddMenus();
 };
 
 }  // namespace quorvale

@@ -1,5 +1,6 @@
 #include <exception>
 
+#include "base/strings.h"
 #include "config/config_form.h"
 #include "playlist/path_part.h"
 #include "playlist/play_list_file.h"
@@ -8,42 +9,49 @@
 #include "system/file_system.h"
 
 namespace quorvale {
+namespace {
 
-void frmConfig::SetCurPlayList(std::string path) {
+namespace texts = strings::files;
+
+}  // namespace
+
+void ConfigForm::SetCurPlayList(std::string path) {
   cur_play_list_ = std::move(path);
-  std::string caption = "Play List";
+  std::string caption = strings::configuration::kPlayList;
   if (!cur_play_list_.empty()) {
-    caption += " - [" + PathPart(cur_play_list_, kPathName, process_.system.files.Syntax()) + "]";
+    caption = strings::Fill(strings::configuration::kPlayListNamed,
+                            {PathPart(cur_play_list_, kPathName, process_.system.files.Syntax())});
   }
-  fraPlayList.SetCaption(LiteralCaption(caption));
+  list_frame.SetCaption(LiteralCaption(caption));
 }
 
-void frmConfig::WritePlayListFile(const std::string& path) {
+void ConfigForm::WritePlayListFile(const std::string& path) {
   try {
-    process_.system.files.WriteFile(path, PlayListText(lstList[0], lstList[1]));
+    process_.system.files.WriteFile(path, PlayListText(lists[0], lists[1]));
   } catch (const std::exception& failure) {
-    App().ShowMessageBox({.text = std::string("Unable to write to Play List File.  ") + failure.what()});
+    App().ShowMessageBox({.text = strings::Fill(texts::kNotWritten, {failure.what()})});
     return;
   }
   SetPlayListDirty(false);
 }
 
-void frmConfig::ReadPlayListFile(const std::string& path) {
+void ConfigForm::ReadPlayListFile(const std::string& path) {
   FileSystem& files = process_.system.files;
   try {
-    AppendPlayListText(files.ReadFile(path, kMostPlayListBytes + 1), files, lstList[0], lstList[1]);
+    AppendPlayListText(files.ReadFile(path, kMostPlayListBytes + 1), files, lists[0], lists[1]);
   } catch (const std::exception& failure) {
-    App().ShowMessageBox({.text = std::string("Unable to Read Play List File.  ") + failure.what()});
+    App().ShowMessageBox({.text = strings::Fill(texts::kNotRead, {failure.what()})});
   }
 }
 
-SaveAnswer frmConfig::PromptSaveChanges() {
-  std::string subject = "Your Play List";
+SaveAnswer ConfigForm::PromptSaveChanges() {
+  std::string question = texts::kSaveChanges;
   if (!CurPlayList().empty()) {
-    subject += " [" + PathPart(CurPlayList(), kPathName, process_.system.files.Syntax()) + "]";
+    question =
+        strings::Fill(texts::kSaveChangesNamed, {PathPart(CurPlayList(), kPathName, process_.system.files.Syntax())});
   }
-  switch (App().ShowMessageBox({.text = subject + " has been changed.  Do you want to save your changes?",
-                                .title = "Save Play List",
+  switch (App().ShowMessageBox({.text = question,
+                                .title = texts::kSaveTitle,
                                 .buttons = MessageBoxButtons::kYesNoCancel,
                                 .icon = MessageBoxIcon::kQuestion})) {
     case MessageBoxAnswer::kYes:
@@ -57,11 +65,11 @@ SaveAnswer frmConfig::PromptSaveChanges() {
   }
 }
 
-// Asks about unsaved changes. Only Cancel gives false; a save that was not done does not.
-bool frmConfig::MayLeaveLists() { return !PlayListDirty() || PromptSaveChanges() != SaveAnswer::kCancel; }
+// Asks about unsaved changes. False on Cancel only: a save that fails does not stop the command.
+bool ConfigForm::MayLeaveLists() { return !PlayListDirty() || PromptSaveChanges() != SaveAnswer::kCancel; }
 
-// For commands with a file dialog: Cancel or any other failure ends the command silently, and the preview continues.
-void frmConfig::WithPreviewHeld(const std::function<void()>& body) {
+// Runs a command with a file dialog. Cancel or any other failure ends it silently, and the preview continues.
+void ConfigForm::WithPreviewPaused(const std::function<void()>& body) {
   PausePreview(true);
   try {
     body();
@@ -70,43 +78,43 @@ void frmConfig::WithPreviewHeld(const std::function<void()>& body) {
   PausePreview(false);
 }
 
-void frmConfig::SetUpFileDialog(const std::string& title, const std::string& start_name, const std::string& filter,
-                                std::uint32_t flags) {
-  CD1.DialogTitle = title;
-  CD1.FileName = start_name;
-  CD1.Filter = filter;
-  CD1.FilterIndex = 0;
-  CD1.Flags = flags;
-  CD1.MaxFileSize = CommonDialog::kUsualMaxFileSize;
-  CD1.CancelError = true;
+void ConfigForm::SetUpFileDialog(const std::string& title, const std::string& start_name, const std::string& filter,
+                                 std::uint32_t flags) {
+  file_dialog.DialogTitle = title;
+  file_dialog.FileName = start_name;
+  file_dialog.Filter = filter;
+  file_dialog.FilterIndex = 0;
+  file_dialog.Flags = flags;
+  file_dialog.MaxFileSize = CommonDialog::kUsualMaxFileSize;
+  file_dialog.CancelError = true;
 }
 
-void frmConfig::ShowOpenDialog() {
-  SetUpFileDialog("Select Play List", "", "Play Lists (*.qvl)|*.qvl|All Files(*.*)|*.*",
+void ConfigForm::ShowOpenDialog() {
+  SetUpFileDialog(texts::kOpenTitle, "", texts::kOpenFilter,
                   kOfnHideReadOnly | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);
-  CD1.ShowOpen();
+  file_dialog.ShowOpen();
 }
 
-void frmConfig::PruneLists() {
-  for (ListBox& list : lstList) PruneMissing(process_.system.files, list);
+void ConfigForm::PruneLists() {
+  for (ListBox& list : lists) PruneMissing(process_.system.files, list);
 }
 
-void frmConfig::mnuNew_Click() {
+void ConfigForm::mnuNew_Click() {
   if (!MayLeaveLists()) return;
   SetCurPlayList("");
-  for (ListBox& list : lstList) list.Clear();
+  for (ListBox& list : lists) list.Clear();
   Attempt([this] { RefreshPreview(); });
   UpdateCommandStates();
   SetPlayListDirty(false);
 }
 
-void frmConfig::mnuOpen_Click() {
+void ConfigForm::mnuOpen_Click() {
   if (!MayLeaveLists()) return;
-  WithPreviewHeld([this] {
+  WithPreviewPaused([this] {
     ShowOpenDialog();
-    const std::string path = CD1.FileName;
+    const std::string path = file_dialog.FileName;
     if (path.empty()) return;
-    for (ListBox& list : lstList) list.Clear();
+    for (ListBox& list : lists) list.Clear();
     ReadPlayListFile(path);
     PruneLists();
     SetCurPlayList(path);
@@ -116,11 +124,11 @@ void frmConfig::mnuOpen_Click() {
   });
 }
 
-void frmConfig::mnuMergeList_Click() {
-  WithPreviewHeld([this] {
+void ConfigForm::mnuMergeList_Click() {
+  WithPreviewPaused([this] {
     ShowOpenDialog();
-    if (CD1.FileName.empty()) return;
-    ReadPlayListFile(CD1.FileName);
+    if (file_dialog.FileName.empty()) return;
+    ReadPlayListFile(file_dialog.FileName);
     PruneLists();
     UpdateCommandStates();
     SetPlayListDirty(true);
@@ -128,7 +136,7 @@ void frmConfig::mnuMergeList_Click() {
   });
 }
 
-void frmConfig::mnuSave_Click() {
+void ConfigForm::mnuSave_Click() {
   if (CurPlayList().empty()) {
     mnuSaveAs_Click();
   } else {
@@ -136,12 +144,12 @@ void frmConfig::mnuSave_Click() {
   }
 }
 
-void frmConfig::mnuSaveAs_Click() {
-  WithPreviewHeld([this] {
-    SetUpFileDialog("Save Play List", CurPlayList(), "Play List Files (*.qvl)|*.qvl|All Files(*.*)|*.*",
+void ConfigForm::mnuSaveAs_Click() {
+  WithPreviewPaused([this] {
+    SetUpFileDialog(texts::kSaveTitle, CurPlayList(), texts::kSaveFilter,
                     kOfnHideReadOnly | kOfnOverwritePrompt | kOfnExplorer | kOfnLongNames);
-    CD1.ShowSave();
-    const std::string path = CD1.FileName;
+    file_dialog.ShowSave();
+    const std::string path = file_dialog.FileName;
     if (path.empty()) return;
     WritePlayListFile(path);
     SetCurPlayList(path);

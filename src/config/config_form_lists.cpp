@@ -1,6 +1,6 @@
+#include "base/strings.h"
 #include "base/text.h"
 #include "config/config_form.h"
-#include "config/entry_adder.h"
 #include "config/list_editing.h"
 #include "playlist/media_collections.h"
 #include "playlist/prune_missing.h"
@@ -9,6 +9,8 @@
 
 namespace quorvale {
 namespace {
+
+namespace texts = strings::adding;
 
 // In characters; platforms return more if more is selected.
 constexpr int kFileNameBuffer = 10'000;
@@ -20,12 +22,12 @@ std::string WithSeparator(std::string directory, const PathSyntax& syntax) {
 
 }  // namespace
 
-void frmConfig::cmdImages_Click(int index) {
-  EditListOnView([this, index] { RunListCommand(index); });
+void ConfigForm::cmdImages_Click(int index) {
+  EditVisibleList([this, index] { RunListCommand(index); });
 }
 
 // If a dialog can't be shown, the action ends, but the preview must continue.
-void frmConfig::EditListOnView(const std::function<void()>& action) {
+void ConfigForm::EditVisibleList(const std::function<void()>& action) {
   PausePreview(true);
   process_.show.PreviewSuspended = true;
   Attempt(action);
@@ -34,7 +36,7 @@ void frmConfig::EditListOnView(const std::function<void()>& action) {
   PausePreview(false);
 }
 
-void frmConfig::RunListCommand(int index) {
+void ConfigForm::RunListCommand(int index) {
   switch (index) {
     case kAddFiles:
       AddFiles();
@@ -43,12 +45,12 @@ void frmConfig::RunListCommand(int index) {
       AddDirectory();
       break;
     case kRemove:
-      RemoveSelected(ListOnView());
+      RemoveSelected(VisibleList());
       SetPlayListDirty(true);
       break;
     case kMoveUp:
     case kMoveDown:
-      MoveSelected(ListOnView(), index == kMoveUp ? -1 : 1);
+      MoveSelected(VisibleList(), index == kMoveUp ? -1 : 1);
       SetPlayListDirty(true);
       break;
     default:
@@ -56,53 +58,53 @@ void frmConfig::RunListCommand(int index) {
   }
 }
 
-void frmConfig::AddFiles() {
-  const bool pictures = OptPicture.Value();
+void ConfigForm::AddFiles() {
+  const bool pictures = view_pictures.Value();
   const std::string mask = pictures ? PictureMask() : kSoundMask;
-  SetUpFileDialog("Select One or More Files to Add", "",
-                  (pictures ? "Pictures (" : "Sounds (") + mask + ")|" + mask + "|All Files(*.*)|*.*",
+  SetUpFileDialog(texts::kSelectFiles, "",
+                  strings::Fill(pictures ? texts::kPictureFilter : texts::kSoundFilter, {mask}),
                   kOfnHideReadOnly | kOfnAllowMultiSelect | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);
-  CD1.MaxFileSize = kFileNameBuffer;
-  CD1.CancelError = false;
-  CD1.ShowOpen();
-  if (CD1.FileName.empty()) return;
+  file_dialog.MaxFileSize = kFileNameBuffer;
+  file_dialog.CancelError = false;
+  file_dialog.ShowOpen();
+  if (file_dialog.FileName.empty()) return;
   const PathSyntax syntax = process_.system.files.Syntax();
   Collection names;
   std::string directory;
-  ParseFileSelection(CD1, syntax, names, directory);
+  ParseFileSelection(file_dialog, syntax, names, directory);
   SetPlayListDirty(true);
-  EntryAdder adder(ListOnView(), syntax);
+  EntryAdder adder(VisibleList(), syntax);
   for (int i = 1; i <= names.Count(); ++i) adder.AddFile(names.Item(i), directory);
-  adder.TellLeftOut(App());
+  adder.ReportLeftOut(App());
 }
 
-void frmConfig::AddDirectory() {
-  const std::string chosen = App().GetPlatform().BrowseForFolder(Window(), "Select Directory");
+void ConfigForm::AddDirectory() {
+  const std::string chosen = App().GetPlatform().BrowseForFolder(Window(), texts::kSelectDirectory);
   if (Trim(chosen).empty()) return;
   const PathSyntax syntax = process_.system.files.Syntax();
-  EntryAdder adder(ListOnView(), syntax);
+  EntryAdder adder(VisibleList(), syntax);
   adder.AddDirectory(WithSeparator(chosen, syntax));
   if (adder.Added() > 0) SetPlayListDirty(true);
-  adder.TellLeftOut(App());
+  adder.ReportLeftOut(App());
 }
 
-void frmConfig::mnuAddFiles_Click() {
+void ConfigForm::mnuAddFiles_Click() {
   PausePreview(true);
   cmdImages_Click(kAddFiles);
   PausePreview(false);
 }
 
-void frmConfig::mnuAddDir_Click() {
+void ConfigForm::mnuAddDir_Click() {
   PausePreview(true);
   cmdImages_Click(kAddDirectory);
   PausePreview(false);
 }
 
-void frmConfig::lstList_Dropped(const std::vector<std::string>& paths) {
-  EditListOnView([this, &paths] {
+void ConfigForm::lstList_Dropped(const std::vector<std::string>& paths) {
+  EditVisibleList([this, &paths] {
     FileSystem& files = process_.system.files;
     const PathSyntax syntax = files.Syntax();
-    EntryAdder adder(ListOnView(), syntax);
+    EntryAdder adder(VisibleList(), syntax);
     for (const std::string& path : paths) {
       if (path.empty()) continue;
       const std::string directory = WithSeparator(path, syntax);
@@ -114,12 +116,12 @@ void frmConfig::lstList_Dropped(const std::vector<std::string>& paths) {
       }
     }
     if (adder.Added() > 0) SetPlayListDirty(true);
-    adder.TellLeftOut(App());
+    adder.ReportLeftOut(App());
   });
 }
 
-void frmConfig::lstList_DeletePressed() {
-  if (cmdImages[kRemove].Enabled()) cmdImages_Click(kRemove);
+void ConfigForm::lstList_DeletePressed() {
+  if (list_buttons[kRemove].Enabled()) cmdImages_Click(kRemove);
 }
 
 }  // namespace quorvale

@@ -1,11 +1,54 @@
 #include "config/list_editing.h"
 
+#include <algorithm>
+
+#include "base/strings.h"
+#include "base/text.h"
+#include "playlist/list_entry.h"
 #include "playlist/token.h"
 #include "process/collection.h"
+#include "toolkit/application.h"
 #include "toolkit/common_dialog.h"
 #include "toolkit/list_box.h"
 
 namespace quorvale {
+namespace {
+
+namespace texts = strings::adding;
+
+// The most characters of an entry that are read back as its name and as its directory.
+constexpr std::size_t kMostNameCharacters = 254;
+constexpr std::size_t kMostDirectoryCharacters = kListEntryColumns - kListEntryDirectoryColumn + 1;
+
+constexpr std::size_t kMostNamesShown = 10;
+constexpr std::size_t kMostCharactersShown = 100;
+
+// The reason why this entry would give another path; empty if it gives this one.
+std::string ReasonAgainst(const std::string& name, const std::string& directory, const std::string& path,
+                          const std::string& entry, const PathSyntax& syntax) {
+  if (path.find_first_of("\r\n") != std::string::npos) return texts::kHasLineEnd;
+  if (Length(name) > kMostNameCharacters) {
+    return strings::Fill(texts::kNameTooLong, {std::to_string(kMostNameCharacters)});
+  }
+  if (Length(directory) > kMostDirectoryCharacters) {
+    return strings::Fill(texts::kDirectoryTooLong, {std::to_string(kMostDirectoryCharacters)});
+  }
+  if (Trim(name) != name || Trim(directory) != directory) {
+    return texts::kHasOuterBlank;
+  }
+  if (EntryPath(entry, syntax) != path) return texts::kEndsInSeparator;
+  return {};
+}
+
+std::string Shown(const std::string& name) {
+  std::string text = Left(name, kMostCharactersShown);
+  const bool is_cut = text.size() < name.size();
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, '?');
+  return is_cut ? text + "..." : text;
+}
+
+}  // namespace
 
 void ParseFileSelection(const CommonDialog& dialog, const PathSyntax& syntax, Collection& names,
                         std::string& directory) {
@@ -50,6 +93,37 @@ void MoveSelected(ListBox& list, int step) {
   list.SetList(i, kept);
   list.SetSelected(i, false);
   list.SetSelected(i + step, true);
+}
+
+void EntryAdder::AddFile(const std::string& name, const std::string& directory) {
+  Add(name, directory, directory + name);
+}
+
+void EntryAdder::AddDirectory(const std::string& directory) { Add(directory, directory, directory); }
+
+void EntryAdder::Add(const std::string& name, const std::string& directory, const std::string& path) {
+  std::string entry = MakeListEntry(name, directory);
+  std::string reason = ReasonAgainst(name, directory, path, entry, syntax_);
+  if (reason.empty() && list_.ListCount() >= ListBox::kMostItems) reason = texts::kListIsFull;
+  if (!reason.empty()) {
+    left_out_.push_back({name, std::move(reason)});
+    return;
+  }
+  list_.AddItem(std::move(entry));
+  ++added_;
+}
+
+void EntryAdder::ReportLeftOut(Application& app) const {
+  if (left_out_.empty()) return;
+  std::string text = texts::kNotAdded;
+  const std::size_t shown = std::min(left_out_.size(), kMostNamesShown);
+  for (std::size_t i = 0; i < shown; ++i) {
+    text += strings::Fill(texts::kNotAddedName, {Shown(left_out_[i].name), left_out_[i].reason});
+  }
+  if (shown < left_out_.size()) {
+    text += strings::Fill(texts::kMoreNotAdded, {std::to_string(left_out_.size() - shown)});
+  }
+  app.ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});
 }
 
 }  // namespace quorvale

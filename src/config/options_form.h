@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "config/options_table.h"
 #include "toolkit/buttons.h"
 #include "toolkit/common_dialog.h"
 #include "toolkit/entry_fields.h"
@@ -15,49 +15,12 @@ struct Process;
 
 // The modal dialog for the show's options. Changes are stored on OK. If a control can't hold the stored value, a box
 // says so while the dialog loads; the control keeps its initial value, and OK stores that.
-class frmOptions : public Form {
+class OptionsForm : public Form {
  public:
-  explicit frmOptions(Process& process);
+  explicit OptionsForm(Process& process);
 
-  Process& TheProcess() const { return process_; }
-
-  TabStrip TabStrip1;
-  Frame Frame1_1;
-  Frame Frame1_2;
-  Frame Frame3;
-  Frame Frame4;
-
-  // The page of pictures.
-  Label Label1_0;
-  TextBox txtInterval;
-  CheckBox chkPicRandom;
-  CheckBox chkShowFileName;
-  CheckBox chkStretch;
-  CheckBox chkResetPicList;
-  Button cmdBackColor;
-  Label lblBackColor;
-  DropDownList cboAffect;
-  Label Label2;
-  Slider sldSpeed;
-  Label Label3;
-  Label Label4;
-  CheckBox chkShowFrame;
-  Label lblThickness;
-  TextBox txtFrameThickness;
-  Button cmdFrameColor;
-  Label lblFrameColor;
-
-  // The page of sounds.
-  CheckBox chkSoundRandom;
-  CheckBox chkResetSoundList;
-
-  Button cmdOK;
-  Button cmdCancel;
-  Button cmdHelp;
-  CommonDialog cd1;
-
-  // The visible page, from 1.
-  std::int16_t CurrentTab = 1;
+  // All controls of the dialog. Those that the dialog itself works with have a name below.
+  const OptionsTable table{*this};
 
  protected:
   void Form_Load() override;
@@ -72,14 +35,28 @@ class frmOptions : public Form {
   void cmdOK_Click();
   void cmdHelp_Click();
 
-  Frame& Page(int index) { return index == 1 ? Frame1_1 : Frame1_2; }
   // Whether the number in `box` is from `least` to `most`. If not, shows `message` and moves the focus to `box`.
   bool IsBetween(TextBox& box, double least, double most, const char* message);
-
   void Warn(const std::string& text);
 
+  TabStrip& tabs_ = Find<TabStrip>("TabStrip1");
+  TextBox& interval_ = Find<TextBox>("txtInterval");
+  CheckBox& stretch_ = Find<CheckBox>("chkStretch");
+  Button& pick_back_colour_ = Find<Button>("cmdBackColor");
+  Label& back_colour_ = Find<Label>("lblBackColor");
+  CheckBox& show_frame_ = Find<CheckBox>("chkShowFrame");
+  Label& thickness_label_ = Find<Label>("lblThickness");
+  TextBox& thickness_ = Find<TextBox>("txtFrameThickness");
+  Button& pick_frame_colour_ = Find<Button>("cmdFrameColor");
+  Label& frame_colour_ = Find<Label>("lblFrameColor");
+  Button& ok_ = Find<Button>("cmdOK");
+  Button& cancel_ = Find<Button>("cmdCancel");
+  CommonDialog colour_dialog_{*this, "cd1"};
+
   Process& process_;
-  // Whether the stored options could be read. Otherwise OK must not replace them.
+  // The visible page, from 1.
+  int current_page_ = 1;
+  // Whether the stored options could be read. If not, OK must not replace them.
   bool options_read_ = false;
 };
 

@@ -39,7 +39,7 @@ std::vector<ReportedStep> ConfigurationSteps(Process& process) {
 
 void Configure(Process& process) {
   WindowSystem& windows = process.system.windows;
-  IgnoringFailures([&process] { std::make_shared<frmConfig>(process)->ShowModal(); });
+  IgnoringFailures([&process] { std::make_shared<ConfigForm>(process)->ShowModal(); });
   windows.EnableWindow(process.ConfigDialogHwnd, true);
   process.app.PumpEvents();
   IgnoringFailures([&process] { BringCallerForward(process); });

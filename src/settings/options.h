@@ -24,7 +24,7 @@ struct OptionRow {
   const char* fallback;
 };
 
-// The table of options. The dialog reads and writes them in this order. The comments name the readers.
+// The options. The comments name the readers.
 
 inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
 inline constexpr OptionRow kShowFileName{"ShowFileName", OptionKind::kFlag, ""};  // the layout
@@ -44,6 +44,12 @@ inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, 
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
+
+// The options that the user sets in the dialog, in the order in which it reads and writes them.
+inline constexpr const OptionRow* kDialogOptions[] = {
+    &kPicRandom,  &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
+    &kTransSpeed, &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList,
+};
 
 // The position last shown or played in each list, from 1. Read and written by the tick.
 inline constexpr OptionRow kLastPicture{"LastPicture", OptionKind::kOther, "0"};

@@ -100,6 +100,11 @@ void Form::Move(float left, float top, float width, float height) {
   if (window_) SendBounds();
 }
 
+void Form::CenterOnScreen() {
+  const ScreenSize screen = application_.Screen();
+  Move(screen.Width / 2 - bounds_.width / 2, screen.Height / 2 - bounds_.height / 2, bounds_.width, bounds_.height);
+}
+
 void Form::SetClientSize(float width, float height) {
   const PixelRect frame = NominalFrame();
   Move(bounds_.left, bounds_.top, width + static_cast<float>(frame.width) * kTwipsPerPixel,

@@ -25,7 +25,7 @@ constexpr char kLocation[] = "SOFTWARE\\Microsoft\\Shared Tools Location";
 class AboutFormTest : public HeadlessTest {
  protected:
   Process process{desktop, desktop.Services()};
-  std::shared_ptr<frmAbout> form = std::make_shared<frmAbout>(process);
+  std::shared_ptr<AboutForm> form = std::make_shared<AboutForm>(process);
 
   void SetUp() override { form->Show(); }
 };
@@ -34,10 +34,10 @@ TEST_F(AboutFormTest, NamesTheProductItsVersionAndItsMakers) {
   const std::string version =
       std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." + std::to_string(kVersionRevision);
   EXPECT_EQ(form->Caption(), "About Quorvale Customizable Screen Saver");
-  EXPECT_EQ(form->lblTitle.Caption(), "Quorvale Customizable Screen Saver   Version " + version);
-  EXPECT_EQ(form->lblVersion.Caption(), kLegalNotice);
-  EXPECT_TRUE(form->cmdOK.Default && form->cmdOK.Cancel);
-  form->cmdOK.UserClick();
+  EXPECT_EQ(form->title.Caption(), "Quorvale Customizable Screen Saver   Version " + version);
+  EXPECT_EQ(form->legal_notice.Caption(), "Copyright (C) Halvern Inc. and contributors");
+  EXPECT_TRUE(form->ok.Default && form->ok.Cancel);
+  form->ok.UserClick();
   EXPECT_FALSE(form->IsLoaded());
 }
 
@@ -68,7 +68,7 @@ TEST_F(AboutFormTest, SystemInfoStartsTheToolThatIsFoundOrSaysThatThereIsNone) {
     desktop.calls.clear();
     desktop.boxes.shown.clear();
 
-    form->cmdSysInfo.UserClick();
+    form->system_info.UserClick();
 
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(desktop.registry.OpenKeys(), 0);
@@ -111,7 +111,7 @@ TEST_F(AboutFormTest, ReadsTextsAndNumbersOfTheRegistry) {
 TEST_F(AboutFormTest, TheIconOpensTheWebPageOrNothing) {
   for (const bool found : {true, false}) {
     desktop.programs.found = found;
-    form->Image1.UserClick();
+    form->web_link.UserClick();
   }
   EXPECT_THAT(desktop.calls, ::testing::Each("ShellExecute Open " + std::string(kWebAddress) + " 1"));
   EXPECT_THAT(desktop.calls, SizeIs(2));

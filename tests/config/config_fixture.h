@@ -18,7 +18,7 @@ namespace quorvale {
 class ConfigTest : public HeadlessTest {
  protected:
   Process process{desktop, desktop.Services()};
-  std::shared_ptr<frmConfig> form;
+  std::shared_ptr<ConfigForm> form;
 
   void SetUp() override {
     process.mode = RunMode::kConfiguration;
@@ -27,13 +27,13 @@ class ConfigTest : public HeadlessTest {
   }
 
   // Opens the window over lists of files of C:\Pics\, which exist.
-  frmConfig& OpenWith(const std::string& pictures = "", const std::string& sounds = "") {
+  ConfigForm& OpenWith(const std::string& pictures = "", const std::string& sounds = "") {
     Store("PictureFiles", pictures);
     Store("SoundFiles", sounds);
     return Open();
   }
-  frmConfig& Open() {
-    form = std::make_shared<frmConfig>(process);
+  ConfigForm& Open() {
+    form = std::make_shared<ConfigForm>(process);
     form->Show();
     return *form;
   }
@@ -56,14 +56,14 @@ class ConfigTest : public HeadlessTest {
   }
   std::string Names(int list) {
     std::vector<std::string> names;
-    const ListBox& box = form->lstList.at(static_cast<std::size_t>(list));
+    const ListBox& box = form->lists.at(static_cast<std::size_t>(list));
     for (int i = 0; i < box.ListCount(); ++i) names.push_back(box.List(i));
     return Joined(names);
   }
 
-  void Select(const std::vector<int>& indices) { form->ListOnView().UserSelect(indices); }
-  void Press(int button) { form->cmdImages.at(static_cast<std::size_t>(button)).UserClick(); }
-  void Choose(const std::string& item) { form->Menus.Item(item).UserClick(); }
+  void Select(const std::vector<int>& indices) { form->VisibleList().UserSelect(indices); }
+  void Press(int button) { form->list_buttons.at(static_cast<std::size_t>(button)).UserClick(); }
+  void Choose(const std::string& item) { form->menus.Item(item).UserClick(); }
   bool IsPaused() { return !form->tmrSwitch.Enabled(); }
   // Whether `command` restarts the show: that alone sets this interval.
   bool Restarts(const std::function<void()>& command) {

@@ -4,7 +4,6 @@
 
 #include "config/application_info.h"
 #include "config/config_fixture.h"
-#include "config/help_commands.h"
 
 namespace quorvale {
 namespace {
@@ -29,17 +28,17 @@ TEST_F(ConfigTest, WhatCanBeDoneFollowsTheListOnViewAndItsSelection) {
       EXPECT_EQ(desktop.widgets.focused, sounds ? "OptSound" : "OptPicture");
       Select(c.selected);
       // A look at the other list changes nothing.
-      (sounds ? form->OptPicture : form->OptSound).UserClick();
-      EXPECT_FALSE(form->cmdImages[kRemove].Enabled());
-      (sounds ? form->OptSound : form->OptPicture).UserClick();
-      EXPECT_EQ(form->lstList[0].Visible(), !sounds);
-      EXPECT_EQ(form->lstList[1].Visible(), sounds);
-      std::string enabled = form->lblPath.Caption();
+      (sounds ? form->view_pictures : form->view_sounds).UserClick();
+      EXPECT_FALSE(form->list_buttons[kRemove].Enabled());
+      (sounds ? form->view_sounds : form->view_pictures).UserClick();
+      EXPECT_EQ(form->lists[0].Visible(), !sounds);
+      EXPECT_EQ(form->lists[1].Visible(), sounds);
+      std::string enabled = form->path_line.Caption();
       for (const auto& [button, item, word] : {std::tuple{kRemove, "mnuRemove", " remove"},
                                                {kMoveUp, "mnuMoveUp", " up"},
                                                {kMoveDown, "mnuMoveDown", " down"}}) {
-        const bool is_enabled = form->cmdImages.at(static_cast<std::size_t>(button)).Enabled();
-        EXPECT_EQ(form->Menus.Item(item).Enabled(), is_enabled);
+        const bool is_enabled = form->list_buttons.at(static_cast<std::size_t>(button)).Enabled();
+        EXPECT_EQ(form->menus.Item(item).Enabled(), is_enabled);
         if (is_enabled) enabled += word;
       }
       EXPECT_EQ(enabled, c.enabled);
@@ -64,7 +63,7 @@ TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnO
   EXPECT_EQ(Names(1), "s C:\\Empty\\ C:\\Pics\\a");
   EXPECT_FALSE(form->PlayListDirty());
   EXPECT_EQ(Stored("PictureFiles"), "a gone gone2 folder b");
-  form->cmdOK.UserClick();
+  form->ok.UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored("PictureFiles"), "a b");
   EXPECT_TRUE(desktop.boxes.shown.empty());
@@ -91,13 +90,13 @@ TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
 TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
   process.options.Set("PlayList", "C:\\My & Yours.x.qvl");
   OpenWith("a");
-  EXPECT_EQ(form->fraPlayList.Caption(), "Play List - [My && Yours]");
+  EXPECT_EQ(form->list_frame.Caption(), "Play List - [My && Yours]");
   desktop.files.failures.FailCall(FileCall::kWriteFile, 1, 0);
-  form->cmdOK.UserClick();
+  form->ok.UserClick();
   EXPECT_EQ(desktop.boxes.shown.at(0).text,
             "Unable to write to Play List File.  Can't be written: C:\\My & Yours.x.qvl");
   EXPECT_FALSE(form->IsLoaded()) << "the steps go on";
-  Open().cmdOK.UserClick();
+  Open().ok.UserClick();
   EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl", std::string::npos),
             "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
   EXPECT_EQ(process.options.Get("PlayList", ""), "C:\\My & Yours.x.qvl");
@@ -106,7 +105,7 @@ TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
 TEST_F(ConfigTest, OkIsOneAct) {
   OpenWith("a b", "s");
   desktop.registry.single_writes = 0;
-  form->cmdOK.UserClick();
+  form->ok.UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
   EXPECT_EQ(desktop.registry.single_writes, 0);
@@ -125,13 +124,13 @@ TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
     Open();
     ASSERT_EQ(desktop.boxes.shown.size(), 1U);
     EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("Your settings can't be read."));
-    form->cmdOK.UserClick();
+    form->ok.UserClick();
     ASSERT_EQ(desktop.boxes.shown.size(), 2U);
     EXPECT_THAT(desktop.boxes.shown[1].text, ::testing::StartsWith("Nothing was saved:"));
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
     EXPECT_EQ(process.options.Get("PlayList", ""), "C:\\Kept.qvl");
-    form->cmdCancel.UserClick();
+    form->cancel.UserClick();
     EXPECT_FALSE(form->IsLoaded());
   }
 }
@@ -143,14 +142,14 @@ TEST_F(ConfigTest, AFailedSaveIsToldOnceAndTheWindowStaysWithTheEdit) {
     Press(kRemove);
     desktop.boxes.shown.clear();
     desktop.registry.failures.FailEvery(call, kErrorWriteFault);
-    form->cmdOK.UserClick();
+    form->ok.UserClick();
     ASSERT_EQ(desktop.boxes.shown.size(), 1U);
     EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("Your settings can't be saved"));
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(Names(0), "b");
     EXPECT_EQ(Stored("PictureFiles"), "a b");
     desktop.registry.failures.Forget();
-    form->cmdOK.UserClick();
+    form->ok.UserClick();
     EXPECT_FALSE(form->IsLoaded());
     EXPECT_EQ(Stored("PictureFiles"), "b");
     EXPECT_EQ(desktop.boxes.shown.size(), 1U);
@@ -168,9 +167,9 @@ TEST_F(ConfigTest, AListThatIsTooLongIsToldAndLosesNothing) {
   ASSERT_EQ(desktop.boxes.shown.size(), 1U);
   EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("A Play List is full"));
   EXPECT_EQ(Names(1), "a");
-  form->lstList[0].UserSelect({0, 5});
+  form->lists[0].UserSelect({0, 5});
   Press(kRemove);
-  form->cmdOK.UserClick();
+  form->ok.UserClick();
   EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 2), "none"), "the last");
   EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 1), "none"), "none");
   EXPECT_EQ(Stored("SoundFiles"), "a");
@@ -197,7 +196,7 @@ TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
     if (c.dirty) Press(kRemove);
     if (c.answer != MessageBoxAnswer::kNone) desktop.boxes.Answer(c.answer);
     if (c.answer == MessageBoxAnswer::kYes) desktop.dialogs.AnswerFile(c.save_as);
-    form->cmdCancel.UserClick();
+    form->cancel.UserClick();
     EXPECT_EQ(form->IsLoaded(), !c.closed);
     EXPECT_EQ(Stored("PictureFiles"), c.stored);
     EXPECT_EQ(desktop.boxes.Waiting(), 0);
@@ -219,7 +218,7 @@ TEST_F(ConfigTest, HelpIsOpenedOrItsFailureTold) {
   desktop.programs.found = false;
   Choose("mnuHelpContents");
   EXPECT_EQ(desktop.boxes.shown.at(0).text, "File not found");
-  ShowHelp(process, *form, "", 3);
+  form->ShowHelp("", 3);
   const MessageBox& box = desktop.boxes.shown.at(1);
   EXPECT_EQ(box.text, "Unable to display Help Contents. There is no Help associated with this project.");
   EXPECT_EQ(box.title, "Screen Saver Properties");

@@ -48,7 +48,7 @@ TEST_F(ConfigTest, EveryListCommandEditsTheListOnViewAndRestartsTheShow) {
       EXPECT_TRUE(process.show.PreviewSuspended);
       EXPECT_EQ(Names(sounds ? 1 : 0), c.items);
       EXPECT_EQ(Names(sounds ? 0 : 1), "other");
-      const ListBox& list = form->ListOnView();
+      const ListBox& list = form->VisibleList();
       EXPECT_EQ(list.SelCount(), c.selected_after < 0 ? 0 : 1);
       EXPECT_TRUE(c.selected_after < 0 || list.Selected(c.selected_after));
       EXPECT_EQ(form->PlayListDirty(), c.dirty);
@@ -77,8 +77,8 @@ TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
         {many, '\\', many_paths}}) {
     Collection names;
     std::string directory;
-    form->CD1.FileName = chosen;
-    ParseFileSelection(form->CD1, {separator}, names, directory);
+    form->file_dialog.FileName = chosen;
+    ParseFileSelection(form->file_dialog, {separator}, names, directory);
     std::string paths;
     for (int i = 1; i <= names.Count(); ++i) {
       paths += EntryPath(MakeListEntry(names.Item(i), directory), {separator}) + "|";
@@ -95,7 +95,7 @@ TEST_F(ConfigTest, UpAndDownKeepTheFocusAsLongAsTheyCanGoOn) {
                                                 {kMoveDown, 2, "cmdOK"}}) {
     OpenWith("a b c d");
     Select({selected});
-    form->cmdImages.at(static_cast<std::size_t>(button)).SetFocus();
+    form->list_buttons.at(static_cast<std::size_t>(button)).SetFocus();
     Press(button);
     EXPECT_EQ(desktop.widgets.focused, focus) << selected;
     form->Unload();
@@ -105,11 +105,11 @@ TEST_F(ConfigTest, UpAndDownKeepTheFocusAsLongAsTheyCanGoOn) {
 TEST_F(ConfigTest, AFocusThatHasMovedOnIsNotTakenBack) {
   OpenWith("a b c");
   Select({1});
-  Button& up = form->cmdImages[kMoveUp];
+  Button& up = form->list_buttons[kMoveUp];
   up.SetFocus();
   process.app.Dispatch([&] {
     up.SetEnabled(false);
-    form->OptPicture.SetFocus();
+    form->view_pictures.SetFocus();
     up.SetEnabled(true);
   });
   EXPECT_EQ(desktop.widgets.focused, "OptPicture");
@@ -124,8 +124,8 @@ TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
   const std::string deepest = "C:\\" + std::string(253, 'd');  // with its separator it fills the columns
   desktop.files.AddDirectory("C:\\Folder");
   OpenWith("a");
-  form->lstList[0].UserDrop({"C:\\Folder", "C:\\x\ny.jpg", "C:\\" + longest, "C:\\n" + longest, deepest + "\\z",
-                             deepest + "d\\z", "C:\\ b", "C:\\" + longest + "\\", ""});
+  form->lists[0].UserDrop({"C:\\Folder", "C:\\x\ny.jpg", "C:\\" + longest, "C:\\n" + longest, deepest + "\\z",
+                           deepest + "d\\z", "C:\\ b", "C:\\" + longest + "\\", ""});
   EXPECT_EQ(Names(0), "a C:\\Folder\\ " + longest + " z");
   ASSERT_EQ(desktop.boxes.shown.size(), 1U);
   for (const char* const part : {"\nx?y.jpg: it has a line end in it.", "nnn...: it is longer than 254 characters.",
@@ -138,9 +138,9 @@ TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
 
 TEST_F(ConfigTest, AFullListTakesNothingMoreAndTheWindowGoesOn) {
   Open();
-  while (form->lstList[0].ListCount() < ListBox::kMostItems) form->lstList[0].AddItem("");
-  form->lstList[0].UserDelete();  // nothing is selected
-  form->lstList[0].UserDrop(std::vector<std::string>(12, "C:\\a"));
+  while (form->lists[0].ListCount() < ListBox::kMostItems) form->lists[0].AddItem("");
+  form->lists[0].UserDelete();  // nothing is selected
+  form->lists[0].UserDrop(std::vector<std::string>(12, "C:\\a"));
   EXPECT_THAT(desktop.boxes.shown.at(0).text, HasSubstr("\na: the list is full.\n... and 2 more."));
   EXPECT_FALSE(form->PlayListDirty());
   EXPECT_FALSE(IsPaused());

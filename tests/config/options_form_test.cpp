@@ -11,7 +11,6 @@
 
 #include "base/failure.h"
 #include "config/application_info.h"
-#include "config/option_set.h"
 #include "process/process.h"
 #include "support/headless_fixture.h"
 #include "toolkit/spoken_name.h"
@@ -29,11 +28,11 @@ constexpr char kThicknessMessage[] = "Frame thickness must be between 1 and 20."
 class OptionsFormTest : public HeadlessTest {
  protected:
   Process process{desktop, desktop.Services()};
-  std::shared_ptr<frmOptions> form;
+  std::shared_ptr<OptionsForm> form;
 
-  frmOptions& Open() {
+  OptionsForm& Open() {
     if (form && form->IsLoaded()) form->Unload();
-    form = std::make_shared<frmOptions>(process);
+    form = std::make_shared<OptionsForm>(process);
     form->Show();
     return *form;
   }
@@ -54,55 +53,68 @@ class OptionsFormTest : public HeadlessTest {
 };
 
 TEST_F(OptionsFormTest, AFirstRunShowsTheDefaultsAndOkWritesThem) {
-  Open().cmdOK.UserClick();
+  Open().Find<Button>("cmdOK").UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored(), "0 0 0 0 5 0 Random 20 3 16777215 0 0 0 ");
-  EXPECT_THAT(form->cboAffect.Items(),
+  EXPECT_THAT(form->Find<DropDownList>("cboAffect").Items(),
               ElementsAre("None", "Random", "Sweep Right", "Sweep Left", "Sweep Down", "Sweep Up", "Spotlight",
                           "Bubbles", "Horizontal Sandwich", "Vertical Sandwich", "Shrinking Square"));
 }
 
-// Defaults in the place of options that another program's lock hides would replace them at OK.
-TEST_F(OptionsFormTest, WhatCantBeReadOrStoredIsToldAndTheStoreStays) {
+// Fallbacks in place of unread options must not replace them at OK. A damaged value, which makes the dialog read the
+// options again, does not hide that.
+TEST_F(OptionsFormTest, UnreadOptionsAndFailedSavesAreReportedAndTheStoreStays) {
+  struct Case {
+    RegistryCall call;
+    int count;
+    const char* background = "255";
+  };
   process.options.Set("Interval", "9");
-  for (const RegistryCall call :
-       {RegistryCall::kOpen, RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
-    const bool unread = call == RegistryCall::kOpen;
-    if (unread) desktop.registry.failures.FailCall(call, 5, kErrorReadFault);
+  for (const Case& c : {Case{RegistryCall::kOpen, 5},
+                        {RegistryCall::kOpen, 6 + 4, "99999999999"},
+                        {RegistryCall::kBegin, 1},
+                        {RegistryCall::kSet, 1},
+                        {RegistryCall::kCommit, 1}}) {
+    const bool is_unread = c.call == RegistryCall::kOpen;
+    process.options.Set("BackColor", c.background);
+    if (is_unread) desktop.registry.failures.FailCall(c.call, c.count, kErrorReadFault);
     Open();
-    EXPECT_EQ(LastBox().starts_with("Your settings can't be read."), unread);
-    form->chkStretch.SetValue(1);
-    if (!unread) desktop.registry.failures.FailCall(call, 1, kErrorWriteFault);
-    form->cmdOK.UserClick();
-    EXPECT_THAT(LastBox(), HasSubstr(unread ? "Nothing was saved:" : "can't be saved"));
+    EXPECT_EQ(LastBox().starts_with("Your settings can't be read."), is_unread);
+    form->Find<CheckBox>("chkStretch").SetValue(1);
+    if (!is_unread) desktop.registry.failures.FailCall(c.call, c.count, kErrorWriteFault);
+    form->Find<Button>("cmdOK").UserClick();
+    EXPECT_THAT(LastBox(), HasSubstr(is_unread ? "Nothing was saved:" : "can't be saved"));
     EXPECT_TRUE(form->IsLoaded());
     EXPECT_EQ(process.options.Get("Interval", ""), "9");
+    EXPECT_EQ(process.options.Get("BackColor", ""), c.background);
     EXPECT_EQ(process.options.Get("Stretch", "none"), "none");
     desktop.boxes.shown.clear();
   }
-  form->cmdOK.UserClick();
+  form->Find<Button>("cmdOK").UserClick();
   EXPECT_EQ(process.options.Get("Stretch", "none"), "1");
 }
 
 TEST_F(OptionsFormTest, EachControlGoesToItsOwnKeyAndComesBackUnlessCancelled) {
-  const auto change = [](frmOptions& dialog) {
-    for (CheckBox* box : {&dialog.chkPicRandom, &dialog.chkShowFrame, &dialog.chkResetSoundList}) box->UserClick();
-    dialog.txtInterval.UserSetText("07");
-    dialog.txtFrameThickness.UserSetText("1.");
-    dialog.cboAffect.UserChoose(10);
-    dialog.sldSpeed.UserSetValue(4);
+  const auto change = [](OptionsForm& dialog) {
+    for (CheckBox* box : {&dialog.Find<CheckBox>("chkPicRandom"), &dialog.Find<CheckBox>("chkShowFrame"),
+                          &dialog.Find<CheckBox>("chkResetSoundList")})
+      box->UserClick();
+    dialog.Find<TextBox>("txtInterval").UserSetText("07");
+    dialog.Find<TextBox>("txtFrameThickness").UserSetText("1.");
+    dialog.Find<DropDownList>("cboAffect").UserChoose(10);
+    dialog.Find<Slider>("sldSpeed").UserSetValue(4);
   };
   const std::string before = Stored();
   change(Open());
-  form->cmdCancel.UserClick();
+  form->Find<Button>("cmdCancel").UserClick();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_EQ(Stored(), before);
 
   change(Open());
-  form->cmdOK.UserClick();
+  form->Find<Button>("cmdOK").UserClick();
   EXPECT_EQ(Stored(), "1 0 0 0 07 0 Shrinking Square 4 1. 16777215 1 0 1 ");
-  EXPECT_EQ(Open().txtInterval.Text(), "7");
-  EXPECT_EQ(form->cboAffect.Text(), "Shrinking Square");
+  EXPECT_EQ(Open().Find<TextBox>("txtInterval").Text(), "7");
+  EXPECT_EQ(form->Find<DropDownList>("cboAffect").Text(), "Shrinking Square");
 }
 
 TEST_F(OptionsFormTest, OkTestsTheBoundsOfTheNumbersInOrder) {
@@ -128,12 +140,12 @@ TEST_F(OptionsFormTest, OkTestsTheBoundsOfTheNumbersInOrder) {
   for (const Case& c : cases) {
     desktop.boxes.shown.clear();
     desktop.widgets.focused.clear();
-    frmOptions& dialog = Open();
-    dialog.chkShowFrame.SetValue(1);
-    dialog.txtInterval.UserSetText(c.interval);
-    dialog.txtFrameThickness.UserSetText(c.thickness);
+    OptionsForm& dialog = Open();
+    dialog.Find<CheckBox>("chkShowFrame").SetValue(1);
+    dialog.Find<TextBox>("txtInterval").UserSetText(c.interval);
+    dialog.Find<TextBox>("txtFrameThickness").UserSetText(c.thickness);
     desktop.boxes.Answer(MessageBoxAnswer::kOk);
-    dialog.cmdOK.UserClick();
+    dialog.Find<Button>("cmdOK").UserClick();
     EXPECT_EQ(LastBox(), c.message) << c.interval << " " << c.thickness;
     EXPECT_EQ(desktop.widgets.focused, c.focus) << c.interval << " " << c.thickness;
     EXPECT_EQ(dialog.IsLoaded(), !c.message.empty());
@@ -142,21 +154,21 @@ TEST_F(OptionsFormTest, OkTestsTheBoundsOfTheNumbersInOrder) {
 
 // The box that the message is about may be hidden or disabled: no second failure comes of that.
 TEST_F(OptionsFormTest, AFailedTestBringsThePageForwardAndNeedsNoFocus) {
-  frmOptions& dialog = Open();
+  OptionsForm& dialog = Open();
   for (const int tab : {2, 2, 1, 2}) {
-    dialog.TabStrip1.UserSelect(tab);
-    EXPECT_EQ(dialog.Frame1_1.Visible(), tab == 1);
-    EXPECT_EQ(dialog.Frame1_2.Visible(), tab == 2);
+    dialog.Find<TabStrip>("TabStrip1").UserSelect(tab);
+    EXPECT_EQ(dialog.Find<Frame>("Frame1(1)").Visible(), tab == 1);
+    EXPECT_EQ(dialog.Find<Frame>("Frame1(2)").Visible(), tab == 2);
   }
-  dialog.txtFrameThickness.UserSetText("");
-  dialog.cmdOK.UserClick();
+  dialog.Find<TextBox>("txtFrameThickness").UserSetText("");
+  dialog.Find<Button>("cmdOK").UserClick();
 
   ASSERT_THAT(desktop.boxes.shown, SizeIs(1));
   EXPECT_EQ(desktop.boxes.shown[0].icon, MessageBoxIcon::kExclamation);
   EXPECT_EQ(desktop.boxes.shown[0].title, "");
   EXPECT_TRUE(dialog.IsLoaded());
-  EXPECT_EQ(dialog.CurrentTab, 1);
-  EXPECT_TRUE(dialog.txtInterval.CanTakeFocus());
+  EXPECT_EQ(dialog.Find<TabStrip>("TabStrip1").SelectedItem(), 1);
+  EXPECT_TRUE(dialog.Find<TextBox>("txtInterval").CanTakeFocus());
 }
 
 TEST_F(OptionsFormTest, ShowsWhatItCanOfOddStoredValues) {
@@ -189,14 +201,14 @@ TEST_F(OptionsFormTest, ShowsWhatItCanOfOddStoredValues) {
     process.options.Set(c.key, c.stored);
     process.options.Set("ResetSoundList", "1");
     desktop.boxes.Answer(MessageBoxAnswer::kOk);
-    frmOptions& dialog = Open();
+    OptionsForm& dialog = Open();
     EXPECT_EQ(LastBox().empty(), !c.fails) << c.key << " " << c.stored;
     if (c.fails) {
       EXPECT_THAT(LastBox(), HasSubstr(c.key + ": "));
-      EXPECT_THROW(LoadOptions(dialog), Failure);
+      EXPECT_THROW(dialog.table.Load(process.options), Failure);
     }
-    EXPECT_EQ(dialog.chkResetSoundList.Value(), 1) << "the options behind it are read all the same";
-    SaveOptions(dialog);
+    EXPECT_EQ(dialog.Find<CheckBox>("chkResetSoundList").Value(), 1) << "the options behind it are read all the same";
+    dialog.table.Save(process.options);
     EXPECT_EQ(process.options.Get(c.key, "none"), c.saved) << c.key << " " << c.stored;
     process.options.Set(c.key, before.empty() ? "1" : before);
     while (desktop.boxes.Waiting() > 0) desktop.boxes.Show({});
@@ -207,62 +219,64 @@ TEST_F(OptionsFormTest, FrameControlsFollowTheFrameAndTheStretching) {
   for (const auto& [framed, stretched] : std::vector<std::tuple<int, int>>{{0, 0}, {1, 0}, {0, 1}, {1, 1}}) {
     process.options.Set("ShowFrame", std::to_string(framed));
     process.options.Set("Stretch", std::to_string(stretched));
-    const frmOptions& at_load = Open();
+    const OptionsForm& at_load = Open();
     const bool enabled = framed == 1 && stretched == 0;
-    EXPECT_EQ(at_load.txtFrameThickness.Enabled(), enabled);
+    EXPECT_EQ(at_load.Find<TextBox>("txtFrameThickness").Enabled(), enabled);
 
-    form->chkStretch.UserClick();
-    form->chkStretch.UserClick();
-    EXPECT_EQ(form->chkShowFrame.Enabled(), stretched == 0);
-    EXPECT_EQ(form->chkShowFrame.Value(), framed);
+    form->Find<CheckBox>("chkStretch").UserClick();
+    form->Find<CheckBox>("chkStretch").UserClick();
+    EXPECT_EQ(form->Find<CheckBox>("chkShowFrame").Enabled(), stretched == 0);
+    EXPECT_EQ(form->Find<CheckBox>("chkShowFrame").Value(), framed);
     for (const Widget* control :
-         std::vector<Widget*>{&form->txtFrameThickness, &form->cmdFrameColor, &form->lblThickness}) {
+         std::vector<Widget*>{&form->Find<TextBox>("txtFrameThickness"), &form->Find<Button>("cmdFrameColor"),
+                              &form->Find<Label>("lblThickness")}) {
       EXPECT_EQ(control->Enabled(), enabled) << control->Name();
     }
-    EXPECT_TRUE(form->lblFrameColor.Enabled());
+    EXPECT_TRUE(form->Find<Label>("lblFrameColor").Enabled());
   }
 }
 
 TEST_F(OptionsFormTest, ColoursComeFromTheirDialogAndStayAfterCancel) {
-  frmOptions& dialog = Open();
-  dialog.chkShowFrame.UserClick();
+  OptionsForm& dialog = Open();
+  dialog.Find<CheckBox>("chkShowFrame").UserClick();
   Colour offered = 1;
   desktop.dialogs.AnswerColour([&](Colour start) {
     offered = start;
     return Colour{0x2040FF};
   });
-  dialog.cmdBackColor.UserClick();
+  dialog.Find<Button>("cmdBackColor").UserClick();
   EXPECT_EQ(offered, kBlack);
-  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
-  dialog.cmdBackColor.UserClick();
-  dialog.cmdFrameColor.UserClick();
-  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
-  EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite);
+  EXPECT_EQ(dialog.Find<Label>("lblBackColor").BackColor(), 0x2040FFU);
+  dialog.Find<Button>("cmdBackColor").UserClick();
+  dialog.Find<Button>("cmdFrameColor").UserClick();
+  EXPECT_EQ(dialog.Find<Label>("lblBackColor").BackColor(), 0x2040FFU);
+  EXPECT_EQ(dialog.Find<Label>("lblFrameColor").BackColor(), kWhite);
   desktop.dialogs.AnswerColour([](Colour start) { return start - 1; });
-  dialog.cmdFrameColor.UserClick();
-  EXPECT_EQ(dialog.lblFrameColor.BackColor(), kWhite - 1);
-  EXPECT_EQ(dialog.lblBackColor.BackColor(), 0x2040FFU);
+  dialog.Find<Button>("cmdFrameColor").UserClick();
+  EXPECT_EQ(dialog.Find<Label>("lblFrameColor").BackColor(), kWhite - 1);
+  EXPECT_EQ(dialog.Find<Label>("lblBackColor").BackColor(), 0x2040FFU);
   EXPECT_EQ(process.options.Get("BackColor", "none"), "none");
 }
 
 TEST_F(OptionsFormTest, TheIntervalTakesDigitsAndBackspaceAlone) {
-  frmOptions& dialog = Open();
-  for (const int code : std::vector<int>{8, '0', '9'}) EXPECT_EQ(dialog.txtInterval.UserKeyPress(code), code);
+  OptionsForm& dialog = Open();
+  for (const int code : std::vector<int>{8, '0', '9'})
+    EXPECT_EQ(dialog.Find<TextBox>("txtInterval").UserKeyPress(code), code);
   for (const int code : std::vector<int>{'/', ':', '.', '-', ' ', 'a', 13, 0xE9})
-    EXPECT_EQ(dialog.txtInterval.UserKeyPress(code), 0);
-  EXPECT_EQ(dialog.txtFrameThickness.UserKeyPress('.'), '.');
+    EXPECT_EQ(dialog.Find<TextBox>("txtInterval").UserKeyPress(code), 0);
+  EXPECT_EQ(dialog.Find<TextBox>("txtFrameThickness").UserKeyPress('.'), '.');
 }
 
 TEST_F(OptionsFormTest, HelpPressesF1WhichOpensTheDialogsTopic) {
-  frmOptions& dialog = Open();
-  dialog.cmdHelp.UserClick();
+  OptionsForm& dialog = Open();
+  dialog.Find<Button>("cmdHelp").UserClick();
   desktop.RequestHelp(dialog.Hwnd());
   EXPECT_THAT(desktop.calls,
               ElementsAre("SendKeys {F1}", "WinHelp " + std::to_string(dialog.Hwnd()) + " " + kHelpFile + " 1 7"));
 }
 
 TEST_F(OptionsFormTest, ItsControlsLieInsideTheirContainersAndHaveTheirPlacesInTheTabOrder) {
-  const frmOptions& dialog = Open();
+  const OptionsForm& dialog = Open();
   std::set<int> tab_order;
   dialog.ForEach<Widget>([&](const Widget& control) {
     EXPECT_TRUE(tab_order.insert(control.Design().tab_index).second) << control.Name();
@@ -276,12 +290,12 @@ TEST_F(OptionsFormTest, ItsControlsLieInsideTheirContainersAndHaveTheirPlacesInT
 }
 
 TEST_F(OptionsFormTest, EachControlHasANameToBeSpoken) {
-  const frmOptions& dialog = Open();
-  EXPECT_EQ(SpokenName(dialog.cmdOK), "OK");
-  EXPECT_EQ(SpokenName(dialog.txtInterval), "Swap Interval (Sec.):");
-  EXPECT_EQ(SpokenName(dialog.cboAffect), "Transition Effect");
-  EXPECT_EQ(SpokenName(dialog.sldSpeed), "Speed");
-  EXPECT_EQ(SpokenName(dialog.lblFrameColor), "Current background color.");
+  const OptionsForm& dialog = Open();
+  EXPECT_EQ(SpokenName(dialog.Find<Button>("cmdOK")), "OK");
+  EXPECT_EQ(SpokenName(dialog.Find<TextBox>("txtInterval")), "Swap Interval (Sec.):");
+  EXPECT_EQ(SpokenName(dialog.Find<DropDownList>("cboAffect")), "Transition Effect");
+  EXPECT_EQ(SpokenName(dialog.Find<Slider>("sldSpeed")), "Speed");
+  EXPECT_EQ(SpokenName(dialog.Find<Label>("lblFrameColor")), "Current background color.");
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ TEST_F(PlayListCommandTest, EveryMessageHasItsTextAndItsIcon) {
   Choose("mnuMergeList");
   EXPECT_EQ(desktop.files.MostRead(), kMostPlayListBytes + 1);
   form->SetCurPlayList("");
-  form->cmdCancel.UserClick();
+  form->cancel.UserClick();
   const struct {
     const char* text;
     const char* title;

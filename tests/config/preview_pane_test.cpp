@@ -1,5 +1,5 @@
+#include "config/artwork.h"
 #include "config/config_fixture.h"
-#include "config/monitor_artwork.h"
 #include "platform/headless/text_pictures.h"
 #include "run/main_procedure.h"
 
@@ -11,7 +11,7 @@ TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
   process.options.Set("Stretch", "1");
   process.options.Set("BackColor", "65280");
   Open();
-  const TwipRect monitor = form->Image1.Place();
+  const TwipRect monitor = form->monitor.Place();
   EXPECT_EQ(monitor.left, (form->Width() - 189 * 15) / 2);
   EXPECT_EQ(form->PicBase.Left(), monitor.left + 270);
   EXPECT_EQ(form->PicBase.Top(), monitor.top + 270);
@@ -40,9 +40,9 @@ TEST_F(ConfigTest, TheWindowCanCloseInTheMiddleOfAnEffect) {
   process.options.Set("SwapAffect", "Spotlight");
   process.options.Set("Interval", "1");
   desktop.dialogs.WorkModal([this](WindowHandle) {
-    form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
+    form = std::dynamic_pointer_cast<ConfigForm>(process.app.Forms[0].shared_from_this());
     desktop.queue.Advance(500);
-    form->lstList[0].AddItem("C:\\Pics\\a");
+    form->lists[0].AddItem("C:\\Pics\\a");
     Choose("mnuOptions");
     desktop.queue.Advance(500);
     desktop.queue.AtPump(3, [this] { desktop.RequestClose(form->Hwnd()); });
@@ -105,7 +105,7 @@ TEST_F(ConfigTest, MainHoldsTheCallingDialogWhileTheWindowIsOpen) {
       EXPECT_EQ(desktop.windows.Find(window)->title, "Screen Saver Properties");
       EXPECT_EQ(process.ConfigDialogHwnd, caller);
       EXPECT_FALSE(desktop.windows.Find(caller)->enabled);
-      form = std::dynamic_pointer_cast<frmConfig>(process.app.Forms[0].shared_from_this());
+      form = std::dynamic_pointer_cast<ConfigForm>(process.app.Forms[0].shared_from_this());
     });
     Main(process, "/c:77");
     ASSERT_NE(form, nullptr);
