@@ -8,6 +8,7 @@
 
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/toolkit/win32_platform.h"
+#include "platform/win32/widgets/native_control.h"
 #include "toolkit/buttons.h"
 #include "toolkit/entry_fields.h"
 #include "toolkit/form.h"
@@ -45,9 +46,10 @@ class Dialog : public Form {
         label(*this, {.name = "label", .caption = "&Text:", .place = {150, 3150, 900, 300}, .tab_index = 2}),
         text(*this, {.name = "text", .place = {1200, 3150, 900, 300}, .tab_index = 3}, 4),
         list(*this, {.name = "list", .place = {150, 3600, 3000, 1500}, .tab_index = 4}),
+        title(*this, {.name = "title", .place = {2250, 3075, 1500, 450}}, {.one_line = true}),
         cancel(*this, {.name = "cancel", .caption = "Cancel", .place = {3300, 3600, 900, 300}, .tab_index = 5}),
         line(*this, {.name = "line", .place = {3300, 4500, 900, 0}}, kBlack),
-        slider(*this, {.name = "slider", .place = {3300, 4050, 1200, 330}, .tab_index = 7}, 1, 20),
+        slider(*this, {.name = "slider", .place = {3300, 4050, 1200, 330}, .tool_tip = "Speed", .tab_index = 7}, 1, 20),
         bar(*this, "bar") {
     cancel.Cancel = true;
     cancel.Click = [this] { done.push_back("cancel"); };
@@ -62,6 +64,7 @@ class Dialog : public Form {
   Label label;
   TextBox text;
   ListBox list;
+  Label title;
   Button cancel;
   Rule line;
   Slider slider;
@@ -213,13 +216,30 @@ TEST_F(WidgetsTest, FollowsTheItemThatTheProgramHasSelected) {
   EXPECT_STREQ(text, L"item that moved");
 }
 
-TEST_F(WidgetsTest, TellsATextThatIsTooLongByItsToolTip) {
+TEST_F(WidgetsTest, TextThatDoesNotFitIsInTheToolTip) {
   const HWND label = At(15, 215);
+  const HWND title = At(155, 210);
   const std::string path = "C:\\a\\path & that\\is\\far\\too\\long\\for\\its\\label\\";
-  dialog_->label.SetCaption(LiteralCaption(path));
-  EXPECT_EQ(ToolTipOf(label), path);
-  dialog_->label.SetCaption("C:\\");
-  EXPECT_EQ(ToolTipOf(label), "");
+  const struct {
+    Label& label;
+    HWND window;
+    std::string text;
+    bool fits;
+  } cases[] = {{dialog_->label, label, path, false},
+               {dialog_->label, label, "C:\\", true},
+               {dialog_->title, title, "Title in one line, not in two", false},
+               {dialog_->title, title, "Title", true}};
+  for (const auto& test : cases) {
+    test.label.SetCaption(LiteralCaption(test.text));
+    EXPECT_EQ(ToolTipOf(test.window), test.fits ? "" : test.text);
+  }
+}
+
+// Screen readers find the names of all other controls in their windows.
+TEST_F(WidgetsTest, ScreenReadersGetTheNamesThatControlsDoNotShow) {
+  std::vector<std::wstring> names;
+  for (const auto& [window, name] : NamesToSpeak(Handle())) names.push_back(name);
+  EXPECT_THAT(names, testing::UnorderedElementsAre(L"Text:", L"Speed", L""));
 }
 
 TEST_F(WidgetsTest, ShowsALineThatHasNoHeightAndTheTicksOfASlider) {

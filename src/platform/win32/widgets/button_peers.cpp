@@ -14,15 +14,15 @@ ControlKind KindOf(const Button& button) {
 
 ButtonControl::ButtonControl(DialogWindow& dialog, Button& button)
     : ControlPeer(dialog, button, KindOf(button)), button_(button) {
-  if (button.Cancel) dialog.SetCancelButton(*this);
-  if (button.Default) dialog.SetDefaultButton(*this);
+  if (button.Cancel) dialog.Keyboard().SetCancelButton(*this);
+  if (button.Default) dialog.Keyboard().SetDefaultButton(*this);
 }
 
-ButtonControl::~ButtonControl() { Dialog().ForgetButton(*this); }
+ButtonControl::~ButtonControl() { Dialog().Keyboard().ForgetButton(*this); }
 
 LRESULT ButtonControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_SETFOCUS) Dialog().MarkDefault(*this);
-  if (message == WM_KILLFOCUS) Dialog().UnmarkDefault(*this);
+  if (message == WM_SETFOCUS) Dialog().Keyboard().MarkDefault(*this);
+  if (message == WM_KILLFOCUS) Dialog().Keyboard().UnmarkDefault(*this);
   return Default(message, first, second);
 }
 

@@ -25,34 +25,27 @@ class ButtonControl : public ControlPeer<> {
   Button& button_;
 };
 
-// The toolkit's control knows whether it is on; the system's shows it and changes nothing by itself.
+// A check box or option button. The widget decides whether it is on; the Windows control only shows that.
 template <typename Kind>
 class MarkControl : public ControlPeer<> {
  public:
   MarkControl(DialogWindow& dialog, Kind& button, DWORD style)
       : ControlPeer(dialog, button, StyleFor(button, style)), button_(button) {
-    ShowMark();
+    ShowValue();
   }
 
   bool IsOptionButton() const override { return std::is_same_v<Kind, OptionButton>; }
-  void Refresh(WidgetAspect aspect) override {
-    if (aspect == WidgetAspect::kValue) {
-      ShowMark();
-    } else {
-      NativeControl::Refresh(aspect);
-    }
-  }
 
  protected:
   void OnCommand(int code) override {
     if (code == BN_CLICKED) button_.UserClick();
   }
+  void ShowValue() override { Send(BM_SETCHECK, button_.Value() ? BST_CHECKED : BST_UNCHECKED); }
 
  private:
   static ControlKind StyleFor(const Kind& button, DWORD style) {
     return {L"BUTTON", style | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
   }
-  void ShowMark() const { Send(BM_SETCHECK, button_.Value() ? BST_CHECKED : BST_UNCHECKED); }
 
   Kind& button_;
 };

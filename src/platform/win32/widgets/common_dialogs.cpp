@@ -15,17 +15,17 @@
 namespace quorvale {
 namespace {
 
-// Room for ten thousand files in any case: with more, the user would have to choose again.
+// In characters. Enough for ten thousand files; if there are more, the user has to choose again in a second dialog.
 constexpr std::size_t kLeastRoom = 1U << 20U;
 constexpr std::size_t kMostRoom = 1U << 26U;
 
-// A text and the NUL behind it, for a list that ends with one more.
-std::wstring Zeroed(std::string text) {
+// The filter as the dialog wants it: a list of NUL-terminated texts with one more NUL at its end.
+std::wstring FilterList(std::string text) {
   std::replace(text.begin(), text.end(), '|', '\0');
   return ToWide(text) + L'\0';
 }
 
-// All texts up to the first empty one, each with a NUL before it but the first.
+// Joins a list of NUL-terminated texts, which ends with an empty one, by NULs.
 std::string Joined(const wchar_t* texts) {
   std::string joined;
   for (const wchar_t* text = texts; *text != L'\0'; text += std::wstring_view(text).size() + 1) {
@@ -39,10 +39,9 @@ struct FreeTaskMemory {
   void operator()(void* memory) const { CoTaskMemFree(memory); }
 };
 
-// Asks once. Gives the system's error, or 0 for an answer, which is then in `path`, and for Cancel, which leaves it
-// empty.
+// Shows the dialog once. Returns the system's error, or 0. Then `path` holds the answer, and nothing after Cancel.
 DWORD AskForFiles(HWND owner, const FileDialog& dialog, std::wstring& path) {
-  const std::wstring filter = Zeroed(dialog.filter);
+  const std::wstring filter = FilterList(dialog.filter);
   const std::wstring title = ToWide(dialog.title);
   OPENFILENAMEW request{};
   request.lStructSize = sizeof request;
@@ -52,7 +51,7 @@ DWORD AskForFiles(HWND owner, const FileDialog& dialog, std::wstring& path) {
   request.lpstrFile = path.data();
   request.nMaxFile = static_cast<DWORD>(path.size());
   request.lpstrTitle = dialog.title.empty() ? nullptr : title.c_str();
-  // Relative paths of the program stay what they are.
+  // The dialog must not change the current directory, which the program's relative paths depend on.
   request.Flags = dialog.flags | OFN_EXPLORER | OFN_NOCHANGEDIR;
   if ((dialog.save ? GetSaveFileNameW(&request) : GetOpenFileNameW(&request)) != 0) return 0;
   const DWORD error = CommDlgExtendedError();
@@ -72,12 +71,12 @@ std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
     if (error == FNERR_BUFFERTOOSMALL && room < kMostRoom) {
       room *= 8;
     } else if (error == FNERR_INVALIDFILENAME && !start.empty()) {
-      // The dialog does not even open with a name that it takes for none.
+      // The dialog does not open if it finds the initial name invalid.
       start.clear();
     } else if (error != 0) {
       throw Failure(FailureNumber::kInternal, "The file dialog failed: " + std::to_string(error), "Windows");
     } else {
-      // Behind a single answer there may be a rest of the name that the dialog began with.
+      // A single answer ends at its NUL. The rest of the buffer may still hold the initial name.
       return (dialog.flags & kOfnAllowMultiSelect) != 0 ? Joined(path.c_str()) : FromWide(path.c_str());
     }
   }

@@ -8,7 +8,7 @@
 
 namespace quorvale {
 
-// The system's own dialogs above `owner`. The answers are those of `Platform`.
+// The system's dialogs, modal to `owner`. They return what `Platform` says.
 std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog);
 Colour ShowWin32ColourDialog(HWND owner, Colour start);
 std::string BrowseWin32Folder(HWND owner, const std::string& title);

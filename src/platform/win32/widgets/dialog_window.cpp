@@ -7,18 +7,16 @@
 #include "platform/common/deliver.h"
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/toolkit/wide_text.h"
-#include "platform/win32/widgets/accessible_names.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/native_control.h"
-#include "platform/win32/widgets/tab_order.h"
 #include "toolkit/widget.h"
 
 namespace quorvale {
 namespace {
 
-constexpr UINT kLeave = WM_APP + 20;
+constexpr UINT kMoveFocusFrom = WM_APP + 20;
 
-// Enough for a line of explanation before it wraps.
+// In device pixels. Longer tool tips wrap.
 constexpr int kToolTipWidth = 300;
 
 HWND MakeToolTips(HWND owner) {
@@ -28,13 +26,13 @@ HWND MakeToolTips(HWND owner) {
   return tips;
 }
 
-struct Others {
+struct OtherWindows {
   HWND self;
   std::vector<HWND> windows;
 };
 
-BOOL CALLBACK AddIfTakingInput(HWND window, LPARAM others) {
-  auto& list = *reinterpret_cast<Others*>(others);
+BOOL CALLBACK AddIfEnabled(HWND window, LPARAM others) {
+  auto& list = *reinterpret_cast<OtherWindows*>(others);
   if (window != list.self && IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0) {
     Deliver([&] { list.windows.push_back(window); });
   }
@@ -55,43 +53,44 @@ BOOL CALLBACK FollowScaleOf(HWND window, LPARAM /*unused*/) {
 DialogWindow::DialogWindow(PixelKind pixels, WindowEvents& events)
     : TopWindow(WindowKind::kDialog, pixels, events),
       fonts_(std::make_unique<DialogFonts>(Scale())),
-      tool_tips_(MakeToolTips(Window())) {}
+      tool_tips_(MakeToolTips(Window())),
+      keyboard_(Window()) {}
 
-DialogWindow::~DialogWindow() { LetOthersTakeInput(); }
+DialogWindow::~DialogWindow() { EnableOthers(); }
 
 void DialogWindow::Appear() {
   if (!std::exchange(is_arranged_, true)) {
-    ArrangeTabOrder(Window());
-    NameControls(Window());
+    keyboard_.ArrangeControls();
+    NameForScreenReaders(Window());
   }
-  // A window above the one that the user was at stays above it.
+  // The window that is active now becomes the owner, so this one stays above it.
   const HWND active = GetActiveWindow();
   if (active != nullptr && active != Window() && IsWindowVisible(active) != 0) {
     SetWindowLongPtrW(Window(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(active));
   }
   TopWindow::Appear();
-  if (focus_ == nullptr) Focus(NextTabStop(Window(), nullptr, false));
+  if (focus_ == nullptr) Focus(keyboard_.NextTabStop(nullptr, false));
 }
 
-// The others take input again first, or the system would make another program's window the active one.
+// Enables the other windows first, or the system would activate a window of another program.
 void DialogWindow::Hide() {
-  LetOthersTakeInput();
+  EnableOthers();
   TopWindow::Hide();
-  // A message that was sent, not posted, does not end the modal loop's wait.
+  // The modal loop waits for a posted message, and may have been called by a sent one.
   PostMessageW(Window(), WM_NULL, 0, 0);
 }
 
 void DialogWindow::RunModal() {
   const HWND window = Window();
-  Others others{window, {}};
-  EnumThreadWindows(GetCurrentThreadId(), &AddIfTakingInput, reinterpret_cast<LPARAM>(&others));
-  held_back_ = std::move(others.windows);
-  for (const HWND other : held_back_) EnableWindow(other, FALSE);
+  OtherWindows others{window, {}};
+  EnumThreadWindows(GetCurrentThreadId(), &AddIfEnabled, reinterpret_cast<LPARAM>(&others));
+  disabled_ = std::move(others.windows);
+  for (const HWND other : disabled_) EnableWindow(other, FALSE);
   RunEventsUntil([window] { return IsWindowVisible(window) == 0; });
 }
 
-void DialogWindow::LetOthersTakeInput() {
-  for (const HWND other : std::exchange(held_back_, {})) EnableWindow(other, TRUE);
+void DialogWindow::EnableOthers() {
+  for (const HWND other : std::exchange(disabled_, {})) EnableWindow(other, TRUE);
 }
 
 HWND DialogWindow::ContainerOf(const Widget& widget) const {
@@ -116,31 +115,35 @@ void DialogWindow::Focus(HWND control) {
   if (IsWindowVisible(Window()) != 0) SetFocus(control);
 }
 
-void DialogWindow::LeaveSoon(HWND control) const {
+void DialogWindow::MoveFocusFromSoon(HWND control) const {
   const HWND focus = GetFocus();
   if (focus == control || IsChild(control, focus) != 0) {
-    PostMessageW(Window(), kLeave, reinterpret_cast<WPARAM>(control), 0);
+    PostMessageW(Window(), kMoveFocusFrom, reinterpret_cast<WPARAM>(control), 0);
   }
 }
 
-// The handler may have given the focus to another itself, or the control back its own.
-void DialogWindow::Leave(HWND control) const {
+// Meanwhile the handler may have moved the focus, or enabled the control again.
+void DialogWindow::MoveFocusFrom(HWND control) const {
   const HWND focus = GetFocus();
-  const bool is_well = focus != nullptr && IsWindowVisible(focus) != 0 && IsWindowEnabled(focus) != 0 &&
-                       (GetWindowLongW(focus, GWL_STYLE) & WS_TABSTOP) != 0;
-  if (!is_well) SetFocus(NextTabStop(Window(), control, false));
+  const bool is_usable = focus != nullptr && IsWindowVisible(focus) != 0 && IsWindowEnabled(focus) != 0 &&
+                         (GetWindowLongW(focus, GWL_STYLE) & WS_TABSTOP) != 0;
+  if (!is_usable) SetFocus(keyboard_.NextTabStop(control, false));
 }
 
-void DialogWindow::ForgetButton(const NativeControl& button) {
-  if (default_button_ == &button) default_button_ = nullptr;
-  if (cancel_button_ == &button) cancel_button_ = nullptr;
-}
-
-// The client area keeps its size under a menu.
+// `Place` keeps the size of the client area.
 void DialogWindow::SetMenuBar(Win32MenuBar* bar) {
   menu_bar_ = bar;
   SetMenu(Window(), bar != nullptr ? bar->Menu() : nullptr);
   Place();
+}
+
+bool DialogWindow::TranslateKey(MSG& message) {
+  if (menu_bar_ != nullptr && menu_bar_->TranslateKey(Window(), message)) return true;
+  if (message.message == WM_KEYDOWN && message.wParam == VK_F1) {
+    Events().OnHelpRequested();
+    return true;
+  }
+  return keyboard_.Translate(message);
 }
 
 LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
@@ -157,15 +160,15 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_INITMENUPOPUP:
       if (menu_bar_ != nullptr) menu_bar_->Opens(reinterpret_cast<HMENU>(first));
       return 0;
-    case kLeave:
-      Leave(reinterpret_cast<HWND>(first));
+    case kMoveFocusFrom:
+      MoveFocusFrom(reinterpret_cast<HWND>(first));
       return 0;
     case WM_NEXTDLGCTL:
-      // The access key of a label gives the focus to the label and moves it on.
+      // The system sends this for the access key of a label, whose next control gets the focus.
       if (LOWORD(second) != 0) {
         SetFocus(reinterpret_cast<HWND>(first));
       } else {
-        MoveFocus(first != 0);
+        keyboard_.MoveFocus(first != 0);
       }
       return 0;
     case WM_ACTIVATE:
@@ -176,7 +179,7 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
       return 0;
     case WM_THEMECHANGED:
     case WM_SYSCOLORCHANGE:
-      page_.Forget();
+      page_.Reset();
       break;
     case WM_DPICHANGED:
       FollowScale(HIWORD(first), *reinterpret_cast<const RECT*>(second));
@@ -187,11 +190,11 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
   return TopWindow::OnMessage(message, first, second);
 }
 
-// The fonts that the controls give up go only when all have new ones.
+// Keeps the old fonts until all controls have new ones.
 void DialogWindow::FollowScale(int dpi, const RECT& wanted) {
   SetDpi(dpi, MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST));
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
-  page_.Forget();
+  page_.Reset();
   PlaceAt({wanted.left, wanted.top});
   EnumChildWindows(Window(), &FollowScaleOf, 0);
 }

@@ -6,17 +6,16 @@
 #include <vector>
 
 #include "platform/win32/toolkit/top_window.h"
-#include "platform/win32/widgets/dialog_fonts.h"
-#include "platform/win32/widgets/page_background.h"
+#include "platform/win32/widgets/dialog_keyboard.h"
+#include "platform/win32/widgets/dialog_theme.h"
 
 namespace quorvale {
 
 class Frame;
-class NativeControl;
 class Win32MenuBar;
 class Widget;
 
-// The window of a form with controls: the dialog keys, the menu, the tool tips, the fonts.
+// The window of a form with controls: their focus, keyboard, tool tips and theme, and the menu bar.
 class DialogWindow : public TopWindow {
  public:
   DialogWindow(PixelKind pixels, WindowEvents& events);
@@ -26,29 +25,25 @@ class DialogWindow : public TopWindow {
 
   void Appear() override;
   void Hide() override;
-  // Runs events until the window is hidden. Meanwhile no other window of the program takes input.
+  // Runs events until the window is hidden. Disables the program's other windows meanwhile.
   void RunModal();
 
-  // For the controls.
+  // The members down to `OfferFocus` are for the controls.
+
+  // The parent window of a control: its frame, or this window.
   HWND ContainerOf(const Widget& widget) const;
   void AddContainer(const Frame& frame, HWND window) { containers_[&frame] = window; }
-  // Empty takes it away.
+  // An empty text removes the tool tip.
   void SetToolTip(HWND control, const std::string& text) const;
+  DialogKeyboard& Keyboard() { return keyboard_; }
   PageBackground& Page() { return page_; }
   HFONT FontOf(float points, bool bold) { return fonts_->Get(points, bold); }
-  // At once, or when the window comes on the screen.
+  // Sets the focus now, or when the window appears.
   void Focus(HWND control);
-  // That control is about to go or to be disabled: if it has the focus, another takes it once the handler that runs
-  // has done all that it does.
-  void LeaveSoon(HWND control) const;
-  // What Enter and Escape press.
-  void SetDefaultButton(NativeControl& button) { default_button_ = &button; }
-  void SetCancelButton(NativeControl& button) { cancel_button_ = &button; }
-  void ForgetButton(const NativeControl& button);
-  // Shows which button Enter presses: the one that has the focus, else the default button.
-  void MarkDefault(const NativeControl& focused) const;
-  void UnmarkDefault(const NativeControl& focused) const;
-  // Null takes it away.
+  // The control is about to be hidden or disabled. If it has the focus then, and can't keep it after the event that is
+  // being handled, the next tab stop gets it.
+  void MoveFocusFromSoon(HWND control) const;
+  // Null removes the menu bar.
   void SetMenuBar(Win32MenuBar* bar);
 
   void OfferFocus(HWND /*picture_box*/) override {}
@@ -58,25 +53,20 @@ class DialogWindow : public TopWindow {
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
  private:
-  bool TranslateDialogKey(const MSG& message);
-  void Leave(HWND control) const;
-  void MoveFocus(bool backwards) const;
-  bool TakeAccessKey(wchar_t key) const;
-  void PressDefault() const;
+  void MoveFocusFrom(HWND control) const;
   void FollowScale(int dpi, const RECT& wanted);
-  void LetOthersTakeInput();
+  void EnableOthers();
 
   std::unique_ptr<DialogFonts> fonts_;
   HWND tool_tips_;
   PageBackground page_;
   std::map<const Frame*, HWND> containers_;
-  NativeControl* default_button_ = nullptr;
-  NativeControl* cancel_button_ = nullptr;
+  DialogKeyboard keyboard_;
   Win32MenuBar* menu_bar_ = nullptr;
   HWND focus_ = nullptr;
   bool is_arranged_ = false;
-  // Those that take no input while this window is modal.
-  std::vector<HWND> held_back_;
+  // The windows that this one has disabled while it is modal.
+  std::vector<HWND> disabled_;
 };
 
 }  // namespace quorvale

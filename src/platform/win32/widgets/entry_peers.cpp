@@ -10,9 +10,9 @@
 namespace quorvale {
 namespace {
 
-// Room for the open list, in lines.
+// The height of the open list, in lines.
 constexpr int kOpenLines = 12;
-// The height of a slider's thumb at the usual resolution.
+// The height of a slider's thumb, in layout pixels.
 constexpr float kThumbPixels = 14;
 
 std::string TextOf(HWND window) {
@@ -26,15 +26,7 @@ std::string TextOf(HWND window) {
 TextBoxControl::TextBoxControl(DialogWindow& dialog, TextBox& box)
     : ControlPeer(dialog, box, {L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
   Send(EM_LIMITTEXT, static_cast<WPARAM>(box.MaxLength()));
-  ShowText();
-}
-
-void TextBoxControl::Refresh(WidgetAspect aspect) {
-  if (aspect == WidgetAspect::kValue) {
-    ShowText();
-  } else {
-    NativeControl::Refresh(aspect);
-  }
+  ShowValue();
 }
 
 LRESULT TextBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
@@ -48,7 +40,7 @@ void TextBoxControl::OnCommand(int code) {
   if (code == EN_CHANGE && !is_showing_) box_.UserSetText(TextOf(Window()));
 }
 
-void TextBoxControl::ShowText() {
+void TextBoxControl::ShowValue() {
   is_showing_ = true;
   SetWindowTextW(Window(), ToWide(box_.Text()).c_str());
   is_showing_ = false;
@@ -60,29 +52,14 @@ DropDownControl::DropDownControl(DialogWindow& dialog, DropDownList& list)
     Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(item).c_str()));
   }
   Place();
-  ShowChoice();
-}
-
-void DropDownControl::Refresh(WidgetAspect aspect) {
-  if (aspect == WidgetAspect::kValue) {
-    ShowChoice();
-  } else if (aspect == WidgetAspect::kPlace) {
-    Place();
-  } else {
-    NativeControl::Refresh(aspect);
-  }
-}
-
-void DropDownControl::FollowScale() {
-  NativeControl::FollowScale();
-  Place();
+  ShowValue();
 }
 
 void DropDownControl::OnCommand(int code) {
   if (code == CBN_SELCHANGE) list_.UserChoose(static_cast<int>(Send(CB_GETCURSEL)));
 }
 
-// To the system the height is that of the open list.
+// For Windows, the height of a drop-down list includes its open list.
 void DropDownControl::Place() const {
   const PixelRect place = ToPixels(list_.Place(), Dialog().Scale());
   const int line = static_cast<int>(Send(CB_GETITEMHEIGHT));
@@ -90,22 +67,14 @@ void DropDownControl::Place() const {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void DropDownControl::ShowChoice() const { Send(CB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex())); }
+void DropDownControl::ShowValue() { Send(CB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex())); }
 
 SliderControl::SliderControl(DialogWindow& dialog, Slider& slider)
     : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS | TBS_FIXEDLENGTH}),
       slider_(slider) {
   FitThumb();
   Send(TBM_SETRANGE, TRUE, MAKELPARAM(slider.Min(), slider.Max()));
-  ShowPosition();
-}
-
-void SliderControl::Refresh(WidgetAspect aspect) {
-  if (aspect == WidgetAspect::kValue) {
-    ShowPosition();
-  } else {
-    NativeControl::Refresh(aspect);
-  }
+  ShowValue();
 }
 
 void SliderControl::FollowScale() {
@@ -113,13 +82,13 @@ void SliderControl::FollowScale() {
   FitThumb();
 }
 
-// The usual one leaves no room for the ticks.
+// The default thumb leaves no room for the ticks.
 void SliderControl::FitThumb() const {
   Send(TBM_SETTHUMBLENGTH, static_cast<WPARAM>(std::lround(kThumbPixels * Dialog().Scale())));
 }
 
 void SliderControl::OnScroll() { slider_.UserSetValue(static_cast<int>(Send(TBM_GETPOS))); }
 
-void SliderControl::ShowPosition() const { Send(TBM_SETPOS, TRUE, slider_.Value()); }
+void SliderControl::ShowValue() { Send(TBM_SETPOS, TRUE, slider_.Value()); }
 
 }  // namespace quorvale

@@ -10,16 +10,15 @@ class TextBoxControl : public ControlPeer<> {
   TextBoxControl(DialogWindow& dialog, TextBox& box);
 
   bool ShowsCaption() const override { return false; }
-  void Refresh(WidgetAspect aspect) override;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
   void OnCommand(int code) override;
+  void ShowValue() override;
 
  private:
-  void ShowText();
-
   TextBox& box_;
+  // The text is being set by the program, so its change is not reported.
   bool is_showing_ = false;
 };
 
@@ -28,16 +27,13 @@ class DropDownControl : public ControlPeer<> {
   DropDownControl(DialogWindow& dialog, DropDownList& list);
 
   bool ShowsCaption() const override { return false; }
-  void Refresh(WidgetAspect aspect) override;
-  void FollowScale() override;
 
  protected:
   void OnCommand(int code) override;
+  void Place() const override;
+  void ShowValue() override;
 
  private:
-  void Place() const;
-  void ShowChoice() const;
-
   DropDownList& list_;
 };
 
@@ -46,15 +42,14 @@ class SliderControl : public ControlPeer<> {
   SliderControl(DialogWindow& dialog, Slider& slider);
 
   bool ShowsCaption() const override { return false; }
-  void Refresh(WidgetAspect aspect) override;
   void FollowScale() override;
 
  protected:
   void OnScroll() override;
+  void ShowValue() override;
 
  private:
   void FitThumb() const;
-  void ShowPosition() const;
 
   Slider& slider_;
 };

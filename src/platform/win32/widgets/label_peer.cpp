@@ -7,18 +7,20 @@
 namespace quorvale {
 namespace {
 
-// From the usual size to what is just readable.
-constexpr float kUsualPoints = 8.25F;
+constexpr float kDefaultPoints = 8.25F;
 constexpr float kPointStep = 0.75F;
+// The smallest size that is still readable.
 constexpr float kLeastPoints = 6.75F;
 
 constexpr UINT kBetweenWords = DT_WORDBREAK | DT_NOPREFIX;
 constexpr UINT kAnywhere = kBetweenWords | DT_EDITCONTROL;
+constexpr UINT kOneLine = DT_SINGLELINE | DT_NOPREFIX;
 
-// The tool tip of every label has to hear of the mouse.
+// SS_NOTIFY, or the label gets no mouse messages and shows no tool tip.
 ControlKind KindOf(const Label& label) {
-  const DWORD side = label.Style().centred ? SS_CENTER : SS_LEFT;
-  return {L"STATIC", side | SS_NOTIFY, label.Style().border ? WS_EX_CLIENTEDGE : 0U};
+  const DWORD wrapped = label.Style().one_line ? SS_LEFTNOWORDWRAP : SS_LEFT;
+  return {L"STATIC", (label.Style().centred ? SS_CENTER : wrapped) | SS_NOTIFY,
+          label.Style().border ? WS_EX_CLIENTEDGE : 0U};
 }
 
 }  // namespace
@@ -55,22 +57,23 @@ HBRUSH LabelControl::OnColour(HDC context) {
 
 void LabelControl::Fit() {
   const std::string text = PlainCaption(label_.Caption());
-  const float usual = label_.Style().points > 0 ? label_.Style().points : kUsualPoints;
-  const bool bold = label_.Style().bold;
+  const LabelStyle& style = label_.Style();
+  const UINT wrapping = style.one_line ? kOneLine : kBetweenWords;
   drawn_.clear();
-  float points = usual;
-  while (points - kPointStep >= kLeastPoints && !Fits(Dialog().FontOf(points, bold), text, kBetweenWords)) {
+  float points = style.points > 0 ? style.points : kDefaultPoints;
+  while (points - kPointStep >= kLeastPoints && !Fits(Dialog().FontOf(points, style.bold), text, wrapping)) {
     points -= kPointStep;
   }
-  const HFONT font = Dialog().FontOf(points, bold);
-  if (!Fits(font, text, kBetweenWords)) {
-    drawn_ = WithoutMiddle(text, [&](const std::string& shown) { return Fits(font, shown, kAnywhere); });
+  const HFONT font = Dialog().FontOf(points, style.bold);
+  if (!Fits(font, text, wrapping)) {
+    const UINT last_resort = style.one_line ? kOneLine : kAnywhere;
+    drawn_ = WithoutMiddle(text, [&](const std::string& shown) { return Fits(font, shown, last_resort); });
   }
   Dialog().SetToolTip(Window(), drawn_.empty() || drawn_ == text ? label_.Design().tool_tip : text);
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-bool LabelControl::Fits(HFONT font, const std::string& text, UINT breaking) const {
+bool LabelControl::Fits(HFONT font, const std::string& text, UINT wrapping) const {
   if (text.empty()) return true;
   RECT place{};
   GetClientRect(Window(), &place);
@@ -80,8 +83,8 @@ bool LabelControl::Fits(HFONT font, const std::string& text, UINT breaking) cons
   GetTextMetricsW(context.Get(), &metrics);
   RECT needed = place;
   const std::wstring wide = ToWide(text);
-  DrawTextW(context.Get(), wide.c_str(), static_cast<int>(wide.size()), &needed, breaking | DT_CALCRECT);
-  // One line may use the room that its letters leave above and below.
+  DrawTextW(context.Get(), wide.c_str(), static_cast<int>(wide.size()), &needed, wrapping | DT_CALCRECT);
+  // A single line may lose its leading and descent: the letters themselves still fit.
   const LONG one_line = metrics.tmHeight - metrics.tmInternalLeading - metrics.tmDescent;
   const LONG height = needed.bottom <= metrics.tmHeight ? one_line : needed.bottom;
   return needed.right <= place.right && height <= place.bottom;
@@ -100,7 +103,7 @@ void LabelControl::Paint() const {
   SetBkMode(context, TRANSPARENT);
   const std::wstring wide = ToWide(drawn_);
   DrawTextW(context, wide.c_str(), static_cast<int>(wide.size()), &place,
-            kAnywhere | (label_.Style().centred ? DT_CENTER : 0U));
+            (label_.Style().one_line ? kOneLine : kAnywhere) | (label_.Style().centred ? DT_CENTER : 0U));
   RestoreDC(context, state);
   EndPaint(Window(), &paint);
 }

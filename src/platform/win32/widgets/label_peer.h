@@ -8,8 +8,8 @@
 
 namespace quorvale {
 
-// The system's label breaks its lines between words alone. Where that does not fit the place, the letters get smaller,
-// lines break anywhere, and what is still too much is left out in the middle and told by the tool tip.
+// The system's label wraps between words only, if its style lets it wrap. If the text does not fit, the font gets
+// smaller; then lines break anywhere; then the middle of the text is left out, and the tool tip shows all of it.
 class LabelControl : public ControlPeer<> {
  public:
   LabelControl(DialogWindow& dialog, Label& label);
@@ -23,12 +23,12 @@ class LabelControl : public ControlPeer<> {
 
  private:
   void Fit();
-  bool Fits(HFONT font, const std::string& text, UINT breaking) const;
+  bool Fits(HFONT font, const std::string& text, UINT wrapping) const;
   void Paint() const;
 
   Label& label_;
   GdiObject<HBRUSH> background_;
-  // What we draw ourselves; empty leaves the drawing to the system.
+  // The text that this class draws. If empty, the system draws the label.
   std::string drawn_;
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 constexpr UINT kShowItems = WM_APP + 10;
 constexpr int kTextIndent = 2;
-// More than any list is wide.
+// Longer texts would not fit into any list.
 constexpr std::size_t kMostCharacters = 300;
 constexpr LPARAM kUsualTextBytes = 600;
 
@@ -51,7 +51,7 @@ LRESULT ListBoxControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
       ShowItems();
       return 0;
     case WM_DROPFILES:
-      TakeDrop(first);
+      Drop(first);
       return 0;
     case WM_KEYDOWN:
       if (first == VK_DELETE) list_.UserDelete();
@@ -88,14 +88,14 @@ void ListBoxControl::OnDraw(const DRAWITEMSTRUCT& item) {
 
 void ListBoxControl::FitLines() const { Send(LB_SETITEMHEIGHT, 0, LineHeight(Dialog().FontOf(0, false))); }
 
-// Before any input that comes later.
+// A posted message comes before any later input.
 void ListBoxControl::ShowSoon() {
   if (!std::exchange(is_stale_, true)) PostMessageW(Window(), kShowItems, 0, 0);
 }
 
 void ListBoxControl::ShowItems() {
   is_stale_ = false;
-  // Each selection would be drawn, and scrolled to.
+  // Without this, each change would scroll and draw.
   Send(WM_SETREDRAW, FALSE);
   const LRESULT top = Send(LB_GETTOPINDEX);
   const LRESULT caret = Send(LB_GETCARETINDEX);
@@ -111,7 +111,7 @@ void ListBoxControl::ShowItems() {
   }
   PutCaret(static_cast<int>(caret));
   Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
-  // One item that the program has selected is where the keyboard goes on.
+  // If the program has selected one item, the arrow keys start from it.
   if (std::exchange(is_selected_, false) && list_.SelCount() == 1) {
     int only = 0;
     while (!list_.Selected(only)) ++only;
@@ -121,7 +121,7 @@ void ListBoxControl::ShowItems() {
   InvalidateRect(Window(), nullptr, TRUE);
 }
 
-// Scrolls to it.
+// Also scrolls to the item.
 void ListBoxControl::PutCaret(int index) const {
   const int last = list_.ListCount() - 1;
   if (index < 0 || last < 0) return;
@@ -129,7 +129,7 @@ void ListBoxControl::PutCaret(int index) const {
   Send(LB_SETCARETINDEX, static_cast<WPARAM>(std::min(index, last)), FALSE);
 }
 
-// The system keeps the texts for screen readers alone; what is drawn comes from the list.
+// The system's copies of the texts are for screen readers. `OnDraw` takes the texts from the list.
 void ListBoxControl::ShowTexts() {
   if (!std::exchange(has_new_texts_, false)) return;
   Send(LB_RESETCONTENT);
@@ -155,7 +155,7 @@ void ListBoxControl::ReportSelection() {
   list_.UserSelect(selected);
 }
 
-void ListBoxControl::TakeDrop(WPARAM drop) {
+void ListBoxControl::Drop(WPARAM drop) {
   auto* const handle = reinterpret_cast<HDROP>(drop);
   std::vector<std::string> paths;
   const UINT count = DragQueryFileW(handle, 0xFFFFFFFF, nullptr, 0);

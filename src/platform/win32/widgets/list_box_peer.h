@@ -7,15 +7,15 @@
 
 namespace quorvale {
 
-// The system's list, filled anew when texts have changed.
+// A Windows list box. It is filled anew if texts have changed.
 class ListBoxControl : public ControlPeer<ListBoxPeer> {
  public:
   ListBoxControl(DialogWindow& dialog, ListBox& list);
 
   bool ShowsCaption() const override { return false; }
-  void ItemsAdded(int /*first*/, int /*count*/) override { NoteTexts(); }
-  void ItemsRemoved(int /*first*/, int /*count*/) override { NoteTexts(); }
-  void ItemChanged(int /*index*/) override { NoteTexts(); }
+  void ItemsAdded(int /*first*/, int /*count*/) override { TextsChanged(); }
+  void ItemsRemoved(int /*first*/, int /*count*/) override { TextsChanged(); }
+  void ItemChanged(int /*index*/) override { TextsChanged(); }
   void SelectionChanged() override {
     is_selected_ = true;
     ShowSoon();
@@ -29,7 +29,7 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
 
  private:
   void FitLines() const;
-  void NoteTexts() {
+  void TextsChanged() {
     has_new_texts_ = true;
     ShowSoon();
   }
@@ -40,13 +40,13 @@ class ListBoxControl : public ControlPeer<ListBoxPeer> {
   std::wstring ShownText(int index) const;
   void SelectRange(int first, int last) const;
   void ReportSelection();
-  void TakeDrop(WPARAM drop);
+  void Drop(WPARAM drop);
 
   ListBox& list_;
-  // Changes are made in loops; they are shown together, once.
+  // Programs change items in loops, so the changes are shown together by one posted message.
   bool is_stale_ = false;
   bool has_new_texts_ = true;
-  // Since the items were last shown, the program has changed the selection.
+  // The program has changed the selection since the items were last shown.
   bool is_selected_ = false;
 };
 

@@ -9,7 +9,7 @@
 namespace quorvale {
 namespace {
 
-// The numbers below belong to the dialog's buttons.
+// Lower numbers are those of dialog buttons: IDOK, IDCANCEL.
 constexpr int kFirstId = 100;
 
 UINT StateOf(const MenuItem& item) { return item.Enabled() ? MF_ENABLED : MF_GRAYED; }
@@ -18,8 +18,8 @@ std::wstring TextOf(const MenuItem& item) {
   return ToWide(item.Shortcut().empty() ? item.Caption() : item.Caption() + '\t' + item.Shortcut());
 }
 
-// Whether `shortcut` begins with that key's name and a plus, which is then cut off.
-bool TakeModifier(std::string_view& shortcut, std::string_view name) {
+// Removes the modifier and its plus sign from the start of `shortcut`. False if it is not there.
+bool RemoveModifier(std::string_view& shortcut, std::string_view name) {
   if (!shortcut.starts_with(name) || shortcut.size() <= name.size() || shortcut[name.size()] != '+') return false;
   shortcut.remove_prefix(name.size() + 1);
   return true;
@@ -35,12 +35,12 @@ WORD KeyOf(std::string_view name) {
   return static_cast<WORD>(VK_F1 + number - 1);
 }
 
-// As in "Ctrl+N".
+// Parses a text such as "Ctrl+N".
 ACCEL ParseShortcut(std::string_view shortcut, int id) {
   ACCEL key{};
   key.fVirt = FVIRTKEY;
-  if (TakeModifier(shortcut, "Ctrl")) key.fVirt |= FCONTROL;
-  if (TakeModifier(shortcut, "Shift")) key.fVirt |= FSHIFT;
+  if (RemoveModifier(shortcut, "Ctrl")) key.fVirt |= FCONTROL;
+  if (RemoveModifier(shortcut, "Shift")) key.fVirt |= FSHIFT;
   key.key = KeyOf(shortcut);
   key.cmd = static_cast<WORD>(id);
   return key;
@@ -68,7 +68,7 @@ void Win32MenuBar::Update(const MenuItem& item) {
   if (found->parent == menu_) DrawMenuBar(dialog_.Window());
 }
 
-// A shortcut makes the system announce its menu too, which does not open.
+// The system sends this message for shortcuts too, whose menu does not open.
 void Win32MenuBar::Opens(HMENU menu) const {
   if (!is_open_) return;
   const auto found = std::find_if(entries_.begin(), entries_.end(),

@@ -10,10 +10,10 @@ namespace quorvale {
 
 class DialogWindow;
 
-// The system's menus and the keys that stand for their items.
+// A Windows menu bar with the shortcut keys of its items.
 class Win32MenuBar : public MenuBarPeer {
  public:
-  // Both outlive it.
+  // `dialog` and `bar` outlive it.
   Win32MenuBar(DialogWindow& dialog, MenuBar& bar);
   ~Win32MenuBar() override;
   Win32MenuBar(const Win32MenuBar&) = delete;
@@ -23,10 +23,10 @@ class Win32MenuBar : public MenuBarPeer {
 
   HMENU Menu() const { return menu_; }
 
-  // For the window. The user has gone into the menus, or out of them.
+  // Calls of the window: the user has entered or left the menus, and a menu is about to open.
   void SetOpen(bool open) { is_open_ = open; }
   void Opens(HMENU menu) const;
-  // False when no item has that number.
+  // False if no item has this number.
   bool Choose(int id) const;
   bool TranslateKey(HWND window, MSG& message) const;
 
@@ -44,7 +44,7 @@ class Win32MenuBar : public MenuBarPeer {
   DialogWindow& dialog_;
   HMENU menu_;
   HACCEL shortcuts_ = nullptr;
-  // The number of an item is its place here.
+  // The command number of an item is kFirstId plus its index here.
   std::vector<Entry> entries_;
   bool is_open_ = false;
 };

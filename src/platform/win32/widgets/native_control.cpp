@@ -1,11 +1,11 @@
 #include "platform/win32/widgets/native_control.h"
 
 #include <commctrl.h>
-
-#include <utility>
+#include <oleacc.h>
 
 #include "base/failure.h"
 #include "platform/common/deliver.h"
+#include "platform/win32/system/com.h"
 #include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "toolkit/panels.h"
@@ -14,7 +14,7 @@ namespace quorvale {
 namespace {
 
 constexpr UINT_PTR kSubclass = 1;
-// The property of a window that leads to its control.
+// The window property that holds the control.
 constexpr wchar_t kControl[] = L"QuorvaleControl";
 
 DWORD StyleOf(const Widget& widget, DWORD kind_style) {
@@ -22,6 +22,16 @@ DWORD StyleOf(const Widget& widget, DWORD kind_style) {
   if (widget.Visible()) style |= WS_VISIBLE;
   if (!widget.Enabled()) style |= WS_DISABLED;
   return style;
+}
+
+BOOL CALLBACK AddName(HWND window, LPARAM list) {
+  const NativeControl* const control = NativeControl::Of(window);
+  if (control == nullptr || control->ShowsCaption()) return TRUE;
+  Deliver([&] {
+    reinterpret_cast<std::vector<std::pair<HWND, std::wstring>>*>(list)->emplace_back(window,
+                                                                                      ToWide(control->NameToSpeak()));
+  });
+  return TRUE;
 }
 
 }  // namespace
@@ -48,65 +58,80 @@ NativeControl::~NativeControl() {
 NativeControl* NativeControl::Of(HWND window) { return static_cast<NativeControl*>(GetPropW(window, kControl)); }
 
 bool NativeControl::Reflect(UINT message, WPARAM first, LPARAM second, LRESULT& result) {
-  const auto control_of = [](LPARAM window) { return Of(reinterpret_cast<HWND>(window)); };
+  NativeControl* control = nullptr;
   switch (message) {
     case WM_COMMAND:
-      if (NativeControl* const control = control_of(second)) return control->OnCommand(HIWORD(first)), true;
-      return false;
     case WM_HSCROLL:
     case WM_VSCROLL:
-      if (NativeControl* const control = control_of(second)) return control->OnScroll(), true;
-      return false;
-    case WM_NOTIFY: {
-      auto& notice = *reinterpret_cast<NMHDR*>(second);
-      if (NativeControl* const control = Of(notice.hwndFrom)) return result = control->OnNotify(notice), true;
-      return false;
-    }
-    case WM_DRAWITEM: {
-      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(second);
-      if (NativeControl* const control = Of(item.hwndItem)) return control->OnDraw(item), result = TRUE, true;
-      return false;
-    }
     case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORBTN: {
-      NativeControl* const control = control_of(second);
-      const HBRUSH brush = control != nullptr ? control->Background(reinterpret_cast<HDC>(first)) : nullptr;
-      result = reinterpret_cast<LRESULT>(brush);
-      return brush != nullptr;
-    }
+    case WM_CTLCOLORBTN:
+      control = Of(reinterpret_cast<HWND>(second));
+      break;
+    case WM_NOTIFY:
+      control = Of(reinterpret_cast<const NMHDR*>(second)->hwndFrom);
+      break;
+    case WM_DRAWITEM:
+      control = Of(reinterpret_cast<const DRAWITEMSTRUCT*>(second)->hwndItem);
+      break;
     default:
-      return false;
+      break;
+  }
+  if (control == nullptr) return false;
+  switch (message) {
+    case WM_COMMAND:
+      control->OnCommand(HIWORD(first));
+      return true;
+    case WM_NOTIFY:
+      result = control->OnNotify(*reinterpret_cast<NMHDR*>(second));
+      return true;
+    case WM_DRAWITEM:
+      control->OnDraw(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+      result = TRUE;
+      return true;
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      result = reinterpret_cast<LRESULT>(control->Background(reinterpret_cast<HDC>(first)));
+      return result != 0;
+    default:
+      control->OnScroll();
+      return true;
   }
 }
 
 HBRUSH NativeControl::Background(HDC context) {
   const HBRUSH own = OnColour(context);
-  if (own != nullptr || !dialog_.Page().IsUnder(widget_)) return own;
+  if (own != nullptr || !dialog_.Page().IsBehind(widget_)) return own;
   return dialog_.Page().Brush(context);
 }
 
 void NativeControl::Refresh(WidgetAspect aspect) {
   switch (aspect) {
-    case WidgetAspect::kPlace: {
-      const PixelRect place = ToPixels(widget_.Place(), dialog_.Scale());
-      SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    case WidgetAspect::kPlace:
+      Place();
       break;
-    }
     case WidgetAspect::kVisible:
-      if (!widget_.Visible()) dialog_.LeaveSoon(window_);
+      if (!widget_.Visible()) dialog_.MoveFocusFromSoon(window_);
       ShowWindow(window_, widget_.Visible() ? SW_SHOWNA : SW_HIDE);
       break;
     case WidgetAspect::kEnabled:
-      if (!widget_.Enabled()) dialog_.LeaveSoon(window_);
+      if (!widget_.Enabled()) dialog_.MoveFocusFromSoon(window_);
       EnableWindow(window_, widget_.Enabled() ? TRUE : FALSE);
       break;
     case WidgetAspect::kCaption:
       SetWindowTextW(window_, ToWide(widget_.Caption()).c_str());
       break;
+    case WidgetAspect::kValue:
+      ShowValue();
+      break;
     default:
       InvalidateRect(window_, nullptr, TRUE);
       break;
   }
+}
+
+void NativeControl::Place() const {
+  const PixelRect place = ToPixels(widget_.Place(), dialog_.Scale());
+  SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void NativeControl::DetachFromWindow() const {
@@ -118,7 +143,7 @@ void NativeControl::TakeFocus() { dialog_.Focus(window_); }
 
 void NativeControl::FollowScale() {
   SetFont(0, false);
-  Refresh(WidgetAspect::kPlace);
+  Place();
 }
 
 LRESULT NativeControl::Default(UINT message, WPARAM first, LPARAM second) const {
@@ -140,6 +165,22 @@ LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM firs
   LRESULT result = 0;
   Deliver([&] { result = control->OnMessage(message, first, second); });
   return result;
+}
+
+std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND dialog) {
+  std::vector<std::pair<HWND, std::wstring>> names;
+  EnumChildWindows(dialog, &AddName, reinterpret_cast<LPARAM>(&names));
+  return names;
+}
+
+void NameForScreenReaders(HWND dialog) {
+  ComPointer<IAccPropServices> services;
+  const HRESULT made = CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                        reinterpret_cast<void**>(services.Out()));
+  if (FAILED(made)) return;
+  for (const auto& [window, name] : NamesToSpeak(dialog)) {
+    services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, name.c_str());
+  }
 }
 
 }  // namespace quorvale

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "platform/win32/windows_api.h"
 #include "toolkit/spoken_name.h"
 #include "toolkit/widget.h"
@@ -11,67 +15,70 @@ class DialogWindow;
 // The character that Ctrl+A types.
 inline constexpr WPARAM kSelectAll = 1;
 
-// The system's class of a control, and how it is made.
+// The window class and styles of a control.
 struct ControlKind {
   const wchar_t* class_name = nullptr;
   DWORD style = 0;
   DWORD extended_style = 0;
 };
 
-// A control of the system's that stands for one of the toolkit's, on its form's window or on a frame. The
-// system tells a control's parent what happens to it; the parents hand that back by `Reflect`.
+// A Windows control that shows a widget of the toolkit, on the form's window or in a frame. Windows sends the
+// notifications of a control to its parent; our parents pass them back to the control by `Reflect`.
 class NativeControl {
  public:
-  // Both outlive the control. Fails with kInternal.
+  // `dialog` and `widget` outlive the control. Fails with kInternal.
   NativeControl(DialogWindow& dialog, Widget& widget, const ControlKind& kind);
   virtual ~NativeControl();
   NativeControl(const NativeControl&) = delete;
   NativeControl& operator=(const NativeControl&) = delete;
 
-  // The control behind that window, or null.
+  // The control of this window, or null.
   static NativeControl* Of(HWND window);
 
-  // Hands a parent's message to the control that it is about. False when it is about none.
+  // Passes a message that a parent has got to the control that sent it. False if that is not one of ours.
   static bool Reflect(UINT message, WPARAM first, LPARAM second, LRESULT& result);
 
   // Null once the window has been destroyed.
   HWND Window() const { return window_; }
   const WidgetDesign& Design() const { return widget_.Design(); }
 
-  // Whether its caption tells what it is; if not, screen readers are told.
+  // Whether its window text is its name. If not, screen readers need `NameToSpeak`.
   virtual bool ShowsCaption() const { return true; }
   std::string NameToSpeak() const { return SpokenName(widget_); }
 
-  // Whether it is one of a row of option buttons, through which the arrow keys go.
+  // The arrow keys move between adjacent option buttons.
   virtual bool IsOptionButton() const { return false; }
-  // Whether what overlaps it stands before it, whatever the order of the two.
+  // Lies behind the controls that overlap it, whatever their tab indices.
   virtual bool IsBackground() const { return false; }
-  // Enter presses the button that has the focus.
+  // A focused button takes the Enter key.
   virtual bool IsButton() const { return false; }
   virtual void Press() {}
 
-  // The user pressed Alt and that key. True when it means something to the control that the system doesn't know.
-  virtual bool TakeAccessKey(wchar_t /*key*/) { return false; }
+  // Alt and this key were pressed. Returns true if the control handled it; the system handles the other access keys.
+  virtual bool PressAccessKey(wchar_t /*key*/) { return false; }
 
-  // Looks at that aspect of the toolkit's control again.
+  // Shows that aspect of the widget anew.
   virtual void Refresh(WidgetAspect aspect);
   void TakeFocus();
   bool HasFocus() const { return window_ != nullptr && GetFocus() == window_; }
-  // The dialog has come to a monitor of another resolution.
+  // The dialog's scale has changed: sets fonts and places anew.
   virtual void FollowScale();
 
  protected:
-  // What arrives at the control itself. What it leaves alone goes to the system by `Default`.
+  // A message for the control. `Default` passes it to the system.
   virtual LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) { return Default(message, first, second); }
   LRESULT Default(UINT message, WPARAM first, LPARAM second) const;
 
-  // What the control tells its parent.
+  // Notifications of the control, see `Reflect`.
   virtual void OnCommand(int /*code*/) {}
   virtual LRESULT OnNotify(NMHDR& /*notice*/) { return 0; }
   virtual void OnScroll() {}
   virtual void OnDraw(const DRAWITEMSTRUCT& /*item*/) {}
-  // The brush for a background of its own; null is what lies under the control.
+  // The brush for a background of its own. Null shows what lies behind the control.
   virtual HBRUSH OnColour(HDC /*context*/) { return nullptr; }
+
+  virtual void Place() const;
+  virtual void ShowValue() { InvalidateRect(window_, nullptr, TRUE); }
 
   DialogWindow& Dialog() const { return dialog_; }
   LRESULT Send(UINT message, WPARAM first = 0, LPARAM second = 0) const {
@@ -80,7 +87,7 @@ class NativeControl {
   void SetFont(float points, bool bold);
 
  private:
-  // Null leaves the colours to the system.
+  // Null means the system's own colours.
   HBRUSH Background(HDC context);
   void DetachFromWindow() const;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
@@ -91,7 +98,12 @@ class NativeControl {
   HWND window_ = nullptr;
 };
 
-// Makes a control of the system's the toolkit's peer.
+// The names of the controls on `dialog` that don't show them, for screen readers.
+std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND dialog);
+// Hands those names to the system's accessibility service, if there is one. They last as long as the windows.
+void NameForScreenReaders(HWND dialog);
+
+// A Windows control as the peer of a widget.
 template <typename Peer = WidgetPeer>
 class ControlPeer : public Peer, public NativeControl {
  public:

@@ -1,8 +1,13 @@
 #include "platform/win32/widgets/panel_peers.h"
 
+#include <commctrl.h>
+#include <windowsx.h>
+
 #include <algorithm>
+#include <cwctype>
 
 #include "platform/win32/toolkit/top_window.h"
+#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {
@@ -13,8 +18,8 @@ ControlKind KindOf(const Frame& frame) {
   return {L"STATIC", WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
 }
 
-// What the artwork lets through shows `background`.
-void LayOn(const PixelView& artwork, Colour background) {
+// Blends the artwork over an opaque background.
+void BlendOver(const PixelView& artwork, Colour background) {
   const Pixel below = ToPixel(background);
   const auto mix = [](Pixel upper, Pixel lower, unsigned shift, unsigned opacity) {
     const unsigned a = upper >> shift & 0xFFU;
@@ -47,17 +52,17 @@ FrameControl::FrameControl(DialogWindow& dialog, Frame& frame)
 LRESULT FrameControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
   LRESULT result = 0;
   if (Reflect(message, first, second, result)) return result;
-  // The system's frame leaves what it surrounds to the window below, which leaves it to the frame.
+  // A group box does not paint its inside, and its parent clips it out.
   if (message == WM_ERASEBKGND) {
     auto* const context = reinterpret_cast<HDC>(first);
     PageBackground& page = Dialog().Page();
-    Fill(Window(), context, page.IsUnder(frame_) ? page.Brush(context) : GetSysColorBrush(COLOR_BTNFACE));
+    Fill(Window(), context, page.IsBehind(frame_) ? page.Brush(context) : GetSysColorBrush(COLOR_BTNFACE));
     return 1;
   }
   return Default(message, first, second);
 }
 
-// A pixel of the layout high, and never less than one of the screen.
+// At least one layout pixel high, and at least one device pixel.
 void RuleControl::Place() const {
   const PixelRect place = ToPixels(rule_.Place(), Dialog().Scale());
   const int thickness = std::max(1, static_cast<int>(Dialog().Scale()));
@@ -100,7 +105,7 @@ LRESULT ImageViewControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
 }
 
 void ImageViewControl::OnCommand(int code) {
-  // The second press of a double click makes no second click.
+  // A double click sends STN_DBLCLK for its second press, so it counts once.
   if (code == STN_CLICKED) view_.UserClick();
 }
 
@@ -110,12 +115,66 @@ void ImageViewControl::Paint() {
   const HDC context = BeginPaint(Window(), &paint);
   Fill(Window(), context, GetSysColorBrush(COLOR_BTNFACE));
   if (artwork.Width() > 0) {
-    LayOn(artwork.View(), GetSysColor(COLOR_BTNFACE));
+    BlendOver(artwork.View(), GetSysColor(COLOR_BTNFACE));
     CopyPixels(context, artwork.View(), artwork.View().Bounds());
   }
   RECT client{};
   if (GetFocus() == Window() && GetClientRect(Window(), &client) != 0) DrawFocusRect(context, &client);
   EndPaint(Window(), &paint);
 }
+
+TabStripControl::TabStripControl(DialogWindow& dialog, TabStrip& strip)
+    : ControlPeer(dialog, strip, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS | TCS_FOCUSONBUTTONDOWN}), strip_(strip) {
+  int position = 0;
+  for (const TabStrip::Tab& tab : strip.Tabs()) {
+    std::wstring caption = ToWide(tab.caption);
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = caption.data();
+    Send(TCM_INSERTITEMW, static_cast<WPARAM>(position++), reinterpret_cast<LPARAM>(&item));
+  }
+  ShowValue();
+  dialog.Page().SetStrip(strip, Window());
+}
+
+bool TabStripControl::PressAccessKey(wchar_t key) {
+  if (IsWindowVisible(Window()) == 0 || IsWindowEnabled(Window()) == 0) return false;
+  const auto upper = [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); };
+  for (std::size_t i = 0; i < strip_.Tabs().size(); ++i) {
+    const std::wstring caption = ToWide(strip_.Tabs()[i].caption);
+    const std::size_t mark = caption.find(L'&');
+    if (mark == std::wstring::npos || mark + 1 == caption.size() || upper(caption[mark + 1]) != upper(key)) continue;
+    TakeFocus();
+    strip_.UserSelect(static_cast<int>(i) + 1);
+    return true;
+  }
+  return false;
+}
+
+// The system does not report a click on the tab that is already selected.
+LRESULT TabStripControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message == WM_LBUTTONDOWN) {
+    TCHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(second), GET_Y_LPARAM(second)};
+    const auto tab = static_cast<int>(Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+    if (tab >= 0 && tab == Send(TCM_GETCURSEL)) strip_.UserSelect(tab + 1);
+  }
+  if (message == WM_NOTIFY) {
+    auto& notice = *reinterpret_cast<NMHDR*>(second);
+    if (notice.code == TTN_GETDISPINFOW && notice.idFrom < strip_.Tabs().size()) {
+      tool_tip_ = ToWide(strip_.Tabs()[notice.idFrom].tool_tip);
+      reinterpret_cast<NMTTDISPINFOW&>(notice).lpszText = tool_tip_.data();
+      return 0;
+    }
+  }
+  return Default(message, first, second);
+}
+
+LRESULT TabStripControl::OnNotify(NMHDR& notice) {
+  if (notice.code == TCN_SELCHANGE) strip_.UserSelect(static_cast<int>(Send(TCM_GETCURSEL)) + 1);
+  return 0;
+}
+
+void TabStripControl::ShowValue() { Send(TCM_SETCURSEL, static_cast<WPARAM>(strip_.SelectedItem() - 1)); }
 
 }  // namespace quorvale

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "platform/win32/toolkit/gdi.h"
 #include "platform/win32/widgets/native_control.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
 
-// The parent of the controls on it.
+// The parent window of the controls in it.
 class FrameControl : public ControlPeer<> {
  public:
   FrameControl(DialogWindow& dialog, Frame& frame);
@@ -22,14 +24,11 @@ class RuleControl : public ControlPeer<> {
  public:
   RuleControl(DialogWindow& dialog, Rule& rule) : ControlPeer(dialog, rule, {L"STATIC"}), rule_(rule) { Place(); }
 
-  void FollowScale() override { Place(); }
-
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+  void Place() const override;
 
  private:
-  void Place() const;
-
   Rule& rule_;
 };
 
@@ -49,6 +48,24 @@ class ImageViewControl : public ControlPeer<> {
   void Paint();
 
   ImageView& view_;
+};
+
+class TabStripControl : public ControlPeer<> {
+ public:
+  TabStripControl(DialogWindow& dialog, TabStrip& strip);
+
+  bool IsBackground() const override { return true; }
+  bool PressAccessKey(wchar_t key) override;
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+  LRESULT OnNotify(NMHDR& notice) override;
+  void ShowValue() override;
+
+ private:
+  TabStrip& strip_;
+  // The system reads the tool tip after the handler that gave it has returned.
+  std::wstring tool_tip_;
 };
 
 }  // namespace quorvale

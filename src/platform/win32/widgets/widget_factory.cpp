@@ -8,12 +8,11 @@
 #include "platform/win32/widgets/list_box_peer.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/panel_peers.h"
-#include "platform/win32/widgets/tab_strip_peer.h"
 
 namespace quorvale {
 namespace {
 
-// Only dialogs have controls.
+// Only dialogs have controls, so the cast is safe.
 DialogWindow& Dialog(WindowPeer& window) {
   return static_cast<DialogWindow&>(static_cast<Win32WindowPeer&>(window).Window());
 }

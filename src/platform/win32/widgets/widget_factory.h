@@ -4,7 +4,7 @@
 
 namespace quorvale {
 
-// Peers by the system's own controls.
+// Makes peers that are Windows controls.
 class Win32WidgetFactory : public WidgetFactory {
  public:
   std::unique_ptr<WidgetPeer> Make(WindowPeer& window, Button& button) override;

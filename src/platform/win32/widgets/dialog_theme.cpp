@@ -1,9 +1,18 @@
-#include "platform/win32/widgets/page_background.h"
+#include "platform/win32/widgets/dialog_theme.h"
 
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "platform/win32/toolkit/dpi.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
 namespace {
+
+constexpr std::wstring_view kFace = L"MS Shell Dlg 2";
+constexpr float kDefaultPoints = 8.25F;
+constexpr float kPointsPerInch = 72;
 
 bool Holds(const TwipRect& outer, const TwipRect& inner) {
   return inner.left >= outer.left && inner.top >= outer.top && inner.left + inner.width <= outer.left + outer.width &&
@@ -12,12 +21,26 @@ bool Holds(const TwipRect& outer, const TwipRect& inner) {
 
 }  // namespace
 
+HFONT DialogFonts::Get(float points, bool bold) {
+  GdiFont& font = fonts_[{points, bold}];
+  if (!font) {
+    LOGFONTW description{};
+    description.lfHeight =
+        -static_cast<LONG>(std::lround((points > 0 ? points : kDefaultPoints) * kUsualDpi / kPointsPerInch * scale_));
+    description.lfWeight = bold ? FW_BOLD : FW_NORMAL;
+    description.lfCharSet = DEFAULT_CHARSET;
+    std::copy(kFace.begin(), kFace.end(), description.lfFaceName);
+    font.reset(CreateFontIndirectW(&description));
+  }
+  return font.get();
+}
+
 void PageBackground::SetStrip(const TabStrip& strip, HWND window) {
   strip_ = &strip;
   window_ = window;
 }
 
-bool PageBackground::IsUnder(const Widget& control) const {
+bool PageBackground::IsBehind(const Widget& control) const {
   const Widget* outermost = &control;
   while (outermost->Design().container != nullptr) outermost = outermost->Design().container;
   return strip_ != nullptr && outermost != strip_ && Holds(strip_->Place(), outermost->Place());
@@ -33,7 +56,7 @@ HBRUSH PageBackground::Brush(HDC context) {
   return brush_.get();
 }
 
-// The strip is asked to draw itself; nothing else tells its colour under every theme.
+// No call returns the colour under every theme, so the strip draws itself and one pixel is read.
 COLORREF PageBackground::ReadColour() const {
   RECT place{};
   GetClientRect(window_, &place);

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <map>
+#include <utility>
+
+#include "platform/win32/toolkit/gdi.h"
+#include "toolkit/widget.h"
+
+namespace quorvale {
+
+class TabStrip;
+
+// The fonts of a dialog's controls at one scale: device pixels per layout pixel.
+class DialogFonts {
+ public:
+  explicit DialogFonts(float scale) : scale_(scale) {}
+
+  // 0 points is the default size. The font lives as long as this object.
+  HFONT Get(float points, bool bold);
+
+ private:
+  float scale_;
+  std::map<std::pair<float, bool>, GdiFont> fonts_;
+};
+
+// The background behind controls on a tab strip, whose pages may have a colour of their own under the system's theme.
+class PageBackground {
+ public:
+  // Both outlive this object.
+  void SetStrip(const TabStrip& strip, HWND window);
+  // The theme or the size of the strip has changed.
+  void Reset() { brush_.reset(); }
+
+  // Whether the control, or the frame that contains it, lies on the strip.
+  bool IsBehind(const Widget& control) const;
+  // The brush for a control on the strip. Also sets the text colours of `context`.
+  HBRUSH Brush(HDC context);
+
+ private:
+  COLORREF ReadColour() const;
+
+  const TabStrip* strip_ = nullptr;
+  HWND window_ = nullptr;
+  COLORREF colour_ = 0;
+  GdiObject<HBRUSH> brush_;
+};
+
+}  // namespace quorvale
