@@ -8,10 +8,8 @@
 #include <vector>
 
 #include "picture/develop.h"
-#include "picture/jpeg_file.h"
 #include "scenes/scenes.h"
-#include "sound/foley.h"
-#include "sound/wav_file.h"
+#include "sound/sounds.h"
 
 namespace quorvale::samples {
 namespace {

@@ -6,11 +6,10 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "landscape/view.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
-#include "picture/glow.h"
+#include "picture/develop.h"
 #include "picture/noise.h"
+#include "picture/view.h"
 
 namespace quorvale::samples {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "landscape/view.h"
 #include "picture/canvas.h"
+#include "picture/view.h"
 
 namespace quorvale::samples {
 

@@ -4,10 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "landscape/view.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
 #include "picture/noise.h"
+#include "picture/view.h"
 
 namespace quorvale::samples {
 namespace {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "landscape/view.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
+#include "picture/view.h"
 
 namespace quorvale::samples {
 

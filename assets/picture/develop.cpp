@@ -5,15 +5,52 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
+#include <jpeglib.h>
+
 #include "picture/canvas.h"
-#include "picture/colour.h"
 #include "picture/noise.h"
-#include "picture/parallel.h"
 
 namespace quorvale::samples {
 namespace {
+
+constexpr int kShrink = 8;
+
+// What the lens scatters, an eighth as wide and high.
+Canvas BrightParts(const Canvas& canvas, float threshold) {
+  Canvas small(canvas.Width() / kShrink, canvas.Height() / kShrink);
+  small.Fill(0, small.Height(), [&](int x, int y) {
+    Colour sum;
+    for (int j = 0; j < kShrink; ++j) {
+      for (int i = 0; i < kShrink; ++i) {
+        const Colour light = canvas.At(x * kShrink + i, y * kShrink + j);
+        const float brightest = std::max({light.r, light.g, light.b, 1e-6F});
+        sum += light * (std::max(0.0F, brightest - threshold) / brightest);
+      }
+    }
+    return sum * (1.0F / (kShrink * kShrink));
+  });
+  return small;
+}
+
+// A running mean over 2 * radius + 1 pixels, along a line of `count` pixels which `at` reaches.
+template <typename At>
+void MeanAlong(int count, int radius, At at) {
+  std::vector<Colour> line(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) line[static_cast<std::size_t>(i)] = at(i);
+  const auto held = [&](int i) { return line[static_cast<std::size_t>(std::clamp(i, 0, count - 1))]; };
+  Colour sum;
+  for (int i = -radius; i <= radius; ++i) sum += held(i);
+  for (int i = 0; i < count; ++i) {
+    at(i) = sum * (1.0F / static_cast<float>(2 * radius + 1));
+    sum += held(i + radius + 1) - held(i - radius);
+  }
+}
 
 float ToSrgb(float linear) {
   return linear <= 0.0031308F ? 12.92F * linear : 1.055F * std::pow(linear, 1 / 2.4F) - 0.055F;
@@ -45,7 +82,48 @@ class Curve {
 
 std::uint8_t ToByte(float value) { return static_cast<std::uint8_t>(std::clamp(value + 0.5F, 0.0F, 255.0F)); }
 
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+class Compressor {
+ public:
+  Compressor() {
+    // Its way with an error, to say so and to end the program, is just right here.
+    info_.err = jpeg_std_error(&errors_);
+    jpeg_create_compress(&info_);
+  }
+  ~Compressor() { jpeg_destroy_compress(&info_); }
+  Compressor(const Compressor&) = delete;
+  Compressor& operator=(const Compressor&) = delete;
+
+  jpeg_compress_struct* operator->() { return &info_; }
+  jpeg_compress_struct* Get() { return &info_; }
+
+ private:
+  jpeg_compress_struct info_ = {};
+  jpeg_error_mgr errors_ = {};
+};
+
 }  // namespace
+
+void AddGlow(Canvas& canvas, float threshold, float strength, int radius) {
+  Canvas small = BrightParts(canvas, threshold);
+  const int reach = std::max(1, radius / kShrink / 2);
+  // Three running means come close to the bell curve of a real blur.
+  for (int pass = 0; pass < 3; ++pass) {
+    for (int y = 0; y < small.Height(); ++y)
+      MeanAlong(small.Width(), reach, [&](int x) -> Colour& { return small.At(x, y); });
+    for (int x = 0; x < small.Width(); ++x)
+      MeanAlong(small.Height(), reach, [&](int y) -> Colour& { return small.At(x, y); });
+  }
+  InParallel(canvas.Height(), [&](int begin, int end) {
+    for (int y = begin; y < end; ++y)
+      for (int x = 0; x < canvas.Width(); ++x)
+        canvas.At(x, y) +=
+            strength * small.Sample((static_cast<float>(x) + 0.5F) / kShrink, (static_cast<float>(y) + 0.5F) / kShrink);
+  });
+}
 
 std::vector<std::uint8_t> Develop(const Canvas& canvas, const FilmSettings& film) {
   const Curve curve(film.contrast);
@@ -67,6 +145,27 @@ std::vector<std::uint8_t> Develop(const Canvas& canvas, const FilmSettings& film
     }
   });
   return bytes;
+}
+
+void WriteJpeg(const std::string& path, int width, int height, const std::vector<std::uint8_t>& rgb, int quality) {
+  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "wb"));
+  if (!file) throw std::runtime_error("can't write " + path);
+  Compressor compressor;
+  jpeg_stdio_dest(compressor.Get(), file.get());
+  compressor->image_width = static_cast<JDIMENSION>(width);
+  compressor->image_height = static_cast<JDIMENSION>(height);
+  compressor->input_components = 3;
+  compressor->in_color_space = JCS_RGB;
+  jpeg_set_defaults(compressor.Get());
+  jpeg_set_quality(compressor.Get(), quality, TRUE);
+  jpeg_start_compress(compressor.Get(), TRUE);
+  const std::size_t row_bytes = static_cast<std::size_t>(width) * 3;
+  while (compressor->next_scanline < compressor->image_height) {
+    // The library takes rows as writable and only reads them.
+    auto* row = const_cast<JSAMPROW>(rgb.data() + compressor->next_scanline * row_bytes);
+    jpeg_write_scanlines(compressor.Get(), &row, 1);
+  }
+  jpeg_finish_compress(compressor.Get());
 }
 
 }  // namespace quorvale::samples

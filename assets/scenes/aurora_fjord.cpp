@@ -4,17 +4,13 @@
 #include <cstdint>
 
 #include "landscape/aurora.h"
-#include "landscape/conifer.h"
-#include "landscape/hut.h"
 #include "landscape/relief.h"
-#include "landscape/view.h"
+#include "landscape/scenery.h"
 #include "landscape/water.h"
-#include "picture/brush.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
-#include "picture/glow.h"
+#include "picture/develop.h"
 #include "picture/noise.h"
-#include "picture/vector.h"
+#include "picture/view.h"
 #include "scenes/scenes.h"
 
 namespace quorvale::samples {

@@ -3,17 +3,13 @@
 #include <cmath>
 #include <cstdint>
 
-#include "landscape/conifer.h"
 #include "landscape/relief.h"
-#include "landscape/sun_shadow.h"
-#include "landscape/view.h"
+#include "landscape/scenery.h"
 #include "landscape/water.h"
-#include "picture/brush.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
-#include "picture/glow.h"
+#include "picture/develop.h"
 #include "picture/noise.h"
-#include "picture/vector.h"
+#include "picture/view.h"
 #include "scenes/scenes.h"
 
 namespace quorvale::samples {

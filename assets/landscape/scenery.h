@@ -2,9 +2,7 @@
 
 #include <cstdint>
 
-#include "picture/brush.h"
 #include "picture/canvas.h"
-#include "picture/colour.h"
 
 namespace quorvale::samples {
 
@@ -18,5 +16,13 @@ struct ConiferLook {
 
 // Draws a fir whose foot is at `foot` and which is `height` pixels tall. The same `seed`, the same tree.
 void DrawConifer(Canvas& canvas, Point foot, float height, const ConiferLook& look, std::uint32_t seed);
+
+struct HutLook {
+  Colour wood, snow, window;
+};
+
+// Draws a small wooden hut with snow on its roof and light in its windows. `foot` is the lower left corner of its
+// front, `size` the width of that in pixels.
+void DrawHut(Canvas& canvas, Point foot, float size, const HutLook& look);
 
 }  // namespace quorvale::samples

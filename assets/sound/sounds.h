@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace quorvale::samples {
@@ -32,5 +33,10 @@ class Foley {
 std::vector<float> CameraSound();
 // A carousel projector goes to its next slide.
 std::vector<float> SlideProjectorSound();
+
+inline constexpr int kSoundRate = 44100;  // samples per second
+
+// The bytes of a wave file, 16-bit PCM in one channel. Levels are -1 to 1 and are cut beyond that.
+std::string WavBytes(const std::vector<float>& levels);
 
 }  // namespace quorvale::samples
