@@ -7,20 +7,17 @@
 #include <vector>
 
 #include "bench_files.h"
-#include "child_program.h"
 #include "config/artwork.h"
 #include "config/config_form.h"
-#include "desktop_process.h"
 #include "groups.h"
+#include "live_show.h"
 #include "measure.h"
 #include "platform/desktop/toolkit/x11_session.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
 #include "playlist/prune_missing.h"
-#include "screen_states.h"
-#include "show_settings.h"
-#include "test_picture.h"
-#include "yardstick/jpeg_rows.h"
+#include "processes.h"
+#include "yardstick/yardstick.h"
 
 namespace quorvale {
 namespace {

@@ -6,8 +6,8 @@
 
 #include "base/random.h"
 #include "bench_files.h"
-#include "desktop_process.h"
 #include "groups.h"
+#include "live_show.h"
 #include "measure.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"

@@ -4,10 +4,11 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
+#include "measure.h"
 #include "platform/desktop/toolkit/x11_session.h"
+#include "playlist/media_collections.h"
 #include "saver/control_form.h"
 #include "saver/main_form.h"
-#include "screen_states.h"
 
 namespace quorvale {
 namespace {
@@ -15,6 +16,41 @@ namespace {
 constexpr int kNoTick = 60'000;  // milliseconds
 
 }  // namespace
+
+bool ShowsBackground(const XDisplay& display) { return display.Centre() == ToPixel(kShowBackground); }
+
+void ClearScreen(XDisplay& display) {
+  display.SetBackground(kBareScreen);
+  WaitUntil("the bare screen", [&] { return display.Centre() == kBareScreen; });
+}
+
+void WaitForPicture(const XDisplay& display) {
+  WaitUntil("a picture", [&] {
+    const Pixel centre = display.Centre();
+    return centre != kBareScreen && centre != ToPixel(kShowBackground) && centre != ToPixel(kBlack);
+  });
+}
+
+void ShowStore::Set(const ShowSettings& show) {
+  settings_.DeleteSetting(kPictureSection);
+  for (std::size_t i = 0; i < show.pictures.size(); ++i) {
+    settings_.SaveSetting(kPictureSection, kFileKeyPrefix + std::to_string(i), show.pictures[i]);
+  }
+  SetOption("LastPicture", "0");
+  SetOption("BackColor", std::to_string(kShowBackground));
+  SetOption("SwapAffect", show.effect);
+  SetOption("Stretch", show.stretch ? "1" : "0");
+  SetOption("Interval", std::to_string(show.interval));
+  SetOption("TransSpeed", std::to_string(show.speed));
+}
+
+void ShowStore::SetOption(const std::string& key, const std::string& value) {
+  settings_.SaveSetting("Options", key, value);
+}
+
+int ShowStore::PicturesShown() {
+  return static_cast<int>(LenientParse(settings_.GetSetting("Options", "LastPicture", "0")));
+}
 
 LiveShow::LiveShow(XDisplay& display, const PassLengths& pass_lengths, WindowHandle host)
     : display_(display), desktop_(pass_lengths) {

@@ -1,14 +1,84 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
-#include "desktop_process.h"
 #include "measure.h"
+#include "platform/desktop/system/desktop_host.h"
+#include "platform/desktop/system/desktop_password.h"
+#include "platform/desktop/system/desktop_programs.h"
+#include "platform/desktop/system/posix_file_system.h"
+#include "platform/desktop/system/sdl_sound_player.h"
+#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/sqlite_registry.h"
+#include "platform/desktop/toolkit/desktop_platform.h"
+#include "process/process.h"
+#include "settings/reg_settings.h"
 #include "show/show_form.h"
 #include "system/window_system.h"
+#include "toolkit/pixel_view.h"
 #include "yardstick/x_display.h"
 
 namespace quorvale {
+
+// The background of every show of the bench, and the colour of the bare screen meanwhile: by them it sees how
+// far a program has come. No test picture has them in its middle.
+inline constexpr Colour kShowBackground = 0x402010;
+inline constexpr Pixel kBareScreen = 0xFF010203;
+
+// Whether the show's window covers the screen, without a picture.
+bool ShowsBackground(const XDisplay& display);
+
+// Gives the bare screen its colour, and waits until no window covers it any more.
+void ClearScreen(XDisplay& display);
+
+// Waits until a program has put a picture on the screen.
+void WaitForPicture(const XDisplay& display);
+
+struct ShowSettings {
+  std::vector<std::string> pictures;
+  std::string effect = "None";
+  bool stretch = true;
+  int interval = 60;  // seconds
+  int speed = 20;
+};
+
+// The store from which this process's shows and those of the programs that it starts take their options.
+class ShowStore {
+ public:
+  // The next show begins with the first picture.
+  void Set(const ShowSettings& show);
+  void SetOption(const std::string& key, const std::string& value);
+  // How many pictures have been shown, as long as the list has not come to its end.
+  int PicturesShown();
+
+ private:
+  SqliteRegistry registry_{SettingsDirectory()};
+  CRegSettings settings_{registry_};
+};
+
+// The core on the real desktop, put together as the program does it.
+class DesktopProcess {
+ public:
+  // Needs a QApplication.
+  explicit DesktopProcess(const PassLengths& pass_lengths = {})
+      : platform_({.application_title = "Bench", .pass_lengths = pass_lengths}) {
+    core.mode = RunMode::kShow;
+  }
+
+ private:
+  DesktopPlatform platform_;
+  SqliteRegistry registry_{SettingsDirectory()};
+  DesktopHost host_{[] {}};
+  PosixFileSystem files_{SettingsDirectory(), ""};
+  SdlSoundPlayer sound_;
+  DesktopPrograms programs_;
+
+ public:
+  DesktopPassword password_;
+  Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_, password_}};
+};
 
 // The show on the real screen, with ticks on demand. Takes its options from the store.
 class LiveShow {

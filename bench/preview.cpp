@@ -4,14 +4,11 @@
 #include <string>
 
 #include "bench_files.h"
-#include "child_program.h"
 #include "groups.h"
 #include "live_show.h"
 #include "measure.h"
-#include "process_figures.h"
-#include "show_settings.h"
-#include "test_picture.h"
-#include "yardstick/jpeg_rows.h"
+#include "processes.h"
+#include "yardstick/yardstick.h"
 
 namespace quorvale {
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sys/types.h>
+#include <xcb/shm.h>
 #include <xcb/xcb.h>
 
 #include "toolkit/pixel_view.h"
@@ -34,6 +35,29 @@ class XDisplay {
  private:
   xcb_connection_t* connection_;
   xcb_screen_t* screen_ = nullptr;
+};
+
+// A window over the whole screen that gets its pixels through memory shared with the X server, the fastest
+// way there is. It starts hidden.
+class SharedWindow {
+ public:
+  // `display` outlives it.
+  explicit SharedWindow(XDisplay& display);
+  ~SharedWindow();
+  SharedWindow(const SharedWindow&) = delete;
+  SharedWindow& operator=(const SharedWindow&) = delete;
+
+  PixelView Pixels() const { return {pixels_, display_.Width(), display_.Height(), display_.Width()}; }
+  void SetVisible(bool visible);
+  // Returns when the pixels are on the screen.
+  void Put();
+
+ private:
+  XDisplay& display_;
+  xcb_window_t window_;
+  xcb_gcontext_t context_;
+  xcb_shm_seg_t segment_;
+  Pixel* pixels_ = nullptr;
 };
 
 }  // namespace quorvale

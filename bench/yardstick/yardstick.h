@@ -1,10 +1,50 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>  // jpeglib.h needs it
 #include <string>
+#include <vector>
 
-#include "yardstick/shared_window.h"
+#include <jpeglib.h>
+
+#include "toolkit/pixel_view.h"
+#include "yardstick/x_display.h"
 
 namespace quorvale {
+
+// The rows of a JPEG file at 1/`divisor` of its size, decoded by the library with no more ado. What is wrong
+// with the file ends the bench with the library's message.
+class JpegRows {
+ public:
+  explicit JpegRows(const std::string& path);
+  ~JpegRows();
+  JpegRows(const JpegRows&) = delete;
+  JpegRows& operator=(const JpegRows&) = delete;
+
+  int FullWidth() const { return static_cast<int>(decoder_.image_width); }
+  int FullHeight() const { return static_cast<int>(decoder_.image_height); }
+
+  // To be called once; `divisor` 1, 2, 4 or 8.
+  void Start(int divisor);
+  int Width() const { return static_cast<int>(decoder_.output_width); }
+  int Height() const { return static_cast<int>(decoder_.output_height); }
+
+  // Writes the next row, of `Width` pixels.
+  void Read(Pixel* row);
+
+ private:
+  jpeg_decompress_struct decoder_{};
+  jpeg_error_mgr errors_{};
+  void* bytes_ = nullptr;
+  std::size_t size_ = 0;
+};
+
+// Nothing but decoding: one row in memory is all that it writes to.
+void DecodeOnly(const std::string& path, int divisor);
+
+// The greatest divisor at which a picture of `width` by `height` still has so many pixels.
+int NearestDivisor(int width, int height, int least_width, int least_height);
 
 enum class Fit {
   kStretched,  // over the whole screen
