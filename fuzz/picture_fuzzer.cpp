@@ -1,3 +1,5 @@
+// Loads its input as a picture file of any format, and shows it.
+
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -33,10 +35,9 @@ void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(con
     const auto picture = loader.Load(path, {place, kScreen, 1});
     const PixelRect box = place(picture->NaturalSize(1));
     picture->Paint(target, box, kScreen);
-    // A line for the file's name takes some height away.
+    // The caption with the file's name takes some height away.
     picture->Paint(target, {box.left, box.top, box.width, box.height - 3}, {5, 5, 20, 20});
-  } catch (const Failure&) {
-    // Files that are no pictures are what this is about.
+  } catch (const Failure&) {  // NOLINT(bugprone-empty-catch): most inputs are no pictures, and that is no fault.
   }
 }
 
