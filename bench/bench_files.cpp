@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstdio>  // jpeglib.h needs it
 #include <cstdlib>
 #include <filesystem>
@@ -33,7 +32,7 @@ std::vector<float> Waves(int length, int number) {
   return waves;
 }
 
-// Two dice give a bell of a kind, and each pixel shares one with its neighbour, as a sensor's do.
+// The sum of two random numbers is near a bell curve. Neighbours share one of them, as on a sensor.
 class SensorNoise {
  public:
   explicit SensorNoise(int number) : generator_(static_cast<unsigned>(number)) {}

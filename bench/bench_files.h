@@ -5,16 +5,16 @@
 
 namespace quorvale {
 
-// The path of the program of that name that was built together with the bench.
+// The path of a program that was built together with the bench.
 std::string BuiltProgram(const std::string& name);
 
-// A directory of the bench's own, beside the built programs. What lies there serves the next run too.
+// The bench's own directory of that name, beside the built programs. The next run uses its files again.
 std::string BenchDirectory(const std::string& name);
 
-// A directory with that many files: pictures by their names, and one other in ten.
+// A directory of that many empty files. By their names nine in ten are pictures.
 std::string DirectoryOfFiles(int count);
 
-// Makes this process and the programs that it starts keep their settings in a new store of the bench's own.
+// Gives this process and the programs that it starts a new, empty settings store.
 void UseOwnSettings();
 
 struct PictureSize {
@@ -24,7 +24,7 @@ struct PictureSize {
   bool progressive = false;
 };
 
-// What cameras make, and made ten times as large.
+// Sizes of cameras, and one far beyond.
 inline constexpr PictureSize kTestSizes[] = {
     {"2 MP", 1920, 1080},    {"12 MP", 4000, 3000}, {"24 MP", 6000, 4000}, {"24 MP progressive", 6000, 4000, true},
     {"100 MP", 11500, 8700},
@@ -35,7 +35,7 @@ inline constexpr const PictureSize& kCameraSize = kTestSizes[1];
 // sensor, so that a decoder has as much to do as with a photograph. The same number gives the same picture.
 std::string TestPicture(const PictureSize& size, int number);
 
-// Several of a size.
+// Pictures 0 to `count` - 1 of that size.
 std::vector<std::string> TestPictures(const PictureSize& size, int count);
 
 }  // namespace quorvale

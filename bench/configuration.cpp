@@ -56,7 +56,7 @@ class LiveWindow {
     Present();
   }
 
-  // A command and all that it brings about on the screen. No tick comes in between.
+  // The time from a command until its result is on the screen. No tick comes in between.
   double MillisecondsUntilShown(const std::function<void()>& command) {
     Present();
     return MillisecondsOf([&] {
@@ -66,7 +66,7 @@ class LiveWindow {
     });
   }
 
-  // Lets the preview's timer fire, until its picture is on the screen.
+  // Lets the preview's timer fire. The time from its event until the picture is on the screen.
   double Tick() {
     bool ticked = false;
     Stopwatch since_event;

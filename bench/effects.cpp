@@ -19,7 +19,7 @@
 namespace quorvale {
 namespace {
 
-// Passes of an effect that take as long as they take.
+// Passes without a nominal length: each takes as long as its work.
 constexpr PassLengths kNoLengths{std::chrono::nanoseconds(0), std::chrono::nanoseconds(0)};
 
 struct EffectCost {
@@ -29,7 +29,7 @@ struct EffectCost {
   double server_seconds = 0;  // CPU time of the X server
 };
 
-// Puts a picture on the screen and wipes it away, until the X server has the last step.
+// Puts a picture on the screen and wipes it away. Returns when the X server has the last step.
 EffectCost RunEffect(Bench& bench, LiveShow& show, const std::string& effect, int speed) {
   Process& core = show.Core();
   core.options.Set("SwapAffect", "None");
@@ -50,7 +50,7 @@ EffectCost RunEffect(Bench& bench, LiveShow& show, const std::string& effect, in
   return cost;
 }
 
-// As in "1920x1080".
+// For example "1920x1080".
 std::string ScreenName(const Bench& bench) {
   return std::to_string(bench.display.Width()) + "x" + std::to_string(bench.display.Height());
 }
@@ -78,12 +78,12 @@ void MeasurePaced(Bench& bench, int speed) {
   }
 }
 
-// Spotlight's geometry: its radius grows by this until it is that part of the width, and the pen adds to it.
+// Spotlight's geometry: its radius grows by `kStep` up to `kReach` of the width, and half the pen lies outside it.
 constexpr int kStep = 2;  // pixels
 constexpr double kReach = 0.7;
 constexpr double kHalfPen = 2.5;
 
-// Fills the same pixels as Spotlight, in memory and with no question asked.
+// Fills the same pixels as Spotlight by a bare loop in memory.
 class FilledRings {
  public:
   explicit FilledRings(const PixelRect& screen)
@@ -91,14 +91,14 @@ class FilledRings {
 
   int Count() const { return static_cast<int>(width_ * kReach) / kStep + 1; }
 
-  // All of the disc, for each ring.
+  // The whole disc for each ring.
   void FillDiscs() {
     for (int ring = 0; ring < Count(); ++ring) {
       for (int y = 0; y < height_; ++y) Fill(y, Left(ring, y), width_ - Left(ring, y));
     }
   }
 
-  // What each ring adds to the one before.
+  // For each ring only the pixels that it adds.
   void FillAdditions() {
     for (int ring = 0; ring < Count(); ++ring) {
       for (int y = 0; y < height_; ++y) {
@@ -111,7 +111,7 @@ class FilledRings {
   }
 
  private:
-  // Where the ring begins in that row; the middle where it does not reach it.
+  // The first column of the ring in that row; the middle if it does not reach the row.
   int Left(int ring, int y) const {
     const double radius = ring * kStep + kHalfPen;
     const double down = y + 0.5 - height_ / 2.0;

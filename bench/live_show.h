@@ -22,15 +22,15 @@
 
 namespace quorvale {
 
-// The background of every show of the bench, and the colour of the bare screen meanwhile: by them it sees how
-// far a program has come. No test picture has them in its middle.
+// The background of every show of the bench, and the colour of the bare screen. They show how far a program has come.
+// No test picture has them in its middle.
 inline constexpr Colour kShowBackground = 0x402010;
 inline constexpr Pixel kBareScreen = 0xFF010203;
 
-// Whether the show's window covers the screen, without a picture.
+// Whether the show's window covers the screen and has no picture yet.
 bool ShowsBackground(const XDisplay& display);
 
-// Gives the bare screen its colour, and waits until no window covers it any more.
+// Gives the bare screen its colour, and waits until no window covers it.
 void ClearScreen(XDisplay& display);
 
 // Waits until a program has put a picture on the screen.
@@ -47,10 +47,10 @@ struct ShowSettings {
 // The store from which this process's shows and those of the programs that it starts take their options.
 class ShowStore {
  public:
-  // The next show begins with the first picture.
+  // The next show starts with the first picture.
   void Set(const ShowSettings& show);
   void SetOption(const std::string& key, const std::string& value);
-  // How many pictures have been shown, as long as the list has not come to its end.
+  // The number of pictures shown. Valid in the first round through the list.
   int PicturesShown();
 
  private:
@@ -80,17 +80,18 @@ class DesktopProcess {
   Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_, password_}};
 };
 
-// The show on the real screen, with ticks on demand. Takes its options from the store.
+// The show on the real screen, with ticks on demand. Reads its options from the store.
 class LiveShow {
  public:
-  // `display` outlives it. With a `host`, a window in the middle of the screen, it is the preview in that one.
+  // `display` outlives it. If there is a `host`, a window in the middle of the screen, it is the preview in that
+  // window.
   explicit LiveShow(XDisplay& display, const PassLengths& pass_lengths = {}, WindowHandle host = 0);
 
   Process& Core() { return desktop_.core; }
   ShowForm& Form() { return *form_; }
 
-  // Lets the timer fire. Gives the milliseconds from its event to the picture's being on the screen, and
-  // fails unless it really is there.
+  // Lets the timer fire. Returns the milliseconds from its event until the picture is on the screen. Fails if it is not
+  // there.
   double Tick();
 
   // Presents what is drawn; returns when the X server has it.

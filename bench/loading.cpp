@@ -69,7 +69,7 @@ class LoadingRow {
 using enum metafile::WmfRecordType;
 
 constexpr int kRecords = 10'000;
-// Of the window, in logical units.
+// The side of the window, in logical units.
 constexpr int kSide = 10'000;
 
 // A WMF file with its size in the header.
@@ -148,7 +148,7 @@ void MeasureLoading(Bench& bench) {
                                                                                               {"on:decode", 2},
                                                                                               {"off:decode", 2}});
   for (const PictureSize& size : kTestSizes) {
-    // What is over soon is disturbed more, and can be repeated more often.
+    // Short measurements scatter more, and can be repeated more often.
     const int rounds = bench.quick ? 3 : std::clamp(kPixelsToLoad / (size.width * size.height), 9, 31);
     LoadingRow row(bench, show, window, TestPicture(size, 0));
     bench.report.Row(size.name, row.Measure(size, rounds));

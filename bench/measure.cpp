@@ -11,7 +11,7 @@ namespace quorvale {
 namespace {
 
 constexpr double kLongestWait = 10;  // seconds
-// Fine enough for figures in milliseconds, coarse enough to leave the processors to what is measured.
+// Fine enough for milliseconds, and coarse enough to leave the processors to what is measured.
 constexpr std::chrono::microseconds kPoll(300);
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 namespace quorvale {
 
-// A time on the wall, from its construction on.
+// Measures wall time from its construction on.
 class Stopwatch {
  public:
   double Milliseconds() const {
@@ -18,17 +18,17 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-// How long `work` takes, in milliseconds.
+// The wall time of `work`.
 double MillisecondsOf(const std::function<void()>& work);
 
-// Of an empty list, no number.
+// NaN for an empty list.
 double Median(std::vector<double> values);
 
-// Takes each of the figures once in each round, so that what else the machine does meets all alike. A round
-// more, the first, only warms up. Gives each figure's median.
+// Measures each figure once in each round, so that other work of the machine disturbs all alike. The first round is
+// extra, to warm up. Returns the median of each figure.
 std::vector<double> AlternatingMedians(int rounds, const std::vector<std::function<double()>>& figures);
 
-// Gives up after ten seconds, with a failure that says what it waited for.
+// Fails after ten seconds, with a message that names `what`.
 void WaitUntil(const char* what, const std::function<bool()>& condition);
 
 }  // namespace quorvale

@@ -13,11 +13,11 @@
 namespace quorvale {
 namespace {
 
-// What settings dialogs have had room for.
+// The size that settings dialogs give to a preview.
 constexpr int kWidth = 152;
 constexpr int kHeight = 112;
 
-// A window in the middle of the screen, of another client than the preview.
+// A window in the middle of the screen that belongs to another client than the preview.
 class HostWindow {
  public:
   explicit HostWindow(XDisplay& display) : display_(display), window_(xcb_generate_id(display.Connection())) {
@@ -43,7 +43,7 @@ class HostWindow {
   xcb_window_t window_;
 };
 
-// The peak comes when the second picture is loaded while the first is still there.
+// The peak comes when the second picture is loaded while the first is still held.
 double PeakOfPreview(Bench& bench, const std::string& picture) {
   const HostWindow host(bench.display);
   ShowStore store;

@@ -17,7 +17,7 @@ namespace {
 
 [[noreturn]] void FailGone() { throw Failure(FailureNumber::kNotFound, "The measured process is gone", "bench"); }
 
-// The number behind `name` in one of the kernel's status files.
+// The number that follows `name` in a status file of the kernel.
 long StatusNumber(const std::filesystem::path& file, const std::string& name) {
   std::ifstream status(file);
   std::string word;

@@ -7,10 +7,10 @@
 
 namespace quorvale {
 
-// A program that runs beside the bench, without output. Leaving the scope ends it.
+// A program that runs beside the bench, without output. The destructor ends it.
 class ChildProgram {
  public:
-  // Looked for in PATH where it is no path. Fails with kNotFound.
+  // The first argument is a path, or a name that is looked up in PATH. Fails with kNotFound.
   explicit ChildProgram(std::vector<std::string> arguments);
   ~ChildProgram();
   ChildProgram(const ChildProgram&) = delete;
@@ -24,15 +24,15 @@ class ChildProgram {
   bool ended_ = false;
 };
 
-// What the kernel tells about a running process. All fail with kNotFound when it is gone.
+// The kernel's figures of a running process. All fail with kNotFound if it is gone.
 
-// CPU time so far, user and system, of all its threads.
+// CPU time of all its threads, user and system.
 double CpuSeconds(pid_t process);
 
-// The most memory that it has held so far, shared pages included, in megabytes.
+// The peak of its resident memory, shared pages included.
 double PeakMegabytes(pid_t process);
 
-// How often its threads have gone to sleep so far: each time they were woken first.
+// How often its threads have gone to sleep, which is how often they were woken.
 long WakeUps(pid_t process);
 
 }  // namespace quorvale

@@ -98,7 +98,7 @@ void ReportStart(Bench& bench, const char* label, const std::function<void()>& m
   bench.report.Row(label, {Median(mapped), Median(shown), Median(gone), Median(ended)});
 }
 
-// The peak comes when the second picture is loaded while the first is still there.
+// The peak comes when the second picture is loaded while the first is still held.
 double PeakOfShow(Bench& bench, const std::string& picture, bool stretch) {
   ShowStore store;
   store.Set({.pictures = {picture, picture}, .stretch = stretch, .interval = 1});
@@ -120,11 +120,11 @@ double PeakOfEmptyShow(Bench& bench) {
   ClearScreen(bench.display);
   const ChildProgram program({BuiltProgram("quorvale"), "/S"});
   WaitUntil("the window", [&] { return ShowsBackground(bench.display); });
-  std::this_thread::sleep_for(std::chrono::seconds(1));  // the first tick has been
+  std::this_thread::sleep_for(std::chrono::seconds(1));  // for the first tick
   return PeakMegabytes(program.Pid());
 }
 
-constexpr int kPictures = 14;  // more than a minute shows, so that none comes twice
+constexpr int kPictures = 14;  // more than are shown in a minute, so that none comes twice
 constexpr int kInterval = 5;   // seconds
 
 void RunShow(Bench& bench, const std::string& label, const std::vector<std::string>& command, int seconds) {
@@ -148,7 +148,7 @@ std::vector<std::string> OtherViewer(const std::vector<std::string>& pictures) {
   return command;
 }
 
-// What the program does while nothing is to be done.
+// What the program does between two ticks.
 void MeasureIdle(Bench& bench) {
   constexpr int kSeconds = 5;
   ShowStore().Set({.pictures = {TestPicture(kCameraSize, 0)}});

@@ -34,7 +34,7 @@ void Report::Begin(const std::string& title, std::vector<Column> columns) {
   std::fflush(stdout);
 }
 
-// Titles, labels and names are the bench's own and hold nothing that JSON would want escaped.
+// Titles, labels and names are the bench's own and need no escapes in JSON.
 void Report::Row(const std::string& label, const std::vector<double>& values) {
   std::printf("%-*s", kLabelWidth, label.c_str());
   json_ << R"({"table": ")" << title_ << R"(", "row": ")" << label << R"(", "values": {)";

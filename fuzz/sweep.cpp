@@ -1,5 +1,5 @@
-// Gives a fuzzer's target every truncation of each file, and each file with every bit flipped. Fails if one
-// takes too long; the sanitizers see to the rest.
+// Calls a fuzzer's target with every truncation of each file, and with every bit flipped. Fails if an input takes too
+// long; the sanitizers find the other faults.
 
 #include <algorithm>
 #include <chrono>
@@ -24,7 +24,7 @@ class Sweep {
  public:
   void Try(const Bytes& bytes) {
     const auto start = std::chrono::steady_clock::now();
-    // A copy that ends where the bytes end, so that reading beyond is seen.
+    // A copy of just that size, so that the sanitizer sees reads beyond the end.
     LLVMFuzzerTestOneInput(Bytes(bytes).data(), bytes.size());
     longest_ = std::max(longest_, Milliseconds(std::chrono::steady_clock::now() - start).count());
     ++count_;

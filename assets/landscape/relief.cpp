@@ -108,7 +108,7 @@ SunShadow::SunShadow(const Area& area, float slope, const HeightField& ground)
   InParallel(kRows, [&](int begin, int end) {
     for (int row = begin; row < end; ++row) {
       const float z = area.near + (static_cast<float>(row) + 0.5F) * cell_depth;
-      // Walking away from the sun, the shadow of all that was passed sinks by its slope.
+      // Away from the sun the shadow of what stands before sinks by the slope.
       float ceiling = -1;
       for (int i = 0; i < kColumns; ++i) {
         const int column = slope > 0 ? i : kColumns - 1 - i;

@@ -11,8 +11,8 @@ namespace quorvale::samples {
 // A height above the ground plane at (x, z).
 using HeightField = std::function<float(float x, float z)>;
 
-// Which parts of a ground a low sun reaches. It shines along the x axis, from the left for a positive `slope`
-// (the tangent of its elevation) and from the right for a negative one.
+// Which parts of a ground a low sun reaches. It shines along the x axis, from the left if `slope`, the tangent of its
+// elevation, is positive, otherwise from the right.
 class SunShadow {
  public:
   struct Area {
@@ -41,7 +41,7 @@ using GroundShader = std::function<Colour(const GroundSpot&)>;
 
 struct ReliefRange {
   float near, far;  // kilometres
-  int slices;       // how many distances between them are looked at, closer together in front
+  int slices;       // the number of distances between them, closer together in front
 };
 
 // Draws the ground over what the canvas shows above `bottom_row`, hidden parts left out. Silhouettes are smooth.

@@ -11,8 +11,8 @@
 namespace quorvale::samples {
 namespace {
 
-// A surface tilted towards us shows what is higher up. Far off, many ripples share a pixel and smear the
-// picture upright, which is why reflections on water are columns.
+// A surface tilted towards us mirrors what is higher up. Far off, many ripples share a pixel and smear the reflection
+// into columns. These are the places along a column, from -1 to 1.
 constexpr std::array<float, 6> kSmear = {-1.0F, -0.6F, -0.2F, 0.2F, 0.6F, 1.0F};
 
 }  // namespace
@@ -43,7 +43,7 @@ void DrawWater(Canvas& canvas, const View& view, int shore_row, const WaterLook&
     }
     seen *= 1.0F / static_cast<float>(kSmear.size());
 
-    // Water mirrors the more, the flatter one looks upon it.
+    // The flatter the view, the more water mirrors.
     const float grazing = 1 - Clamp01(below / view.focal + tilt_z * 2);
     const float mirror = 0.15F + 0.82F * std::pow(grazing, 3.0F);
     return seen * mirror + look.depth * (1 - mirror);

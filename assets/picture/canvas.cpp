@@ -13,7 +13,7 @@ namespace quorvale::samples {
 
 void InParallel(int count, const std::function<void(int begin, int end)>& work) {
   const int threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, 16);
-  // Small pieces, so that a core which somebody else keeps busy holds up no one.
+  // Small pieces, so that a busy core does not hold up the others.
   const int piece = std::max(1, count / (threads * 16));
   std::atomic<int> next = 0;
   const auto take_pieces = [&] {

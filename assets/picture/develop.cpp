@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kShrink = 8;
 
-// What the lens scatters, an eighth as wide and high.
+// The light that the lens scatters, at an eighth of the size.
 Canvas BrightParts(const Canvas& canvas, float threshold) {
   Canvas small(canvas.Width() / kShrink, canvas.Height() / kShrink);
   small.Fill(0, small.Height(), [&](int x, int y) {
@@ -89,7 +89,7 @@ struct CloseFile {
 class Compressor {
  public:
   Compressor() {
-    // Its way with an error, to say so and to end the program, is just right here.
+    // On an error it prints a message and ends the program, which suits a generator.
     info_.err = jpeg_std_error(&errors_);
     jpeg_create_compress(&info_);
   }

@@ -4,7 +4,7 @@
 
 namespace quorvale::samples {
 
-// Well-mixed bits for a lattice point, the same ones at every call.
+// Random bits of a lattice point, the same at every call.
 inline std::uint32_t Hash(int x, int y, std::uint32_t seed) {
   std::uint32_t h = seed * 0x9E3779B9U + static_cast<std::uint32_t>(x) * 0x85EBCA6BU;
   h = (h ^ (h >> 15U)) + static_cast<std::uint32_t>(y) * 0xC2B2AE35U;
@@ -28,8 +28,8 @@ float Fractal(float x, float y, int octaves, std::uint32_t seed);
 // valleys stay smooth, as if filled with what came down. 0 to about 1.
 float Ridges(float x, float y, int octaves, std::uint32_t seed);
 
-// Each unit square holds one point at a random place, and the plane is parted into what is nearest to each:
-// the distance from here to the next border.
+// Each unit square holds one point at a random place. The plane is divided into cells nearest to each point; this is
+// the distance to the next border of a cell.
 float CellBorder(float x, float y, std::uint32_t seed);
 
 // A sequence of random numbers for things that are placed one after another.

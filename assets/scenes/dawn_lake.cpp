@@ -84,7 +84,7 @@ Colour Sky(Vector direction) {
   return Mix(clear, Mix(fire, dusk, Clamp01(0.15F + 1.1F * shaded - 0.25F * density)), density * 0.85F);
 }
 
-// What the air between us and a place adds and takes: blue distance above, mist in the valleys.
+// The air between us and a place: blue haze above, mist in the valleys.
 Colour ThroughAir(Colour colour, Vector place) {
   const Vector direction = Unit(place);
   const float towards_sun = std::max(Dot(direction, SunPlace()), 0.0F);

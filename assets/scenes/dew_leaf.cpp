@@ -53,7 +53,7 @@ Vein Net(LeafPlace at, float meshes, float width, float density, std::uint32_t s
   return RidgeAt(CellBorder(turned_u * 1.25F, turned_v * 0.8F, seed) / meshes, width, density);
 }
 
-// What the leaf's ribs and the nets of veins between them make of one place.
+// The ribs and the nets of veins between them at one place.
 Vein Veins(LeafPlace at) {
   const float rib = std::abs(at.across + 0.0015F * Noise(at.along * 9, 0, 407));
   Vein vein = RidgeAt(rib, Mix(0.0200F, 0.0085F, Smooth(-0.8F, 1.0F, at.along)), 0.72F);
@@ -98,7 +98,7 @@ struct Drop {
   float x, y, radius;  // pixels
 };
 
-// Drops keep a distance: one that would touch another has run together with it.
+// Drops keep a distance, since those that touch run together.
 std::vector<Drop> LetDewFall() {
   Dice dice(451);
   std::vector<Drop> drops = {{1240, 900, 205}, {2280, 1500, 150}, {2960, 760, 118}, {720, 1640, 96}};

@@ -19,7 +19,7 @@ constexpr float kTurn = 2 * std::numbers::pi_v<float>;
 std::size_t SampleAt(float seconds) { return static_cast<std::size_t>(std::max(0.0F, seconds) * kSoundRate); }
 float Seconds(std::size_t samples) { return static_cast<float>(samples) / kSoundRate; }
 
-// Follows its input as slowly as `pitch` tells: what stays is below that pitch.
+// Lets pass what is below `pitch`.
 class LowPass {
  public:
   explicit LowPass(float pitch) : share_(1 - std::exp(-kTurn * pitch / kSoundRate)) {}
@@ -67,7 +67,7 @@ void Foley::Strike(float at, float pitch, float decay, float level) {
   const std::size_t start = SampleAt(at);
   for (std::size_t i = start; i < levels_.size(); ++i) {
     const float t = Seconds(i - start);
-    // Half a millisecond of rise, or the stroke would be a crack in the record.
+    // Without half a millisecond of rise the stroke would click.
     levels_[i] += level * std::min(1.0F, t / 0.0005F) * std::exp(-t / decay) * std::sin(kTurn * pitch * t);
   }
 }

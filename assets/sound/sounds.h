@@ -6,8 +6,8 @@
 
 namespace quorvale::samples {
 
-// A sound made as in the film studio: strike something, rub something, mix it. Times are in seconds, pitches in
-// hertz; levels are relative to each other only.
+// A sound mixed from strokes, hisses and motors. Times are in seconds, pitches in hertz; levels are relative to each
+// other.
 class Foley {
  public:
   explicit Foley(float length);
@@ -21,7 +21,7 @@ class Foley {
   // A motor that starts and stops: a hum with overtones, and teeth that pass `teeth` times a second.
   void Motor(float from, float to, float pitch, float teeth, float level);
 
-  // The whole: without offset, fading in and out, peak at -3 decibels.
+  // The mix, without an offset, faded in and out, with its peak at -3 decibels.
   std::vector<float> Mix() const;
 
  private:
@@ -31,7 +31,7 @@ class Foley {
 
 // The shutter of a reflex camera.
 std::vector<float> CameraSound();
-// A carousel projector goes to its next slide.
+// A carousel projector that goes to its next slide.
 std::vector<float> SlideProjectorSound();
 
 inline constexpr int kSoundRate = 44100;  // samples per second

@@ -1,5 +1,5 @@
-// Measures what is the same program on every platform: decoding, the effects' drawing, and lists. Nothing of it
-// needs a screen, so that the figures of two platforms can stand side by side. Takes the pictures to decode.
+// Measures decoding, the drawing of effects, and lists. Nothing here needs a screen, so that the figures of two
+// platforms can be compared. The arguments are the pictures to decode.
 
 #include <algorithm>
 #include <cstdio>
@@ -54,7 +54,7 @@ void MeasureDecoding(Report& report, PictureLoader& loader, const std::vector<st
   }
 }
 
-// The drawing alone: on the desktop in memory no pass takes its time.
+// The drawing alone: on the headless platform passes take no time.
 void MeasureEffects(Report& report) {
   HeadlessDesktop desktop;
   desktop.SetScreen(kWidth, kHeight);

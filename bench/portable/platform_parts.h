@@ -15,7 +15,7 @@ class PlatformParts {
   virtual Registry& Store() = 0;
 };
 
-// Of the platform that the bench is built for. The store is not the user's where that can be.
+// The parts of the platform that the bench is built for. On Linux the store is not the user's.
 std::unique_ptr<PlatformParts> MakePlatformParts();
 
 }  // namespace quorvale

@@ -1,5 +1,4 @@
-// The yardstick as a program of its own, so that its memory can be measured: shows one picture until it is
-// told to end.
+// The yardstick as a program, so that its memory can be measured. Shows one picture until it is ended by a signal.
 
 #include <unistd.h>
 

@@ -78,7 +78,7 @@ SharedWindow::SharedWindow(XDisplay& display)
   pixels_ = static_cast<Pixel*>(memory);
   xcb_shm_attach(connection, segment_, static_cast<std::uint32_t>(id), 0);
   RoundTrip(connection);
-  shmctl(id, IPC_RMID, nullptr);  // goes with its last user
+  shmctl(id, IPC_RMID, nullptr);  // is freed with its last user
 
   const xcb_screen_t& screen = display.Screen();
   constexpr std::array<std::uint32_t, 1> kUnmanaged{1};

@@ -8,10 +8,10 @@
 
 namespace quorvale {
 
-// Returns when the server has done all that this connection has asked of it.
+// Returns when the server has done all requests of this connection.
 void RoundTrip(xcb_connection_t* connection);
 
-// A connection to the X server that DISPLAY names, and a look at its screen.
+// A connection to the X server that DISPLAY names, which also reads its screen.
 class XDisplay {
  public:
   // Fails with kNotFound.
@@ -37,8 +37,8 @@ class XDisplay {
   xcb_screen_t* screen_ = nullptr;
 };
 
-// A window over the whole screen that gets its pixels through memory shared with the X server, the fastest
-// way there is. It starts hidden.
+// A window over the whole screen that gets its pixels through memory shared with the X server, which is the fastest
+// way. It starts hidden.
 class SharedWindow {
  public:
   // `display` outlives it.

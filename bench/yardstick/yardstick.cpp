@@ -17,7 +17,7 @@
 namespace quorvale {
 namespace {
 
-// Where the share of each of `count` pixels in `size` begins, and where the last one ends.
+// Divides `size` into `count` parts: the start of each, and the end of the last.
 std::vector<int> Edges(int count, int size) {
   std::vector<int> edges;
   for (int i = 0; i <= count; ++i) edges.push_back(static_cast<int>(std::int64_t{i} * size / count));

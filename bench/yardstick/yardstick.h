@@ -13,8 +13,8 @@
 
 namespace quorvale {
 
-// The rows of a JPEG file at 1/`divisor` of its size, decoded by the library with no more ado. What is wrong
-// with the file ends the bench with the library's message.
+// The rows of a JPEG file at 1/`divisor` of its size, decoded by the library alone. A damaged file ends the bench with
+// the library's message.
 class JpegRows {
  public:
   explicit JpegRows(const std::string& path);
@@ -25,7 +25,7 @@ class JpegRows {
   int FullWidth() const { return static_cast<int>(decoder_.image_width); }
   int FullHeight() const { return static_cast<int>(decoder_.image_height); }
 
-  // To be called once; `divisor` 1, 2, 4 or 8.
+  // Called once. `divisor` is 1, 2, 4 or 8.
   void Start(int divisor);
   int Width() const { return static_cast<int>(decoder_.output_width); }
   int Height() const { return static_cast<int>(decoder_.output_height); }
@@ -40,10 +40,10 @@ class JpegRows {
   std::size_t size_ = 0;
 };
 
-// Nothing but decoding: one row in memory is all that it writes to.
+// Only decodes, row by row into the same memory.
 void DecodeOnly(const std::string& path, int divisor);
 
-// The greatest divisor at which a picture of `width` by `height` still has so many pixels.
+// The greatest divisor at which a picture of `width` by `height` is still at least that large.
 int NearestDivisor(int width, int height, int least_width, int least_height);
 
 enum class Fit {
@@ -51,8 +51,8 @@ enum class Fit {
   kInside,     // in the picture's own proportions
 };
 
-// The least a program must do to show a JPEG picture: decode it at the nearest scale that the library can,
-// average what is still too much, and put it on the screen, once.
+// The least that a program must do to show a JPEG picture: decode it at the nearest scale that the library has, average
+// the rest of the way, and put it on the screen once.
 void ShowByYardstick(const std::string& path, Fit fit, SharedWindow& window);
 
 }  // namespace quorvale

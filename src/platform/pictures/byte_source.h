@@ -7,16 +7,15 @@
 
 namespace quorvale {
 
-// Bytes that are at hand piece by piece. Nothing here fails: decoders call it from the midst of libraries that know no
-// exceptions.
+// Bytes that come in pieces. Nothing here throws, since the callers are callbacks of C libraries.
 class ByteSource {
  public:
   virtual ~ByteSource() = default;
 
-  // The bytes from `offset` on, as many as there are at hand; empty at the end. They stay until the next call.
+  // A piece of the bytes that starts at `offset`. Empty at the end. Valid until the next call.
   virtual std::span<const std::uint8_t> From(std::size_t offset) noexcept = 0;
 
-  // Fills `to` from `offset` on. False if the bytes end before, with what there is in `to`.
+  // Fills `to` from `offset` on. False if the bytes end before; what there is has been copied.
   bool Copy(std::size_t offset, std::span<std::uint8_t> to) noexcept {
     while (!to.empty()) {
       const auto bytes = From(offset);
@@ -43,7 +42,7 @@ class MemoryBytes : public ByteSource {
   std::span<const std::uint8_t> bytes_;
 };
 
-// Byte by byte, for formats whose lengths are only known on the way. Nothing else reads the source meanwhile.
+// Reads byte by byte, for formats whose lengths are known only on the way. Nothing else may read the source meanwhile.
 class ByteStream {
  public:
   ByteStream(ByteSource& source, std::size_t offset) : source_(source), offset_(offset) {}

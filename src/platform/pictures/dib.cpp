@@ -8,21 +8,21 @@
 namespace quorvale {
 namespace {
 
-// The fields of a header, counted from its start. BITMAPCOREHEADER has sizes of two bytes and places of its own; all
-// the later ones begin as BITMAPINFOHEADER does.
+// The sizes of headers. BITMAPCOREHEADER has its own layout with numbers of two bytes; all later ones begin with the
+// fields of BITMAPINFOHEADER.
 constexpr std::size_t kCoreHeader = 12;
 constexpr std::size_t kInfoHeader = 40;
 constexpr std::size_t kOs2Header = 64;
-// From this size on a header has the mask of alpha.
+// From this size on a header has a mask of alpha.
 constexpr std::size_t kAlphaHeader = 56;
-// The longest is BITMAPV5HEADER, 124 bytes. A size far beyond is damage.
+// The longest known is BITMAPV5HEADER, 124 bytes. A size far beyond is damage.
 constexpr std::size_t kLongestHeader = 0xFFFF;
 
 // Beyond this a row alone would take too much memory, and all rows too much time.
 constexpr std::int64_t kLongestSide = 1 << 20;
 constexpr std::int64_t kMostPixels = 1 << 30;
 
-// Two bytes make a run of 255 pixels. Deltas might leave out more, but no program draws so sparsely.
+// Two bytes make a run of 255 pixels. Deltas may skip more, but no real picture is that sparse.
 constexpr std::size_t kPixelsToByte = 256;
 
 enum Compression : std::uint32_t { BI_RGB = 0, BI_RLE8 = 1, BI_RLE4 = 2, BI_BITFIELDS = 3, BI_ALPHABITFIELDS = 6 };
@@ -83,14 +83,14 @@ class HeaderReader {
         return depth == 4;
       case BI_BITFIELDS:
       case BI_ALPHABITFIELDS:
-        // OS/2 gave the number to a code of fax machines.
+        // In OS/2 headers the number stands for fax compression.
         return (depth == 16 || depth == 32) && size_ != kOs2Header;
       default:
         return false;
     }
   }
 
-  // Later headers hold the masks, BITMAPINFOHEADER has them behind it: at the same place.
+  // Later headers contain the masks and BITMAPINFOHEADER is followed by them, at the same offset.
   void ReadMasks() {
     end_ = size_;
     header_.masks = header_.depth == 16 ? kMasks16 : kMasks32;
@@ -100,7 +100,7 @@ class HeaderReader {
     end_ = std::max(end_, kInfoHeader + 4 * count);
   }
 
-  // Deeper bitmaps may have a table too, for screens of few colours. It is passed over.
+  // Bitmaps without indices may have a table too, for screens of few colours. It is skipped.
   void ReadColourTable() {
     const std::size_t used = is_core_ ? 0 : Field(32).U32();
     const std::size_t all = header_.HasColourTable() ? std::size_t{1} << static_cast<unsigned>(header_.depth) : 0;
@@ -119,7 +119,7 @@ class HeaderReader {
     end_ += count * entry;
   }
 
-  // Some writers leave the table out, and count on the palette.
+  // Some writers leave the table out and rely on the palette.
   bool LacksTable() const {
     return reading_.rows_follow && header_.HasColourTable() && !header_.run_length && end_ <= info_.size() &&
            info_.size() - end_ == header_.row_bytes * static_cast<std::size_t>(header_.height);
@@ -130,7 +130,7 @@ class HeaderReader {
                                                                             : kOpaqueBlack;
   }
 
-  // The palette's, or from black to white.
+  // Takes the colours of the palette, or greys from black to white.
   void MakeColours(std::size_t count) {
     const std::size_t last = std::max<std::size_t>(count, 2) - 1;
     for (std::size_t i = 0; i < std::min(count, header_.colours.size()); ++i) {
@@ -149,14 +149,14 @@ class HeaderReader {
   DibHeader header_;
 };
 
-// Spreads the bits of one colour over a byte.
+// Scales the bits of one channel to 0 to 255.
 class Channel {
  public:
   explicit Channel(Pixel mask) : mask_(mask), shift_(mask == 0 ? 0 : std::countr_zero(mask)) {
     if (mask != 0) factor_ = 255.0 / (mask >> shift_);
   }
   Pixel Of(Pixel stored) const {
-    // Half a step more, since the result is cut to whole steps.
+    // A half more, so that the cut rounds.
     const double level = ((stored & mask_) >> shift_) * factor_ + 0.5;
     return static_cast<Pixel>(level);
   }
@@ -167,7 +167,7 @@ class Channel {
   double factor_ = 0;
 };
 
-// Colours beyond their alpha would overflow when they are blended.
+// A premultiplied channel above its alpha would overflow when it is blended.
 Pixel Capped(Pixel colour, Pixel alpha) {
   const auto channel = [&](unsigned shift) { return std::min(colour >> shift & 0xFFU, alpha) << shift; };
   return alpha << 24U | channel(16) | channel(8) | channel(0);
@@ -186,7 +186,7 @@ class DibRows : public SequentialRows {
   const DibHeader& header_;
 };
 
-// Every row takes the same number of bytes: only those that are seen are read.
+// Every row takes the same number of bytes, so that only the columns in view are read.
 class PlainRows : public DibRows {
  public:
   PlainRows(ByteSource& bytes, std::size_t offset, const DibHeader& header)
@@ -226,7 +226,7 @@ class PlainRows : public DibRows {
   }
 
  private:
-  // The usual 32 bits: each colour is a byte, in the same order as in 24 bits.
+  // The usual masks of 32 bits: each channel is a byte, in the order of 24 bits.
   bool HasBytes() const {
     return std::equal(kMasks32.begin(), kMasks32.begin() + 3, Header().masks.begin()) &&
            (Header().IsOpaque() || Header().masks[3] == kOpaqueBlack);
@@ -288,7 +288,7 @@ class RunRows : public DibRows {
     return true;
   }
 
-  // A row that the end cuts off counts if it has begun.
+  // A row that the end of the file cuts off counts if it has begun.
   bool Decode(int /*y*/, std::span<Pixel> row) override {
     std::fill(row.begin(), row.end(), Header().colours[0]);
     if (rows_passed_over_ > 0) {
@@ -313,7 +313,7 @@ class RunRows : public DibRows {
  private:
   enum Escape : int { RLE_END_OF_LINE = 0, RLE_END_OF_BITMAP = 1, RLE_DELTA = 2 };
 
-  // Whether the row goes on after an escape code.
+  // Reads an escape code. Returns whether the row goes on behind it.
   bool GoesOn(int escape) {
     if (escape == RLE_DELTA) {
       x_ += std::max(0, bytes_.Next());
@@ -354,7 +354,7 @@ class RunRows : public DibRows {
   bool nibbles_;
   // Where the next pixel goes.
   std::int64_t x_ = 0;
-  // By a delta.
+  // The rows that a delta still skips.
   int rows_passed_over_ = 0;
   bool ended_ = false;
 };

@@ -14,7 +14,7 @@
 
 namespace quorvale {
 
-// What stands before the rows of a device-independent bitmap, checked.
+// The header, masks and colour table of a device-independent bitmap, checked.
 struct DibHeader {
   bool HasColourTable() const { return depth <= 8; }
   bool IsOpaque() const { return masks[3] == 0; }
@@ -23,7 +23,7 @@ struct DibHeader {
 
   int width = 0;   // 1 to 2^20
   int height = 0;  // 1 to 2^20; both together no more than 2^30 pixels
-  // The first row stored is the upper one; otherwise it is the lower one.
+  // The upper row is stored first. Otherwise the lower one is.
   bool top_down = false;
   int depth = 0;  // 1, 2, 4, 8, 16, 24 or 32 bits to the pixel
   // RLE4 or RLE8, by the depth.
@@ -32,11 +32,11 @@ struct DibHeader {
   std::array<Pixel, 4> masks{};
   // The colours of a pixel of 32 bits are multiplied by its alpha already.
   bool premultiplied = false;
-  // 2^depth colours where the depth is 8 at most. What the file leaves out is black.
+  // 2^depth colours if the depth is 8 at most. Colours that the file leaves out are black.
   std::vector<Pixel> colours;
-  // From one row to the next, unless they are run-length encoded.
+  // From one row to the next. Unused if they are run-length encoded.
   std::size_t row_bytes = 0;
-  // Bytes of header, masks and colour table, no more than were given.
+  // The bytes of header, masks and colour table that were given.
   std::size_t size = 0;
 };
 
@@ -48,18 +48,18 @@ struct ColourTableReading {
   ColorUsage usage = ColorUsage::DIB_RGB_COLORS;
   // The palette in force, if there is one.
   const std::vector<Pixel>* palette = nullptr;
-  // The rows follow in the same bytes, so that their number tells whether a writer left the table out.
+  // The rows follow in the same bytes, so that the number of bytes shows whether a writer left the table out.
   bool rows_follow = false;
   // How many entries there is room for.
   std::size_t most_colours = 256;
 };
 
-// The headers of OS/2 and of Windows, from BITMAPCOREHEADER to BITMAPV5HEADER, cut short or not. What a short one
-// leaves out is 0. Nothing if `info` is damaged or a kind that nobody knows.
+// Reads the headers of OS/2 and of Windows, BITMAPCOREHEADER to BITMAPV5HEADER. The fields that a short header leaves
+// out are 0. None if `info` is damaged or of an unknown kind.
 std::optional<DibHeader> ReadDibHeader(std::span<const std::uint8_t> info, const ColourTableReading& reading = {});
 
-// The rows, in the order in which they are stored, from `offset` of `bytes` on. The picture ends where the bytes end.
-// In a run-length encoded one, pixels that are left out have the first colour. Both arguments outlive the rows.
+// The rows in the order in which they are stored, from `offset` of `bytes` on. The picture ends where the bytes end.
+// Pixels that run-length encoding leaves out have the first colour. `bytes` and `header` outlive the rows.
 std::unique_ptr<RowSource> OpenDibRows(ByteSource& bytes, std::size_t offset, const DibHeader& header);
 
 }  // namespace quorvale

@@ -14,7 +14,7 @@
 namespace quorvale {
 namespace {
 
-// By the number that cameras store.
+// By the Exif number; entry 0 is unused.
 constexpr std::array<Orientation, 9> kOrientations{{{},
                                                     {},
                                                     {false, true, false},
@@ -27,12 +27,12 @@ constexpr std::array<Orientation, 9> kOrientations{{{},
 
 constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
 
-// A segment of a JPEG file: marker and length, which counts itself.
+// A segment of a JPEG file begins with marker and length; the length counts itself.
 constexpr std::size_t kSegmentHead = 4;
 constexpr std::uint8_t kMarker = 0xFF;
 constexpr std::uint8_t kApp1 = 0xE1;
 constexpr std::uint8_t kStartOfScan = 0xDA;
-// Cameras write Exif first; a file with more segments before it is not worth the search.
+// Cameras write Exif first. The limit bounds the search in other files.
 constexpr int kMostSegments = 64;
 
 // A chunk of a PNG file: length, type, data, checksum.
@@ -45,13 +45,13 @@ constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
 constexpr int kMostChunks = 100'000;
 
 constexpr std::uint16_t kOrientationTag = 0x0112;
-// Kinds of whole numbers; cameras should write the first.
+// Types of whole numbers. The standard asks for kShort.
 constexpr std::uint32_t kShort = 3;
 constexpr std::uint32_t kLong = 4;
 constexpr std::uint32_t kSignedShort = 8;
 constexpr std::uint32_t kSignedLong = 9;
 
-// A block of tagged values in the byte order that its first two bytes tell.
+// A TIFF block of tagged values. Its first two bytes, "II" or "MM", are the byte order.
 class TagBlock {
  public:
   explicit TagBlock(ByteSpan bytes)
@@ -98,7 +98,7 @@ class TagBlock {
   std::endian order_;
 };
 
-// That in an APP1 segment of a JPEG file, without marker and length. None if the segment is not Exif.
+// Reads an APP1 segment of a JPEG file, without marker and length. None if the segment is not Exif.
 std::optional<int> OrientationInSegment(ByteSpan segment) {
   if (segment.size() <= kSignature.size()) return std::nullopt;
   if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;

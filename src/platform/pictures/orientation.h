@@ -13,14 +13,14 @@ struct PixelSize {
   bool operator==(const PixelSize&) const = default;
 };
 
-// How a picture's rows and columns as they are stored become those that are shown: first rows and
-// columns may change roles, then either may be reversed.
+// How to turn a picture from the way it is stored to the way it is shown: first exchange rows and columns, then mirror
+// and flip.
 struct Orientation {
   bool transposed = false;
   bool mirrored = false;  // left and right
   bool flipped = false;   // top and bottom
 
-  // From the number that cameras store, 1 to 8; any other number is 1.
+  // From the Exif number, 1 to 8. Any other number counts as 1.
   static Orientation FromExif(int number);
 
   // The size changes the same way in both directions.
@@ -33,9 +33,9 @@ struct Orientation {
   void PlaceRow(const Pixel* row, int y, const PixelView& shown_part) const;
 };
 
-// How the camera was held, by the number that Exif gives it, 1 to 8. 1 where the file does not say it or is damaged.
+// The Exif number of a file's orientation, 1 to 8. 1 if the file has none or is damaged.
 int JpegOrientation(ByteSource& bytes);
-// It stands in the chunk `eXIf`, which may come before the pixels or after them.
+// From the chunk `eXIf`, which may come before the pixels or after them.
 int PngOrientation(ByteSource& bytes);
 
 }  // namespace quorvale

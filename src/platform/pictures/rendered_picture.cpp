@@ -10,7 +10,7 @@
 namespace quorvale {
 namespace {
 
-// A pixel whose colours are multiplied by its alpha over one that is opaque.
+// A premultiplied pixel over an opaque one.
 Pixel Over(Pixel above, Pixel below) {
   const Pixel rest = 255U - (above >> 24U);
   const auto channel = [&](unsigned shift) {
@@ -78,7 +78,7 @@ void RenderedPicture::Paint(const PixelView& target, const PixelRect& box, const
   if (wanted.IsEmpty()) return;
   const PixelSize size{box.width, box.height};
   if (!rendering_.Shows(size, Within(box, wanted))) {
-    // All of it that can be seen: the next call may ask for another part.
+    // All that is in view, since the next call may ask for another part of it.
     try {
       RenderFor(size, Within(box, in_target));
     } catch (const Failure&) {
@@ -90,7 +90,7 @@ void RenderedPicture::Paint(const PixelView& target, const PixelRect& box, const
 
 void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part) {
   try {
-    // The last one makes room first.
+    // Frees the memory of the last one first.
     rendering_ = {};
     rendering_ = Make(box, part);
   } catch (const std::bad_alloc&) {

@@ -15,7 +15,7 @@ namespace quorvale {
 // No picture is read, decoded or held that takes more bytes than this.
 inline constexpr std::size_t kPictureMemoryLimit = std::size_t{512} << 20U;
 
-// Of a picture that can't be shown.
+// Fails the load of a picture that can't be shown.
 [[noreturn]] inline void FailLoad(const char* what, FailureNumber number = FailureNumber::kBadPicture) {
   throw Failure(number, what, "LoadPicture");
 }
@@ -27,13 +27,13 @@ inline PixelRect Within(const PixelRect& box, PixelRect rect) {
   return rect;
 }
 
-// A part of a picture scaled to a box: what is on the screen.
+// A part of a picture scaled to a box.
 struct Rendering {
   PixelSize box;
-  // In the box.
+  // In coordinates of the box.
   PixelRect part;
   std::unique_ptr<Pixel[]> pixels;
-  // Whether every pixel's alpha is 255; elsewhere colours are multiplied by it.
+  // Whether every pixel's alpha is 255. Otherwise colours are premultiplied.
   bool opaque = true;
 
   PixelView View() const { return {pixels.get(), part.width, part.height, part.width}; }
@@ -44,16 +44,15 @@ struct Rendering {
   void Paint(const PixelView& target, int left, int top, const PixelRect& clip) const;
 };
 
-// Makes one from a picture that is stored turned. An empty part is allowed: its source is tried out all
-// the same, so that whether a picture is good does not hang on where it will be shown. Fails with
-// kBadPicture if nothing can be made out or it takes too much memory; where damage begins later, the
-// rest stays transparent.
+// Renders a picture that is stored in `orientation`. For an empty part one row is decoded all the same, so that a
+// damaged picture fails wherever it will be shown. Fails with kBadPicture if no row can be decoded or it takes too much
+// memory. If damage begins later, the rest stays transparent.
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part);
 
-// A picture that keeps what was last on the screen, and is made again for another size or part.
+// A picture that keeps its last rendering, and is rendered again for another size or part.
 class RenderedPicture : public Picture {
  public:
-  // Makes it for the place where it will be shown. Fails with kBadPicture.
+  // Renders it for the place where it will be shown. Fails with kBadPicture.
   void Prepare(const PicturePlace& place);
 
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
@@ -62,9 +61,9 @@ class RenderedPicture : public Picture {
   const Rendering& Shown() const { return rendering_; }
 
  private:
-  // That part of the picture at the size of that box. Fails with kBadPicture, or for want of memory.
+  // Renders that part of the picture at the size of the box. Fails with kBadPicture or std::bad_alloc.
   virtual Rendering Make(PixelSize box, const PixelRect& part) = 0;
-  // Paints what is shown. The box has its corner at `left`, `top`; `clip` lies in the part and in the target.
+  // Paints the last rendering. The box has its corner at `left`, `top`; `clip` lies in the part and in the target.
   virtual void PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const {
     rendering_.Paint(target, left, top, clip);
   }
@@ -80,10 +79,10 @@ class BitmapPicture : public RenderedPicture {
   TwipSize NaturalSize(float scale) const override;
 
  protected:
-  // The stored picture from its start, for a box of that size. Fails with kBadPicture.
+  // Starts decoding, for a box of that size as stored. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> Open(PixelSize stored_box) = 0;
 
-  // The size as stored.
+  // To be called once. `size` is the size as stored.
   void Describe(PixelSize size, Orientation orientation);
 
  private:

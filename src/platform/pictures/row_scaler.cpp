@@ -8,11 +8,11 @@
 namespace quorvale {
 namespace {
 
-// A part of a pixel too small to show; rounding makes such parts out of nothing.
+// Parts of a pixel below this are rounding errors.
 constexpr double kNothing = 1e-4;
 
-// The stretch of the source that a pixel is the mean of: what it covers or, in a picture that grows, one
-// source pixel's length around its centre, which makes a line from each source pixel to the next.
+// The stretch of the source that a pixel is the mean of. That is what it covers or, in a picture that grows, the length
+// of one source pixel around its centre, which interpolates linearly.
 struct Stretch {
   Stretch(int pixel, double ratio, int size) {
     const double half = std::max(ratio, 1.0) / 2;
@@ -34,7 +34,7 @@ struct Stretch {
   int end = 0;
 };
 
-// The loops below are written so that they become vector code without the help of any one processor.
+// The loops below are written so that compilers vectorise them for any processor.
 constexpr std::size_t kChannels = 4;
 
 const std::uint8_t* Channels(const Pixel* row) { return reinterpret_cast<const std::uint8_t*>(row); }
@@ -57,7 +57,7 @@ void AddTwo(const Pixel* one, float one_weight, const Pixel* two, float two_weig
   }
 }
 
-// The rows of one scaled row into one. False where the source ends.
+// Mixes the source rows of one scaled row. False if the source ends.
 bool MixRows(RowSource& source, int first, std::span<const float> weights, std::span<float> mix) {
   for (std::size_t i = 0; i < weights.size() && weights[i] > 0; i += 2) {
     const int y = first + static_cast<int>(i);
@@ -70,14 +70,14 @@ bool MixRows(RowSource& source, int first, std::span<const float> weights, std::
   return true;
 }
 
-// `kTaps` is the number of weights where it is known beforehand, or 0.
+// `kTaps` is the number of weights if the compiler shall know it, or 0.
 template <std::size_t kTaps>
 void MixColumns(const ScaleAxis& across, const float* mix, float* scaled) {
   for (int x = 0; x < across.Count(); ++x, scaled += kChannels) {
     const std::span<const float> weights = across.Weights(x);
     const std::size_t taps = kTaps > 0 ? kTaps : weights.size();
     const float* from = mix + static_cast<std::size_t>(across.First(x) - across.Begin()) * kChannels;
-    // Half a step more, since the result is cut to whole steps.
+    // Starts at a half, so that the later cut rounds.
     float sum[kChannels] = {0.5F, 0.5F, 0.5F, 0.5F};
     for (std::size_t tap = 0; tap < taps; ++tap) {
       for (std::size_t c = 0; c < kChannels; ++c) sum[c] += from[tap * kChannels + c] * weights[tap];
@@ -138,7 +138,7 @@ void ScaleRows(RowSource& source, const ScaleAxis& across, const ScaleAxis& down
     }
     return;
   }
-  // Weights that are 0 reach beyond the columns that there are.
+  // Room for weights of 0 beyond the last column.
   const std::size_t columns = static_cast<std::size_t>(across.End() - across.Begin()) * kChannels;
   std::vector<float> mix(columns + across.Weights(0).size() * kChannels);
   std::vector<float> scaled(static_cast<std::size_t>(across.Count()) * kChannels);

@@ -8,8 +8,8 @@
 
 namespace quorvale {
 
-// How the pixels along one side of a scaled picture are mixed from those of its source: the mean of what
-// each covers when it shrinks, a line between the two nearest when it grows.
+// The weights by which the pixels along one side of a scaled picture are mixed from its source. A picture that shrinks
+// takes the mean of what each pixel covers, one that grows interpolates between the two nearest.
 class ScaleAxis {
  public:
   // For the pixels from `first` on, `count` (at least 1) of them, of a side scaled to `total` pixels.
@@ -40,8 +40,8 @@ class ScaleAxis {
   std::vector<float> weights_;
 };
 
-// Takes what the axes need from `source`, which has started there, and gives each scaled row in turn to
-// `place`. Ends early where the source does.
+// Reads what the axes need from `source`, which has started there, and calls `place` with each scaled row in turn.
+// Ends early if the source does.
 void ScaleRows(RowSource& source, const ScaleAxis& across, const ScaleAxis& down,
                const std::function<void(const Pixel* row, int y)>& place);
 

@@ -10,21 +10,21 @@
 
 namespace quorvale {
 
-// A level of a channel times an alpha, both 0 to 255, rounded.
+// The level of a channel times an alpha, both 0 to 255, rounded.
 constexpr Pixel Multiplied(Pixel level, Pixel alpha) { return (level * alpha + 127U) / 255U; }
 
-// The colour of a pixel with another alpha, by which its channels are multiplied.
+// A colour, multiplied by `alpha`, which becomes its own alpha.
 constexpr Pixel Premultiplied(Pixel colour, Pixel alpha) {
   const auto channel = [&](unsigned shift) { return Multiplied(colour >> shift & 0xFFU, alpha) << shift; };
   return alpha << 24U | channel(16) | channel(8) | channel(0);
 }
 
-// A picture that comes row by row, as it is stored.
+// A picture that is decoded row by row, as it is stored.
 class RowSource {
  public:
   virtual ~RowSource() = default;
 
-  // One side: `count` pixels that cover a length of `length`, which may end within the last one.
+  // One side: `count` pixels. They cover `length`, which may end within the last one.
   struct Side {
     int count = 0;
     double length = 0;
@@ -32,18 +32,18 @@ class RowSource {
   virtual Side Across() const = 0;
   virtual Side Down() const = 0;
 
-  // Whether every pixel's alpha is 255; elsewhere colours are multiplied by it.
+  // Whether every pixel's alpha is 255. Otherwise colours are premultiplied.
   virtual bool IsOpaque() const = 0;
 
-  // How many bytes it takes to come row by row, beside some rows.
+  // The bytes that decoding takes beside a few rows.
   virtual std::size_t Memory() const { return 0; }
 
-  // Of each row the columns from `left` up to but not including `right` are wanted, from the row `top`
-  // on. False when the picture is too damaged. Called once.
+  // Rows will hold the columns from `left` up to but not including `right`, and start at the row `top`. False if the
+  // picture is too damaged. Called once.
   virtual bool Start(int left, int right, int top) = 0;
 
-  // The pixels of a row from `left` on. Rows are asked for from top to bottom, and the last two any
-  // number of times: they stay. Null when damage ends the picture before it.
+  // The pixels of a row from `left` on. Rows are asked for from top to bottom; the last two stay valid and may be asked
+  // for again. Null if damage ends the picture before.
   virtual const Pixel* Row(int y) = 0;
 };
 
@@ -70,9 +70,9 @@ class SequentialRows : public RowSource {
   }
 
  protected:
-  // Makes `top` the next row to be decoded. False when the picture is too damaged.
+  // Makes `top` the next row to be decoded. False if the picture is too damaged.
   virtual bool GoTo(int top) = 0;
-  // The row's pixels from `Left` on. False where damage ends the picture.
+  // Decodes the pixels of a row from `Left` on. False if damage ends the picture.
   virtual bool Decode(int y, std::span<Pixel> row) = 0;
 
   int Left() const { return left_; }
@@ -81,7 +81,7 @@ class SequentialRows : public RowSource {
   PixelSize size_;
   int left_ = 0;
   int next_ = 0;
-  // The last two.
+  // The last two rows.
   std::array<std::vector<Pixel>, 2> rows_;
 };
 

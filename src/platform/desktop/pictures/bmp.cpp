@@ -13,9 +13,9 @@ namespace {
 // BITMAPFILEHEADER: the mark, sizes, and at byte 10 the offset of the rows.
 constexpr std::size_t kFileHeader = 14;
 constexpr std::size_t kRowsField = 10;
-// The smallest of the headers behind it is the only one whose colours take three bytes.
+// BITMAPCOREHEADER, the only header whose colours take three bytes.
 constexpr std::size_t kCoreHeader = 12;
-// Masks and colours, as much as a bitmap may have behind its header.
+// The most bytes of masks and colours behind a header.
 constexpr std::size_t kLongestTable = 16 + 256 * 4;
 
 std::size_t NumberAt(PictureFile& file, std::size_t offset) {
@@ -28,7 +28,7 @@ std::size_t NumberAt(PictureFile& file, std::size_t offset) {
 class BmpPicture : public FilePicture {
  public:
   explicit BmpPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), header_(ReadHeader()) {
-    // The order of the rows is an orientation like any other.
+    // Rows from the bottom up are an orientation like any other.
     Describe({header_.width, header_.height}, {.flipped = !header_.top_down});
   }
 

@@ -5,19 +5,19 @@
 #include "platform/desktop/pictures/picture_file.h"
 #include "platform/pictures/rendered_picture.h"
 
-// What each format's own file gives to the table of formats in picture_loader.cpp.
+// The functions of each format for the table in picture_loader.cpp. A format's own file defines them.
 
 namespace quorvale {
 
 using OpenedPicture = std::shared_ptr<RenderedPicture>;
 
-// By the first bytes of the file.
+// Recognise a file by its first bytes.
 bool IsBmp(PictureFile& file);
 bool IsGif(PictureFile& file);
 bool IsJpeg(PictureFile& file);
 bool IsPng(PictureFile& file);
 
-// These read the header, and fail with kBadPicture.
+// Read the header. Fail with kBadPicture.
 OpenedPicture OpenBmp(std::unique_ptr<PictureFile> file);
 OpenedPicture OpenGif(std::unique_ptr<PictureFile> file);
 OpenedPicture OpenJpeg(std::unique_ptr<PictureFile> file);

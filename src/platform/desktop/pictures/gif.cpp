@@ -9,15 +9,15 @@
 
 #include "platform/desktop/pictures/formats.h"
 
-// GIF, of which the first frame is shown. giflib unpacks it row by row; what a picture may cost is decided here.
+// GIF: the first frame is shown. giflib decodes it row by row; the limits of time and memory are here.
 
 namespace quorvale {
 namespace {
 
-// A code of one and a half bytes stands for at most as many pixels as there are codes. A file of 86 bytes that claims
-// more would cost 442 MB.
+// A code of one and a half bytes stands for at most 4096 pixels, and a file that claims more is damaged. Without this
+// limit 86 bytes can cost 442 MB.
 constexpr std::int64_t kPixelsToByte = 4096;
-// Beyond this drawing would take too much time, however small the file.
+// A larger picture would take too much time, however small its file.
 constexpr std::int64_t kMostPixels = 1 << 28;
 
 constexpr Pixel kOpaqueBlack = 0xFF000000U;
@@ -26,7 +26,7 @@ struct CloseGif {
   void operator()(GifFileType* gif) const { DGifCloseFile(gif, nullptr); }
 };
 
-// A file that is read up to its first frame, and then that frame's rows.
+// Reads a file up to its first frame, and then the rows of that frame.
 class GifDecoder {
  public:
   // Fails with kBadPicture, also if the file is too small to hold so many pixels.
@@ -47,20 +47,20 @@ class GifDecoder {
   }
 
   PixelSize Size() const { return size_; }
-  // Around it, and where it has the transparent colour, nothing is drawn.
+  // Outside the frame, and where it has the transparent colour, the picture is transparent.
   const PixelRect& Frame() const { return frame_; }
   bool IsOpaque() const { return transparent_ < 0 && frame_ == PixelRect{0, 0, size_.width, size_.height}; }
   bool IsInterlaced() const { return gif_->Image.Interlace; }
   Pixel Colour(std::uint8_t index) const { return palette_[index]; }
 
-  // The colours of the frame's next row in the order of the file. False where the codes end or make no sense.
+  // The colour indices of the frame's next row in the order of the file. False if the codes end or are damaged.
   bool ReadRow(std::span<std::uint8_t> row) {
     return DGifGetLine(gif_.get(), row.data(), static_cast<int>(row.size())) != GIF_ERROR;
   }
 
  private:
-  // Gives the number of bytes read. The library unpacks whole blocks: a block of codes that the file's end cuts off
-  // gets the length that is left of it, and an empty block ends them.
+  // Returns the number of bytes read. The library decodes whole blocks only, so a block of codes that the end of the
+  // file cuts off gets the length that is left, and after it comes an empty block.
   static int OnRead(GifFileType* gif, GifByteType* to, int count) {
     auto& self = *static_cast<GifDecoder*>(gif->UserData);
     const std::size_t left = self.file_.Size() - std::min(self.offset_, self.file_.Size());
@@ -88,7 +88,7 @@ class GifDecoder {
     }
   }
 
-  // The graphic control says how the next frame is drawn. A block has its size in front.
+  // The graphic control extension holds the transparent colour of the next frame. A block begins with its size.
   void ReadExtension() {
     int code = 0;
     GifByteType* block = nullptr;
@@ -99,7 +99,7 @@ class GifDecoder {
     while (block != nullptr) Succeeds(DGifGetExtensionNext(gif_.get(), &block));
   }
 
-  // A frame that reaches over the screen makes it larger.
+  // A frame that reaches beyond the screen makes the picture larger.
   void ReadSize() {
     frame_ = {gif_->Image.Left, gif_->Image.Top, gif_->Image.Width, gif_->Image.Height};
     if (frame_.IsEmpty()) FailLoad("Damaged picture");
@@ -111,7 +111,7 @@ class GifDecoder {
 
   PictureFile& file_;
   std::size_t offset_ = 0;
-  // What comes one byte at a time are the lengths of blocks then.
+  // From then on, reads of one byte are the lengths of blocks.
   bool reads_codes_ = false;
   std::unique_ptr<GifFileType, CloseGif> gif_;
   std::array<Pixel, 256> palette_{};
@@ -141,7 +141,7 @@ class GifRows : public SequentialRows {
     return true;
   }
 
-  // The colours of a row of the frame; null where the codes have ended. Rows are asked for downwards.
+  // The colour indices of a row of the frame. Null if the codes have ended. Rows are asked for from the top down.
   virtual const std::uint8_t* FrameRow(int y) = 0;
 
   const PixelRect& Frame() const { return frame_; }
@@ -158,7 +158,7 @@ class PlainRows : public GifRows {
   using GifRows::GifRows;
 
  protected:
-  // Without a single row it is no picture, whatever part of it is in view.
+  // A file without a single row fails, whatever part is in view.
   bool GoTo(int top) override {
     row_.resize(FrameWidth());
     if (FrameRow(0) == nullptr) return false;
@@ -178,7 +178,7 @@ class PlainRows : public GifRows {
   bool is_good_ = true;
 };
 
-// First every eighth row, then those in the middle between, and so on: all are there before one is shown.
+// Interlaced: every eighth row first, then the ones halfway between, and so on. All are decoded before one is shown.
 class InterlacedRows : public GifRows {
  public:
   using GifRows::GifRows;
@@ -192,7 +192,7 @@ class InterlacedRows : public GifRows {
     return (StorePass(0, 8) && StorePass(4, 8) && StorePass(2, 4) && StorePass(1, 2)) || is_stored_[0];
   }
 
-  // A row that is missing looks like the one above that an earlier pass has left.
+  // A missing row is replaced by the nearest one above from an earlier pass.
   const std::uint8_t* FrameRow(int y) override {
     for (int distance = 1; distance <= 8; distance *= 2) {
       const auto row = static_cast<std::size_t>(y - y % distance);
@@ -215,7 +215,7 @@ class InterlacedRows : public GifRows {
   std::vector<bool> is_stored_;
 };
 
-// No more of the file is decoded than it takes to come to the last row in view.
+// The file is decoded down to the last row in view.
 class GifPicture : public FilePicture {
  public:
   explicit GifPicture(std::unique_ptr<PictureFile> file)
@@ -231,7 +231,7 @@ class GifPicture : public FilePicture {
   }
 
  private:
-  // Waits for the first `OpenRows`.
+  // Has read the header. Used by the first `OpenRows`.
   std::unique_ptr<GifDecoder> decoder_;
 };
 

@@ -15,12 +15,12 @@
 namespace quorvale {
 namespace {
 
-// A decoder spends a few bits on every block of pixels even where all are alike; a file with less than
-// one for this many blocks has lost nearly all, or never had it.
+// Every block of pixels takes a few bits, even if all are alike. A file with less than one bit for this many blocks has
+// lost nearly all of them, or never had them.
 constexpr std::size_t kBlocksPerBit = 8;
 
-// Every scan of a progressive file goes over all the blocks. No camera or tool writes so many scans; the
-// visits are more than the usual ten scans of the largest file that fits in memory take.
+// Every scan of a progressive file visits all blocks. No camera or tool writes so many scans. The visits are more than
+// the usual ten scans need in the largest file that fits in memory.
 constexpr int kMostScans = 100;
 constexpr std::size_t kMostBlockVisits = 50'000'000;
 
@@ -39,8 +39,8 @@ void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
   }
 }
 
-// Decodes a JPEG file row by row. The library's way of failing, a long jump, stays inside: here the
-// calls give false, and the decoder is of no use after that.
+// Decodes a JPEG file row by row. The library fails by a long jump, which stays inside: the calls return false, and the
+// decoder can't be used after that.
 class JpegDecoder {
  public:
   explicit JpegDecoder(PictureFile& file);
@@ -48,7 +48,7 @@ class JpegDecoder {
   JpegDecoder(const JpegDecoder&) = delete;
   JpegDecoder& operator=(const JpegDecoder&) = delete;
 
-  // False as well for a file that holds next to no pixels for the size it claims.
+  // False also for a file that is far too small for the size that it claims.
   bool ReadHeader();
 
   // After `ReadHeader`: the size of the whole picture.
@@ -57,19 +57,18 @@ class JpegDecoder {
   // The same at a scale of `eighths`/8, 1 to 8.
   int ScaledWidth(int eighths) const { return Scaled(Width(), eighths); }
   int ScaledHeight(int eighths) const { return Scaled(Height(), eighths); }
-  // What a picture that comes in several scans takes before its first row.
+  // The bytes that a picture of several scans takes before its first row.
   std::size_t Memory() const;
 
   // Goes to the row `top` of the picture at that scale. Rows will hold the columns from `left` to
   // `right`, the same pixels as if the whole picture were decoded.
   bool Start(int eighths, int left, int right, int top);
 
-  // The next row, in memory of the decoder's that lasts until the next but one call; null when damage
-  // ends the picture here.
+  // The next row, valid until the next but one call. Null if damage ends the picture here.
   const Pixel* NextRow();
 
  private:
-  // What the library calls back.
+  // Callbacks of the library.
   static void OnError(j_common_ptr common);
   static void OnMessage(j_common_ptr common, int level);
   static void OnProgress(j_common_ptr common);
@@ -126,7 +125,7 @@ JpegDecoder::JpegDecoder(PictureFile& file) : file_(file), end_(file.Size()) {
 
 JpegDecoder::~JpegDecoder() { jpeg_destroy_decompress(&decoder_); }
 
-// The bodies hold nothing that a jump could leave undestroyed.
+// A body holds no object with a destructor, since the jump skips it.
 template <typename Body>
 bool JpegDecoder::Guarded(Body body) {
   if (setjmp(failed_) != 0) return false;
@@ -145,12 +144,12 @@ void JpegDecoder::OnProgress(j_common_ptr common) {
   const int scan = std::max(self.decoder_.input_scan_number, 0);
   self.too_much_work_ = scan > kMostScans || static_cast<std::size_t>(scan) * self.blocks_ > kMostBlockVisits;
   if (self.too_much_work_) OnError(common);
-  // A marker that it has met is not dealt with yet.
+  // The library has read this marker but not handled it.
   const std::size_t marker_size = self.decoder_.unread_marker != 0 ? 2 : 0;
   self.last_progress_ = self.next_offset_ - self.source_.bytes_in_buffer - marker_size;
 }
 
-// At the end of the file the library gets an end mark, and makes do with what it has.
+// At the end of the file the library gets an end mark, and keeps what it has decoded.
 boolean JpegDecoder::FillBuffer(j_decompress_ptr decoder) {
   auto& self = *static_cast<JpegDecoder*>(decoder->client_data);
   std::span<const std::uint8_t> bytes;
@@ -189,7 +188,7 @@ bool JpegDecoder::ReadHeader() {
 
 std::size_t JpegDecoder::Memory() const { return several_scans_ ? blocks_ * kBlockBytes : 0; }
 
-// Whether anything but a mark stands where the pixels begin.
+// Whether pixels follow the header, not a marker.
 bool JpegDecoder::HoldsPixels() {
   next_offset_ -= source_.bytes_in_buffer;
   source_.bytes_in_buffer = 0;
@@ -201,8 +200,8 @@ bool JpegDecoder::HoldsPixels() {
   return !at_end_ && first >= 0 && (first != 0xFF || byte(next_offset_ + 1) == 0);
 }
 
-// Damage between two scans of a progressive file loses what follows, not what came before: then the
-// file ends for us where the library last got on.
+// Damage between two scans of a progressive file loses only what follows: decoding starts again, and the file ends
+// where the library last made progress.
 bool JpegDecoder::Start(int eighths, int left, int right, int top) {
   if (!Begin(eighths)) {
     if (last_progress_ == 0 || too_much_work_) return false;
@@ -217,7 +216,7 @@ bool JpegDecoder::Start(int eighths, int left, int right, int top) {
     }
     if (!Begin(eighths)) return false;
   }
-  // The smoothing of colour looks at neighbours: with a block more on each side all are there.
+  // Colour is smoothed with its neighbours, which are decoded too: one block more on each side.
   const int block_width = decoder_.max_h_samp_factor * decoder_.min_DCT_scaled_size;
   const int block_height = decoder_.max_v_samp_factor * decoder_.min_DCT_scaled_size;
   if (!Guarded([&] { Crop(std::max(0, left - block_width), right + block_width); })) return false;
@@ -263,8 +262,8 @@ bool JpegDecoder::ReadRow(Pixel* row) {
   return true;
 }
 
-// The largest reduction by the decoder that leaves the picture no smaller than the box. The powers of
-// two are the ones that it has fast code for.
+// The largest reduction by the decoder that leaves the picture no smaller than the box. It has fast code for powers of
+// two.
 int ChooseEighths(const JpegDecoder& decoder, PixelSize box) {
   for (const int eighths : {1, 2, 4}) {
     if (decoder.ScaledWidth(eighths) >= box.width && decoder.ScaledHeight(eighths) >= box.height) return eighths;
@@ -304,7 +303,7 @@ class JpegRows : public RowSource {
   const Pixel* last_ = nullptr;
 };
 
-// A photo. Only the part in view is decoded, at a scale near the one it is shown at.
+// A photo. Only the part in view is decoded, at a scale near the one at which it is shown.
 class JpegPicture : public FilePicture {
  public:
   explicit JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
@@ -323,7 +322,7 @@ class JpegPicture : public FilePicture {
     return decoder;
   }
 
-  // Has read the header, and waits for the first `OpenRows`.
+  // Has read the header. Used by the first `OpenRows`.
   std::unique_ptr<JpegDecoder> decoder_;
 };
 

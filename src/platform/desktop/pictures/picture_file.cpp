@@ -12,7 +12,7 @@
 namespace quorvale {
 namespace {
 
-// Doesn't wait for anybody at the other end of a pipe.
+// Never blocks, as opening a pipe would.
 FileDescriptor Open(const std::string& path) {
   if (path.find('\0') != std::string::npos) FailLoad("File not found", FailureNumber::kNotFound);
   FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -58,8 +58,8 @@ bool PictureFile::BeginsWith(std::string_view bytes) noexcept {
          std::memcmp(start.data(), bytes.data(), bytes.size()) == 0;
 }
 
-// The file may have shrunk, or its disk fail: then the bytes end where they end. After the first call
-// the buffer has the memory that it needs.
+// If the file has shrunk or its disk fails, the bytes end there. After the first call the buffer has all the memory
+// that it needs, so later calls don't throw.
 void PictureFile::Read(std::size_t offset, std::size_t count) {
   buffer_.resize(count);
   buffer_offset_ = offset;

@@ -16,25 +16,25 @@
 
 namespace quorvale {
 
-// How files are read.
+// The limits of holding files in memory.
 struct PictureReading {
-  // Bytes: files up to this size are held in memory.
+  // Files up to this size in bytes are held in memory.
   std::size_t held_size = std::size_t{8} << 20U;
-  // How much of a larger one is read at a time, at least 1.
+  // The bytes that are read of a larger file at a time, at least 1.
   std::size_t piece_size = std::size_t{256} << 10U;
 };
 
-// The bytes of a picture file. A small file is held in memory; a large one stays open and is read
-// piecewise, so that its bytes don't weigh on top of its pixels. Either way the file may be deleted.
+// The bytes of a picture file. A small file is held in memory. A large one stays open and is read in pieces, so that
+// its bytes don't add to the memory of its pixels. Either way the file may be deleted.
 class PictureFile : public ByteSource {
  public:
-  // Fails with kNotFound or kUnreadable; kBadPicture beyond `kPictureMemoryLimit`. What is no plain
-  // file is unreadable.
+  // Fails with kNotFound or kUnreadable, and with kBadPicture beyond `kPictureMemoryLimit`. Only plain files are
+  // readable.
   explicit PictureFile(const std::string& path, PictureReading reading = {});
 
   std::size_t Size() const { return size_; }
 
-  // What is read from here on may take its time, a few seconds; after that the file has ended.
+  // Starts the time limit of reading. A few seconds later the file seems to end.
   void StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
 
   std::span<const std::uint8_t> From(std::size_t offset) noexcept override;
@@ -42,13 +42,13 @@ class PictureFile : public ByteSource {
   bool BeginsWith(std::string_view bytes) noexcept;
 
  private:
-  // Meanwhile the show stands still, so a large file on a slow disk is shown as far as it has come.
+  // The show stands still meanwhile, so a large file on a slow disk is shown as far as it was read.
   static constexpr std::chrono::seconds kTimeToRead{3};
 
   void Read(std::size_t offset, std::size_t count);
 
   std::size_t piece_size_;
-  // Closed once all is in memory.
+  // Closed if all is in memory.
   FileDescriptor file_;
   std::size_t size_ = 0;
   std::chrono::steady_clock::time_point latest_;
@@ -56,14 +56,14 @@ class PictureFile : public ByteSource {
   std::size_t buffer_offset_ = 0;
 };
 
-// A picture of pixels that keeps its file at hand.
+// A picture of pixels that is decoded from its file again and again.
 class FilePicture : public BitmapPicture {
  protected:
   explicit FilePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)) {}
 
   PictureFile& File() { return *file_; }
 
-  // The stored picture from its start, for a box of that size. Fails with kBadPicture.
+  // Starts decoding, for a box of that size as stored. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) = 0;
 
  private:

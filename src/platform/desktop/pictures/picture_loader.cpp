@@ -20,7 +20,7 @@ struct Format {
   OpenedPicture (*opens)(std::unique_ptr<PictureFile> file);
 };
 
-// As much as tells a metafile from other files.
+// Enough to recognise a metafile.
 constexpr std::size_t kMetafileHead = 64;
 
 bool IsMetafile(PictureFile& file) {
@@ -35,13 +35,13 @@ OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
   return std::make_shared<MetafilePicture>(std::move(bytes));
 }
 
-// Both kinds of metafile are played by one code.
+// One player serves both kinds of metafile.
 constexpr Format kFormats[] = {
     {"BMP", IsBmp, OpenBmp},           {"GIF", IsGif, OpenGif},           {"JPEG", IsJpeg, OpenJpeg},
     {"WMF", IsMetafile, OpenMetafile}, {"EMF", IsMetafile, OpenMetafile}, {"PNG", IsPng, OpenPng},
 };
 
-// Each has a row in `kPictureFormats`, and the other way round.
+// The rows are those of `kPictureFormats`.
 static_assert(std::equal(std::begin(kFormats), std::end(kFormats), std::begin(kPictureFormats),
                          std::end(kPictureFormats),
                          [](const Format& row, const PictureFormat& named) { return row.name == named.name; }));

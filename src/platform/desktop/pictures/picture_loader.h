@@ -8,7 +8,7 @@
 
 namespace quorvale {
 
-// Tells the format of a picture file by its content.
+// Recognises the format of a picture file by its content.
 class DesktopPictureLoader : public PictureLoader {
  public:
   explicit DesktopPictureLoader(PictureReading reading = {}) : reading_(reading) {}

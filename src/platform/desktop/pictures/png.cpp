@@ -12,11 +12,11 @@
 namespace quorvale {
 namespace {
 
-// The most pixels that the format packs into a byte.
+// The most pixels that the format can pack into a byte.
 constexpr std::int64_t kPixelsToByte = 8300;
 
-// Decodes a PNG file row by row. The library's way of failing, a long jump, stays inside: here the calls give false,
-// and the decoder is of no use after that.
+// Decodes a PNG file row by row. libpng fails by a long jump, which stays inside: the calls return false, and the
+// decoder can't be used after that.
 class PngDecoder {
  public:
   explicit PngDecoder(PictureFile& file);
@@ -35,15 +35,15 @@ class PngDecoder {
   }
   bool IsInterlaced() const { return png_get_interlace_type(png_, info_) != PNG_INTERLACE_NONE; }
 
-  // Before the first row. Rows then come as pixels whose colours are not multiplied by their alpha.
+  // Before the first row. Rows are pixels whose colours are not premultiplied.
   bool Start();
   bool ReadRow(Pixel* row);
-  // All rows of an interlaced file, one after the other. Where damage ends them, what the passes before have left
-  // stays; false if there is not even one whole pass.
+  // All rows of an interlaced file, one after the other. If damage ends them, the result of the passes before stays.
+  // False if there is not even one whole pass.
   bool ReadPasses(std::span<Pixel> pixels);
 
  private:
-  // What the library calls back. It would print what it has to say.
+  // Callbacks of the library. Its own would print messages.
   [[noreturn]] static void OnError(png_structp png, png_const_charp text);
   static void OnWarning(png_structp /*png*/, png_const_charp /*text*/) {}
   static void OnRead(png_structp png, png_bytep to, std::size_t count);
@@ -66,7 +66,7 @@ PngDecoder::PngDecoder(PictureFile& file)
   png_set_read_fn(png_, this, OnRead);
 }
 
-// The bodies hold nothing that a jump could leave undestroyed.
+// A body holds no object with a destructor, since the jump skips it.
 template <typename Body>
 bool PngDecoder::Guarded(Body body) {
   if (setjmp(failed_) != 0) return false;
@@ -86,8 +86,7 @@ void PngDecoder::OnRead(png_structp png, png_bytep to, std::size_t count) {
 
 bool PngDecoder::ReadHeader() {
   return info_ != nullptr && Guarded([this] {
-           // Only what makes the pixels: packed texts and profiles would unpack to as much memory as a stranger's file
-           // likes.
+           // Ignores all chunks but those of the pixels: compressed texts and profiles can take any amount of memory.
            png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
            png_read_info(png_, info_);
          });
@@ -118,7 +117,7 @@ bool PngDecoder::ReadPasses(std::span<Pixel> pixels) {
   const auto width = static_cast<std::size_t>(Width());
   for (int pass = 0; pass < passes_; ++pass) {
     for (std::size_t at = 0; at < pixels.size(); at += width) {
-      // As a row for display: each pixel of a pass also fills the places of those that later ones bring.
+      // The library fills a row for display: each pixel of a pass also takes the places of those in later passes.
       const bool read = Guarded([&] { png_read_row(png_, nullptr, reinterpret_cast<png_bytep>(&pixels[at])); });
       if (!read) return pass > 0;
     }
@@ -176,7 +175,7 @@ class PngRows : public SequentialRows {
   std::vector<Pixel> pixels_;
 };
 
-// Decoded down to the last row in view; an interlaced one as a whole.
+// Decoded down to the last row in view. An interlaced file is decoded as a whole.
 class PngPicture : public FilePicture {
  public:
   explicit PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
@@ -189,7 +188,7 @@ class PngPicture : public FilePicture {
   }
 
  private:
-  // A size that the bytes of the file can't fill is none.
+  // A file that is too small for the size that it claims is damaged.
   std::unique_ptr<PngDecoder> ReadHeader() {
     auto decoder = std::make_unique<PngDecoder>(File());
     if (!decoder->ReadHeader()) FailLoad("Damaged picture");
@@ -199,7 +198,7 @@ class PngPicture : public FilePicture {
     return decoder;
   }
 
-  // Has read the header, and waits for the first `OpenRows`.
+  // Has read the header. Used by the first `OpenRows`.
   std::unique_ptr<PngDecoder> decoder_;
 };
 

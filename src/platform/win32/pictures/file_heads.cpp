@@ -7,20 +7,20 @@
 namespace quorvale {
 namespace {
 
-// GIF: the mark "GIF", read as a number, and the size of the header.
+// GIF: the letters "GIF" as a number, and the size of the header.
 constexpr std::uint32_t kGifMark = 0x464947;
 constexpr std::size_t kGifHeader = 13;
 constexpr unsigned kExtension = 0x21;
 constexpr unsigned kPicture = 0x2C;
 
-// JPEG. Marker numbers come behind a byte `kMarker`.
+// JPEG. A marker is the byte `kMarker` and a number.
 constexpr unsigned kStartOfImage = 0xFFD8;
 constexpr unsigned kMarker = 0xFF;
 constexpr unsigned kFirstFrameKind = 0xC0;
 constexpr unsigned kProgressive = 0xC2;
 constexpr unsigned kStartOfScan = 0xDA;
 
-// Over a chain of blocks that each begin with their length.
+// Skips a chain of blocks, each of which begins with its length.
 void SkipBlocks(ByteReader& reader) {
   while (const unsigned length = reader.U8()) reader.Skip(length);
 }
@@ -66,7 +66,7 @@ bool HasSeveralScans(ByteSpan bytes) {
     if (length < 2 || length > bytes.size() - start) return false;
     if (kind == kProgressive) return true;
     if (kind == kFirstFrameKind || kind == kFirstFrameKind + 1) {
-      // Behind a depth and two sides.
+      // The number follows a depth and two sides.
       reader.Skip(5);
       colours = reader.U8();
     }

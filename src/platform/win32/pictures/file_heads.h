@@ -3,7 +3,7 @@
 #include "base/byte_reader.h"
 #include "toolkit/units.h"
 
-// What the system's decoders do not say of a file.
+// Facts about files that the system's decoders do not report.
 
 namespace quorvale {
 

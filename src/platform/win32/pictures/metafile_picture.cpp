@@ -13,17 +13,16 @@
 namespace quorvale {
 namespace {
 
-// One playing of a metafile's records on a device context that was handed to it.
+// One run through the records of a metafile: its time, and the states that it has saved.
 class Playing {
  public:
-  // Whether the two seconds are over that a picture may take, however many records it has. What was drawn by then
-  // stays.
+  // Whether the two seconds of a picture are over.
   bool IsOver() const { return std::chrono::steady_clock::now() - start_ > kTime; }
 
   void StateSaved() { ++saved_; }
 
-  // How far back, as a negative number, a restoring record may go that names a state from the last one back, or from
-  // 1 for the first. 0 where it names none that this metafile has saved: the one before is the caller's.
+  // Negative: counts back from the state saved last, which is -1. Positive: the state saved at that depth, from 1.
+  // Returns it as a negative number. 0 if this metafile has not saved it: earlier states are the caller's.
   int RestoreState(int which) {
     const int index = which < 0 ? saved_ + which : which - 1;
     if (index < 0 || index >= saved_) return 0;
@@ -81,7 +80,7 @@ int CALLBACK PlayEnhancedRecord(HDC context, HANDLETABLE* objects, const ENHMETA
   return 1;
 }
 
-// A box's right and bottom edges are those pixels that it still has, for metafiles of this kind.
+// Boxes of enhanced metafiles include their right and bottom edges.
 RECT PlayRect(const PixelRect& box) { return {box.left, box.top, box.Right() - 1, box.Bottom() - 1}; }
 
 class EnhancedMetafile : public Metafile {

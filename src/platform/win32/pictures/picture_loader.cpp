@@ -15,8 +15,8 @@
 namespace quorvale {
 namespace {
 
-// The whole file. Fails with kNotFound or kUnreadable, also for what is no plain file; kBadPicture beyond
-// `kPictureMemoryLimit`.
+// Reads the whole file. Fails with kNotFound or kUnreadable, and with kBadPicture beyond `kPictureMemoryLimit`. Only
+// plain files are readable.
 std::vector<std::uint8_t> ReadPictureFile(const std::string& path) {
   const Handle file = OpenForReading(path);
   LARGE_INTEGER size{};

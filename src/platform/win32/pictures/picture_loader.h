@@ -4,7 +4,7 @@
 
 namespace quorvale {
 
-// Tells the kind of a picture file by its content.
+// Recognises the format of a picture file by its content.
 class Win32PictureLoader : public PictureLoader {
  public:
   std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) override;

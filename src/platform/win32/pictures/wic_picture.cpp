@@ -8,14 +8,14 @@
 #include "base/byte_reader.h"
 #include "platform/pictures/row_source.h"
 
-// A decoder that can scale while it decodes has this interface. The compiler's own headers leave it out. Like every
-// component it destroys itself.
+// The interface of decoders that scale while they decode. The compiler's headers lack it. Components have no public
+// destructor.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 struct IWICBitmapSourceTransform : public IUnknown {
   virtual HRESULT STDMETHODCALLTYPE CopyPixels(const WICRect* rect, UINT width, UINT height, WICPixelFormatGUID* format,
                                                WICBitmapTransformOptions transform, UINT stride, UINT size,
                                                BYTE* pixels) = 0;
-  // The size nearest to the wanted one that the decoder can make.
+  // The size nearest to the wanted one that the decoder supports.
   virtual HRESULT STDMETHODCALLTYPE GetClosestSize(UINT* width, UINT* height) = 0;
   virtual HRESULT STDMETHODCALLTYPE GetClosestPixelFormat(WICPixelFormatGUID* format) = 0;
   virtual HRESULT STDMETHODCALLTYPE DoesSupportTransform(WICBitmapTransformOptions transform, BOOL* supported) = 0;
@@ -28,20 +28,20 @@ namespace {
 
 using WicSource = ComPointer<IWICBitmapSource>;
 
-// Fails with kBadPicture where a call did: one for a picture too large for the memory, one for any other.
+// Throws kBadPicture if a call has failed. Its text tells a lack of memory from other failures.
 void CheckPicture(HRESULT result) {
   if (SUCCEEDED(result)) return;
   const bool too_large = result == E_OUTOFMEMORY || result == WINCODEC_ERR_IMAGESIZEOUTOFRANGE;
   FailLoad(too_large ? "Picture too large" : "Not a picture, or damaged");
 }
 
-// What a photo's decoder makes at once; where damage ends the picture, no more than this is lost with it.
+// As many rows as a decoder of photos makes at once. Damage loses no more than this.
 constexpr int kBandRows = 16;
 
-// The rows of a picture that the system decodes, a band of them at a time.
+// The rows of a picture that the system decodes, in bands.
 class WicRows : public RowSource {
  public:
-  // `source` gives pixels as ours are, in `across` by `down`.
+  // The pixels of `source` have our format.
   WicRows(WicSource source, Side across, Side down, bool opaque);
 
   Side Across() const override { return across_; }
@@ -65,7 +65,7 @@ class WicRows : public RowSource {
   bool opaque_;
   int left_ = 0;
   int width_ = 0;
-  // Taken in turn, so that the last row of one stays while the next is read.
+  // Used in turn, so that the last row of one stays while the next is read.
   std::array<Band, 2> bands_;
 };
 
@@ -113,7 +113,7 @@ class CanvasRows : public RowSource {
   Side across_;
   Side down_;
   PixelRect place_;
-  // What of a row is wanted, and what of that is the picture's.
+  // The first wanted column, and the part of the wanted columns that the picture covers.
   int left_ = 0;
   PixelRect seen_;
   // The last two rows.
@@ -145,7 +145,7 @@ const Pixel* CanvasRows::Row(int y) {
   return row.data();
 }
 
-// More than any format packs into a byte: a file that claims more lies.
+// No format packs more pixels into a byte. A file that claims more is damaged.
 constexpr std::uint64_t kMostPixelsToByte = 4096;
 
 bool IsJpeg(ByteSpan bytes) { return ByteReader(bytes).U16() == 0xD8FF; }
@@ -160,7 +160,7 @@ void CheckSize(PixelSize size, ByteSpan bytes) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
   if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
-  // Photos in one scan are the only ones that are never in memory as a whole.
+  // Only photos of one scan are decoded without holding the whole picture.
   if (IsJpeg(bytes) && !HasSeveralScans(bytes)) return;
   if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
 }
@@ -239,7 +239,7 @@ std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {
   const UINT width = DividedUp(frame_size_.width, divisor);
   const UINT height = DividedUp(frame_size_.height, divisor);
   if (divisor > 1) {
-    // The system's scaler hands the size on to a decoder that can do it.
+    // The system's scaler passes the size on to a decoder that can scale.
     CheckPicture(factory_->CreateBitmapScaler(scaler.Out()));
     CheckPicture(scaler->Initialize(source, width, height, WICBitmapInterpolationModeFant));
     source = scaler.Get();
@@ -255,7 +255,7 @@ std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {
 WicFrame WicPicture::OpenFrame() const {
   ComPointer<IWICStream> stream;
   CheckPicture(factory_->CreateStream(stream.Out()));
-  // The stream reads, whatever its parameter's type says.
+  // The stream only reads, though its parameter is not const.
   CheckPicture(stream->InitializeFromMemory(const_cast<BYTE*>(bytes_.data()), static_cast<DWORD>(bytes_.size())));
   ComPointer<IWICBitmapDecoder> decoder;
   CheckPicture(factory_->CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand, decoder.Out()));

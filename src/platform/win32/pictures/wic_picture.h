@@ -7,7 +7,7 @@
 #include "platform/pictures/rendered_picture.h"
 #include "platform/win32/pictures/file_heads.h"
 #include "platform/win32/windows_api.h"
-// Behind the header that it builds on.
+// Needs the header above.
 #include <wincodec.h>
 
 #include "platform/win32/system/com.h"
@@ -20,7 +20,7 @@ using WicFrame = ComPointer<IWICBitmapFrameDecode>;
 // The system's picture decoders. Fails with kInternal on a system without them.
 WicFactory CreateWicFactory();
 
-// A picture of any format that the system decodes; of an animated one the first frame.
+// A picture of any format that the system decodes. An animated one shows its first frame.
 class WicPicture : public BitmapPicture {
  public:
   // Fails with kBadPicture.
@@ -32,13 +32,13 @@ class WicPicture : public BitmapPicture {
  private:
   WicFrame OpenFrame() const;
 
-  // The decoders must not outlive it.
+  // Outlives the decoders.
   ComApartment apartment_;
   WicFactory factory_;
   std::vector<std::uint8_t> bytes_;
   PixelSize frame_size_;
   GifCanvas canvas_;
-  // Waits for the first `Open`.
+  // Used by the first `Open`.
   WicFrame frame_;
 };
 
