@@ -1,4 +1,4 @@
-// The Windows program: makes what the core runs on, and runs it.
+// The Windows program: makes the objects of the platform and runs the core on them.
 
 #include <string>
 
@@ -12,9 +12,9 @@
 #include "platform/win32/system/win32_host.h"
 #include "platform/win32/system/win32_programs.h"
 #include "platform/win32/system/win32_registry.h"
-#include "platform/win32/toolkit/dpi.h"
 #include "platform/win32/toolkit/event_loop.h"
-#include "platform/win32/toolkit/win32_platform.h"
+#include "platform/win32/toolkit/resolution.h"
+#include "platform/win32/win32_platform.h"
 #include "process/process.h"
 #include "run/main_procedure.h"
 #include "settings/version_record.h"
@@ -24,24 +24,24 @@ namespace {
 
 bool IsMode(const std::string& text, const char* mode) { return UpperCase(Left(text, 2)) == mode; }
 
-// The host of a preview may count other pixels than we would.
-void FollowHost(const std::string& text) {
+// A preview needs the DPI awareness of its host.
+void AdoptHost(const std::string& text) {
   try {
-    FollowDpiOf(reinterpret_cast<HWND>(ToWindowHandle(SwitchHandle(text))));
+    AdoptDpiAwarenessOf(reinterpret_cast<HWND>(ToWindowHandle(SwitchHandle(text))));
   } catch (const Failure&) {
-    // `Main` reads the number again, and tells of the failure.
+    // `Main` reads the number again and reports the failure.
   }
 }
 
 int RunProgram(const std::string& text) {
-  // What the system loads for us later comes from its own directory and not from the program's.
+  // Libraries that are loaded later come from the system's directory, not from the program's.
   SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-  // A list may name an empty drive; the system's question for a disk would stand in the way of the show.
+  // A list may name an empty drive. The system must not ask for a disk above the show.
   SetErrorMode(SEM_FAILCRITICALERRORS);
   const ComApartment components;
-  // The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
+  // A show covers physical pixels. The configuration scales with the resolution.
   const bool is_show = IsMode(text, "/S") || IsMode(text, "/P");
-  if (IsMode(text, "/P")) FollowHost(text);
+  if (IsMode(text, "/P")) AdoptHost(text);
   Win32Options options;
   options.application_title = kApplicationTitle;
   options.pixels = is_show ? PixelKind::kPhysical : PixelKind::kLogical;
@@ -56,7 +56,7 @@ int RunProgram(const std::string& text) {
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
 
   Main(process, text);
-  // Only now: a form that fails to load goes as well, and a loop told to end would take the box that says so along.
+  // Set only now: a form that fails to load also goes, and an ended loop would close the box that reports the failure.
   if (process.app.Forms.Count() == 0) return 0;
   process.app.LastFormGone = EndEventLoop;
   return RunEventLoop();

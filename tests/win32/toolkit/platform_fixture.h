@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/toolkit/win32_platform.h"
+#include "platform/win32/win32_platform.h"
 #include "toolkit/picture.h"
 #include "toolkit/surface.h"
 

@@ -6,9 +6,9 @@
 #include <thread>
 #include <utility>
 
-#include "platform/win32/toolkit/wide_text.h"
-#include "platform/win32/toolkit/win32_platform.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/native_control.h"
+#include "platform/win32/win32_platform.h"
 #include "toolkit/buttons.h"
 #include "toolkit/entry_fields.h"
 #include "toolkit/form.h"

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/win32/system/system_text.h"
-#include "platform/win32/toolkit/wide_text.h"
 
 namespace quorvale {
 namespace {

@@ -2,10 +2,16 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "base/failure.h"
 
 namespace quorvale {
+
+// Converts between UTF-16 and the process's code page, which the narrow calls use too. The manifest makes it UTF-8 on
+// systems that can do that.
+std::wstring ToWide(std::string_view text);
+std::string FromWide(std::wstring_view text);
 
 // The system's message for an error number, without the line break at its end.
 std::string DescribeError(std::uint32_t error);

@@ -5,7 +5,6 @@
 
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/system_text.h"
-#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {

@@ -6,7 +6,6 @@
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/modules.h"
 #include "platform/win32/system/system_text.h"
-#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/windows_api.h"
 // Needs the header above.
 #include <shellapi.h>

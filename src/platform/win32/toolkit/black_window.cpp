@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "platform/common/deliver.h"
-#include "platform/win32/toolkit/input_messages.h"
 #include "platform/win32/toolkit/native_window.h"
 #include "platform/win32/toolkit/top_window.h"
 

@@ -1,12 +1,13 @@
 #include "platform/win32/toolkit/gdi.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 
 namespace quorvale {
-
 namespace {
 
-// Our pixels as the system knows them, from the top row down.
+// Describes the toolkit's pixels to GDI. The negative height means that the top row comes first.
 BITMAPINFO PixelFormat(int width, int height) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
@@ -32,6 +33,20 @@ void CopyPixels(HDC context, const PixelView& source, const PixelRect& rect) {
   const BITMAPINFO info = PixelFormat(static_cast<int>(source.stride), rect.height);
   SetDIBitsToDevice(context, rect.left, rect.top, static_cast<DWORD>(rect.width), static_cast<DWORD>(rect.height),
                     rect.left, 0, 0, static_cast<UINT>(rect.height), source.Row(rect.top), &info, DIB_RGB_COLORS);
+}
+
+Icon MakeIcon(Bitmap picture) {
+  const PixelView source = picture.View();
+  if (source.Bounds().IsEmpty()) return nullptr;
+  const PixelBitmap colours(source.width, source.height);
+  for (int y = 0; y < source.height; ++y) std::copy_n(source.Row(y), source.width, colours.Pixels().Row(y));
+  // The pixels have their own opacity, but the call needs a mask all the same.
+  const GdiObject<HBITMAP> mask(CreateBitmap(source.width, source.height, 1, 1, nullptr));
+  ICONINFO info{};
+  info.fIcon = TRUE;
+  info.hbmMask = mask.get();
+  info.hbmColor = colours.Get();
+  return Icon(CreateIconIndirect(&info));
 }
 
 }  // namespace quorvale

@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "platform/win32/windows_api.h"
+#include "toolkit/bitmap.h"
 #include "toolkit/pixel_view.h"
 
 namespace quorvale {
@@ -17,7 +18,7 @@ using GdiObject = std::unique_ptr<std::remove_pointer_t<Handle>, DeleteGdiObject
 
 using GdiFont = GdiObject<HFONT>;
 
-// A device context in memory, with an object selected into it at a time or none.
+// A device context in memory. Restores its original objects before it goes.
 class MemoryContext {
  public:
   MemoryContext() : context_(CreateCompatibleDC(nullptr)), state_(SaveDC(context_)) {}
@@ -37,14 +38,14 @@ class MemoryContext {
   int state_;
 };
 
-// A bitmap of the system's whose pixels can be read and written, from the top row down.
+// A GDI bitmap whose pixels can be read and written. The top row comes first.
 class PixelBitmap {
  public:
-  // Fails with kInternal where there is no memory for it.
+  // Fails with kInternal if there is no memory for it.
   PixelBitmap(int width, int height);
 
   HBITMAP Get() const { return bitmap_.get(); }
-  // The system draws into it and leaves the topmost byte of a pixel undefined.
+  // After GDI has drawn, the highest byte of each pixel is undefined.
   const PixelView& Pixels() const { return pixels_; }
 
  private:
@@ -52,7 +53,16 @@ class PixelBitmap {
   GdiObject<HBITMAP> bitmap_;
 };
 
-// Copies the pixels of `source` in `rect` to the same place of the context.
+// Copies the pixels of `source` in `rect` to the same place in the context.
 void CopyPixels(HDC context, const PixelView& source, const PixelRect& rect);
+
+struct DeleteIcon {
+  void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+
+using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, DeleteIcon>;
+
+// Null if the system can't make one.
+Icon MakeIcon(Bitmap picture);
 
 }  // namespace quorvale

@@ -9,7 +9,7 @@ NativeWindow::NativeWindow(DWORD style, DWORD extended_style, HWND parent)
     : window_(CreateWindowExW(extended_style, ClassName(), L"", style, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleW(nullptr), nullptr)) {
   if (window_ == nullptr) throw Failure(FailureNumber::kInternal, "No window could be made", "NativeWindow");
-  // Only now: what arrives while it is being made is the system's.
+  // Messages that come during the creation go to the system, since the object is not complete yet.
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 

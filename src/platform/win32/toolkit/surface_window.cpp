@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "platform/win32/toolkit/gdi.h"
-#include "platform/win32/toolkit/input_messages.h"
 
 namespace quorvale {
 namespace {
@@ -36,7 +35,7 @@ bool SurfaceWindow::IsInSight() const {
   return Window() != nullptr && IsWindowVisible(Window()) != 0 && IsIconic(GetAncestor(Window(), GA_ROOT)) == 0;
 }
 
-// The toolkit gives it a new size then.
+// The toolkit then sets a new size.
 void SurfaceWindow::FollowScale() {
   if (std::exchange(scale_, top_.Scale()) != top_.Scale()) events_.OnScaleChanged();
 }
@@ -69,7 +68,7 @@ LRESULT SurfaceWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_ERASEBKGND:
       return 1;
     case WM_CLOSE:
-      // Whoever watches the window decides what that means; a tick may still be drawing on it.
+      // The message hook of the form decides. The window must stay, since a tick may be drawing on it.
       return 0;
     default:
       return Default(message, first, second);

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "platform/common/typeface.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/gdi.h"
-#include "platform/win32/toolkit/wide_text.h"
 
 namespace quorvale {
 namespace {

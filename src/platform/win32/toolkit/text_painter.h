@@ -4,7 +4,7 @@
 
 namespace quorvale {
 
-// Text by GDI, in the scalable faces nearest to the fonts asked for.
+// Draws text by GDI, in scalable fonts that are close to the named ones.
 class GdiTextPainter : public TextPainter {
  public:
   // `pixels_per_inch` of the toolkit's pixels.

@@ -4,20 +4,19 @@
 #include <utility>
 
 #include "platform/win32/toolkit/black_window.h"
-#include "platform/win32/toolkit/input_messages.h"
 
 namespace quorvale {
 namespace {
 
-constexpr UINT kLookAtScreen = WM_APP + 2;
-constexpr UINT_PTR kLookAgain = 1;
-constexpr UINT kBetweenLooks = 500;  // milliseconds
+constexpr UINT kCheckScreen = WM_APP + 2;
+constexpr UINT_PTR kCheckTimer = 1;
+constexpr UINT kCheckInterval = 500;  // milliseconds
 
 DWORD StyleOf(WindowKind kind) { return (kind == WindowKind::kDialog ? kDialogStyle : WS_POPUP) | WS_CLIPCHILDREN; }
 
 DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? kDialogExtendedStyle : 0; }
 
-// The corner of a window of that size that lies in the work area and nearest to `wanted`.
+// The top left corner nearest to `wanted` at which a window of this size lies in the work area.
 POINT InWorkArea(POINT wanted, SIZE size) {
   const RECT area = WorkAreaOf(MonitorFromPoint(wanted, MONITOR_DEFAULTTONEAREST));
   return {std::max(area.left, std::min(wanted.x, area.right - size.cx)),
@@ -69,7 +68,7 @@ void TopWindow::Appear() {
   if (kind_ != WindowKind::kSaver) return;
   black_windows_ = CoverOtherMonitors(*this);
   had_screen_ = false;
-  LookAtScreenSoon();
+  CheckScreenSoon();
   // The form may be busy for seconds before messages are handled again.
   RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -90,56 +89,56 @@ bool TopWindow::HoldsScreen() const {
   return process == GetCurrentProcessId() && IsWindowVisible(Window()) != 0 && IsIconic(Window()) == 0;
 }
 
-// Not at once: the system is in the middle of the change, and may be on its way back.
-void TopWindow::LookAtScreenSoon() const { PostMessageW(Window(), kLookAtScreen, 0, 0); }
+// Posted, because the system is in the middle of a change that it may take back.
+void TopWindow::CheckScreenSoon() const { PostMessageW(Window(), kCheckScreen, 0, 0); }
 
-// One loss of the screen comes with several messages, and the way back goes to and fro for a moment. The form is told
-// once for each time that it had the screen at two looks in a row. While a box of ours holds the window back, the box
-// is what the user works with.
-void TopWindow::LookAtScreen(bool again) {
-  KillTimer(Window(), kLookAgain);
-  if (!is_shown_ || is_telling_ || IsWindowEnabled(Window()) == 0) return;
+// Windows sends several messages for one loss of the screen, and on the way back the foreground may change to and fro.
+// So a loss is reported once, and again only after two successive checks have found the window in front. While a
+// message box has disabled the window, the user works with the box, and nothing is checked.
+void TopWindow::CheckScreen(bool is_repeated) {
+  KillTimer(Window(), kCheckTimer);
+  if (!is_shown_ || is_reporting_loss_ || IsWindowEnabled(Window()) == 0) return;
   if (HoldsScreen()) {
-    had_screen_ = had_screen_ || again;
-    if (!had_screen_) SetTimer(Window(), kLookAgain, kBetweenLooks, nullptr);
+    had_screen_ = had_screen_ || is_repeated;
+    if (!had_screen_) SetTimer(Window(), kCheckTimer, kCheckInterval, nullptr);
     return;
   }
   if (std::exchange(had_screen_, false)) {
-    is_telling_ = true;
+    is_reporting_loss_ = true;
     events_.OnDeactivated();
-    is_telling_ = false;
+    is_reporting_loss_ = false;
     if (!is_shown_) return;
   }
-  // The form stays, so the window comes back, and tries again where the system refuses that.
+  // The form goes on, so the window comes back. The system may refuse that, so try again.
   if (IsIconic(Window()) != 0) ShowWindow(Window(), SW_RESTORE);
   ShowWindow(Window(), SW_SHOW);
   SetForegroundWindow(Window());
-  SetTimer(Window(), kLookAgain, kBetweenLooks, nullptr);
+  SetTimer(Window(), kCheckTimer, kCheckInterval, nullptr);
 }
 
-bool TopWindow::TakeShowMessage(UINT message, WPARAM first) {
+bool TopWindow::OnShowMessage(UINT message, WPARAM first) {
   switch (message) {
-    case kLookAtScreen:
-      LookAtScreen(false);
+    case kCheckScreen:
+      CheckScreen(false);
       return true;
     case WM_TIMER:
-      if (first != kLookAgain) return false;
-      LookAtScreen(true);
+      if (first != kCheckTimer) return false;
+      CheckScreen(true);
       return true;
     case WM_SYSCOMMAND:
-      // While one saver runs the system needs no other.
+      // The system must not start a second saver above the running one.
       return (first & 0xFFF0U) == SC_SCREENSAVE;
     case WM_ACTIVATEAPP:
-      LookAtScreenSoon();
+      CheckScreenSoon();
       return false;
     case WM_SHOWWINDOW:
-      if (first == FALSE) LookAtScreenSoon();
+      if (first == FALSE) CheckScreenSoon();
       return false;
     case WM_ENABLE:
-      if (first != FALSE) LookAtScreenSoon();
+      if (first != FALSE) CheckScreenSoon();
       return false;
     case WM_SIZE:
-      if (first == SIZE_MINIMIZED) LookAtScreenSoon();
+      if (first == SIZE_MINIMIZED) CheckScreenSoon();
       return false;
     case WM_DISPLAYCHANGE:
       events_.OnScreenChanged();
@@ -176,7 +175,7 @@ LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     default:
       break;
   }
-  if (kind_ == WindowKind::kSaver && TakeShowMessage(message, first)) return 0;
+  if (kind_ == WindowKind::kSaver && OnShowMessage(message, first)) return 0;
   return Default(message, first, second);
 }
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "platform/win32/toolkit/dpi.h"
+#include "platform/win32/toolkit/resolution.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "platform/common/deliver.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/event_loop.h"
-#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/native_control.h"
 #include "toolkit/widget.h"

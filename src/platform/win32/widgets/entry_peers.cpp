@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {

@@ -1,6 +1,6 @@
 #include "platform/win32/widgets/label_peer.h"
 
-#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "toolkit/fitting.h"
 

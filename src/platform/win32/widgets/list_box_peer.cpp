@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "base/text.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/gdi.h"
-#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {

@@ -6,7 +6,7 @@
 #include "base/failure.h"
 #include "platform/common/deliver.h"
 #include "platform/win32/system/com.h"
-#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "toolkit/panels.h"
 

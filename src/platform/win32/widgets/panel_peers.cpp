@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cwctype>
 
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/top_window.h"
-#include "platform/win32/toolkit/wide_text.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {

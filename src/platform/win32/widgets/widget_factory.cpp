@@ -1,6 +1,6 @@
 #include "platform/win32/widgets/widget_factory.h"
 
-#include "platform/win32/toolkit/window_peer.h"
+#include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/widgets/button_peers.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "platform/win32/widgets/entry_peers.h"

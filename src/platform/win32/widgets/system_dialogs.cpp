@@ -1,4 +1,4 @@
-#include "platform/win32/widgets/common_dialogs.h"
+#include "platform/win32/widgets/system_dialogs.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -7,13 +7,65 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
+#include <string_view>
 
 #include "base/failure.h"
-#include "platform/win32/toolkit/wide_text.h"
+#include "platform/win32/system/system_text.h"
 
 namespace quorvale {
 namespace {
+
+UINT ToWin32(MessageBoxButtons buttons) {
+  switch (buttons) {
+    case MessageBoxButtons::kOk:
+      return MB_OK;
+    case MessageBoxButtons::kYesNoCancel:
+      return MB_YESNOCANCEL;
+    case MessageBoxButtons::kAbortRetryIgnore:
+      return MB_ABORTRETRYIGNORE;
+  }
+  return MB_OK;
+}
+
+UINT ToWin32(MessageBoxIcon icon) {
+  switch (icon) {
+    case MessageBoxIcon::kNone:
+      return 0;
+    case MessageBoxIcon::kInformation:
+      return MB_ICONINFORMATION;
+    case MessageBoxIcon::kExclamation:
+      return MB_ICONEXCLAMATION;
+    case MessageBoxIcon::kQuestion:
+      return MB_ICONQUESTION;
+  }
+  return 0;
+}
+
+// The program's active window, which the box disables while it is there.
+HWND Owner() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  if (GetGUIThreadInfo(GetCurrentThreadId(), &info) == 0 || info.hwndActive == nullptr) return nullptr;
+  return IsWindowVisible(info.hwndActive) != 0 ? info.hwndActive : nullptr;
+}
+
+BOOL CALLBACK StopAtVisibleDialog(HWND window, LPARAM found) {
+  wchar_t name[8] = {};
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  // The window class of the system's dialogs.
+  if (IsWindowVisible(window) == 0 || std::wstring_view(name) != L"#32770") return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The topmost of the system's dialogs in this program, or null.
+HWND TopmostDialog() {
+  HWND dialog = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &StopAtVisibleDialog, reinterpret_cast<LPARAM>(&dialog));
+  return dialog;
+}
 
 // In characters. Enough for ten thousand files; if there are more, the user has to choose again in a second dialog.
 constexpr std::size_t kLeastRoom = 1U << 20U;
@@ -60,6 +112,23 @@ DWORD AskForFiles(HWND owner, const FileDialog& dialog, std::wstring& path) {
 }
 
 }  // namespace
+
+MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title,
+                                     EndedLoops& ended_loops) {
+  std::string text = box.text;
+  std::replace(text.begin(), text.end(), '\r', '\n');
+  const HWND owner = Owner();
+  const UINT kind = ToWin32(box.buttons) | ToWin32(box.icon) | MB_SETFOREGROUND | MB_TOPMOST |
+                    (owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL);
+  // First called while the box is on the screen. With the user's answer the box disappears, but the call returns only
+  // when an effect inside it has ended.
+  const EndedLoops::Loop loop(ended_loops, [shown = HWND()]() mutable {
+    if (shown == nullptr) shown = TopmostDialog();
+    return shown != nullptr && IsWindowVisible(shown) == 0;
+  });
+  return static_cast<MessageBoxAnswer>(MessageBoxW(
+      owner, ToWide(text).c_str(), ToWide(box.title.empty() ? application_title : box.title).c_str(), kind));
+}
 
 std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
   std::wstring start = ToWide(dialog.start_name);

@@ -1,4 +1,4 @@
-#include "platform/win32/toolkit/message_hook_peer.h"
+#include "platform/win32/toolkit/message_peers.h"
 
 #include <commctrl.h>
 
@@ -30,6 +30,18 @@ void Win32MessageHookPeer::Release() {
 void Win32MessageHookPeer::Arrived(UINT message) {
   const int number = static_cast<int>(message);
   if (reported_.contains(number)) arrived_(number);
+}
+
+void Win32TimerPeer::Set(int milliseconds) {
+  KillTimer(Window(), countdown_);
+  ++countdown_;
+  if (milliseconds > 0) SetTimer(Window(), countdown_, static_cast<UINT>(milliseconds), nullptr);
+}
+
+LRESULT Win32TimerPeer::OnMessage(UINT message, WPARAM first, LPARAM second) {
+  if (message != WM_TIMER) return Default(message, first, second);
+  if (first == countdown_) fired_();
+  return 0;
 }
 
 }  // namespace quorvale

@@ -4,12 +4,12 @@
 #include <set>
 #include <utility>
 
-#include "platform/win32/windows_api.h"
+#include "platform/win32/toolkit/native_window.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
 
-// Subclasses a window of this program and reports messages on their way to it.
+// Subclasses a window of this program and reports its messages before the window handles them.
 class Win32MessageHookPeer : public MessageHookPeer {
  public:
   explicit Win32MessageHookPeer(std::function<void(int message)> arrived) : arrived_(std::move(arrived)) {}
@@ -29,6 +29,21 @@ class Win32MessageHookPeer : public MessageHookPeer {
   std::function<void(int message)> arrived_;
   std::set<int> reported_;
   HWND watched_ = nullptr;
+};
+
+// A timer on a window of its own, so that it also fires while one of the system's dialogs runs its own message loop.
+class Win32TimerPeer : public TimerPeer, private NativeWindow {
+ public:
+  explicit Win32TimerPeer(std::function<void()> fired) : NativeWindow(0, 0, HWND_MESSAGE), fired_(std::move(fired)) {}
+
+  void Set(int milliseconds) override;
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
+
+  std::function<void()> fired_;
+  // Counts the calls of `Set`. A message of an earlier countdown may still be in the queue; its number gives it away.
+  UINT_PTR countdown_ = 0;
 };
 
 }  // namespace quorvale

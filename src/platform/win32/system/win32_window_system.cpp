@@ -1,4 +1,4 @@
-#include "platform/win32/toolkit/window_system.h"
+#include "platform/win32/system/win32_window_system.h"
 
 #include "base/failure.h"
 #include "platform/win32/windows_api.h"

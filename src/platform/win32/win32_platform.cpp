@@ -1,16 +1,13 @@
-#include "platform/win32/toolkit/win32_platform.h"
+#include "platform/win32/win32_platform.h"
 
 #include <cmath>
 #include <utility>
 
-#include "platform/win32/toolkit/event_loop.h"
-#include "platform/win32/toolkit/message_boxes.h"
-#include "platform/win32/toolkit/message_hook_peer.h"
-#include "platform/win32/toolkit/surface_peer.h"
-#include "platform/win32/toolkit/timer_peer.h"
-#include "platform/win32/toolkit/window_peer.h"
-#include "platform/win32/widgets/common_dialogs.h"
+#include "platform/win32/toolkit/message_peers.h"
+#include "platform/win32/toolkit/surface_window.h"
+#include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/widgets/dialog_window.h"
+#include "platform/win32/widgets/system_dialogs.h"
 
 namespace quorvale {
 namespace {

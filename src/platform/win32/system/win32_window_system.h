@@ -4,7 +4,7 @@
 
 namespace quorvale {
 
-// The system's calls of these names.
+// Each method is the Windows call of the same name.
 class Win32WindowSystem : public WindowSystem {
  public:
   WindowHandle FindWindow(const std::string& title) override;

@@ -3,10 +3,10 @@
 #include <string>
 
 #include "platform/common/pacing.h"
-#include "platform/win32/toolkit/event_wait.h"
-#include "platform/win32/toolkit/pixel_scale.h"
+#include "platform/win32/system/win32_window_system.h"
+#include "platform/win32/toolkit/event_loop.h"
+#include "platform/win32/toolkit/resolution.h"
 #include "platform/win32/toolkit/text_painter.h"
-#include "platform/win32/toolkit/window_system.h"
 #include "platform/win32/widgets/widget_factory.h"
 #include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
@@ -19,7 +19,7 @@ struct Win32Options {
   PassLengths pass_lengths;
 };
 
-// The Windows desktop by the system's own calls.
+// The Windows desktop, by Win32 calls only.
 class Win32Platform : public Platform {
  public:
   // `pictures` outlives it.
