@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 #include "base/failure.h"
@@ -16,10 +14,7 @@ using enum metafile::WmfRecordType;
 
 constexpr std::size_t kPlaceableHeader = 22;
 
-Bytes ReadSample(const std::string& name) {
-  std::ifstream file(QUORVALE_METAFILES "/" + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+Bytes ReadSample(const std::string& name) { return ReadBytes(QUORVALE_METAFILES "/" + name); }
 
 Bytes operator+(Bytes a, const Bytes& b) {
   a.insert(a.end(), b.begin(), b.end());
@@ -33,8 +28,6 @@ Bytes Words(std::initializer_list<int> words) {
   return bytes;
 }
 
-Bytes First(const Bytes& bytes, std::size_t count) { return {bytes.begin(), bytes.begin() + count}; }
-
 // A file without META_PLACEABLE: its header, records, and the end.
 const Bytes kWmfHeader = Words({1, 9, 0x300, 0, 0, 0, 0, 0, 0});
 const Bytes kWmfEnd = Words({3, 0, META_EOF});
@@ -46,19 +39,8 @@ Bytes Placeable(int right, int bottom, int units_to_inch) {
   return Words({0xCDD7, 0x9AC6, 0, 0, 0, right, bottom, units_to_inch, 0, 0, 0});
 }
 
-std::optional<TwipSize> NaturalSize(const Bytes& bytes) {
-  const TemporaryDirectory folder;
-  try {
-    return DesktopPictureLoader()
-        .Load(WritePicture(folder, "picture", bytes), PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30}))
-        ->NaturalSize(2);
-  } catch (const Failure& failure) {
-    EXPECT_EQ(failure.Number(), FailureNumber::kBadPicture);
-    return std::nullopt;
-  }
-}
-
 TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
+  const TemporaryDirectory folder;
   const struct {
     const char* what;
     Bytes bytes;
@@ -77,14 +59,17 @@ TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
       {"frame", ReadSample("boxes.emf"), {200 * 15, 150 * 15}},
   };
   for (const auto& test : cases) {
-    const auto size = NaturalSize(test.bytes);
-    ASSERT_TRUE(size) << test.what;
-    EXPECT_NEAR(size->width, test.size.width, 25) << test.what;
-    EXPECT_NEAR(size->height, test.size.height, 25) << test.what;
+    Screen screen(40, 30);
+    const TwipSize size = Show(WritePicture(folder, "picture", test.bytes), screen.Bounds(), screen)->NaturalSize(2);
+    EXPECT_NEAR(size.width, test.size.width, 25) << test.what;
+    EXPECT_NEAR(size.height, test.size.height, 25) << test.what;
   }
 }
 
-TEST(MetafilePicture, FailsWithoutAHeaderOrIfDamagedBeforeTheFirstDrawing) {
+TEST(MetafilePicture, FailsOnDamageBeforeTheFirstDrawing) {
+  const TemporaryDirectory folder;
+  const std::optional<FailureNumber> good;
+  const auto bad = FailureNumber::kBadPicture;
   const Bytes wmf = ReadSample("boxes.wmf");
   const Bytes emf = ReadSample("boxes.emf");
   // Each begins by making and selecting a pen and a brush.
@@ -95,20 +80,22 @@ TEST(MetafilePicture, FailsWithoutAHeaderOrIfDamagedBeforeTheFirstDrawing) {
   const struct {
     const char* what;
     Bytes bytes;
-    bool good;
+    std::optional<FailureNumber> failure;
   } cases[] = {
-      {"whole", wmf, true},
-      {"whole", emf, true},
-      {"nothing drawn, but ended", kWmfHeader + WmfWindow(60, 40) + kWmfEnd, true},
-      {"after the first box", First(wmf, wmf_drawn), true},
-      {"in the first box", First(wmf, wmf_drawn - 1), false},
-      {"after the first box", First(emf, emf_drawn), true},
-      {"in the first box", First(emf, emf_drawn - 1), false},
-      {"in the header", First(wmf, kPlaceableHeader + 17), false},
-      {"in the header", First(emf, 87), false},
-      {"no device", no_device, false},
+      {"whole", wmf, good},
+      {"whole", emf, good},
+      {"nothing drawn, but ended", kWmfHeader + WmfWindow(60, 40) + kWmfEnd, good},
+      {"after the first box", First(wmf, wmf_drawn), good},
+      {"in the first box", First(wmf, wmf_drawn - 1), bad},
+      {"after the first box", First(emf, emf_drawn), good},
+      {"in the first box", First(emf, emf_drawn - 1), bad},
+      {"in the header", First(wmf, kPlaceableHeader + 17), bad},
+      {"in the header", First(emf, 87), bad},
+      {"no device", no_device, bad},
   };
-  for (const auto& test : cases) EXPECT_EQ(NaturalSize(test.bytes).has_value(), test.good) << test.what;
+  for (const auto& test : cases) {
+    EXPECT_EQ(LoadFailure(WritePicture(folder, "picture", test.bytes)), test.failure) << test.what;
+  }
 }
 
 TEST(MetafilePicture, IsDrawnAgainForAnotherBoxOrAnotherPart) {

@@ -15,16 +15,7 @@
 namespace quorvale {
 namespace {
 
-std::optional<FailureNumber> LoadFailure(const std::string& path) {
-  try {
-    DesktopPictureLoader().Load(path, PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30}));
-  } catch (const Failure& failure) {
-    return failure.Number();
-  }
-  return std::nullopt;
-}
-
-// A bitmap file's head that claims a size.
+// The header of a bitmap file that claims a size.
 Bytes BitmapHead(std::int32_t width, std::int32_t height) {
   Bytes bytes = MakeImage(MakeWaves(8, 8), "BMP");
   for (std::size_t i = 0; i < 4; ++i) {
@@ -34,13 +25,13 @@ Bytes BitmapHead(std::int32_t width, std::int32_t height) {
   return bytes;
 }
 
-// The same for a GIF of 31 bytes and a screen or a frame of that size, with no colours and a few codes.
+// A GIF of 31 bytes, no colours and a few codes, that claims a size of its screen and its frame.
 Bytes GifHead(std::uint8_t screen, std::uint8_t frame) {
   return {'G', 'I', 'F', '8',   '9', 'a',   0, screen, 0, screen, 0,    0,    0,    ',', 0,  0,
           0,   0,   0,   frame, 0,   frame, 0, 2,      4, 0x84,   0x8F, 0xA9, 0xCB, 0,   ';'};
 }
 
-// The same for a photo, in one scan or several.
+// A photo that claims a size, in one scan or several.
 Bytes JpegHead(int width, int height, bool progressive) {
   Bytes bytes = MakeJpeg(MakeWaves(8, 8), {.name = "", .progressive = progressive});
   const std::uint8_t marker[] = {0xFF, static_cast<std::uint8_t>(progressive ? 0xC2 : 0xC0)};
@@ -52,13 +43,32 @@ Bytes JpegHead(int width, int height, bool progressive) {
   return bytes;
 }
 
-TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
+constexpr std::uint8_t kScan[] = {0xFF, 0xDA};
+
+// A photo down to where its pixels begin.
+Bytes JpegWithoutPixels() {
+  const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
+  const auto scan = std::search(good.begin(), good.end(), std::begin(kScan), std::end(kScan));
+  return {good.begin(), scan + 2 + (scan[2] << 8 | scan[3])};
+}
+
+// A progressive photo whose last scan comes 200 times.
+Bytes JpegOfEndlessScans() {
+  Bytes bytes = MakeJpeg(MakeNoise(64, 64), {.name = "", .progressive = true});
+  bytes.resize(bytes.size() - 2);
+  const Bytes scan(std::find_end(bytes.begin(), bytes.end(), std::begin(kScan), std::end(kScan)), bytes.end());
+  for (int i = 0; i < 200; ++i) bytes.insert(bytes.end(), scan.begin(), scan.end());
+  return bytes;
+}
+
+TEST(PictureLoader, FailsOnWhatIsNoPicture) {
   const TemporaryDirectory folder;
   std::filesystem::create_directory(folder.Path("directory.jpg"));
   mkfifo(folder.Path("pipe.jpg").c_str(), 0600);
   std::filesystem::create_symlink("loop.jpg", folder.Path("loop.jpg"));
-  const Bytes good = MakeJpeg(MakeWaves(8, 8), {.name = ""});
-  WritePicture(folder, "plain.jpg", good);
+  WritePicture(folder, "plain.jpg", MakeJpeg(MakeWaves(8, 8), {.name = ""}));
+  Bytes ended = JpegWithoutPixels();
+  ended.insert(ended.end(), {0xFF, 0xD9});
   const auto with_null = folder.Path("plain.jpg") + '\0' + ".jpg";
   using enum FailureNumber;
   const struct {
@@ -86,11 +96,14 @@ TEST(PictureLoader, WhatIsNoPictureFailsAndSaysHow) {
       {WritePicture(folder, "giant.jpg", JpegHead(65'500, 65'500, false)), kBadPicture},
       {WritePicture(folder, "giant2.jpg", JpegHead(65'500, 65'500, true)), kBadPicture},
       {WritePicture(folder, "gigapixel.jpg", JpegHead(40'000, 25'000, false)), kBadPicture},
+      {WritePicture(folder, "header.jpg", JpegWithoutPixels()), kBadPicture},
+      {WritePicture(folder, "ended.jpg", ended), kBadPicture},
+      {WritePicture(folder, "scans.jpg", JpegOfEndlessScans()), kBadPicture},
   };
   for (const auto& test : cases) EXPECT_EQ(LoadFailure(test.path), test.number) << test.path;
 }
 
-TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
+TEST(PictureLoader, RecognisesContentWhateverTheName) {
   const TemporaryDirectory folder;
   const QImage waves = MakeWaves(40, 30);
   const std::pair<std::string, Bytes> files[] = {
@@ -108,7 +121,7 @@ TEST(PictureLoader, TellsTheKindByContentWhateverTheName) {
 }
 
 // Whoever adds a format adds a seed for the fuzzers, and its ending to the help if it is listed.
-TEST(PictureLoader, EveryFormatHasASeedAndItsEndingsAreInTheHelp) {
+TEST(PictureLoader, EveryFormatHasASeedAndAHelpEntry) {
   std::ifstream page(QUORVALE_HELP "/formats.html");
   const std::string help(std::istreambuf_iterator<char>(page), {});
   for (const PictureFormat& format : kPictureFormats) {
@@ -127,7 +140,7 @@ TEST(PictureLoader, EveryFormatHasASeedAndItsEndingsAreInTheHelp) {
   }
 }
 
-TEST(PictureLoader, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
+TEST(PictureLoader, ADeletedFileIsDecodedForANewBox) {
   const TemporaryDirectory folder;
   // Small ones are held, large ones stay open.
   for (const QSize size : {QSize(300, 200), QSize(3000, 2000)}) {
@@ -148,7 +161,7 @@ TEST(PictureLoader, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
   }
 }
 
-TEST(PictureLoader, DamageFoundOnlyAfterLoadingPaintsNothing) {
+TEST(PictureLoader, DamageAfterLoadingPaintsNothing) {
   const TemporaryDirectory folder;
   const std::string path = WritePicture(folder, "large.jpg", MakeJpeg(MakeNoise(3000, 2000), {.name = ""}));
   Screen screen(60, 50);
@@ -159,11 +172,11 @@ TEST(PictureLoader, DamageFoundOnlyAfterLoadingPaintsNothing) {
   EXPECT_EQ(untouched.pixels, Screen(60, 50).pixels);
 }
 
-TEST(PictureLoader, IsAsStrictWhereNothingIsInView) {
+TEST(PictureLoader, FailsOnDamageOutOfView) {
   const TemporaryDirectory folder;
   const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
   const std::string whole = WritePicture(folder, "whole.jpg", good);
-  const std::string cut = WritePicture(folder, "cut.jpg", Bytes(good.begin(), good.begin() + 200));
+  const std::string cut = WritePicture(folder, "cut.jpg", First(good, 200));
   for (const PixelRect box : {PixelRect{100, 100, 64, 64}, {0, 0, 0, 0}, {5, 5, 20, 0}}) {
     EXPECT_NO_THROW(DesktopPictureLoader().Load(whole, PlaceAt(box, {0, 0, 40, 30})));
     EXPECT_THROW(DesktopPictureLoader().Load(cut, PlaceAt(box, {0, 0, 40, 30})), Failure);

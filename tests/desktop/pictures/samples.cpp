@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <numbers>
 
 #include <jpeglib.h>
@@ -21,7 +23,7 @@ constexpr std::uint8_t kGifEnd = 129;
 // The size of a PNG's last chunk.
 constexpr std::ptrdiff_t kPngEnd = 12;
 
-// Compresses rows of `format`, after `adjust` has had its say.
+// Compresses rows of `format` with the settings that `adjust` makes.
 Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
                const std::function<void(jpeg_compress_struct&)>& adjust, int exif) {
   jpeg_compress_struct encoder{};
@@ -59,6 +61,25 @@ Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
 std::string WritePicture(const TemporaryDirectory& directory, const std::string& name, const Bytes& bytes) {
   directory.Write(name, {bytes.begin(), bytes.end()});
   return directory.Path(name);
+}
+
+Bytes ReadBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+Bytes First(const Bytes& bytes, std::size_t count) {
+  return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+std::optional<FailureNumber> LoadFailure(const std::string& path) {
+  try {
+    Screen screen(40, 30);
+    Show(path, screen.Bounds(), screen);
+  } catch (const Failure& failure) {
+    return failure.Number();
+  }
+  return std::nullopt;
 }
 
 Bytes ExifData(int orientation) {
@@ -102,7 +123,7 @@ Bytes WithPngChunk(const Bytes& png, const std::string& type, const Bytes& data,
   return bytes;
 }
 
-// The codes are all 8 bits wide, since the table of words is given up before they would grow.
+// All codes are 8 bits wide, since the table is cleared before they would grow.
 Bytes MakeGif(int width, int height, const std::function<int(int x, int y)>& colour) {
   Bytes codes;
   for (int i = 0; i < width * height; ++i) {

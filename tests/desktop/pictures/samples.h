@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/failure.h"
 #include "desktop/temporary_directory.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "toolkit/picture.h"
@@ -15,10 +17,15 @@ namespace quorvale {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// Gives the path.
+// Returns the path.
 std::string WritePicture(const TemporaryDirectory& directory, const std::string& name, const Bytes& bytes);
+Bytes ReadBytes(const std::string& path);
+// What is left of bytes that are cut off.
+Bytes First(const Bytes& bytes, std::size_t count);
+// None if the file is a picture.
+std::optional<FailureNumber> LoadFailure(const std::string& path);
 
-// How a sample is compressed.
+// How to compress a sample.
 struct JpegStyle {
   std::string name;
   int across = 1;  // pixels to a colour sample
@@ -26,20 +33,20 @@ struct JpegStyle {
   bool grey = false;
   bool progressive = false;
   int restart_rows = 0;
-  int exif = 0;  // no camera data if 0
+  int exif = 0;  // orientation; 0: no camera data
 };
 Bytes MakeJpeg(const QImage& image, const JpegStyle& style);
-// Four inks, 255 being none.
+// Four inks, inverted: 255 is no ink.
 Bytes MakeInkJpeg(const QImage& inks);
 Bytes MakeImage(const QImage& image, const char* format);
 // A PNG with a chunk behind its header or before its end.
 Bytes WithPngChunk(const Bytes& png, const std::string& type, const Bytes& data, bool at_end);
-// The smallest camera data that hold an orientation, in either order of bytes.
+// The smallest camera data with an orientation. Even numbers are stored in little-endian order, odd ones in big-endian.
 Bytes ExifData(int orientation);
-// One frame of that many colours of grey, 0 being transparent.
+// One frame in greys. `colour` is 0 to 127, and 0 is transparent.
 Bytes MakeGif(int width, int height, const std::function<int(int x, int y)>& colour);
 
-// Soft waves of colour, with a detail that tells the corners apart.
+// Soft waves of colour, with four different corners.
 QImage MakeWaves(int width, int height);
 // Every pixel another colour.
 QImage MakeNoise(int width, int height);
@@ -59,7 +66,7 @@ struct Screen {
   std::vector<Pixel> pixels;
 };
 
-// A place that doesn't depend on the picture.
+// A place that does not depend on the picture.
 PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip);
 // Loads for that box on the screen and paints it.
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen,

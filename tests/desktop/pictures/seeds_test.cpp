@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "desktop/pictures/samples.h"
 #include "platform/headless/headless_desktop.h"
@@ -31,12 +29,7 @@ QImage SeedPicture(int colours) {
   return image;
 }
 
-Bytes Read(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
+TEST(PictureSeeds, ShowsEveryWayOfStoring) {
   const struct {
     std::string name;
     int colours = 16;
@@ -77,8 +70,8 @@ TEST(PictureSeeds, EveryWayToStoreAPictureShowsIt) {
   }
 }
 
-// Wherever the borders of the pieces lie in which a large file is read.
-TEST(PictureSeeds, EveryFileReadsTheSameInPieces) {
+// A large file is read in pieces, whose borders may lie anywhere.
+TEST(PictureSeeds, ReadsTheSameInPieces) {
   std::vector<std::string> paths;
   for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) paths.push_back(seed.path());
   for (const char* metafile : {"/polygons.wmf", "/polygons.emf"})
@@ -94,7 +87,7 @@ TEST(PictureSeeds, EveryFileReadsTheSameInPieces) {
   }
 }
 
-TEST(PictureSeeds, WhatAGifLeavesOutIsTheBackground) {
+TEST(PictureSeeds, AGifShowsTheBackgroundAroundItsFrame) {
   Screen transparent(kWidth, kHeight);
   Show(Seed("transparent.gif"), kBounds, transparent);
   Screen inset(kWidth + 6, kHeight + 5);
@@ -111,7 +104,7 @@ TEST(PictureSeeds, WhatAGifLeavesOutIsTheBackground) {
   EXPECT_EQ(inset.At(kWidth + 5, kHeight + 4), background);
 }
 
-TEST(PictureSeeds, ABitmapsAlphaMixesWithTheBackground) {
+TEST(PictureSeeds, BlendsABitmapWithAlpha) {
   Screen screen(kWidth, kHeight, 0xFF000000);
   Show(Seed("32-alpha.bmp"), kBounds, screen);
   const Pixel half = screen.At(0, 0);
@@ -122,7 +115,7 @@ TEST(PictureSeeds, ABitmapsAlphaMixesWithTheBackground) {
 }
 
 // A jump over two rows and the rest of a third, and an end before the last rows.
-TEST(PictureSeeds, PixelsThatRunsLeaveOutHaveTheFirstColour) {
+TEST(PictureSeeds, RunsLeaveOutTheFirstColour) {
   Screen screen(kWidth, kHeight);
   Show(Seed("8-jump.bmp"), kBounds, screen);
   QImage wanted(kWidth, kHeight, QImage::Format_RGB32);
@@ -141,7 +134,7 @@ class DesktopWithPictures : public HeadlessDesktop {
   DesktopPictureLoader loader_;
 };
 
-TEST(PictureSeeds, TheTickAfterABadPictureShowsTheNext) {
+TEST(PictureSeeds, ABadPictureIsSkipped) {
   const TemporaryDirectory folder;
   QImage red(200, 100, QImage::Format_RGB32);
   red.fill(qRgb(255, 0, 0));
@@ -149,8 +142,7 @@ TEST(PictureSeeds, TheTickAfterABadPictureShowsTheNext) {
   Collection list;
   for (const auto& seed : std::filesystem::directory_iterator(Seed(""))) {
     const std::string name = seed.path().filename();
-    const Bytes bytes = Read(seed.path());
-    list.Add(WritePicture(folder, name, Bytes(bytes.begin(), bytes.begin() + 20)));
+    list.Add(WritePicture(folder, name, First(ReadBytes(seed.path()), 20)));
     list.Add(good);
   }
   for (const char* stretch : {"0", "1"}) {

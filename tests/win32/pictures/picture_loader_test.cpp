@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "base/failure.h"
 #include "platform/win32/pictures/file_heads.h"
-#include "support/failure_of.h"
 #include "win32/pictures/picture_samples.h"
 #include "win32/work_directory.h"
 
@@ -17,7 +17,7 @@ Pixel QuartersAt(int x, int y) { return Quarters(x, y, kWidth, kHeight); }
 bool Nowhere(int /*x*/, int /*y*/) { return false; }
 std::string MakeQuartersGif() { return MakeGif(kWidth, kHeight, {0, 0, kWidth, kHeight}, Nowhere); }
 
-// The screen's pixels in the middle of the quarters of `box`, in the order of reading.
+// Expects those colours in the middles of the quarters of `box`, row by row.
 void ExpectQuarters(Screen& screen, const PixelRect& box, const std::array<int, 4>& quarters = {0, 1, 2, 3}) {
   for (int i = 0; i < 4; ++i) {
     const int x = box.left + box.width * (1 + i % 2 * 2) / 4;
@@ -45,7 +45,7 @@ class PictureLoaderTest : public testing::Test {
   Screen screen_{0, 0};
 };
 
-TEST_F(PictureLoaderTest, LoadsEveryKindByItsContentAtAnySize) {
+TEST_F(PictureLoaderTest, RecognisesContentAtAnySize) {
   const struct {
     const char* name;
     std::string bytes;
@@ -71,7 +71,7 @@ TEST_F(PictureLoaderTest, LoadsEveryKindByItsContentAtAnySize) {
   }
 }
 
-TEST_F(PictureLoaderTest, NaturalSizesFollowThePixelsOrTheHeader) {
+TEST_F(PictureLoaderTest, NaturalSizeComesFromPixelsOrHeader) {
   const std::string bitmap = directory_.Write("a", MakeBmp(kWidth, kHeight, QuartersAt));
   EXPECT_EQ(Show(bitmap, {0, 0, 9, 9}, screen_)->NaturalSize(2).width, kWidth * kTwipsPerPixel / 2);
   const std::string inches = directory_.Write("b", MakePlaceableWmf(1000, 500, 500));
@@ -80,7 +80,7 @@ TEST_F(PictureLoaderTest, NaturalSizesFollowThePixelsOrTheHeader) {
   EXPECT_EQ(size.height, 1440);
 }
 
-TEST_F(PictureLoaderTest, PicturesStandUprightHoweverTheCameraWasHeld) {
+TEST_F(PictureLoaderTest, PicturesAreUpright) {
   const struct {
     int orientation;
     std::array<int, 4> quarters;
@@ -99,7 +99,7 @@ TEST_F(PictureLoaderTest, PicturesStandUprightHoweverTheCameraWasHeld) {
   }
 }
 
-TEST(JpegHead, KnowsWhatADecoderPutsTogetherInMemory) {
+TEST(FileHeads, RecogniseSeveralScans) {
   const struct {
     char frame;
     char colours;
@@ -115,7 +115,7 @@ TEST(JpegHead, KnowsWhatADecoderPutsTogetherInMemory) {
   }
 }
 
-TEST_F(PictureLoaderTest, WhatIsTransparentShowsTheBackground) {
+TEST_F(PictureLoaderTest, TransparentPixelsShowTheBackground) {
   const auto left_half = [](int x, int) { return x < 16; };
   const std::string path = directory_.Write("part", MakeGif(kWidth, kHeight, {20, 10, 32, 24}, left_half));
   for (const int scale : {1, 2}) {
@@ -132,7 +132,7 @@ TEST_F(PictureLoaderTest, WhatIsTransparentShowsTheBackground) {
   }
 }
 
-TEST_F(PictureLoaderTest, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
+TEST_F(PictureLoaderTest, ADeletedFileIsDecodedForANewBox) {
   for (const std::string& bytes : {MakeJpeg(kWidth, kHeight, QuartersAt), MakeEmf(kWidth, kHeight)}) {
     const std::string path = directory_.Write("kept", bytes);
     const auto picture = Show(path, {0, 0, 10, 8}, screen_);
@@ -145,7 +145,7 @@ TEST_F(PictureLoaderTest, AChangedBoxIsDecodedFromWhatIsKeptOfADeletedFile) {
   }
 }
 
-TEST_F(PictureLoaderTest, WhatIsNoPictureFailsAndSaysHow) {
+TEST_F(PictureLoaderTest, FailsOnWhatIsNoPicture) {
   const std::string bitmap = MakeBmp(kWidth, kHeight, QuartersAt);
   const std::string photo = MakeJpeg(kWidth, kHeight, QuartersAt);
   std::string giant = bitmap;
@@ -175,7 +175,7 @@ TEST_F(PictureLoaderTest, WhatIsNoPictureFailsAndSaysHow) {
   for (const auto& [path, number] : cases) EXPECT_EQ(LoadFailure(path), number) << path;
 }
 
-TEST_F(PictureLoaderTest, CutOffIsABadPictureOrWhatThereIs) {
+TEST_F(PictureLoaderTest, ACutFileShowsWhatItHasOrFails) {
   for (const std::string& bytes : {MakeBmp(kWidth, kHeight, QuartersAt), MakeJpeg(kWidth, kHeight, QuartersAt),
                                    MakeQuartersGif(), MakeEmf(kWidth, kHeight), MakePlainWmf(kWidth, kHeight)}) {
     for (std::size_t length = 0; length < bytes.size(); length += bytes.size() / 20 + 1) {
@@ -189,7 +189,7 @@ const MetafileRecord kSave{EMR_SAVEDC, META_SAVEDC, {}};
 const MetafileRecord kDrawBlack{EMR_SETROP2, META_SETROP2, {R2_BLACK}};
 MetafileRecord Restore(int which) { return {EMR_RESTOREDC, META_RESTOREDC, {which}}; }
 
-// A state that the file has not saved is ours: without it nothing is drawn where it belongs.
+// A state that the file has not saved is the caller's. Restoring it would lose the place of the picture.
 TEST_F(PictureLoaderTest, AMetafileRestoresOnlyWhatItHasSaved) {
   const struct {
     std::vector<MetafileRecord> records;
@@ -215,7 +215,7 @@ TEST_F(PictureLoaderTest, AMetafileRestoresOnlyWhatItHasSaved) {
   }
 }
 
-TEST_F(PictureLoaderTest, AMetafileWithoutEndKeepsWhatItHasDrawnInTwoSeconds) {
+TEST_F(PictureLoaderTest, AnEndlessMetafileStopsAfterTwoSeconds) {
   const MetafileRecord disc{EMR_ELLIPSE, META_ELLIPSE, {2, 2, kWidth - 2, kHeight - 2}};
   const std::vector<MetafileRecord> discs(1'000'000, disc);
   Screen screen(1600, 1200);
@@ -228,7 +228,7 @@ TEST_F(PictureLoaderTest, AMetafileWithoutEndKeepsWhatItHasDrawnInTwoSeconds) {
   }
 }
 
-TEST_F(PictureLoaderTest, RefusesAFileThatIsTooLargeBeforeReadingIt) {
+TEST_F(PictureLoaderTest, RefusesALargeFileBeforeReadingIt) {
   const std::string path = directory_.Write("large.bmp", "BM");
   std::filesystem::resize_file(path, (std::uintmax_t{512} << 20U) + 1);
   try {

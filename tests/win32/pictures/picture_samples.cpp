@@ -17,7 +17,7 @@ std::size_t QuarterAt(int x, int y, int width, int height) {
   return static_cast<std::size_t>(x >= width / 2) + 2 * static_cast<std::size_t>(y >= height / 2);
 }
 
-// A number in a file, least byte first.
+// A little-endian number.
 template <typename Number>
 std::string Bytes(Number number) {
   std::string bytes;
@@ -27,7 +27,7 @@ std::string Bytes(Number number) {
 std::string Short(int number) { return Bytes(static_cast<std::uint16_t>(number)); }
 std::string Long(std::size_t number) { return Bytes(static_cast<std::uint32_t>(number)); }
 
-// A bitmap's rows: three bytes a pixel, filled up to four.
+// The rows of a bitmap of 24 bits, padded to four bytes.
 std::string Rows24(int width, int height, bool from_bottom, const Colouring& colours) {
   std::string rows;
   for (int i = 0; i < height; ++i) {
@@ -51,7 +51,7 @@ void DrawQuarters(HDC context, int width, int height) {
   }
 }
 
-// The same between two sides that a file puts into the records, or without.
+// A plain WMF file of the quarters, whose records set a window or do not.
 std::string Wmf(int width, int height, bool has_window) {
   HDC context = CreateMetaFileA(nullptr);
   if (has_window) {
@@ -135,7 +135,7 @@ std::string MakeGif(int width, int height, const PixelRect& part, const std::fun
   }
   bytes += std::string("\x21\xF9\x04\x01\0\0", 6) + kClearColour + '\0';
   bytes += '\x2C' + Short(part.left) + Short(part.top) + Short(part.width) + Short(part.height) + '\0';
-  // One byte a pixel; starting over often enough keeps the codes that short.
+  // Codes of one byte a pixel; frequent clear codes keep them that short.
   std::string codes;
   for (int y = 0; y < part.height; ++y) {
     for (int x = 0; x < part.width; ++x) {
@@ -153,7 +153,7 @@ std::string MakeGif(int width, int height, const PixelRect& part, const std::fun
 }
 
 std::string MakeEmf(int width, int height) {
-  // Hundredths of a millimetre for so many pixels of the screen.
+  // In hundredths of a millimetre.
   HDC screen = CreateCompatibleDC(nullptr);
   const RECT frame{0, 0, MulDiv(width, 100 * GetDeviceCaps(screen, HORZSIZE), GetDeviceCaps(screen, HORZRES)),
                    MulDiv(height, 100 * GetDeviceCaps(screen, VERTSIZE), GetDeviceCaps(screen, VERTRES))};

@@ -12,23 +12,22 @@ namespace quorvale {
 // The colour of each pixel of a picture to make.
 using Colouring = std::function<Pixel(int x, int y)>;
 
-// Quarters of red, green, blue and white, in the order of reading.
+// Quarters of red, green, blue and white, row by row.
 Pixel Quarters(int x, int y, int width, int height);
 
 // The bytes of a picture file.
 std::string MakeBmp(int width, int height, const Colouring& colours);
-// `orientation` as cameras store it, 1 to 8; without camera data if 0.
+// `orientation` is the Exif number, 1 to 8. 0: no camera data.
 std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation = 0);
 std::string MakePng(int width, int height, const Colouring& colours, int orientation);
-// A canvas with a picture on a part of it, in four colours of quarters; where `is_clear`, it is transparent.
+// A canvas with a picture of four quarters on a part of it. Where `is_clear`, it is transparent.
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear);
-// Quarters, in drawing: with a size in millimetres, in a header of its own, or only in its records.
+// Metafiles of the quarters, with a size in millimetres, in a placeable header, or only in the records.
 std::string MakeEmf(int width, int height);
 std::string MakePlaceableWmf(int width, int height, int units_per_inch);
 std::string MakePlainWmf(int width, int height);
 
-// A metafile of one of the functions above with more in its list of records. Numbers of a record are 32 bits wide in an
-// enhanced metafile, 16 bits in the other kind.
+// Adds records to a metafile of the functions above. Their numbers have 32 bits in an enhanced metafile, else 16.
 struct MetafileRecord {
   int enhanced_type;
   int plain_type;

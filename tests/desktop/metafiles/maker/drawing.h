@@ -56,12 +56,9 @@ void DrawByPoints(HDC dc, const Bitmap& bitmap, Back back) {
 }
 
 // A group for each file.
-std::span<const Family> LineFamilies();
-std::span<const Family> AreaFamilies();
-std::span<const Family> ClipFamilies();
+std::span<const Family> ShapeFamilies();
 std::span<const Family> MappingFamilies();
-std::span<const Family> TextFamilies();
-std::span<const Family> BitmapFamilies();
+std::span<const Family> TextAndBitmapFamilies();
 
 // Wine records a geometric pen as a plain one. These are the records to replace those with.
 std::vector<std::vector<DWORD>>& ExtendedPens();

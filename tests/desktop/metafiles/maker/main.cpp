@@ -131,8 +131,7 @@ void MakeEmf(const Family& family) {
 }  // namespace
 
 int main() {
-  for (const auto& families :
-       {LineFamilies(), AreaFamilies(), ClipFamilies(), MappingFamilies(), TextFamilies(), BitmapFamilies()}) {
+  for (const auto& families : {ShapeFamilies(), MappingFamilies(), TextAndBitmapFamilies()}) {
     for (const Family& family : families) {
       if (family.wmf) MakeWmf(family);
       if (family.emf) MakeEmf(family);
