@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "measure.h"
+#include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/desktop_password.h"
 #include "platform/desktop/system/desktop_programs.h"
@@ -12,7 +13,6 @@
 #include "platform/desktop/system/sdl_sound_player.h"
 #include "platform/desktop/system/settings_location.h"
 #include "platform/desktop/system/sqlite_registry.h"
-#include "platform/desktop/toolkit/desktop_platform.h"
 #include "process/process.h"
 #include "settings/reg_settings.h"
 #include "show/show_form.h"

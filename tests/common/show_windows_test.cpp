@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/logged_events.h"
 #include "platform/common/black_windows.h"
 #include "platform/common/mouse_input.h"
 
@@ -52,20 +53,6 @@ TEST(BlackWindows, CoverAllMonitorsButThePrimaryOneAndItsMirrors) {
   EXPECT_THAT(log, IsEmpty());
 }
 
-struct LoggedEvents : WindowEvents, SurfaceEvents {
-  void OnKeyDown(int /*key*/) override {}
-  void OnMouseDown() override { log.emplace_back("down"); }
-  void OnMouseMove() override { log.emplace_back("move"); }
-  void OnCloseRequested() override {}
-  void OnHelpRequested() override {}
-  void OnDeactivated() override {}
-  void OnScreenChanged() override {}
-  void OnMouseDown(int x, int y) override { log.push_back("down " + std::to_string(x) + ' ' + std::to_string(y)); }
-  void OnMouseMove(int x, int y) override { log.push_back("move " + std::to_string(x) + ' ' + std::to_string(y)); }
-  void OnScaleChanged() override {}
-  Log log;
-};
-
 TEST(MouseInput, ReportsMovesOfAPointerThatIsElsewhereThanItWas) {
   LoggedEvents events;
   MouseInput mouse(events);
@@ -77,7 +64,7 @@ TEST(MouseInput, ReportsMovesOfAPointerThatIsElsewhereThanItWas) {
   mouse.ReportMove({6, 6});
   mouse.ReportDown();
   mouse.ReportDown(events, {2.5, 3});
-  EXPECT_THAT(std::exchange(events.log, {}), ElementsAre("move 1 -1", "move", "down", "down 2 3"));
+  EXPECT_THAT(std::exchange(events.log, {}), ElementsAre("box move 1 -1", "form move", "form press", "box press 2 3"));
 
   // A disabled form gets nothing, but where the pointer is stays known.
   mouse.SetEnabled(false);

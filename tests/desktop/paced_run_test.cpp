@@ -114,9 +114,9 @@ class LongPasses : public PacedRunTest {
 };
 
 TEST_F(LongPasses, EndWithTheFirstEvent) {
-  QTimer::singleShot(20, &FormWindow(), [this] { told_.emplace_back("timer"); });
+  QTimer::singleShot(20, &FormWindow(), [this] { log.emplace_back("timer"); });
   EXPECT_LT(TimeOfPasses(1), seconds(15));
-  EXPECT_THAT(told_, testing::ElementsAre("timer"));
+  EXPECT_THAT(log, testing::ElementsAre("timer"));
 }
 
 TEST_F(LongPasses, OweNothingOutOfSight) {

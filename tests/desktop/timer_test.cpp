@@ -4,12 +4,12 @@
 #include <QEventLoop>
 #include <QTimer>
 
-#include "platform/desktop/toolkit/timer_peer.h"
+#include "platform/desktop/toolkit/event_loop.h"
 
 namespace quorvale {
 namespace {
 
-TEST(QtTimerPeer, FiresAgainAndAgainUntilItIsStopped) {
+TEST(QtTimerPeer, FiresUntilItIsStopped) {
   QEventLoop loop;
   int fired = 0;
   QtTimerPeer timer([&] {
@@ -23,7 +23,7 @@ TEST(QtTimerPeer, FiresAgainAndAgainUntilItIsStopped) {
   EXPECT_EQ(fired, 3);
 }
 
-TEST(QtTimerPeer, StartsTheCountdownAnewWhenItIsSet) {
+TEST(QtTimerPeer, RestartsWhenItIsSet) {
   QEventLoop loop;
   QElapsedTimer clock;
   QtTimerPeer timer([&] { loop.quit(); });
@@ -37,7 +37,7 @@ TEST(QtTimerPeer, StartsTheCountdownAnewWhenItIsSet) {
   EXPECT_GE(clock.elapsed(), 59);
 }
 
-TEST(QtTimerPeer, MayGoWhileItFires) {
+TEST(QtTimerPeer, MayBeDestroyedWhileItFires) {
   QEventLoop loop;
   int fired = 0;
   std::unique_ptr<QtTimerPeer> timer;

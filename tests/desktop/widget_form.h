@@ -15,40 +15,40 @@
 
 namespace quorvale {
 
-// A dialog with a control of each kind, which writes down what it is told.
+// A dialog with a control of each kind, which records their events.
 class WidgetForm : public Form {
  public:
   explicit WidgetForm(Application& application) : Form(application, "frm", WindowKind::kDialog, "Widgets") {
     MenuItem& file = Menus.Add("mnuFile", "&File");
-    file.Click = Tell("File opens");
-    file.Add("mnuNew", "&New", "Ctrl+N").Click = Tell("New");
+    file.Click = Log("File opens");
+    file.Add("mnuNew", "&New", "Ctrl+N").Click = Log("New");
     file.Add("mnuLine", "-");
-    file.Add("mnuMore", "&More").Add("mnuDeep", "&Deep").Click = Tell("Deep");
-    Menus.Add("mnuEdit", "&Edit").Click = Tell("Edit opens");
-    cmdFile.Click = Tell("cmdFile");
-    cmdAdd.Click = Tell("cmdAdd");
-    cmdOK.Click = Tell("OK");
+    file.Add("mnuMore", "&More").Add("mnuDeep", "&Deep").Click = Log("Deep");
+    Menus.Add("mnuEdit", "&Edit").Click = Log("Edit opens");
+    cmdFile.Click = Log("cmdFile");
+    cmdAdd.Click = Log("cmdAdd");
+    cmdOK.Click = Log("OK");
     cmdOK.Default = true;
-    cmdCancel.Click = Tell("Cancel");
+    cmdCancel.Click = Log("Cancel");
     cmdCancel.Cancel = true;
-    chk.Click = Tell("chk");
-    opt1.Click = Tell("opt1");
-    opt2.Click = Tell("opt2");
-    tabs.Click = Tell("tab");
-    picture.Click = Tell("picture");
-    lst.Click = Tell("lst");
-    lst.DeletePressed = Tell("Delete");
+    chk.Click = Log("chk");
+    opt1.Click = Log("opt1");
+    opt2.Click = Log("opt2");
+    tabs.Click = Log("tab");
+    picture.Click = Log("picture");
+    lst.Click = Log("lst");
+    lst.DeletePressed = Log("Delete");
     lst.Dropped = [this](const std::vector<std::string>& paths) {
-      for (const std::string& path : paths) told.push_back(path);
+      for (const std::string& path : paths) log.push_back(path);
     };
     txt.KeyPress = [](int& code) {
       if (code != 8 && (code < '0' || code > '9')) code = 0;
     };
-    hook.Message = [this](int message) { told.push_back(std::to_string(message)); };
+    hook.Message = [this](int message) { log.push_back(std::to_string(message)); };
     for (int i = 0; i < 10; ++i) lst.AddItem("Item " + std::to_string(i));
   }
 
-  std::vector<std::string> told;
+  std::vector<std::string> log;
 
   MenuBar Menus{*this, "Menus"};
   TabStrip tabs{*this, {.name = "tabs", .place = {0, 0, 3000, 600}, .tab_index = 0}, {{"&One", "first"}, {"T&wo", ""}}};
@@ -80,15 +80,15 @@ class WidgetForm : public Form {
     hook.Report(kWmExitMenuLoop);
     cbo.SetText("None");
     opt1.SetValue(true);
-    told.clear();
+    log.clear();
   }
-  void Form_QueryUnload(bool& /*cancel*/) override { told.emplace_back("unload"); }
-  void Form_Help() override { told.emplace_back("help"); }
+  void Form_QueryUnload(bool& /*cancel*/) override { log.emplace_back("unload"); }
+  void Form_Help() override { log.emplace_back("help"); }
 
  private:
   static TwipRect At(float top) { return {150, top, 2400, 270}; }
-  std::function<void()> Tell(std::string what) {
-    return [this, text = std::move(what)] { told.push_back(text); };
+  std::function<void()> Log(std::string what) {
+    return [this, text = std::move(what)] { log.push_back(text); };
   }
 };
 

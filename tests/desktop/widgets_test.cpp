@@ -15,9 +15,10 @@
 #include <QUrl>
 #include <functional>
 
+#include "common/logged_events.h"
 #include "desktop/widget_form.h"
-#include "platform/desktop/toolkit/desktop_platform.h"
-#include "platform/desktop/toolkit/qt_programs.h"
+#include "platform/desktop/desktop_platform.h"
+#include "platform/desktop/toolkit/window_system.h"
 
 namespace quorvale {
 namespace {
@@ -26,19 +27,6 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 using Strings = std::vector<std::string>;
-
-class SilentEvents : public WindowEvents, public SurfaceEvents {
-  void OnKeyDown(int /*key*/) override {}
-  void OnMouseDown() override {}
-  void OnMouseMove() override {}
-  void OnCloseRequested() override {}
-  void OnHelpRequested() override {}
-  void OnDeactivated() override {}
-  void OnScreenChanged() override {}
-  void OnMouseDown(int /*x*/, int /*y*/) override {}
-  void OnMouseMove(int /*x*/, int /*y*/) override {}
-  void OnScaleChanged() override {}
-};
 
 class WidgetsTest : public testing::Test {
  protected:
@@ -54,7 +42,7 @@ class WidgetsTest : public testing::Test {
     platform_.PumpEvents();
   }
 
-  // A form as it is at first.
+  // A new form.
   void Reopen() {
     form_->Unload();
     Open();
@@ -84,9 +72,9 @@ class WidgetsTest : public testing::Test {
   QWidget* window_ = nullptr;
 };
 
-// The toolkit keeps peers for as long as an event is delivered, and windows go in that time.
-TEST_F(WidgetsTest, TakeNoFocusOnceTheirWindowIsGone) {
-  SilentEvents events;
+// The toolkit keeps peers while an event is delivered, in which their window may be destroyed.
+TEST_F(WidgetsTest, IgnoreTheFocusWithoutAWindow) {
+  LoggedEvents events;
   auto window = platform_.CreateWindowPeer(WindowKind::kDialog, events);
   const auto button = platform_.Widgets().Make(*window, form_->cmdOK);
   Surface surface;
@@ -96,11 +84,11 @@ TEST_F(WidgetsTest, TakeNoFocusOnceTheirWindowIsGone) {
   box->TakeFocus();
 }
 
-TEST_F(WidgetsTest, TellWhatTheUserDoes) {
+TEST_F(WidgetsTest, ReportWhatTheUserDoes) {
   const struct {
     const char* what;
     std::function<void()> act;
-    Strings told;
+    Strings log;
   } cases[] = {
       {"a click", [&] { Click("cmdAdd"); }, {"cmdAdd"}},
       {"Enter is the default button", [&] { Press(Qt::Key_Return); }, {"OK"}},
@@ -130,7 +118,7 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
       {"a menu before a button of that key",
        [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_Escape); },
        {"File opens", "530"}},
-      {"a command is told when its menu has closed",
+      {"a command, after its menu has closed",
        [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_N), platform_.PumpEvents(); },
        {"File opens", "530", "New"}},
       {"from menu to menu",
@@ -144,7 +132,7 @@ TEST_F(WidgetsTest, TellWhatTheUserDoes) {
     SCOPED_TRACE(c.what);
     c.act();
     platform_.PumpEvents();
-    EXPECT_THAT(form_->told, ElementsAreArray(c.told));
+    EXPECT_THAT(form_->log, ElementsAreArray(c.log));
     Reopen();
   }
 }
@@ -171,7 +159,7 @@ TEST_F(WidgetsTest, PassOnWhatIsEntered) {
   EXPECT_TRUE(form_->opt2.Value());
 }
 
-TEST_F(WidgetsTest, ShowWhatTheProgramSetsAndTellNothingOfIt) {
+TEST_F(WidgetsTest, ShowWhatTheProgramSetsWithoutReportingIt) {
   form_->cmdAdd.SetCaption("Re&move");
   form_->cmdAdd.SetEnabled(false);
   form_->lst.SetVisible(false);
@@ -187,7 +175,7 @@ TEST_F(WidgetsTest, ShowWhatTheProgramSetsAndTellNothingOfIt) {
   EXPECT_EQ(Find("lblText").geometry(), QRect(0, 0, 40, 20));
   EXPECT_EQ(Find("txt").accessibleName(), "Text:");
   EXPECT_EQ(Find("cbo").accessibleName(), "Frame");
-  EXPECT_THAT(form_->told, IsEmpty());
+  EXPECT_THAT(form_->log, IsEmpty());
 }
 
 TEST_F(WidgetsTest, AreVisitedInTabOrder) {
@@ -216,18 +204,14 @@ TEST_F(WidgetsTest, HaveTheFocusBackWhenOneEventDisablesAndEnablesThem) {
   EXPECT_EQ(Focused(), "cmdAdd");
 }
 
-TEST_F(WidgetsTest, KeepTheAreaBelowTheMenuAtItsSize) {
-  const QMenuBar& menus = *window_->findChild<QMenuBar*>();
-  EXPECT_EQ(window_->height() - menus.height(), 380);
-  EXPECT_EQ(window_->width(), 440);
-  EXPECT_TRUE(window_->minimumSize() == window_->maximumSize());
-}
-
-TEST_F(WidgetsTest, PresentAPictureBoxAmongThem) {
+TEST_F(WidgetsTest, LieBelowTheMenuInAnAreaOfFixedSize) {
+  const int menu = window_->findChild<QMenuBar*>()->height();
+  EXPECT_EQ(window_->size(), QSize(440, 380 + menu));
+  EXPECT_EQ(window_->minimumSize(), window_->maximumSize());
   form_->pane.SetBackColor(0x0000FF);
   platform_.PumpEvents();
   const QImage shot = window_->grab().toImage();
-  const QPoint corner(387, window_->findChild<QMenuBar*>()->height());
+  const QPoint corner(387, menu);
   EXPECT_EQ(shot.pixelColor(corner), QColor(Qt::red));
   EXPECT_EQ(shot.pixelColor(corner + QPoint(39, 29)), QColor(Qt::red));
   EXPECT_NE(shot.pixelColor(corner + QPoint(40, 29)), QColor(Qt::red));
@@ -244,7 +228,7 @@ TEST_F(WidgetsTest, RunModallyUntilTheFormGoes) {
   });
   second->ShowModal();
   EXPECT_FALSE(second->IsLoaded());
-  EXPECT_THAT(second->told, ElementsAre("Cancel", "unload"));
+  EXPECT_THAT(second->log, ElementsAre("Cancel", "unload"));
 }
 
 class ListWidgetTest : public WidgetsTest {
@@ -296,7 +280,7 @@ TEST_F(ListWidgetTest, SelectsAsWindowsDoes) {
 
 TEST_F(ListWidgetTest, FollowsTheProgram) {
   ClickItem(2);
-  form_->told.clear();
+  form_->log.clear();
   ListBox& list = form_->lst;
   list.RemoveItem(0);
   list.SetList(3, "a name                                        /a/path/");
@@ -308,7 +292,7 @@ TEST_F(ListWidgetTest, FollowsTheProgram) {
   EXPECT_EQ(View().model()->index(3, 0).data().toString(), "a name");
   EXPECT_EQ(View().model()->index(9, 0).data().toString(), "last");
   EXPECT_EQ(Selected(), std::vector<int>{5});
-  EXPECT_THAT(form_->told, ElementsAre("lst", "lst")) << "the two changes, and nothing told back";
+  EXPECT_THAT(form_->log, ElementsAre("lst", "lst")) << "the two changes, and no report of the rest";
   Press(Qt::Key_Down);
   EXPECT_EQ(Selected(), std::vector<int>{6});
   list.Clear();
@@ -325,7 +309,7 @@ TEST_F(ListWidgetTest, TakesLocalFiles) {
   QDropEvent drop(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(View().viewport(), &drop);
   EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
-  EXPECT_THAT(form_->told, ElementsAre("/a/b c.jpg", "/d"));
+  EXPECT_THAT(form_->log, ElementsAre("/a/b c.jpg", "/d"));
 }
 
 }  // namespace

@@ -10,16 +10,15 @@
 #include <QScreen>
 #include <QWindow>
 #include <memory>
-#include <string>
-#include <vector>
 
-#include "platform/desktop/toolkit/desktop_platform.h"
+#include "common/logged_events.h"
+#include "platform/desktop/desktop_platform.h"
 #include "toolkit/surface.h"
 
 namespace quorvale {
 
-// A window of the size of the primary monitor with one picture box in it, and what they are told.
-class WindowFixture : public testing::Test, private WindowEvents, private SurfaceEvents {
+// A window of the size of the primary monitor with one picture box in it, and their events.
+class WindowFixture : public testing::Test, public LoggedEvents {
  protected:
   static constexpr PixelRect kMonitor{0, 0, 800, 600};
 
@@ -69,26 +68,12 @@ class WindowFixture : public testing::Test, private WindowEvents, private Surfac
   std::unique_ptr<WindowPeer> window_;
   Surface surface_;
   std::unique_ptr<SurfacePeer> surface_peer_;
-  std::vector<std::string> told_;
 
  private:
   static void SendMouse(QWindow& window, QEvent::Type type, QPoint at, Qt::MouseButton button) {
     QMouseEvent event(type, at, window.mapToGlobal(at), button, button, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &event);
   }
-
-  static std::string At(int x, int y) { return std::to_string(x) + ' ' + std::to_string(y); }
-
-  void OnKeyDown(int key) override { told_.push_back("key " + std::to_string(key)); }
-  void OnMouseDown() override { told_.emplace_back("form press"); }
-  void OnMouseMove() override { told_.emplace_back("form move"); }
-  void OnCloseRequested() override { told_.emplace_back("close"); }
-  void OnHelpRequested() override { told_.emplace_back("help"); }
-  void OnDeactivated() override { told_.emplace_back("deactivated"); }
-  void OnScreenChanged() override { told_.emplace_back("screen"); }
-  void OnMouseDown(int x, int y) override { told_.push_back("box press " + At(x, y)); }
-  void OnMouseMove(int x, int y) override { told_.push_back("box move " + At(x, y)); }
-  void OnScaleChanged() override { told_.emplace_back("scale"); }
 };
 
 }  // namespace quorvale

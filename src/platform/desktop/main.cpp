@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/desktop_password.h"
 #include "platform/desktop/system/invocation.h"
@@ -18,11 +19,9 @@
 #include "platform/desktop/system/settings_location.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "platform/desktop/system/xscreensaver_file.h"
-#include "platform/desktop/toolkit/daemon_window.h"
-#include "platform/desktop/toolkit/desktop_platform.h"
-#include "platform/desktop/toolkit/ending_signals.h"
-#include "platform/desktop/toolkit/qt_programs.h"
+#include "platform/desktop/toolkit/event_loop.h"
 #include "platform/desktop/toolkit/start_up.h"
+#include "platform/desktop/toolkit/x11_session.h"
 #include "process/end_saver.h"
 #include "process/process.h"
 #include "run/main_procedure.h"

@@ -11,19 +11,19 @@
 namespace quorvale {
 namespace {
 
-// A window manager takes the focus to and fro for a moment, and takes a window off the screen to frame it.
+// A window manager moves the focus back and forth for a moment, and unmaps a window to put a frame around it.
 constexpr auto kUntilSettled = std::chrono::milliseconds(60);
-constexpr auto kBetweenLooks = std::chrono::milliseconds(250);
-// Window managers are asked first, then the server, and then the keyboard is grabbed.
-constexpr int kAskedManager = 1;
-constexpr int kAskedServer = 3;
+constexpr auto kBetweenChecks = std::chrono::milliseconds(250);
+// Attempts by the window manager come first, then attempts by the server, and then the keyboard is grabbed.
+constexpr int kManagerAttempts = 1;
+constexpr int kServerAttempts = 3;
 
 }  // namespace
 
 FocusWatch::FocusWatch(QWindow& window, std::function<void()> lost) : window_(window), lost_(std::move(lost)) {
   timer_.setSingleShot(true);
-  connect(&timer_, &QTimer::timeout, this, [this] { Look(); });
-  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this] { LookSoon(); });
+  connect(&timer_, &QTimer::timeout, this, [this] { Check(); });
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this] { CheckSoon(); });
 }
 
 void FocusWatch::Start() {
@@ -31,7 +31,7 @@ void FocusWatch::Start() {
   was_on_screen_ = false;
   had_focus_ = false;
   attempts_ = 0;
-  LookSoon();
+  CheckSoon();
 }
 
 void FocusWatch::Stop() {
@@ -43,20 +43,20 @@ void FocusWatch::Stop() {
 void FocusWatch::SetPaused(bool paused) {
   paused_ = paused;
   if (paused) SetGrabbed(false);
-  LookSoon();
+  CheckSoon();
 }
 
-void FocusWatch::LookSoon() {
+void FocusWatch::CheckSoon() {
   if (runs_ && !paused_) timer_.start(kUntilSettled);
 }
 
-void FocusWatch::Look() {
+void FocusWatch::Check() {
   if (!runs_ || paused_) return;
   if (!IsOnScreen()) {
     if (was_on_screen_) {
       lost_();
     } else {
-      timer_.start(kBetweenLooks);
+      timer_.start(kBetweenChecks);
     }
     return;
   }
@@ -68,23 +68,23 @@ void FocusWatch::Look() {
     SetGrabbed(false);
     return;
   }
-  timer_.start(kBetweenLooks);
+  timer_.start(kBetweenChecks);
   if (owner == Owner::kNobody || !had_focus_) {
-    Seek();
+    RequestFocus();
   } else if (X11Connection() == nullptr || !IsKeyboardGrabbed(X11Connection())) {
-    // Where the show goes on all the same, it tries to have the focus back.
+    // If the show goes on, it requests the focus again.
     had_focus_ = false;
     lost_();
   }
 }
 
-void FocusWatch::Seek() {
+void FocusWatch::RequestFocus() {
   xcb_connection_t* const x11 = X11Connection();
   if (x11 == nullptr) return;
   ++attempts_;
-  if (attempts_ <= kAskedManager) {
+  if (attempts_ <= kManagerAttempts) {
     window_.requestActivate();
-  } else if (attempts_ <= kAskedServer) {
+  } else if (attempts_ <= kServerAttempts) {
     TakeFocus(x11, static_cast<std::uint32_t>(window_.winId()));
   } else {
     SetGrabbed(true);
@@ -99,7 +99,7 @@ FocusWatch::Owner FocusWatch::OwnerOfFocus() const {
   return IsOwnWindow(x11, focus) ? Owner::kUs : Owner::kOther;
 }
 
-// Other window systems don't tell.
+// Other window systems don't report it.
 bool FocusWatch::IsOnScreen() const {
   xcb_connection_t* const x11 = X11Connection();
   return x11 == nullptr || IsViewable(x11, static_cast<std::uint32_t>(window_.winId()));

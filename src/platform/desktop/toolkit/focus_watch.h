@@ -6,29 +6,29 @@
 
 namespace quorvale {
 
-// Keeps the keyboard with a show's window by holding the focus. A grab would keep screen lockers from locking, so it
-// is taken only where the focus can't be had, and let go of once it can.
+// Keeps the keyboard at a show's window by holding the focus. A grab would keep screen lockers from locking, so it is
+// used only where the window can't get the focus, and released when it can.
 class FocusWatch : public QObject {
   Q_OBJECT
 
  public:
-  // `lost` is called when another program's window has the focus, and when `window` is no longer on the screen. A
-  // screen locker takes the keyboard without that.
+  // `lost` is called when another program's window has the focus, and when `window` is no longer on the screen. It is
+  // not called for a screen locker, which grabs the keyboard but does not take the focus.
   FocusWatch(QWindow& window, std::function<void()> lost);
 
   // From the window's appearance to its hiding.
   void Start();
   void Stop();
-  // A box of this program needs the keys. What happened meanwhile is found after it.
+  // While a box of this program needs the keys. Changes meanwhile are found when the pause ends.
   void SetPaused(bool paused);
-  // The focus or the window's place on the screen may have changed.
-  void LookSoon();
+  // To be called when the focus or the window's visibility may have changed.
+  void CheckSoon();
 
  private:
   enum class Owner { kUs, kNobody, kOther };
 
-  void Look();
-  void Seek();
+  void Check();
+  void RequestFocus();
   Owner OwnerOfFocus() const;
   bool IsOnScreen() const;
   void SetGrabbed(bool grabbed);

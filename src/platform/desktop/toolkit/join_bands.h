@@ -7,13 +7,11 @@
 
 namespace quorvale {
 
-// Trades pixels for rectangles: presenting a rectangle costs as much as presenting some hundred pixels, so
-// thin slivers are joined to larger rectangles where that is cheaper in sum. What it adds has not changed
-// and is put on the screen as it is there already.
+// Joins rectangles to be presented where that is cheaper: a rectangle costs as much as some hundred pixels. Pixels
+// that are added this way have not changed, so presenting them changes nothing on the screen.
 class BandJoiner {
  public:
-  // `rects` come as `DirtyRegion::Take` gives them, and the result, valid until the next call, is of the
-  // same form.
+  // `rects` are ordered as `DirtyRegion::Take` returns them, and so is the result. It is valid until the next call.
   const std::vector<PixelRect>& Join(const std::vector<PixelRect>& rects);
 
  private:
@@ -28,9 +26,9 @@ class BandJoiner {
 
   bool JoinInPairs();
   bool JoinToBox();
-  void GiveBand();
+  void FlushBand();
 
-  // Kept for their capacity: a step of an effect allocates nothing.
+  // Kept between calls for their capacity, so that a step of an effect allocates nothing.
   Band band_;
   Band next_;
   std::vector<PixelRect> joined_;

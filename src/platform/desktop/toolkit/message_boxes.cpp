@@ -70,7 +70,7 @@ MessageBoxAnswer ToAnswer(int button) {
   }
 }
 
-// The topmost of our windows, over which the box has to come.
+// The topmost window of this program, above which the box has to be.
 QWindow* Below(const QWindow* box) {
   QWindow* below = QGuiApplication::focusWindow();
   if (below != nullptr && below != box) return below;

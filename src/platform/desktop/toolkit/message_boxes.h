@@ -5,8 +5,8 @@
 
 namespace quorvale {
 
-// Shows the box above all windows of the program and waits for the answer. `application_title` stands for
-// an empty title.
+// Shows the box above all windows of the program and waits for the answer. An empty title becomes
+// `application_title`.
 MessageBoxAnswer ShowQtMessageBox(const MessageBox& box, const std::string& application_title, EndedLoops& ended_loops);
 
 }  // namespace quorvale

@@ -6,10 +6,10 @@ struct xcb_connection_t;
 
 namespace quorvale {
 
-// What has to happen before there is a QApplication.
+// Calls for the time before there is a QApplication.
 
-// Finds out whether there is a display to open; Qt would end the process with an abort. Keep it until Qt
-// is there: an X server without a client begins anew, and turns away who comes at that moment.
+// Finds out whether there is a display; without one Qt would abort the process. Keep it until the QApplication exists:
+// an X server that loses its last client resets, and refuses connections meanwhile.
 class DisplayProbe {
  public:
   DisplayProbe();
@@ -25,12 +25,12 @@ class DisplayProbe {
   bool has_display_ = true;
 };
 
-// For a run in a window of another program: such windows are X11's, and Qt may prefer another window system
-// where there are both. What the user has chosen stays.
+// For a run in a window of another program. Such windows belong to X11, and where there is Wayland too Qt may prefer
+// that. The user's own choice of a platform holds.
 void PreferX11();
 
-// Makes a pixel of Qt's a pixel of the device, where Qt can do that. Gives by how much the user wants
-// everything larger, so that text can still follow.
+// Makes a Qt pixel a device pixel, where Qt can do that. Returns the user's scale factor, so that text can still follow
+// it.
 double TurnScalingOff();
 
 }  // namespace quorvale

@@ -1,33 +1,22 @@
 #pragma once
 
-#include "platform/desktop/toolkit/surface_window.h"
+#include <QEvent>
+
+#include "platform/common/presenter.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
 
-// Every surface peer of this platform.
+// Base of this platform's two kinds of picture box, in a show's window and in a dialog.
 class QtSurfacePeer : public SurfacePeer {
  public:
   virtual Presenter& Shown() = 0;
 };
 
-// A picture box of a show.
-class SurfaceWindowPeer : public QtSurfacePeer {
- public:
-  // All of them outlive the peer.
-  SurfaceWindowPeer(TopWindow& top, Surface& surface, SurfaceEvents& events) : window_(top, surface, events) {}
+// The type of the event by which a picture box posts its next presentation.
+QEvent::Type PresentEvent();
 
-  WindowHandle Handle() const override { return static_cast<WindowHandle>(window_.winId()); }
-  float Scale() const override { return window_.Scale(); }
-  void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
-  void Invalidate() override { window_.PresentSoon(); }
-  void Present() override { window_.Present(); }
-  void TakeFocus() override { window_.TakeFocus(); }
-
-  Presenter& Shown() override { return window_; }
-
- private:
-  SurfaceWindow window_;
-};
+// The virtual key code of a `Qt::Key`, or 0 if it has none.
+int VirtualKeyCode(int qt_key);
 
 }  // namespace quorvale

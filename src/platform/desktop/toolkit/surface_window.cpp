@@ -14,15 +14,9 @@
 #include "platform/common/deliver.h"
 #include "platform/desktop/system/x11_windows.h"
 #include "platform/desktop/toolkit/join_bands.h"
-#include "platform/desktop/toolkit/key_codes.h"
 #include "platform/desktop/toolkit/x11_session.h"
 
 namespace quorvale {
-namespace {
-
-const QEvent::Type kPresent = static_cast<QEvent::Type>(QEvent::registerEventType());
-
-}  // namespace
 
 SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& events)
     : QWindow(&top), Presenter(surface), top_(top), events_(events), ratio_(top.devicePixelRatio()) {
@@ -31,7 +25,7 @@ SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& ev
   top.OfferFocus(*this);
 }
 
-// A window of Qt deletes its children, and the host would take this one for one of them.
+// Qt would delete this window together with the host's window object.
 SurfaceWindow::~SurfaceWindow() {
   if (!host_) return;
   destroy();
@@ -47,7 +41,7 @@ void SurfaceWindow::SetBounds(const PixelRect& bounds) {
   setVisible(!rect.isEmpty());
 }
 
-void SurfaceWindow::PostPresent() { QCoreApplication::postEvent(this, new QEvent(kPresent)); }
+void SurfaceWindow::PostPresent() { QCoreApplication::postEvent(this, new QEvent(PresentEvent())); }
 
 void SurfaceWindow::PrepareToShow() {
   if (buffer_.size() == size()) return;
@@ -58,7 +52,7 @@ void SurfaceWindow::PrepareToShow() {
 void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
   const QRegion region = ToRegion(joiner_.Join(dirty));
   buffer_.beginPaint(region);
-  // Every platform on which Qt draws by itself has an image here.
+  // On every platform where Qt renders by itself the paint device is an image.
   if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);
   buffer_.endPaint();
   buffer_.flush(region);
@@ -78,8 +72,8 @@ void SurfaceWindow::ReturnHome() {
   host_.reset();
 }
 
-// Nothing tells a window that another program's windows around it have left the screen. Asking takes longer
-// than a pass of an effect should.
+// No event reports that another program's window around this one has left the screen. The question to the server takes
+// longer than a pass of an effect may.
 bool SurfaceWindow::IsHostInSight() const {
   constexpr int kMillisecondsBetween = 50;
   if (!host_was_asked_.isValid() || host_was_asked_.hasExpired(kMillisecondsBetween)) {
@@ -89,7 +83,7 @@ bool SurfaceWindow::IsHostInSight() const {
   return host_is_in_sight_;
 }
 
-// Qt tells a child on Wayland nothing of its exposure, so the top of its windows answers for it.
+// On Wayland Qt reports no exposure to a child window, so its top window answers for it.
 bool SurfaceWindow::IsInSight() const {
   if (is_gone_) return false;
   if (host_) return isExposed() && IsHostInSight();
@@ -103,7 +97,7 @@ void SurfaceWindow::ReportKey(int qt_key) {
 }
 
 bool SurfaceWindow::event(QEvent* event) {
-  if (event->type() == kPresent) {
+  if (event->type() == PresentEvent()) {
     PresentPosted();
     return true;
   }
@@ -116,7 +110,7 @@ bool SurfaceWindow::event(QEvent* event) {
     top_.Mouse().SetPointer(ToPosition(static_cast<QEnterEvent*>(event)->globalPosition()));
   if (event->type() == QEvent::Expose) {
     host_was_asked_.invalidate();
-    NoteRatio();
+    UpdateRatio();
   }
   return QWindow::event(event);
 }
@@ -130,8 +124,8 @@ bool SurfaceWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* 
   return false;
 }
 
-// A window learns of another ratio by being exposed anew.
-void SurfaceWindow::NoteRatio() {
+// Qt exposes a window again when its ratio changes.
+void SurfaceWindow::UpdateRatio() {
   if (ratio_ == devicePixelRatio()) return;
   const float scale = Scale();
   ratio_ = devicePixelRatio();
@@ -162,7 +156,7 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
     region.setRects(qt_rects.data(), static_cast<int>(qt_rects.size()));
     return region;
   }
-  // Qt rounds on its way to the device; a pixel more on each side keeps what it drops inside.
+  // Qt rounds when it converts to device pixels; one more pixel on each side makes up for that.
   for (const PixelRect& rect : rects) {
     const QPoint first(static_cast<int>(std::floor(rect.left / ratio_)) - 1,
                        static_cast<int>(std::floor(rect.top / ratio_)) - 1);
@@ -173,14 +167,12 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
   return region & QRect(QPoint(), size());
 }
 
-// The whole region: some platforms clear it first.
+// Covers the whole region, since some platforms clear it first.
 void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
   const PixelView pixels = Shown().Pixels();
   if (pixels.Bounds().IsEmpty()) return;
-  const QImage source(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
-                      static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)),
-                      QImage::Format_RGB32);
-  // The same pixels without Qt's ratio, so that the painter counts the device's.
+  const QImage source = ImageOver(pixels);
+  // The same memory without Qt's ratio, so that the painter counts device pixels.
   QImage target(image.bits(), image.width(), image.height(), image.bytesPerLine(), image.format());
   QPainter painter(&target);
   painter.setCompositionMode(QPainter::CompositionMode_Source);

@@ -7,16 +7,16 @@
 #include <memory>
 #include <vector>
 
-#include "platform/common/presenter.h"
 #include "platform/desktop/toolkit/join_bands.h"
+#include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/surface.h"
 
 namespace quorvale {
 
-// A picture box's window: a window of the system's own, so that it can become a child of any other. It
-// copies what has changed of the toolkit's surface to its own buffer and from there to the screen, with no
-// widget machinery between, which takes twice as long over the thin shapes of the effects.
+// A picture box's window in a show. It is a native window, so that it can become a child of any other. It copies what
+// has changed on the toolkit's surface to its own buffer and from there to the screen. A widget would take twice as
+// long for the thin shapes of the effects.
 class SurfaceWindow : public QWindow, public Presenter {
   Q_OBJECT
 
@@ -30,17 +30,17 @@ class SurfaceWindow : public QWindow, public Presenter {
   float Scale() const;
   void SetBounds(const PixelRect& bounds);
 
-  // Sits in a window of another program from now on, or in its form's window again.
+  // Moves into a window of another program, or back into its form's window.
   void MoveInto(WindowHandle host);
   void ReturnHome();
 
   bool IsInSight() const override;
 
-  void TakeFocus() { top_.Focus(*this); }
+  void RequestFocus() { top_.Focus(*this); }
   void ReportKey(int qt_key);
 
  Q_SIGNALS:
-  // The window system, or another program by its means, asks the window to close. Nothing else happens.
+  // The window system, or another program through it, asks the window to close. The window stays.
   void CloseArrived();
 
  protected:
@@ -56,7 +56,7 @@ class SurfaceWindow : public QWindow, public Presenter {
   void PrepareToShow() override;
   void Show(const std::vector<PixelRect>& dirty) override;
   bool IsHostInSight() const;
-  void NoteRatio();
+  void UpdateRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
   void CopyTo(QImage& image, const QRegion& region) const;
   MouseInput::Position ToToolkitPixels(const QPointF& position) const;
@@ -68,11 +68,29 @@ class SurfaceWindow : public QWindow, public Presenter {
   PixelRect bounds_;
   double ratio_;
   std::unique_ptr<QWindow> host_;
-  // The host went and took the window along; Qt takes no notice of that.
+  // The host is gone, and with it this window. Qt does not notice.
   bool is_gone_ = false;
-  // What the window system last said of the host, and when.
+  // The last answer of the window system about the host, and when it came.
   mutable bool host_is_in_sight_ = true;
   mutable QElapsedTimer host_was_asked_;
+};
+
+class SurfaceWindowPeer : public QtSurfacePeer {
+ public:
+  // All of them outlive the peer.
+  SurfaceWindowPeer(TopWindow& top, Surface& surface, SurfaceEvents& events) : window_(top, surface, events) {}
+
+  WindowHandle Handle() const override { return static_cast<WindowHandle>(window_.winId()); }
+  float Scale() const override { return window_.Scale(); }
+  void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
+  void Invalidate() override { window_.PresentSoon(); }
+  void Present() override { window_.Present(); }
+  void TakeFocus() override { window_.RequestFocus(); }
+
+  Presenter& Shown() override { return window_; }
+
+ private:
+  SurfaceWindow window_;
 };
 
 }  // namespace quorvale

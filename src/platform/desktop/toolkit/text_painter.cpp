@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "platform/common/typeface.h"
+#include "platform/desktop/toolkit/pixels.h"
 
 namespace quorvale {
 namespace {
@@ -22,13 +23,13 @@ QFont ToQtFont(const Font& named, int pixels) {
   }
   font.setStyleHint(is_serif ? QFont::Serif : QFont::SansSerif,
                     QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-  // Hinting would snap letters to whole pixels, and their sizes would no longer follow the scale.
+  // Hinting would snap letters to whole pixels, so that sizes would not follow the scale.
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setPixelSize(pixels);
   return font;
 }
 
-// One line of text in its font. Qt has fonts of whole pixels only; the painter's scale does the rest.
+// One line of text. Qt has fonts in whole pixels only; scaling the painter gives the sizes between.
 class Line {
  public:
   Line(const std::string& text, const Font& font, double pixels)
@@ -40,7 +41,7 @@ class Line {
   int Width() const { return static_cast<int>(std::ceil(metrics_.horizontalAdvance(text_) * factor_)); }
   int Height() const { return static_cast<int>(std::ceil(metrics_.height() * factor_)); }
 
-  // The pixels that drawing it touches at most.
+  // The pixels that drawing may change.
   QRect Ink(int left, int top) const {
     const QRectF box = metrics_.boundingRect(text_);
     const QRectF scaled(box.topLeft() * factor_, box.size() * factor_);
@@ -80,8 +81,7 @@ PixelRect QtTextPainter::Draw(const PixelView& target, int left, int top, const 
   const PixelRect changed = Intersect({ink.x(), ink.y(), ink.width(), ink.height()}, target.Bounds());
   if (changed.IsEmpty()) return {};
 
-  QImage image(reinterpret_cast<uchar*>(target.pixels), target.width, target.height,
-               static_cast<qsizetype>(target.stride) * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  QImage image = ImageOver(target);
   QPainter painter(&image);
   painter.setClipRect(changed.left, changed.top, changed.width, changed.height);
   painter.setPen(QColor::fromRgb(ToPixel(colour)));

@@ -4,10 +4,10 @@
 
 namespace quorvale {
 
-// Text by Qt, in the faces that the machine has, at sizes that need not be whole pixels.
+// Draws text by Qt in the typefaces of the machine. Sizes need not be whole pixels.
 class QtTextPainter : public TextPainter {
  public:
-  // `pixels_per_inch` of the toolkit's pixels, as the desktop wants text to be.
+  // Toolkit pixels per inch, as the desktop sets them for text.
   explicit QtTextPainter(double pixels_per_inch) : pixels_per_inch_(pixels_per_inch) {}
 
   PixelRect Measure(const std::string& text, const Font& font, float scale) override;

@@ -11,17 +11,18 @@
 #include <QScreen>
 #include <QTimer>
 #include <chrono>
+#include <utility>
 
 #include "platform/common/deliver.h"
 #include "platform/desktop/system/x11_windows.h"
-#include "platform/desktop/toolkit/key_codes.h"
+#include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/surface_window.h"
 #include "platform/desktop/toolkit/x11_session.h"
 
 namespace quorvale {
 namespace {
 
-// What a window manager takes to fit a full-screen window to another screen.
+// The time that a window manager needs to fit a full-screen window to another screen.
 constexpr auto kManagersTurn = std::chrono::milliseconds(150);
 
 QRect PrimaryMonitor() {
@@ -31,10 +32,10 @@ QRect PrimaryMonitor() {
 
 Qt::WindowFlags FlagsOf(bool is_in_daemon) {
   if (is_in_daemon) return Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint;
-  // Topmost from the start: on X11 Qt makes a window anew, with another handle and without its children,
-  // when its flags change.
+  // Topmost from the start: when flags change on X11, Qt makes a new window with another handle and without the
+  // children.
   Qt::WindowFlags flags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
-  // Full screen is something that window managers give. Without one the window's size is all that is needed.
+  // Only a window manager makes a window full screen. Without one its size is enough.
   if (X11Connection() != nullptr && !HasWindowManager(X11Connection())) flags |= Qt::X11BypassWindowManagerHint;
   return flags;
 }
@@ -47,17 +48,17 @@ TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, Wi
       events_(events),
       daemon_window_(daemon_window),
       focus_watch_(*this, [this] { Deliver([this] { events_.OnDeactivated(); }); }),
-      screen_watch_([this] { FollowScreen(); }),
       monitor_(PrimaryMonitor()) {
   setSurfaceType(QSurface::RasterSurface);
   setFlags(FlagsOf(daemon_window_ != 0));
   create();
+  WatchMonitors();
   if (daemon_window_ == 0) {
     if (X11Connection() != nullptr) ShowOnAllDesktops(X11Connection(), static_cast<std::uint32_t>(winId()));
     return;
   }
   mouse_.SetEnabled(false);
-  // Qt is told nothing of it: for a child of another program's window it would send that one messages.
+  // By the server and not by Qt, which would send messages to another program's window that it takes for a parent.
   Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_window_));
 }
 
@@ -71,7 +72,7 @@ void TopWindow::SetBounds(const PixelRect& bounds) {
   }
 }
 
-// A window manager fits a full-screen window to its monitor, but leaves it there when another one is the primary one.
+// A window manager fits a full-screen window to its monitor, but does not move it when another becomes the primary one.
 void TopWindow::FitFullScreen() {
   if (!isVisible() || Fits()) return;
   if (X11Connection() == nullptr) setScreen(QGuiApplication::primaryScreen());
@@ -80,19 +81,41 @@ void TopWindow::FitFullScreen() {
   showFullScreen();
 }
 
-// The other window systems tell no window where it lies.
+// On other window systems a window does not know its place.
 bool TopWindow::Fits() const {
   return X11Connection() != nullptr ? geometry() == place_ : screen() == QGuiApplication::primaryScreen();
 }
 
-void TopWindow::FollowScreen() {
+void TopWindow::WatchMonitors() {
+  const auto watch = [this](QScreen* screen) {
+    connect(screen, &QScreen::geometryChanged, this, [this] { FollowMonitorsSoon(); });
+  };
+  for (QScreen* const screen : QGuiApplication::screens()) watch(screen);
+  connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, watch](QScreen* screen) {
+    watch(screen);
+    FollowMonitorsSoon();
+  });
+  connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { FollowMonitorsSoon(); });
+  connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] { FollowMonitorsSoon(); });
+}
+
+// One change of the layout comes as several signals; it is followed once, when all have come.
+void TopWindow::FollowMonitorsSoon() {
+  if (std::exchange(follow_is_posted_, true)) return;
+  QMetaObject::invokeMethod(
+      this, [this] { FollowMonitors(); }, Qt::QueuedConnection);
+}
+
+void TopWindow::FollowMonitors() {
+  follow_is_posted_ = false;
+  Q_EMIT MonitorsChanged();
   const QRect monitor = PrimaryMonitor();
   if (kind_ != WindowKind::kSaver || monitor.isEmpty() || monitor == monitor_) return;
   monitor_ = monitor;
   Deliver([this] { events_.OnScreenChanged(); });
 }
 
-// In the coordinates of what the window lies in.
+// In the coordinates of the window's parent.
 QPoint TopWindow::PrimaryCorner() const {
   const QPoint corner = PrimaryMonitor().topLeft();
   int x = 0;
@@ -103,7 +126,7 @@ QPoint TopWindow::PrimaryCorner() const {
 
 void TopWindow::Appear() {
   if (daemon_window_ != 0) {
-    // Without the daemon's window this one would lie on the screen itself.
+    // If the daemon's window is gone, this one would appear on the screen itself.
     if (WindowExists(X11Connection(), static_cast<std::uint32_t>(daemon_window_))) {
       show();
     } else {
@@ -127,7 +150,7 @@ void TopWindow::Disappear() {
   hide();
 }
 
-// The other window systems leave the order of windows to themselves, and Qt complains.
+// Other window systems order their windows themselves, and Qt would print a warning.
 void TopWindow::Raise() {
   if (X11Connection() != nullptr && daemon_window_ == 0) raise();
 }
@@ -169,12 +192,12 @@ bool TopWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*re
   if (kind != "xcb_generic_event_t") return false;
   switch (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) {
     case XCB_DESTROY_NOTIFY:
-      // The daemon's window went and took this one along; Qt takes no notice of that.
+      // The daemon's window is gone, and with it this one. Qt does not notice.
       if (daemon_window_ != 0) CloseSoon();
       break;
     case XCB_FOCUS_OUT:
     case XCB_UNMAP_NOTIFY:
-      focus_watch_.LookSoon();
+      focus_watch_.CheckSoon();
       break;
     default:
       break;
@@ -206,7 +229,7 @@ QList<SurfaceWindow*> TopWindow::Surfaces() const {
 
 QRegion TopWindow::Uncovered() const {
   QRegion free(QRect(QPoint(), size()));
-  // On Wayland a window without pixels of its own is not on the screen, nor is what it holds.
+  // On Wayland a window without pixels of its own is not shown, nor are its children.
   if (QGuiApplication::platformName().startsWith("wayland")) return free;
   for (const SurfaceWindow* const surface : Surfaces()) {
     if (surface->isVisible()) free -= surface->geometry();

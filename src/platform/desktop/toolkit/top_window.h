@@ -7,10 +7,11 @@
 
 #include "platform/common/mouse_input.h"
 #include "platform/desktop/toolkit/focus_watch.h"
-#include "platform/desktop/toolkit/pixel_kind.h"
-#include "platform/desktop/toolkit/screen_watch.h"
+#include "platform/desktop/toolkit/pixels.h"
 #include "system/window_system.h"
 #include "toolkit/platform.h"
+
+class QScreen;
 
 namespace quorvale {
 
@@ -18,37 +19,41 @@ class SurfaceWindow;
 
 inline MouseInput::Position ToPosition(const QPointF& point) { return {point.x(), point.y()}; }
 
-// The window of a show's form. It takes the keys for all of its form and hands them to the picture box that has the
-// focus; what its picture boxes leave free is black.
+// The window of a show's form. It gets the keys for the whole form and passes them to the picture box that has the
+// focus. What its picture boxes leave free is black.
 class TopWindow : public QWindow {
   Q_OBJECT
 
  public:
-  // With a `daemon_window`, which is another program's, the window is a child of that one and takes no input;
-  // when that one goes, this one asks to be closed.
+  // With a `daemon_window`, which belongs to another program, the window is a child of that one and takes no input. If
+  // that one goes, this one asks to be closed.
   TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window = 0);
 
   PixelKind Pixels() const { return pixels_; }
 
-  // In the toolkit's pixels, from the corner of the primary monitor.
+  // In toolkit pixels, from the corner of the primary monitor.
   void SetBounds(const PixelRect& bounds);
   void Appear();
   void Disappear();
   void Raise();
 
-  // A show keeps the keyboard while it is on the screen, unless one of our own boxes needs it.
+  // A show keeps the keyboard while it is on the screen, except while one of this program's boxes is open.
   void HoldKeyboard(bool hold) { focus_watch_.SetPaused(!hold); }
 
   // A disabled window takes no input.
   void SetInputEnabled(bool enabled) { mouse_.SetEnabled(enabled); }
 
-  // The first picture box of a form has the focus until another takes it.
+  // Gives the focus to the form's first picture box, until another asks for it by `Focus`.
   void OfferFocus(SurfaceWindow& surface);
   void Focus(SurfaceWindow& surface);
 
-  // For its picture boxes, and for windows that stand for this one.
+  // For its picture boxes and for the windows on other monitors.
   void ReportKey(int qt_key);
   MouseInput& Mouse() { return mouse_; }
+
+ Q_SIGNALS:
+  // Monitors have come or gone, or changed in size or place.
+  void MonitorsChanged();
 
  protected:
   bool event(QEvent* event) override;
@@ -64,7 +69,9 @@ class TopWindow : public QWindow {
   QRegion Uncovered() const;
   QPoint PrimaryCorner() const;
   void CloseSoon();
-  void FollowScreen();
+  void WatchMonitors();
+  void FollowMonitorsSoon();
+  void FollowMonitors();
   void FitFullScreen();
   bool Fits() const;
 
@@ -76,9 +83,10 @@ class TopWindow : public QWindow {
   QBackingStore buffer_{this};
   QPointer<SurfaceWindow> focus_;
   FocusWatch focus_watch_;
-  ScreenWatch screen_watch_;
-  // Where the window belongs, and the primary monitor when that was last told.
+  bool follow_is_posted_ = false;
+  // Where the window belongs.
   QRect place_;
+  // The primary monitor as the form knows it.
   QRect monitor_;
 };
 

@@ -1,23 +1,92 @@
 #include "platform/desktop/toolkit/window_peer.h"
 
+#include <QBackingStore>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
 #include <QString>
 #include <QThread>
 #include <QTimer>
+#include <vector>
 
 #include "platform/common/deliver.h"
-#include "platform/desktop/toolkit/black_window.h"
+#include "platform/desktop/toolkit/x11_session.h"
 
 namespace quorvale {
-
 namespace {
 
 constexpr int kLongestWait = 500;  // milliseconds
 
-// A form may be busy for seconds once it has shown its window, and nothing is painted before events are handled. What
-// the user does meanwhile is kept for later.
+PixelRect ToRect(const QRect& rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
+
+// Qt lists the primary one first.
+std::vector<PixelRect> Monitors() {
+  std::vector<PixelRect> monitors;
+  for (const QScreen* const monitor : QGuiApplication::screens()) monitors.push_back(ToRect(monitor->geometry()));
+  return monitors;
+}
+
+// Passes input on to the show's window.
+class QtBlackWindow : public QWindow, public BlackWindow {
+ public:
+  explicit QtBlackWindow(TopWindow& saver) : saver_(saver) {
+    setSurfaceType(QSurface::RasterSurface);
+    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
+    // A window manager would place it where it likes, or give it the focus.
+    if (X11Connection() != nullptr) setFlag(Qt::X11BypassWindowManagerHint);
+  }
+
+  void Cover(const PixelRect& monitor) override {
+    for (QScreen* const candidate : QGuiApplication::screens()) {
+      if (ToRect(candidate->geometry()) != monitor || screen() == candidate) continue;
+      // A full-screen window on Wayland stays on the monitor where it appeared.
+      hide();
+      setScreen(candidate);
+    }
+    setGeometry(monitor.left, monitor.top, monitor.width, monitor.height);
+    if (X11Connection() != nullptr) {
+      show();
+    } else {
+      showFullScreen();
+    }
+  }
+  void Hide() override { hide(); }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::Close) {
+      event->ignore();
+      return true;
+    }
+    if (event->type() == QEvent::Enter) {
+      saver_.Mouse().SetPointer(ToPosition(static_cast<QEnterEvent*>(event)->globalPosition()));
+    }
+    return QWindow::event(event);
+  }
+  void paintEvent(QPaintEvent* /*event*/) override {
+    const QRect all(QPoint(), size());
+    if (buffer_.size() != size()) buffer_.resize(size());
+    buffer_.beginPaint(all);
+    QPainter(buffer_.paintDevice()).fillRect(all, Qt::black);
+    buffer_.endPaint();
+    buffer_.flush(all);
+  }
+  void keyPressEvent(QKeyEvent* event) override { saver_.ReportKey(event->key()); }
+  void mousePressEvent(QMouseEvent* /*event*/) override { saver_.Mouse().ReportDown(); }
+  void mouseMoveEvent(QMouseEvent* event) override { saver_.Mouse().ReportMove(ToPosition(event->globalPosition())); }
+
+ private:
+  TopWindow& saver_;
+  QBackingStore buffer_{this};
+};
+
+// A form may be busy for seconds after it has shown its window, and nothing is painted before events are handled.
+// Input that arrives meanwhile is kept for later.
 void WaitUntilPainted(const QWindow& window) {
   const QDeadlineTimer deadline(kLongestWait);
   while (!window.isExposed() && !deadline.hasExpired()) {
@@ -34,7 +103,11 @@ QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& even
     : covers_screen_(kind == WindowKind::kSaver && daemon_window == 0),
       events_(events),
       titles_(titles),
-      window_(kind, pixels, events, daemon_window) {}
+      window_(kind, pixels, events, daemon_window) {
+  QObject::connect(&window_, &TopWindow::MonitorsChanged, &window_, [this] {
+    if (black_windows_) black_windows_->CoverMonitors();
+  });
+}
 
 QtWindowPeer::~QtWindowPeer() { SetVisible(false); }
 
@@ -60,12 +133,13 @@ void QtWindowPeer::SetVisible(bool visible) {
 
 void QtWindowPeer::ShowSaver() {
   if (!titles_.Claim(caption_) && titles_.IsClaimed(caption_)) {
-    // Two runs started at the same moment, and each saw no other. The one that came second gives way.
+    // Two runs started at the same moment, and neither saw the other. The second one to claim the title ends.
     QTimer::singleShot(0, &window_, [this] { Deliver([this] { events_.OnCloseRequested(); }); });
     return;
   }
   window_.Appear();
-  black_windows_ = CoverOtherMonitors(window_);
+  black_windows_ =
+      std::make_unique<BlackWindows>(Monitors, [this] { return std::make_unique<QtBlackWindow>(window_); });
   WaitUntilPainted(window_);
 }
 

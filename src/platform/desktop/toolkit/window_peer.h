@@ -5,17 +5,16 @@
 
 #include "platform/common/black_windows.h"
 #include "platform/desktop/system/title_lock.h"
-#include "platform/desktop/toolkit/screen_watch.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
 
-// The window of a show's form.
+// The window of a show's form. While a saver window is visible it claims its title and the other monitors are black.
 class QtWindowPeer : public WindowPeer {
  public:
-  // `titles` outlives the peer; a saver window claims its title there while it shows, unless it lies in a
-  // `daemon_window`: the daemon alone decides how many shows there are and what is on the other monitors.
+  // `titles` outlives the peer. In a `daemon_window` nothing is claimed and no other monitor covered: the daemon
+  // decides how many shows run and what the other monitors show.
   QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles, WindowHandle daemon_window);
   ~QtWindowPeer() override;
   QtWindowPeer(const QtWindowPeer&) = delete;
@@ -39,9 +38,6 @@ class QtWindowPeer : public WindowPeer {
   std::string caption_;
   TopWindow window_;
   std::unique_ptr<BlackWindows> black_windows_;
-  ScreenWatch screen_watch_{[this] {
-    if (black_windows_) black_windows_->CoverMonitors();
-  }};
 };
 
 }  // namespace quorvale

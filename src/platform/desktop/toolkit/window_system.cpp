@@ -1,7 +1,10 @@
 #include "platform/desktop/toolkit/window_system.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
 #include <QString>
+#include <QWidget>
 #include <QWindow>
 #include <limits>
 
@@ -18,7 +21,7 @@ constexpr WindowHandle kWindowOfAnotherRun = std::numeric_limits<WindowHandle>::
 
 WindowHandle HandleOf(const QWindow& window) { return static_cast<WindowHandle>(window.winId()); }
 
-// One of our own windows, or null. Qt also lists windows of others that we have taken for hosts.
+// A window of this program, or null. Qt also lists the hosts of moved picture boxes.
 QWindow* FindOwn(WindowHandle handle) {
   for (QWindow* const window : QGuiApplication::allWindows()) {
     const bool is_ours = window->handle() != nullptr && window->type() != Qt::ForeignWindow;
@@ -42,6 +45,22 @@ void ActivateOwn(QWindow& window) {
 bool IsX11Id(WindowHandle handle) { return handle != 0 && handle <= std::numeric_limits<std::uint32_t>::max(); }
 
 }  // namespace
+
+int CursorCount::Show(bool show) {
+  count_ += show ? 1 : -1;
+  SetHidden(count_ < 0);
+  return count_;
+}
+
+void CursorCount::SetHidden(bool hidden) {
+  if (hidden == hidden_) return;
+  hidden_ = hidden;
+  if (hidden) {
+    QGuiApplication::setOverrideCursor(Qt::BlankCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
 
 WindowHandle QtWindowSystem::FindWindow(const std::string& title) {
   if (const QWindow* const own = FindOwnByTitle(title)) return HandleOf(*own);
@@ -94,7 +113,7 @@ void QtWindowSystem::SetWindowPos(WindowHandle window, std::intptr_t insert_afte
                                   std::uint32_t flags) {
   auto* const own = qobject_cast<TopWindow*>(FindOwn(window));
   if (own == nullptr) return;
-  // Windows of a show are made to stay on top.
+  // A show's windows stay on top from the start.
   if (insert_after == kHwndTopmost) own->Raise();
   if ((flags & kSwpNoSizeNoMove) == 0) own->SetBounds({x, y, width, height});
 }
@@ -117,6 +136,15 @@ void QtWindowSystem::ActivateWindow(WindowHandle window) {
   }
   if (!IsWindow(window)) throw Failure(FailureNumber::kNotFound, "No such window", "QtWindowSystem");
   quorvale::ActivateWindow(X11Connection(), static_cast<std::uint32_t>(window));
+}
+
+void QtPrograms::SendKeys(const std::string& keys) {
+  if (keys != "{F1}") return;
+  QWidget* target = QApplication::focusWidget();
+  if (target == nullptr) target = QApplication::activeModalWidget();
+  if (target == nullptr) return;
+  QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+  QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, Qt::Key_F1, Qt::NoModifier));
 }
 
 }  // namespace quorvale

@@ -4,7 +4,6 @@
 #include <QStyle>
 
 #include "platform/common/deliver.h"
-#include "platform/desktop/widgets/control_peer.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/qt_widgets.h"
 #include "toolkit/buttons.h"
@@ -19,7 +18,7 @@ void ShowCaption(QAbstractButton& button, const Widget& control, int beside_text
   button.setFont(FittingFont(DialogFont(), button.text(), button.width() - beside_text));
 }
 
-// What stands beside the text of a check box or an option button.
+// The width beside the text of a check box or an option button.
 int IndicatorWidth(const QAbstractButton& button, QStyle::PixelMetric indicator, QStyle::PixelMetric gap) {
   return button.style()->pixelMetric(indicator, nullptr, &button) + button.style()->pixelMetric(gap, nullptr, &button);
 }
@@ -57,7 +56,7 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, OptionButton& bu
   auto show = [&button, it = widget.get()] {
     ShowCaption(*it, button,
                 IndicatorWidth(*it, QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_RadioButtonLabelSpacing));
-    // Qt keeps one of a group on; the toolkit turns the others off after it has turned one on.
+    // Qt keeps one button of a group on, and turns that off when another is turned on, which the toolkit does first.
     if (button.Value()) it->setChecked(true);
   };
   return std::make_unique<ControlPeer>(window, button, std::move(widget), show);

@@ -4,14 +4,16 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QIcon>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "platform/common/deliver.h"
-#include "platform/desktop/toolkit/pixel_kind.h"
+#include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
 #include "toolkit/panels.h"
@@ -66,7 +68,7 @@ void DialogWindow::AddControl(const Widget& control, QWidget& widget) {
 
 QMenuBar& DialogWindow::AddMenuBar() {
   menu_bar_ = new QMenuBar(this);
-  // A desktop may keep menus elsewhere, where they would be out of place while a dialog is open.
+  // Some desktops show menus outside the window, which does not suit a dialog.
   menu_bar_->setNativeMenuBar(false);
   layout()->setMenuBar(menu_bar_);
   return *menu_bar_;
@@ -90,8 +92,8 @@ void DialogWindow::reject() {
   if (cancel_button_ && cancel_button_->isEnabled()) cancel_button_->click();
 }
 
-// An access key that a menu and a control share opens the menu; Qt would go from the one to the other. And it
-// presses a button at once, not after a while in which the window has become another.
+// An access key that a menu and a control share opens the menu; Qt would move between the two. A button is clicked at
+// once; Qt would do so after a delay, in which another window may have come.
 bool DialogWindow::eventFilter(QObject* control, QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QDialog::eventFilter(control, event);
   const auto* const shortcut = static_cast<QShortcutEvent*>(event);
@@ -131,8 +133,8 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Labels lead to the control behind them, whose name they are for who can't see them. One without a text only shows a
-// colour.
+// A label's access key leads to the control after it in the tab order, and its text is that control's accessible name.
+// A label without a text only shows a colour.
 void DialogWindow::ArrangeControls() {
   std::erase_if(controls_, [](const Control& c) { return !c.widget || c.control->Design().tab_index < 0; });
   std::stable_sort(controls_.begin(), controls_.end(), [](const Control& a, const Control& b) {
@@ -152,6 +154,23 @@ void DialogWindow::ArrangeControls() {
     label = nullptr;
     last = widget;
   }
+}
+
+void DialogPeer::SetVisible(bool visible) {
+  if (visible == window_.isVisible()) return;
+  if (visible) {
+    window_.Appear();
+  } else {
+    window_.hide();
+  }
+}
+
+void DialogPeer::SetIcon(const Artwork& icon) {
+  QIcon sizes;
+  for (const float scale : {0.5F, 1.0F, 2.0F, 4.0F}) {
+    if (icon) sizes.addPixmap(QPixmap::fromImage(ToImage(icon, scale)));
+  }
+  window_.setWindowIcon(sizes);
 }
 
 }  // namespace quorvale

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "toolkit/platform.h"
@@ -15,34 +16,34 @@ namespace quorvale {
 class Frame;
 class Widget;
 
-// A form's window with controls: a menu bar, if it has one, above an area of fixed size. It is modal: while it
-// is open the program's other windows, those it has opened itself apart, take no input.
+// A form's window with controls: a menu bar, if the form has one, above an area of fixed size. It is modal: while it is
+// open, the program's other windows except those that it has opened take no input.
 class DialogWindow : public QDialog {
   Q_OBJECT
 
  public:
   explicit DialogWindow(WindowEvents& events);
 
-  // In the layout's pixels, from the corner of the primary monitor.
+  // In layout pixels, from the corner of the primary monitor.
   void SetBounds(const PixelRect& bounds);
   void Appear();
   // Runs events until the window is hidden.
   void RunUntilHidden();
 
-  // What the controls of that frame lie on; null is the form itself.
+  // The widget that holds the controls of that frame, or for null those of the form.
   QWidget& ContainerOf(const Frame* frame) const;
   void AddContainer(const Frame& frame, QWidget& widget) { containers_[&frame] = &widget; }
 
-  // Gives the widget its place in the tab order, counted when the window appears.
+  // The tab order is set when the window appears.
   void AddControl(const Widget& control, QWidget& widget);
   // Escape presses that button.
   void SetCancelButton(QPushButton& button) { cancel_button_ = &button; }
 
   QMenuBar& AddMenuBar();
-  void NoteMenuOpened() { menus_are_open_ = true; }
-  // The menus have closed, unless another one opens or is open.
+  void SetMenusOpen() { menus_are_open_ = true; }
+  // A menu has closed. Reports that all have, unless another one is or becomes open.
   void CloseMenusSoon();
-  // A command of a menu is about to run, so that its menu is no longer open.
+  // A menu's command is about to run, and the menus count as closed.
   void CloseMenus();
 
   void reject() override;
@@ -64,7 +65,7 @@ class DialogWindow : public QDialog {
   };
 
   void ArrangeControls();
-  // False when no menu has that key.
+  // False if no menu has that key.
   bool OpenMenu(const QKeySequence& access_key);
 
   WindowEvents& events_;
@@ -75,6 +76,22 @@ class DialogWindow : public QDialog {
   QMenuBar* menu_bar_ = nullptr;
   bool menus_are_open_ = false;
   bool is_arranged_ = false;
+};
+
+class DialogPeer : public WindowPeer {
+ public:
+  explicit DialogPeer(WindowEvents& events) : window_(events) {}
+
+  WindowHandle Handle() const override { return static_cast<WindowHandle>(window_.winId()); }
+  void SetCaption(const std::string& caption) override { window_.setWindowTitle(QString::fromStdString(caption)); }
+  void SetBounds(const PixelRect& bounds) override { window_.SetBounds(bounds); }
+  void SetVisible(bool visible) override;
+  void SetIcon(const Artwork& icon) override;
+
+  DialogWindow& Window() { return window_; }
+
+ private:
+  DialogWindow window_;
 };
 
 }  // namespace quorvale

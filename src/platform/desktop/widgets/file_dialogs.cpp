@@ -14,19 +14,19 @@ namespace {
 
 std::string Encoded(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
-// Names match without regard to case in Qt's own dialog, and in others when both cases are asked for.
+// Qt's own dialog ignores case. For others each pattern is given in both cases.
 QString ToPatterns(const QString& patterns) {
   QStringList result;
   for (const QString& pattern : patterns.split(';', Qt::SkipEmptyParts)) {
-    // A name without a dot is a file as well.
+    // Also matches names without a dot.
     result << (pattern == "*.*" ? QStringLiteral("*") : pattern.trimmed());
     if (pattern.toUpper() != pattern) result << pattern.trimmed().toUpper();
   }
   return result.join(' ');
 }
 
-// Tells files from folders and opens none of them. Qt would look into each to see what kind it is, and some files, as
-// those of a device or of the system, never answer.
+// Icons for files and folders that open none of them. Qt would read each file to find its kind, and a read from a
+// device or a pipe may never return.
 class PlainIcons : public QFileIconProvider {
  public:
   QIcon icon(IconType kind) const override { return QFileIconProvider::icon(kind); }
@@ -37,7 +37,7 @@ class PlainIcons : public QFileIconProvider {
   }
 };
 
-// Runs Qt's own dialog, or the desktop's, and gives what was chosen. Qt's would be larger than a small screen.
+// Returns what was chosen. Qt's own dialog would not fit on a small screen.
 QStringList Run(QFileDialog& dialog) {
   PlainIcons icons;
   dialog.setIconProvider(&icons);
@@ -79,7 +79,7 @@ std::string FileDialogs::Choose(QWidget* owner, const FileDialog& dialog) {
   QFileDialog qt_dialog(owner, QString::fromStdString(dialog.title), folder_);
   qt_dialog.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   qt_dialog.setFileMode(ModeOf(dialog));
-  // The descriptions name their patterns.
+  // The descriptions name their patterns already.
   qt_dialog.setOption(QFileDialog::HideNameFilterDetails);
   qt_dialog.setOption(QFileDialog::DontConfirmOverwrite, (dialog.flags & kOfnOverwritePrompt) == 0);
   qt_dialog.setSupportedSchemes({"file"});

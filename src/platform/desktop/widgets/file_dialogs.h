@@ -10,14 +10,14 @@ class QWidget;
 
 namespace quorvale {
 
-// Qt's filters for a filter in pairs of a description and patterns, all divided by "|".
+// Converts pairs of a description and patterns, all separated by "|", to Qt's filters.
 QStringList ToNameFilters(const std::string& filter);
 
-// The paths in the form in which a dialog answers.
+// The paths in the form that `Platform::ShowFileDialog` returns.
 std::string ToAnswer(const QStringList& paths);
 
-// The dialogs for files and folders: the desktop's own, where Qt knows them. They start in the folder that was
-// chosen from last.
+// The dialogs for files and folders, the desktop's own where Qt supports them. They start in the folder that was chosen
+// from last.
 class FileDialogs {
  public:
   std::string Choose(QWidget* owner, const FileDialog& dialog);

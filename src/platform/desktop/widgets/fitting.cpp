@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QWidget>
+#include <algorithm>
 #include <cmath>
 
-#include "platform/desktop/toolkit/layout_scale.h"
+#include "platform/desktop/toolkit/pixels.h"
 
 namespace quorvale {
 namespace {
@@ -45,6 +47,28 @@ QString WithoutAccessKey(const QString& caption) {
     text += caption[i];
   }
   return text;
+}
+
+FittingStyle& FittingStyle::Get() {
+  static auto* const style = [] {
+    auto* const made = new FittingStyle;
+    made->setParent(QApplication::instance());
+    return made;
+  }();
+  return *style;
+}
+
+int FittingStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+  switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return widget != nullptr ? std::min(usual, widget->height()) : usual;
+    default:
+      return usual;
+  }
 }
 
 }  // namespace quorvale

@@ -1,25 +1,35 @@
 #pragma once
 
 #include <QFont>
+#include <QProxyStyle>
 #include <QString>
 #include <string>
 
 namespace quorvale {
 
-// The font of the controls, which fills their places as the usual font does.
+// The font of the controls, in the desktop's typeface and at the size for which the layout is designed.
 QFont DialogFont();
 // The same at another size.
 QFont DialogFont(float points);
 
-// The font, made smaller until the text, whose "&" mark access keys, is no wider than `width`. What is too
-// small to read is not made smaller still.
+// The font, made smaller until the caption is no wider than `width` in Qt pixels, but not too small to read.
 QFont FittingFont(const QFont& font, const QString& caption, int width);
 
-// A length of the layout in Qt's pixels.
+// Converts layout pixels to Qt pixels.
 int Scaled(double pixels);
 
+// An "&" in a caption marks the access key.
 QString Caption(const std::string& caption);
-// Without the "&" that mark access keys.
 QString WithoutAccessKey(const QString& caption);
+
+// The desktop's style with indicators no larger than their control. Their size follows the desktop's resolution only,
+// while the layout shrinks where the screen has no room.
+class FittingStyle : public QProxyStyle {
+ public:
+  // The program's only instance.
+  static FittingStyle& Get();
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};
 
 }  // namespace quorvale

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLargestHeight = 1 << 20;
 
-// Lets the lines of a path end behind each separator.
+// Allows line breaks after the separators of a path.
 QString Breakable(QString text) {
   static const QRegularExpression kSeparator("([/\\\\])");
   return text.replace(kSeparator, QStringLiteral("\\1\u200B"));
@@ -54,7 +54,7 @@ void LabelWidget::resizeEvent(QResizeEvent* event) {
 }
 
 void LabelWidget::Fit() {
-  // Qt takes an "&" for a mark only where there is something to lead to.
+  // Qt treats an "&" as a mark only if the label has a buddy.
   const QString plain = Breakable(PlainText());
   const QString shown = buddy() != nullptr ? Breakable(caption_) : plain;
   setToolTip(tip_);
@@ -72,7 +72,7 @@ void LabelWidget::Fit() {
     }
   }
   setText(Breakable(WithoutMiddle(PlainText(), fitting)));
-  // A path may look like a page of HTML, which a tool tip would show as one.
+  // A path may look like HTML, which a tool tip would render.
   setToolTip(Qt::mightBeRichText(PlainText()) ? Qt::convertFromPlainText(PlainText()) : PlainText());
 }
 
@@ -82,7 +82,7 @@ bool LabelWidget::Fits(const QFont& font, const QString& text) const {
   const QFontMetrics metrics(font);
   const QRect needed =
       metrics.boundingRect(room, static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0), text);
-  // One line may use the room that its letters leave above and below.
+  // A single line may use the space that its letters leave above and below.
   const int least = metrics.height() - 2 * metrics.descent();
   const bool is_one_line = needed.height() <= metrics.height();
   return needed.width() <= place.width() && (is_one_line ? least : needed.height()) <= place.height();

@@ -4,18 +4,18 @@
 
 namespace quorvale {
 
-// A label's text, wrapped and made smaller to fit its place; what does not fit even then is left out in the
-// middle and shown when the pointer rests on it.
+// A label whose text is wrapped and made smaller to fit its place. A text that is still too long is cut in the middle,
+// and a tool tip shows all of it.
 class LabelWidget : public QLabel {
   Q_OBJECT
 
  public:
   explicit LabelWidget(const QFont& font);
 
-  // An "&" marks the access key.
   void ShowCaption(const QString& caption);
-  // The access key leads there.
+  // The access key moves the focus there.
   void LeadTo(QWidget& next);
+  // Without access key marks.
   QString PlainText() const;
 
   void SetToolTip(const QString& tip);

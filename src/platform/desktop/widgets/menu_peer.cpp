@@ -1,13 +1,30 @@
-#include "platform/desktop/widgets/menu_peer.h"
-
+#include <QAction>
 #include <QKeySequence>
+#include <QMenu>
+#include <map>
 
 #include "platform/common/deliver.h"
-#include "platform/desktop/widgets/control_peer.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/qt_widgets.h"
+#include "toolkit/menu.h"
 
 namespace quorvale {
+namespace {
+
+class MenuPeer : public MenuBarPeer {
+ public:
+  MenuPeer(DialogWindow& window, MenuBar& bar);
+
+  void Update(const MenuItem& item) override;
+
+ private:
+  void AddTopMenu(QMenuBar& bar, MenuItem& item);
+  void AddItems(QMenu& menu, const MenuItem& item);
+  void AddItem(QMenu& menu, MenuItem& item);
+
+  DialogWindow& window_;
+  std::map<const MenuItem*, QAction*> actions_;
+};
 
 MenuPeer::MenuPeer(DialogWindow& window, MenuBar& bar) : window_(window) {
   QMenuBar& qt_bar = window.AddMenuBar();
@@ -21,7 +38,7 @@ void MenuPeer::AddTopMenu(QMenuBar& bar, MenuItem& item) {
   QMenu* const menu = bar.addMenu(Caption(item.Caption()));
   actions_[&item] = menu->menuAction();
   QObject::connect(menu, &QMenu::aboutToShow, &window_, [this, &item] {
-    window_.NoteMenuOpened();
+    window_.SetMenusOpen();
     Deliver([&item] { item.UserClick(); });
   });
   QObject::connect(menu, &QMenu::aboutToHide, &window_, [this] { window_.CloseMenusSoon(); });
@@ -49,6 +66,8 @@ void MenuPeer::AddItem(QMenu& menu, MenuItem& item) {
     });
   }
 }
+
+}  // namespace
 
 std::unique_ptr<MenuBarPeer> QtWidgets::Make(WindowPeer& window, MenuBar& bar) {
   return std::make_unique<MenuPeer>(WindowOf(window), bar);

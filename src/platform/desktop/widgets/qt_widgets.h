@@ -1,12 +1,17 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
+#include <functional>
 #include <memory>
 
+#include "platform/desktop/widgets/dialog_window.h"
+#include "toolkit/widget.h"
 #include "toolkit/widget_peer.h"
 
 namespace quorvale {
 
-// Shows the toolkit's controls as widgets.
+// Makes a Qt widget for each control of the toolkit. Each family of controls defines its `Make` in a file of its own.
 class QtWidgets : public WidgetFactory {
  public:
   std::unique_ptr<WidgetPeer> Make(WindowPeer& window, Button& button) override;
@@ -23,5 +28,32 @@ class QtWidgets : public WidgetFactory {
   std::unique_ptr<WidgetPeer> Make(WindowPeer& window, TextBox& box) override;
   std::unique_ptr<MenuBarPeer> Make(WindowPeer& window, MenuBar& bar) override;
 };
+
+// What widgets of all kinds share: place, visibility, enabled state, tool tip, accessible name and tab order.
+class ControlPeer : public WidgetPeer {
+ public:
+  // `show` updates the widget's text and value from the control. It runs when one of them or the size has changed; the
+  // widget's signals are blocked meanwhile.
+  ControlPeer(WindowPeer& window, Widget& control, std::unique_ptr<QWidget> widget, std::function<void()> show);
+  ~ControlPeer() override { delete widget_; }
+  ControlPeer(const ControlPeer&) = delete;
+  ControlPeer& operator=(const ControlPeer&) = delete;
+
+  void Update(WidgetAspect aspect) override;
+  void TakeFocus() override {
+    if (widget_) widget_->setFocus();
+  }
+  bool HasFocus() const override { return widget_ && widget_->window()->focusWidget() == widget_; }
+
+ private:
+  void Show();
+
+  Widget& control_;
+  // Null if the window was destroyed first.
+  QPointer<QWidget> widget_;
+  std::function<void()> show_;
+};
+
+DialogWindow& WindowOf(WindowPeer& peer);
 
 }  // namespace quorvale

@@ -12,13 +12,10 @@
 #include <utility>
 
 #include "platform/common/deliver.h"
-#include "platform/desktop/toolkit/key_codes.h"
-#include "platform/desktop/toolkit/pixel_kind.h"
+#include "platform/desktop/toolkit/pixels.h"
 
 namespace quorvale {
 namespace {
-
-const QEvent::Type kPresent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
 int ToToolkitPixel(double position) { return static_cast<int>(std::floor(position / LayoutScale())); }
 
@@ -38,7 +35,7 @@ void SurfaceWidget::SetBounds(const PixelRect& bounds) {
   setVisible(!bounds.IsEmpty());
 }
 
-void SurfaceWidget::PostPresent() { QCoreApplication::postEvent(this, new QEvent(kPresent)); }
+void SurfaceWidget::PostPresent() { QCoreApplication::postEvent(this, new QEvent(PresentEvent())); }
 
 void SurfaceWidget::Show(const std::vector<PixelRect>& dirty) { repaint(ToRegion(dirty)); }
 
@@ -48,7 +45,7 @@ bool SurfaceWidget::IsInSight() const {
 }
 
 bool SurfaceWidget::event(QEvent* event) {
-  if (event->type() != kPresent) return QWidget::event(event);
+  if (event->type() != PresentEvent()) return QWidget::event(event);
   PresentPosted();
   return true;
 }
@@ -56,13 +53,12 @@ bool SurfaceWidget::event(QEvent* event) {
 void SurfaceWidget::paintEvent(QPaintEvent* event) {
   if (Scale() != scale_)
     QMetaObject::invokeMethod(
-        this, [this] { NoteScale(); }, Qt::QueuedConnection);
+        this, [this] { UpdateScale(); }, Qt::QueuedConnection);
   QPainter painter(this);
   const PixelView pixels = Shown().Pixels();
-  QImage image(reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
-               static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  QImage image = ImageOver(pixels);
   image.setDevicePixelRatio(devicePixelRatioF());
-  // Where the ratio is no whole number the surface may end a pixel early.
+  // With a fractional ratio the surface may be a pixel smaller.
   if (QSizeF(image.size()) != QSizeF(size()) * devicePixelRatioF()) painter.fillRect(event->rect(), Qt::black);
   if (!image.isNull()) painter.drawImage(QPointF(), image);
 }
@@ -82,8 +78,8 @@ void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) {
   Deliver([&] { events_.OnMouseMove(ToToolkitPixel(at.x()), ToToolkitPixel(at.y())); });
 }
 
-// The window has come to a screen of another ratio.
-void SurfaceWidget::NoteScale() {
+// The window has moved to a screen of another ratio.
+void SurfaceWidget::UpdateScale() {
   if (std::exchange(scale_, Scale()) != scale_) Deliver([this] { events_.OnScaleChanged(); });
 }
 

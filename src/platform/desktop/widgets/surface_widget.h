@@ -9,8 +9,7 @@
 
 namespace quorvale {
 
-// A picture box among a dialog's controls. What has changed of the toolkit's surface is painted like any
-// widget, which a box of that size can afford.
+// A picture box among a dialog's controls. It is painted like any widget, which is fast enough for its size.
 class SurfaceWidget : public QWidget, public Presenter {
   Q_OBJECT
 
@@ -33,7 +32,7 @@ class SurfaceWidget : public QWidget, public Presenter {
  private:
   void PostPresent() override;
   void Show(const std::vector<PixelRect>& dirty) override;
-  void NoteScale();
+  void UpdateScale();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
 
   SurfaceEvents& events_;
@@ -61,7 +60,7 @@ class SurfaceWidgetPeer : public QtSurfacePeer {
   Presenter& Shown() override { return *widget_; }
 
  private:
-  // Gone when the window went first.
+  // Null if the window was destroyed first.
   QPointer<SurfaceWidget> widget_;
 };
 

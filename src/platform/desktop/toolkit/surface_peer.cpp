@@ -1,4 +1,4 @@
-#include "platform/desktop/toolkit/key_codes.h"
+#include "platform/desktop/toolkit/surface_peer.h"
 
 #include <Qt>
 #include <algorithm>
@@ -21,6 +21,11 @@ constexpr std::array<std::pair<int, int>, 28> kCodes{{
 constexpr int kVirtualF1 = 0x70;
 
 }  // namespace
+
+QEvent::Type PresentEvent() {
+  static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
+  return type;
+}
 
 int VirtualKeyCode(int qt_key) {
   if ((qt_key >= Qt::Key_0 && qt_key <= Qt::Key_9) || (qt_key >= Qt::Key_A && qt_key <= Qt::Key_Z)) return qt_key;

@@ -1,25 +1,27 @@
-#include "platform/desktop/toolkit/desktop_platform.h"
+#include "platform/desktop/desktop_platform.h"
 
 #include <QColor>
 #include <QColorDialog>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWidget>
 #include <cmath>
+#include <set>
 #include <utility>
 
+#include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/message_boxes.h"
-#include "platform/desktop/toolkit/message_hook_peer.h"
-#include "platform/desktop/toolkit/surface_peer.h"
-#include "platform/desktop/toolkit/timer_peer.h"
+#include "platform/desktop/toolkit/surface_window.h"
 #include "platform/desktop/toolkit/window_peer.h"
-#include "platform/desktop/widgets/dialog_peer.h"
+#include "platform/desktop/widgets/dialog_window.h"
 #include "platform/desktop/widgets/surface_widget.h"
+#include "toolkit/message_hook.h"
 #include "toolkit/pixel_view.h"
 
 namespace quorvale {
 namespace {
 
-// Two displays of one user are two desktops, each with a show of its own.
+// Each display of a user is a desktop of its own, and can run a show of its own.
 std::string DisplayId() {
   const QString name = QGuiApplication::platformName();
   const char* const variable = name.startsWith("wayland") ? "WAYLAND_DISPLAY" : name == "xcb" ? "DISPLAY" : nullptr;
@@ -31,7 +33,7 @@ constexpr double kUsualPixelsPerInch = 96;
 
 double PixelsPerInch(const DesktopOptions& options) {
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  // The layout's pixels have the desktop's font in them.
+  // Layout pixels already follow the desktop's font.
   if (screen == nullptr || options.pixels == PixelKind::kLogical) return kUsualPixelsPerInch;
   return screen->logicalDotsPerInch() * ToolkitPixelRatio(options.pixels, screen->devicePixelRatio()) *
          options.text_scale;
@@ -44,6 +46,40 @@ QWidget* WidgetOf(WindowPeer& window) {
 
 Colour ToColour(const QColor& colour) {
   return static_cast<Colour>(colour.red() | colour.green() << 8 | colour.blue() << 16);
+}
+
+// Linux has no window messages. Reports WM_CLOSE when a picture box is asked to close, and WM_EXITMENULOOP when all
+// menus of a dialog have closed.
+class QtMessageHookPeer : public MessageHookPeer {
+ public:
+  explicit QtMessageHookPeer(std::function<void(int message)> arrived) : arrived_(std::move(arrived)) {}
+
+  void Watch(WindowHandle window) override;
+  void Report(int message) override { reported_.insert(message); }
+
+ private:
+  void Forward(int message);
+
+  std::function<void(int message)> arrived_;
+  std::set<int> reported_;
+  // Disconnects from the window when the peer is destroyed.
+  QObject connection_;
+};
+
+void QtMessageHookPeer::Watch(WindowHandle window) {
+  connection_.disconnect();
+  for (QWindow* const own : QGuiApplication::allWindows()) {
+    auto* const box = qobject_cast<SurfaceWindow*>(own);
+    if (box == nullptr || static_cast<WindowHandle>(box->winId()) != window) continue;
+    QObject::connect(box, &SurfaceWindow::CloseArrived, &connection_, [this] { Forward(kWmClose); });
+  }
+  if (auto* const dialog = qobject_cast<DialogWindow*>(QWidget::find(static_cast<WId>(window)))) {
+    QObject::connect(dialog, &DialogWindow::MenusClosed, &connection_, [this] { Forward(kWmExitMenuLoop); });
+  }
+}
+
+void QtMessageHookPeer::Forward(int message) {
+  if (reported_.contains(message)) Deliver([&] { arrived_(message); });
 }
 
 }  // namespace
@@ -81,10 +117,10 @@ std::unique_ptr<MessageHookPeer> DesktopPlatform::CreateMessageHookPeer(std::fun
   return std::make_unique<QtMessageHookPeer>(std::move(arrived));
 }
 
-void DesktopPlatform::PumpEvents() { wait_.RunPass(); }
+void DesktopPlatform::PumpEvents() { loop_.RunPass(); }
 
 std::unique_ptr<PacedRun> DesktopPlatform::OpenPacedRun(SurfacePeer& surface) {
-  return std::make_unique<PresenterPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, wait_,
+  return std::make_unique<PresenterPacedRun>(static_cast<QtSurfacePeer&>(surface).Shown(), options_.pass_lengths, loop_,
                                              ended_loops_);
 }
 

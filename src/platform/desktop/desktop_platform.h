@@ -5,8 +5,8 @@
 #include "platform/common/pacing.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/title_lock.h"
-#include "platform/desktop/toolkit/event_wait.h"
-#include "platform/desktop/toolkit/pixel_kind.h"
+#include "platform/desktop/toolkit/event_loop.h"
+#include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/toolkit/text_painter.h"
 #include "platform/desktop/toolkit/window_system.h"
 #include "platform/desktop/widgets/file_dialogs.h"
@@ -19,14 +19,14 @@ namespace quorvale {
 struct DesktopOptions {
   std::string application_title;
   PixelKind pixels = PixelKind::kPhysical;
-  // By how much the desktop wants text larger than its resolution says, where Qt's scaling is off.
+  // The user's scale factor for text where Qt's own scaling is off.
   double text_scale = 1;
   PassLengths pass_lengths;
-  // The window of a screen saver daemon that the show runs in; 0 is none.
+  // The window of a screen saver daemon in which the show runs, or 0.
   WindowHandle daemon_window = 0;
 };
 
-// The Linux desktop by Qt. Needs a QApplication, which outlives it.
+// The Linux desktop, by Qt. Needs a QApplication that outlives it.
 class DesktopPlatform : public Platform {
  public:
   explicit DesktopPlatform(DesktopOptions options);
@@ -55,7 +55,7 @@ class DesktopPlatform : public Platform {
   QtWindowSystem windows_{titles_, options_.daemon_window != 0};
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
-  EventWait wait_;
+  EventLoop loop_;
   EndedLoops ended_loops_;
   QtWidgets widgets_;
   FileDialogs file_dialogs_;

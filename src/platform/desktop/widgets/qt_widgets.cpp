@@ -1,12 +1,10 @@
-#include "platform/desktop/widgets/control_peer.h"
+#include "platform/desktop/widgets/qt_widgets.h"
 
 #include <QSignalBlocker>
 #include <utility>
 
-#include "platform/desktop/toolkit/pixel_kind.h"
-#include "platform/desktop/widgets/dialog_peer.h"
+#include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/widgets/fitting.h"
-#include "platform/desktop/widgets/fitting_style.h"
 
 namespace quorvale {
 
