@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
-# Runs a Windows program: wine.sh PROGRAM [ARGUMENTS]. Registry and drives live below build/.
+# Runs a Windows program: wine.sh PROGRAM [ARGUMENTS]. Registry and drives are in WINEPREFIX, by default build/wine.
+# Scripts that source this file get Wine's environment, with the registry made.
 set -euo pipefail
 export WINEPREFIX=${WINEPREFIX:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build/wine}
 export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-# Without the offers to install a browser engine, and without entries in the user's menus.
+# Without offers to install a browser engine, and without entries in the user's menus.
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 mkdir -p "$WINEPREFIX"
 [ -f "$WINEPREFIX/system.reg" ] || flock -o "$WINEPREFIX" wineboot --init >/dev/null 2>&1 </dev/null
-# Wine's own services start with its first program and hold on to that one's output long after its end: a reader
-# at the other end of a pipe would wait for them.
+[ "${BASH_SOURCE[0]}" = "$0" ] || return 0
+
+# Wine's own services start with its first program and keep that one's output open long after its end: a reader at the
+# other end of a pipe would wait for them.
 output=$(mktemp)
 trap 'rm -f "$output"' EXIT
 status=0

@@ -6,11 +6,14 @@ import struct
 import subprocess
 import tempfile
 import time
+import unittest
 
 BUILD = os.environ["QUORVALE_BUILD"]
 PROGRAM = os.path.join(BUILD, "quorvale")
 SETTINGS = os.path.join(BUILD, "quorvale-settings")
+SCRIPTS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts")
 PATIENCE = 20  # seconds; the machine may be busy
+RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
 
 
 def wait_until(condition, what, patience=PATIENCE):
@@ -55,15 +58,9 @@ class Display:
 
     def __init__(self, width=800, height=600, window_manager=True):
         self.width = width
-        read_end, write_end = os.pipe()
-        # Without -noreset the server starts anew, and turns away who comes at that moment, whenever its last
-        # client leaves, as each question of a test does.
-        self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-             "-noreset"],
-            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(write_end)
-        with os.fdopen(read_end) as pipe:
+        self._server = subprocess.Popen([os.path.join(SCRIPTS, "virtual-display.sh"), f"{width}x{height}"],
+                                        stdout=subprocess.PIPE, text=True)
+        with self._server.stdout as pipe:
             self.name = ":" + pipe.readline().strip()
         self.environment = dict(os.environ, DISPLAY=self.name, SDL_AUDIODRIVER="dummy", QT_QPA_PLATFORM="xcb")
         self.environment.pop("WAYLAND_DISPLAY", None)
@@ -126,8 +123,7 @@ class Session:
                                 XDG_RUNTIME_DIR=os.path.join(self.folder, "runtime"))
         os.mkdir(self.environment["XDG_RUNTIME_DIR"], 0o700)
         self._programs = []
-        self.option("SwapAffect", "None")
-        self.option("Interval", "2")
+        self.options(SwapAffect="None", Interval="2")
 
     def close(self):
         for program in self._programs:
@@ -140,8 +136,9 @@ class Session:
         return subprocess.run([SETTINGS, *arguments], env=self.environment, stdout=subprocess.PIPE, text=True,
                               stderr=subprocess.DEVNULL, check=False).stdout.rstrip("\n")
 
-    def option(self, key, value):
-        self.settings("set", "Options", key, str(value))
+    def options(self, **values):
+        for key, value in values.items():
+            self.settings("set", "Options", key, value)
 
     def position(self):
         return int(self.settings("get", "Options", "LastPicture") or 0)
@@ -166,4 +163,59 @@ class Session:
     def start_show(self):
         program = self.start("/S")
         wait_until(self.display.window, "the show's window")
+        return program
+
+
+class PictureTest(unittest.TestCase):
+    """Pictures on `self.display`, and programs that show them."""
+
+    def pixels(self, *points):
+        shot = self.display.screenshot()
+        return [shot.pixel(x, y) for x, y in points]
+
+    def wait_for_colour(self, colour, point=(400, 300)):
+        wait_until(lambda: self.pixels(point) == [colour], f"{colour} at {point}")
+
+    def wait_for_any_picture(self, point=(400, 300)):
+        wait_until(lambda: self.pixels(point)[0] in (RED, BLUE), f"a picture at {point}")
+
+    def run_beside(self, *command, **options):
+        """Another program on the display, until the test's end."""
+        usual = {"env": self.display.environment, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        process = subprocess.Popen(command, **{**usual, **options})
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def assert_ends(self, program):
+        self.assertEqual(program.wait(timeout=10), 0)
+        self.assertIsNone(self.display.window())
+
+    def assert_ends_by_key(self, program, key="space"):
+        self.display.xdotool("key", key)
+        self.assert_ends(program)
+
+    def assert_runs(self, program, seconds=0.5):
+        time.sleep(seconds)
+        self.assertIsNone(program.poll())
+
+
+class ShowTest(PictureTest):
+    """Two pictures in the list, red and blue, as large as the screen."""
+    window_manager = True
+
+    def setUp(self):
+        self.display = Display(window_manager=self.window_manager)
+        self.addCleanup(self.display.close)
+        self.session = Session(self.display)
+        self.addCleanup(self.session.close)
+        self.red = self.session.picture("red.bmp", 800, 600, RED)
+        self.blue = self.session.picture("blue.bmp", 800, 600, BLUE)
+        self.session.play(self.red, self.blue)
+
+    def start_show(self, **options):
+        """Gives the program when its first picture is on the screen."""
+        self.session.options(**options)
+        program = self.session.start_show()
+        self.wait_for_any_picture()
         return program

@@ -6,9 +6,8 @@ import subprocess
 import time
 import unittest
 
-from desktop_session import Display, Session, entry, wait_until
+from desktop_session import BLUE, GREEN, RED, Display, Session, entry, wait_until
 
-RED, GREEN, BLUE = (255, 0, 0), (0, 255, 0), (0, 0, 255)
 WINDOW = "Screen Saver Properties"
 # In the window, in pixels: the middle of the monitor's screen, and the rows of the list.
 PANE = (187, 97)
@@ -25,28 +24,28 @@ def play_list_text(*entries):
 
 class ConfigurationTest(unittest.TestCase):
     def setUp(self):
-        self.display = Display()
-        self.addCleanup(self.display.close)
-        self.session = Session(self.display)
-        self.addCleanup(self.session.close)
+        self.start_display(800, 600)
         self.red, self.green, self.blue = (
             self.session.picture(name + ".bmp", 800, 600, colour)
             for name, colour in (("red", RED), ("green", GREEN), ("blue", BLUE)))
         self.file = os.path.join(self.session.folder, "lists.qvl")
 
-    def open_window(self):
-        program = self.session.start("/C")
+    def start_display(self, width, height):
+        self.display = Display(width, height)
+        self.addCleanup(self.display.close)
+        self.session = Session(self.display)
+        self.addCleanup(self.session.close)
+
+    def open_window(self, **environment):
+        program = self.session.start("/C", **environment)
         self.wait_for(WINDOW)
         return program
 
     def assert_ends(self, program):
         self.assertEqual(program.wait(timeout=20), 0)
 
-    def active(self):
-        return self.display.focused_title()
-
     def wait_for(self, title):
-        wait_until(lambda: self.active() == title, f"the window {title}")
+        wait_until(lambda: self.display.focused_title() == title, f"the window {title}")
 
     def press(self, *keys):
         self.display.xdotool("key", "--delay", 50, *keys)
@@ -97,7 +96,7 @@ class Lists(ConfigurationTest):
 
     def test_stay_as_they_were_after_cancel(self):
         self.session.play(self.red)
-        self.session.option("PlayList", "/before.qvl")
+        self.session.options(PlayList="/before.qvl")
         with open(self.file, "wb") as file:
             file.write(play_list_text(entry(self.green), entry(self.blue)))
         program = self.open_window()
@@ -117,18 +116,13 @@ class Lists(ConfigurationTest):
         self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
 
 
-class Window(unittest.TestCase):
-    def open_on(self, width, height, scale):
-        self.display = Display(width, height)
-        self.addCleanup(self.display.close)
-        self.session = Session(self.display)
-        self.addCleanup(self.session.close)
-        program = self.session.start("/C", QT_SCALE_FACTOR=str(scale))
-        self.wait_for(WINDOW)
-        return program
+class Window(ConfigurationTest):
+    def setUp(self):
+        pass
 
-    def wait_for(self, title):
-        wait_until(lambda: self.display.focused_title() == title, f"the window {title}")
+    def open_on(self, width, height, scale):
+        self.start_display(width, height)
+        return self.open_window(QT_SCALE_FACTOR=str(scale))
 
     def bottom(self, title):
         frame = self.display.output("xwininfo", "-frame", "-name", title).decode()
@@ -148,7 +142,7 @@ class Window(unittest.TestCase):
             if title != "Select Play List":
                 self.display.xdotool("key", "Escape")
         program.terminate()
-        self.assertEqual(program.wait(timeout=20), 0)
+        self.assert_ends(program)
 
 
 class Start(ConfigurationTest):
@@ -187,7 +181,3 @@ class Pane(ConfigurationTest):
         self.display.xdotool("mousemove", 1, 1)
         self.press("Escape")
         self.wait_for_colour(BLUE)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -4,8 +4,7 @@ import os
 import re
 import subprocess
 
-from desktop_session import BUILD, wait_until
-from test_show import BLACK, BLUE, GREEN, RED, ShowTest
+from desktop_session import BLACK, BLUE, BUILD, GREEN, RED, ShowTest, wait_until
 
 HOST = (100, 80)  # where the host lies on the screen
 MIDDLE = (HOST[0] + 76, HOST[1] + 56)
@@ -22,11 +21,9 @@ class PreviewTest(ShowTest):
 
     def new_host(self, depth=24):
         """A window that stands for the settings dialog's."""
-        self.host = subprocess.Popen([os.path.join(BUILD, "preview_host"), str(depth), *map(str, HOST), "152", "112"],
-                                     env=self.display.environment, stdout=subprocess.PIPE, text=True)
+        self.host = self.run_beside(os.path.join(BUILD, "preview_host"), str(depth), *map(str, HOST), "152", "112",
+                                    stdout=subprocess.PIPE, text=True)
         self.addCleanup(self.host.stdout.close)
-        self.addCleanup(self.host.wait)
-        self.addCleanup(self.host.kill)
         self.window = self.host.stdout.readline().strip()
 
     def preview(self, **environment):
@@ -51,7 +48,7 @@ class PreviewTest(ShowTest):
 
 class InTheHost(PreviewTest):
     def test_the_show_runs_at_the_hosts_size(self):
-        self.session.option("Stretch", "1")
+        self.session.options(Stretch="1")
         program = self.preview()
         for colour in (RED, BLUE):
             self.wait_for_colour(colour, MIDDLE)
@@ -60,7 +57,7 @@ class InTheHost(PreviewTest):
         self.assert_runs(program)
 
     def test_the_hosts_pixels_are_the_screens_at_every_scale_and_depth(self):
-        self.session.option("Stretch", "1")
+        self.session.options(Stretch="1")
         for depth, environment, dpi in ((24, {"QT_SCALE_FACTOR": "2"}, 96), (24, {"QT_SCALE_FACTOR": "1.5"}, 96),
                                         (24, {"QT_SCREEN_SCALE_FACTORS": "2"}, 96), (24, {}, 192), (32, {}, 96),
                                         (32, {"QT_SCALE_FACTOR": "2"}, 144)):
@@ -76,9 +73,7 @@ class InTheHost(PreviewTest):
                 self.assertEqual(self.end_of(program), QUIETLY)
 
     def test_an_effect_wipes_inside_it(self):
-        self.session.option("SwapAffect", "Sweep Right")
-        self.session.option("TransSpeed", "1")
-        self.session.option("BackColor", str(0x00FF00))
+        self.session.options(SwapAffect="Sweep Right", TransSpeed="1", BackColor=str(0x00FF00))
         self.preview()
         self.wait_for_colour(RED, MIDDLE)
         self.wait_for_colour(GREEN, (HOST[0] + 40, HOST[1] + 56))
@@ -86,29 +81,18 @@ class InTheHost(PreviewTest):
 
 
 class TheHostsEnd(PreviewTest):
-    def ends(self):
-        return (self.kill_host, self.destroy_window)
-
-    def test_ends_the_preview_at_the_next_tick(self):
-        for end in self.ends():
-            with self.subTest(end=end.__name__):
-                self.new_host()
-                program = self.preview()
-                wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
-                end()
-                self.assertEqual(self.end_of(program), QUIETLY)
-
-    def test_ends_it_in_the_middle_of_an_effect(self):
-        self.session.option("SwapAffect", "Spotlight")
-        self.session.option("TransSpeed", "1")
-        for end in self.ends():
-            with self.subTest(end=end.__name__):
-                self.new_host()
-                program = self.preview()
-                wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
-                self.wait_for_colour(BLACK, MIDDLE)
-                end()
-                self.assertEqual(self.end_of(program), QUIETLY)
+    def test_ends_the_preview_at_the_next_tick_or_step_of_an_effect(self):
+        for effect in ("None", "Spotlight"):
+            self.session.options(SwapAffect=effect, TransSpeed="1")
+            for end in (self.kill_host, self.destroy_window):
+                with self.subTest(effect=effect, end=end.__name__):
+                    self.new_host()
+                    program = self.preview()
+                    self.wait_for_any_picture(MIDDLE)
+                    if effect != "None":
+                        self.wait_for_colour(BLACK, MIDDLE)
+                    end()
+                    self.assertEqual(self.end_of(program), QUIETLY)
 
     def test_a_handle_that_is_no_window_ends_at_once(self):
         for arguments in (["/P"], ["/P:123"], ["/P", "123"], ["/A", "5"]):
@@ -147,7 +131,7 @@ class AHundredRounds(PreviewTest):
             self.kill_host()
             self.new_host()
             programs = [self.preview() for _ in range(10)]
-            wait_until(lambda: self.pixels(MIDDLE)[0] in (RED, BLUE), "a picture")
+            self.wait_for_any_picture(MIDDLE)
             (self.kill_host, self.destroy_window, terminate)[number % 3]()
             for program in programs:
                 self.assertEqual(self.end_of(program), QUIETLY)

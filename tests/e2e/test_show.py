@@ -3,40 +3,9 @@
 import os
 import signal
 import time
-import unittest
 import wave
 
-from desktop_session import Display, Session, wait_until
-
-RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
-
-
-class ShowTest(unittest.TestCase):
-    window_manager = True
-
-    def setUp(self):
-        self.display = Display(window_manager=self.window_manager)
-        self.addCleanup(self.display.close)
-        self.session = Session(self.display)
-        self.addCleanup(self.session.close)
-        self.red = self.session.picture("red.bmp", 800, 600, RED)
-        self.blue = self.session.picture("blue.bmp", 800, 600, BLUE)
-        self.session.play(self.red, self.blue)
-
-    def pixels(self, *points):
-        shot = self.display.screenshot()
-        return [shot.pixel(x, y) for x, y in points]
-
-    def wait_for_colour(self, colour, point=(400, 300)):
-        wait_until(lambda: self.pixels(point) == [colour], f"{colour} at {point}")
-
-    def assert_ends(self, program):
-        self.assertEqual(program.wait(timeout=10), 0)
-        self.assertIsNone(self.display.window())
-
-    def assert_runs(self, program, seconds=0.5):
-        time.sleep(seconds)
-        self.assertIsNone(program.poll())
+from desktop_session import BLACK, BLUE, GREEN, RED, Display, ShowTest, wait_until
 
 
 class Pictures(ShowTest):
@@ -47,29 +16,20 @@ class Pictures(ShowTest):
             self.assertEqual(self.pixels((0, 0), (799, 0), (0, 599), (799, 599)), [colour] * 4)
 
     def test_a_half_done_sweep_leaves_the_rest(self):
-        self.session.option("SwapAffect", "Sweep Right")
-        self.session.option("TransSpeed", "1")  # 401 steps of some 10 milliseconds
-        self.session.option("BackColor", str(0x00FF00))
-        self.session.start_show()
-        self.wait_for_colour(RED)
+        # 401 steps of some 10 milliseconds.
+        self.start_show(SwapAffect="Sweep Right", TransSpeed="1", BackColor=str(0x00FF00))
         self.wait_for_colour(GREEN, (300, 300))
         self.assertEqual(self.pixels((0, 0), (0, 599), (799, 0), (799, 599)), [GREEN, GREEN, RED, RED])
 
     def test_a_frame_goes_around_a_small_picture(self):
         self.session.play(self.session.picture("small.bmp", 400, 300, RED))
-        self.session.option("ShowFrame", "1")
-        self.session.option("FrameThickness", "20")  # 400 twips, 26 2/3 pixels
-        self.session.option("FrameColor", str(0x00FF00))
-        self.session.start_show()
-        self.wait_for_colour(RED)
+        # 400 twips, 26 2/3 pixels.
+        self.start_show(ShowFrame="1", FrameThickness="20", FrameColor=str(0x00FF00))
         self.assertEqual(self.pixels((200, 150), (599, 449), (199, 300), (175, 300), (172, 300), (400, 474), (400, 478)),
                          [RED, RED, GREEN, GREEN, BLACK, GREEN, BLACK])
 
     def test_a_file_name_stands_under_a_stretched_picture(self):
-        self.session.option("Stretch", "1")
-        self.session.option("ShowFileName", "1")
-        self.session.start_show()
-        self.wait_for_colour(RED)
+        self.start_show(Stretch="1", ShowFileName="1")
         shot = self.display.screenshot()
         bottom_line = [shot.pixel(x, y) for y in range(584, 600) for x in range(380, 420)]
         self.assertGreater(sum(min(pixel) > 200 for pixel in bottom_line), 20)
@@ -77,38 +37,29 @@ class Pictures(ShowTest):
 
     def test_one_that_is_deleted_under_the_show_is_passed_over(self):
         self.session.play(self.red, self.blue, self.session.picture("green.bmp", 800, 600, GREEN))
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+        program = self.start_show()
         os.remove(self.blue)
         self.wait_for_colour(GREEN)
         self.assert_runs(program)
 
 
 class Ending(ShowTest):
-    def test_a_key_ends_the_show(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
-        self.display.xdotool("key", "space")
+    def test_keys_a_close_request_and_a_signal_end_the_show(self):
+        for end in ("space", "Shift_L", "alt+F4"):
+            with self.subTest(end=end):
+                self.assert_ends_by_key(self.start_show(), end)
+        program = self.start_show()
+        program.send_signal(signal.SIGTERM)
         self.assert_ends(program)
 
-    def test_a_modifier_alone_ends_the_show(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
-        self.display.xdotool("key", "Shift_L")
-        self.assert_ends(program)
-
-    def test_a_key_in_the_middle_of_an_effect_ends_the_show(self):
-        self.session.option("SwapAffect", "Spotlight")
-        self.session.option("TransSpeed", "1")
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+    def test_a_key_during_an_effect_ends_the_show(self):
+        program = self.start_show(SwapAffect="Spotlight", TransSpeed="1")
         self.wait_for_colour(BLACK)
-        self.display.xdotool("key", "space")
-        self.assert_ends(program)
+        self.assert_ends_by_key(program)
 
-    def test_the_tenth_mouse_move_ends_the_show(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+    def test_the_tenth_mouse_move_ends_the_show_but_no_press(self):
+        program = self.start_show()
+        self.display.xdotool("click", 1)
         for move in range(9):
             self.display.xdotool("mousemove", 100 + 10 * move, 200)
             time.sleep(0.05)
@@ -116,40 +67,19 @@ class Ending(ShowTest):
         self.display.xdotool("mousemove", 300, 300)
         self.assert_ends(program)
 
-    def test_a_press_on_the_picture_does_not(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
-        self.display.xdotool("click", 1)
-        self.assert_runs(program)
-
-    def test_a_close_request_ends_the_show(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
-        self.display.xdotool("key", "alt+F4")
-        self.assert_ends(program)
-
-    def test_a_termination_signal_ends_the_show(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
-        program.send_signal(signal.SIGTERM)
-        self.assert_ends(program)
-
 
 class WithoutWindowManager(ShowTest):
     window_manager = False
 
     def test_the_show_fills_the_screen_and_takes_keys(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+        program = self.start_show()
         self.assertEqual(self.pixels((0, 0), (799, 599)), [RED] * 2)
-        self.display.xdotool("key", "space")
-        self.assert_ends(program)
+        self.assert_ends_by_key(program)
 
 
 class SecondCopy(ShowTest):
     def test_ends_at_once_and_leaves_the_first_alone(self):
-        first = self.session.start_show()
-        self.wait_for_colour(RED)
+        first = self.start_show()
         self.assertEqual(self.session.start("/s").wait(timeout=10), 0)
         self.assert_runs(first)
 
@@ -157,8 +87,7 @@ class SecondCopy(ShowTest):
         first = self.session.start_show()
         first.kill()
         first.wait()
-        self.session.start_show()
-        self.wait_for_colour(RED)
+        self.start_show()
 
     def test_has_a_show_of_its_own_on_another_display(self):
         self.session.start_show()
@@ -191,8 +120,7 @@ class Settings(ShowTest):
                 file.write(b"\xa5" * 10000)
         program = self.session.start_show()
         self.assert_runs(program)
-        self.display.xdotool("key", "space")
-        self.assert_ends(program)
+        self.assert_ends_by_key(program)
 
     def test_a_fifo_in_the_list_is_passed_over(self):
         fifo = os.path.join(self.session.folder, "fifo.jpg")
@@ -239,7 +167,3 @@ class OtherModes(ShowTest):
         names = {name.upper(): name for name in os.listdir(config)}
         with open(os.path.join(config, names["SYSTEM.INI"]), encoding="utf-8") as file:
             self.assertIn("SCRNSAVE.EXE=" + os.environ["QUORVALE_BUILD"], file.read())
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -6,8 +6,7 @@ import shutil
 import subprocess
 import unittest
 
-from desktop_session import wait_until
-from test_show import BLACK, BLUE, RED, ShowTest
+from desktop_session import BLACK, BLUE, RED, ShowTest, wait_until
 from test_xscreensaver import AS_USER, USER
 
 
@@ -37,27 +36,15 @@ class KeyboardTest(ShowTest):
         self.grab = KeyboardGrab(self.display)
         self.addCleanup(self.grab.close)
 
-    def run_beside(self, *command, **options):
-        process = subprocess.Popen(command, env=self.display.environment, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL, **options)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
-        return process
-
     def other_window(self):
         self.run_beside("xev", "-name", "Other")
         return wait_until(lambda: self.display.output("xdotool", "search", "--onlyvisible", "--name", "^Other$").split(),
                           "the other window")[0].decode()
 
-    def start_and_settle(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+    def start_and_settle(self, **options):
+        program = self.start_show(**options)
         self.assert_runs(program)
         return program
-
-    def assert_takes_keys(self, program):
-        self.display.xdotool("key", "space")
-        self.assert_ends(program)
 
 
 class Keyboard(KeyboardTest):
@@ -67,7 +54,7 @@ class Keyboard(KeyboardTest):
         self.assert_runs(program, 1)
         self.grab.release()
         self.assert_runs(program, 1)
-        self.assert_takes_keys(program)
+        self.assert_ends_by_key(program)
 
     def test_may_go_to_a_lockers_window_under_its_grab(self):
         program = self.start_and_settle()
@@ -78,12 +65,10 @@ class Keyboard(KeyboardTest):
         self.display.xdotool("windowclose", other)
         self.assert_runs(program, 1)
         self.grab.release()
-        self.assert_takes_keys(program)
+        self.assert_ends_by_key(program)
 
     def test_in_another_window_ends_the_show(self):
-        self.session.option("SwapAffect", "Spotlight")
-        self.session.option("TransSpeed", "1")
-        program = self.start_and_settle()
+        program = self.start_and_settle(SwapAffect="Spotlight", TransSpeed="1")
         self.display.xdotool("windowfocus", self.other_window())
         self.assert_ends(program)
 
@@ -109,7 +94,7 @@ class UnderAManager(KeyboardTest):
         self.display.xdotool("set_desktop", 1)
         self.assert_runs(program, 1)
         self.assertIn(self.pixels((0, 0), (799, 599)), ([RED] * 2, [BLUE] * 2))
-        self.assert_takes_keys(program)
+        self.assert_ends_by_key(program)
 
 
 @unittest.skipUnless(shutil.which("xsecurelock"), "xsecurelock is not installed")
@@ -167,7 +152,7 @@ class OnWayland(KeyboardTest):
 class Screens(ShowTest):
     def setUp(self):
         super().setUp()
-        self.session.option("Stretch", "1")
+        self.session.options(Stretch="1")
         self.modes = {"800x600"}
 
     def xrandr(self, *arguments):
@@ -195,12 +180,10 @@ class Screens(ShowTest):
             self.resize(width, height)
             self.wait_for_cover(((0, 0), (width - 1, height - 1), (width - 1, 0)))
             self.assert_runs(program)
-        self.display.xdotool("key", "space")
-        self.assert_ends(program)
+        self.assert_ends_by_key(program)
 
     def test_with_other_monitors_show_the_show_on_the_primary_one_alone(self):
-        program = self.session.start_show()
-        self.wait_for_colour(RED)
+        program = self.start_show()
         self.xrandr("--setmonitor", "Left", "400/100x600/150+0+0", "screen")
         self.xrandr("--setmonitor", "*Right", "400/100x600/150+400+0", "none")
         self.wait_for_cover(((400, 0), (799, 599)))

@@ -6,8 +6,7 @@ import signal
 import subprocess
 import time
 
-from desktop_session import PROGRAM, wait_until
-from test_show import BLACK, BLUE, RED, ShowTest
+from desktop_session import BLACK, BLUE, PROGRAM, RED, ShowTest, wait_until
 
 USER = 1234  # XScreenSaver refuses to work for the superuser
 AS_USER = [shutil.which("setpriv"), f"--reuid={USER}", f"--regid={USER}", "--clear-groups"]
@@ -19,20 +18,15 @@ class DaemonTest(ShowTest):
     window_manager = False
 
     def daemon_window(self, geometry="800x600+0+0"):
-        process = subprocess.Popen(["xev", "-geometry", geometry, "-bw", "0", "-event", "button", "-name", geometry],
-                                   env=self.display.environment, stdout=subprocess.DEVNULL)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
+        process = self.run_beside("xev", "-geometry", geometry, "-bw", "0", "-event", "button", "-name", geometry)
         return process, wait_until(lambda: self.find(geometry), "the daemon's window")
 
     def find(self, name):
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name.replace("+", ".")],
-                               env=self.display.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                               check=False).stdout.split()
+        found = self.display.output("xdotool", "search", "--onlyvisible", "--name", name.replace("+", ".")).split()
         return found[0].decode() if found else None
 
-    def start_in(self, window):
-        program = self.session.start("--root", XSCREENSAVER_WINDOW=hex(int(window)), stderr=subprocess.PIPE)
+    def start_in(self, window, *arguments):
+        program = self.session.start("--root", *arguments, XSCREENSAVER_WINDOW=hex(int(window)), stderr=subprocess.PIPE)
         self.addCleanup(program.stderr.close)
         return program
 
@@ -69,8 +63,7 @@ class InTheDaemonsWindow(DaemonTest):
         self.assert_runs(second)
 
     def test_a_signal_in_the_middle_of_an_effect_ends_the_show(self):
-        self.session.option("SwapAffect", "Spotlight")
-        self.session.option("TransSpeed", "1")
+        self.session.options(SwapAffect="Spotlight", TransSpeed="1")
         _, window = self.daemon_window()
         program = self.start_in(window)
         self.wait_for_colour(RED)
@@ -101,9 +94,7 @@ class InTheDaemonsWindow(DaemonTest):
 
     def test_a_window_id_means_the_preview(self):
         _, window = self.daemon_window("152x112+100+80")
-        program = self.session.start("--root", "--window-id", hex(int(window)), XSCREENSAVER_WINDOW=hex(int(window)),
-                                     stderr=subprocess.PIPE)
-        self.addCleanup(program.stderr.close)
+        program = self.start_in(window, "--window-id", hex(int(window)))
         self.wait_for_colour(RED, (176, 136))
         self.assert_ends_in(0.25, program)
 
@@ -135,12 +126,7 @@ class UnderXScreenSaver(DaemonTest):
             file.write(text)
 
     def as_user(self, *command):
-        program = subprocess.Popen([*AS_USER, *command],
-                                   env=self.session.environment, cwd=self.session.folder,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        self.addCleanup(program.wait)
-        self.addCleanup(program.terminate)
-        return program
+        return self.run_beside(*AS_USER, *command, env=self.session.environment, cwd=self.session.folder)
 
     def command(self, word):
         return subprocess.run([*AS_USER, COMMAND, word], env=self.session.environment, stdout=subprocess.DEVNULL,

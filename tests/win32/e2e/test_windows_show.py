@@ -8,13 +8,11 @@ import tempfile
 import time
 import unittest
 
-from wine_session import (BUILD, DESKTOP, PASSWORD, PROGRAM, WINE, Display, WineSession, entry, wait_until,
-                          windows_path)
-
-RED, GREEN, BLUE, BLACK = (255, 0, 0), (0, 255, 0), (0, 0, 255), (0, 0, 0)
+from wine_session import (BLACK, BLUE, BUILD, DESKTOP, GREEN, PASSWORD, PROGRAM, RED, WINE, Display, PictureTest,
+                          WineSession, entry, wait_until, windows_path)
 
 
-class WindowsTest(unittest.TestCase):
+class WindowsTest(PictureTest):
     screen = (800, 600)
 
     def setUp(self):
@@ -28,25 +26,10 @@ class WindowsTest(unittest.TestCase):
         self.blue = self.session.picture("blue.bmp", 800, 600, BLUE)
         self.session.play(self.red, self.blue)
 
-    def pixels(self, *points):
-        shot = self.display.screenshot()
-        return [shot.pixel(x, y) for x, y in points]
-
-    def wait_for_colour(self, colour, point=(400, 300)):
-        wait_until(lambda: self.pixels(point) == [colour], f"{colour} at {point}")
-
     def keep_screenshot(self, name):
         """For the eyes of whoever looks at it later."""
         subprocess.run(["import", "-silent", "-window", "root", os.path.join(BUILD, name + ".png")],
                        env=self.display.environment, check=True)
-
-    def assert_ends(self, program):
-        self.assertEqual(program.wait(timeout=10), 0)
-        self.assertIsNone(self.display.window())
-
-    def assert_runs(self, program, seconds=0.5):
-        time.sleep(seconds)
-        self.assertIsNone(program.poll())
 
 
 class Show(WindowsTest):

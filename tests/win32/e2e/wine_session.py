@@ -6,7 +6,8 @@ import sys
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "e2e"))
-from desktop_session import BUILD, Display, wait_until, write_bmp  # noqa: E402
+from desktop_session import (BLACK, BLUE, BUILD, GREEN, RED, SCRIPTS, Display, PictureTest,  # noqa: E402, F401
+                             wait_until, write_bmp)
 
 PROGRAM = os.path.join(BUILD, "Quorvale.scr")
 PASSWORD = os.path.join(BUILD, "scripted_password", "password.cpl")
@@ -32,19 +33,21 @@ def escaped(text):
     return text.replace("\\", "\\\\").replace('"', '\\"')
 
 
+def wine_environment(display):
+    """Of a registry for these tests alone, which is made if there is none."""
+    environment = subprocess.run(["bash", "-c", "source \"$0/wine.sh\" && env -0", SCRIPTS], check=True,
+                                 env=dict(display.environment, WINEPREFIX=PREFIX), stdout=subprocess.PIPE, text=True)
+    return dict(line.split("=", 1) for line in environment.stdout.split("\0")[:-1])
+
+
 class WineSession:
     """A registry and files of its own, and the programs that were started."""
 
     def __init__(self, display, folder):
         self.display = display
         self.folder = folder
-        self.environment = dict(display.environment, WINEPREFIX=PREFIX, WINEARCH="win64", WINEDEBUG="-all",
-                                WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d")
+        self.environment = wine_environment(display)
         self._programs = []
-        if not os.path.exists(os.path.join(PREFIX, "system.reg")):
-            os.makedirs(PREFIX, exist_ok=True)
-            self.run("wineboot", "--init")
-            self.run("wineserver", "-w")
         self.write({"": None, WINE: {"Version": "win10"},
                     DESKTOP: {"ScreenSaveUsePassword": "0"}})
         self.options(SwapAffect="None", Interval="2")
