@@ -178,6 +178,9 @@ class Canvas {
   void AddLines(QPainterPath& path, std::span<const QPointF> points) const;
   void AddCurves(QPainterPath& path, std::span<const QPointF> points) const;
 
+  // Adds what `add` adds behind the current position to the open path, or paints it.
+  template <typename Add>
+  void DrawFromPosition(Add add);
   // Adds the path to the open one, or paints it.
   void Draw(const QPainterPath& path, PathUse use);
   void Paint(const QPainterPath& path, PathUse use);

@@ -53,24 +53,25 @@ void Canvas::MoveTo(QPointF point) {
 
 void Canvas::LineTo(QPointF point) { PolylineTo({&point, 1}); }
 
-void Canvas::PolylineTo(std::span<const QPointF> points) {
-  if (points.empty()) return;
+template <typename Add>
+void Canvas::DrawFromPosition(Add add) {
   QPainterPath line;
   QPainterPath& path = path_open_ ? path_ : line;
   StartAtPosition(path);
-  AddLines(path, points);
-  state_.position = points.back();
+  add(path);
   if (!path_open_) Paint(line, PathUse::kStroke);
+}
+
+void Canvas::PolylineTo(std::span<const QPointF> points) {
+  if (points.empty()) return;
+  DrawFromPosition([&](QPainterPath& path) { AddLines(path, points); });
+  state_.position = points.back();
 }
 
 void Canvas::PolyBezierTo(std::span<const QPointF> points) {
   if (points.size() < 3) return;
-  QPainterPath line;
-  QPainterPath& path = path_open_ ? path_ : line;
-  StartAtPosition(path);
-  AddCurves(path, points);
+  DrawFromPosition([&](QPainterPath& path) { AddCurves(path, points); });
   state_.position = points.back();
-  if (!path_open_) Paint(line, PathUse::kStroke);
 }
 
 void Canvas::Polyline(std::span<const QPointF> points) {
@@ -202,13 +203,11 @@ void Canvas::Arc(ArcKind kind, const QRectF& box, QPointF from, QPointF to) {
 void Canvas::ArcTo(const QRectF& box, QPointF from, QPointF to) {
   const QPainterPath arc = ArcPath(ArcKind::kOpen, box, from, to);
   if (arc.elementCount() == 0) return;
-  QPainterPath line;
-  QPainterPath& path = path_open_ ? path_ : line;
-  StartAtPosition(path);
-  path.lineTo(arc.elementAt(0));
-  path.connectPath(arc);
+  DrawFromPosition([&](QPainterPath& path) {
+    path.lineTo(arc.elementAt(0));
+    path.connectPath(arc);
+  });
   state_.position = ToMiddles().inverted().map(arc.currentPosition());
-  if (!path_open_) Paint(line, PathUse::kStroke);
 }
 
 void Canvas::AngleArc(QPointF centre, double radius, double start, double sweep) {
@@ -220,15 +219,13 @@ void Canvas::AngleArc(QPointF centre, double radius, double start, double sweep)
   const QTransform map = ToMiddles();
   const QRectF mapped = map.mapRect(box);
   if (arc.elementCount() == 0 || Clamped(mapped) != mapped) return;
-  QPainterPath line;
-  QPainterPath& path = path_open_ ? path_ : line;
-  StartAtPosition(path);
   const QPointF end = arc.currentPosition();
   arc = map.map(arc);
-  path.lineTo(arc.elementAt(0));
-  path.connectPath(arc);
+  DrawFromPosition([&](QPainterPath& path) {
+    path.lineTo(arc.elementAt(0));
+    path.connectPath(arc);
+  });
   state_.position = end;
-  if (!path_open_) Paint(line, PathUse::kStroke);
 }
 
 }  // namespace quorvale::metafile
