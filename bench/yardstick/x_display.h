@@ -4,7 +4,7 @@
 #include <xcb/shm.h>
 #include <xcb/xcb.h>
 
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 
 namespace quorvale {
 

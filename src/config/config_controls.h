@@ -4,10 +4,10 @@
 
 #include "show/show_form.h"
 #include "toolkit/buttons.h"
-#include "toolkit/common_dialog.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/list_box.h"
 #include "toolkit/menu.h"
-#include "toolkit/message_hook.h"
+#include "toolkit/nonvisual_controls.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {

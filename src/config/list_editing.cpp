@@ -8,7 +8,7 @@
 #include "playlist/token.h"
 #include "process/collection.h"
 #include "toolkit/application.h"
-#include "toolkit/common_dialog.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/list_box.h"
 
 namespace quorvale {

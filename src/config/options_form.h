@@ -4,7 +4,7 @@
 
 #include "config/options_table.h"
 #include "toolkit/buttons.h"
-#include "toolkit/common_dialog.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/entry_fields.h"
 #include "toolkit/form.h"
 #include "toolkit/panels.h"

@@ -9,7 +9,7 @@
 #include "settings/reg_settings.h"
 #include "system/file_system.h"
 #include "toolkit/list_box.h"
-#include "toolkit/picture_formats.h"
+#include "toolkit/picture.h"
 
 namespace quorvale {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "show/show_form.h"
-#include "toolkit/message_hook.h"
+#include "toolkit/nonvisual_controls.h"
 
 namespace quorvale {
 

@@ -4,8 +4,8 @@
 
 #include "toolkit/form.h"
 #include "toolkit/image_control.h"
+#include "toolkit/nonvisual_controls.h"
 #include "toolkit/picture_box.h"
-#include "toolkit/timer.h"
 
 namespace quorvale {
 

@@ -10,7 +10,7 @@
 #include "show/picture_layout.h"
 #include "show/show_form.h"
 #include "show/sound_track.h"
-#include "toolkit/timer.h"
+#include "toolkit/nonvisual_controls.h"
 #include "transitions/run_transition.h"
 
 namespace quorvale {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/message_box.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/platform.h"
 #include "toolkit/units.h"
 

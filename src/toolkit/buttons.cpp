@@ -15,7 +15,7 @@ std::unique_ptr<WidgetPeer> Button::MakePeer(WidgetFactory& factory) { return fa
 
 void OptionButton::SetValue(bool value) {
   if (std::exchange(value_, value) == value) return;
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
   if (!value) return;
   Parent().ForEach<OptionButton>([this](OptionButton& other) {
     if (&other != this && other.Design().container == Design().container) other.SetValue(false);
@@ -34,7 +34,7 @@ std::unique_ptr<WidgetPeer> OptionButton::MakePeer(WidgetFactory& factory) {
 void CheckBox::SetValue(int value) {
   if (value != 0 && value != 1) throw Failure(FailureNumber::kInvalidValue, "A check box holds 0 or 1", Name());
   if (std::exchange(value_, value) == value) return;
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
   Raise(Click);
 }
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 
 namespace quorvale {
 

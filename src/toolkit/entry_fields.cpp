@@ -14,7 +14,7 @@ TextBox::TextBox(Form& parent, WidgetDesign design, int max_length)
 
 void TextBox::SetText(std::string text) {
   text_ = max_length_ > 0 ? Left(text, static_cast<std::size_t>(max_length_)) : std::move(text);
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
 }
 
 int TextBox::UserKeyPress(int code) {
@@ -35,7 +35,7 @@ void DropDownList::SetText(const std::string& text) {
   const auto found = std::find(items_.begin(), items_.end(), text);
   if (found == items_.end()) throw Failure(FailureNumber::kInvalidValue, "No such item: " + text, Name());
   index_ = static_cast<int>(found - items_.begin());
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
 }
 
 void DropDownList::UserChoose(int index) { index_ = std::clamp(index, -1, static_cast<int>(items_.size()) - 1); }
@@ -50,7 +50,7 @@ Slider::Slider(Form& parent, WidgetDesign design, int least, int most)
 void Slider::SetValue(int value) {
   if (value < least_ || value > most_) throw Failure(FailureNumber::kInvalidValue, "Out of the slider's range", Name());
   value_ = value;
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
 }
 
 void Slider::UserSetValue(int value) { value_ = std::clamp(value, least_, most_); }

@@ -1,20 +1,3 @@
 #pragma once
 
-#include <functional>
-#include <string>
-
-namespace quorvale {
-
-// The height of the tallest dialog in layout pixels, without and with its frame and menu bar.
-inline constexpr double kTallestDialogInside = 440;
-inline constexpr double kTallestDialog = 520;
-
-// The scale of dialogs: device pixels per layout pixel. It is `wanted`, or less if the tallest dialog (`needed` layout
-// pixels high) would not fit into `room` device pixels, but never too small to read.
-double LayoutScale(double wanted, double room, double needed);
-
-// The text if `fits` accepts it; otherwise as much of its start and end as fits, with an ellipsis between. If `fits`
-// accepts a text, it must accept shorter ones too.
-std::string WithoutMiddle(const std::string& text, const std::function<bool(const std::string&)>& fits);
-
-}  // namespace quorvale
+#include "toolkit/dialog_rules.h"

@@ -7,7 +7,6 @@
 #include "base/text.h"
 #include "toolkit/control.h"
 #include "toolkit/menu.h"
-#include "toolkit/widget.h"
 
 namespace quorvale {
 namespace {
@@ -183,7 +182,7 @@ const Widget* Form::FocusedControl() const {
   return focused;
 }
 
-void Form::NoteFocusLost(const Widget& control) {
+void Form::RecordFocusLoss(const Widget& control) {
   if (lost_focus_.now_at != &control || !application_.IsRunning(lost_focus_.handler)) {
     lost_focus_ = {.by = {}, .now_at = nullptr, .handler = application_.CallingHandler()};
   }

@@ -116,7 +116,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   };
 
   const Widget* FocusedControl() const;
-  void NoteFocusLost(const Widget& control);
+  void RecordFocusLoss(const Widget& control);
   // Gives the focus back to `control` if it is one of these. Those that lost it earlier keep their claim.
   bool ReclaimFocus(const Widget& control);
 

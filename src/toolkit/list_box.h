@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 
 namespace quorvale {
 

@@ -15,13 +15,13 @@ Label::Label(Form& parent, WidgetDesign design, LabelStyle style) : Widget(paren
 void Label::SetBackColor(Colour colour) {
   has_back_colour_ = true;
   back_colour_ = colour;
-  Tell(WidgetAspect::kColour);
+  UpdatePeer(WidgetAspect::kColour);
 }
 
 void Label::SetForeColor(Colour colour) {
   has_fore_colour_ = true;
   fore_colour_ = colour;
-  Tell(WidgetAspect::kColour);
+  UpdatePeer(WidgetAspect::kColour);
 }
 
 std::unique_ptr<WidgetPeer> Label::MakePeer(WidgetFactory& factory) { return factory.Make(Parent().Window(), *this); }
@@ -35,7 +35,7 @@ ImageView::ImageView(Form& parent, WidgetDesign design, Artwork artwork)
 
 void ImageView::SetArtwork(Artwork artwork) {
   artwork_ = std::move(artwork);
-  Tell(WidgetAspect::kContents);
+  UpdatePeer(WidgetAspect::kContents);
 }
 
 void ImageView::UserClick() {
@@ -52,7 +52,7 @@ TabStrip::TabStrip(Form& parent, WidgetDesign design, std::vector<Tab> tabs)
 void TabStrip::UserSelect(int index) {
   if (index < 1 || index > static_cast<int>(tabs_.size())) return;
   selected_ = index;
-  Tell(WidgetAspect::kValue);
+  UpdatePeer(WidgetAspect::kValue);
   Raise(Click);
 }
 

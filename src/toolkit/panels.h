@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "toolkit/bitmap.h"
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 
 namespace quorvale {
 

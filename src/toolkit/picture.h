@@ -3,8 +3,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
@@ -41,6 +42,21 @@ class PictureLoader {
   // Fails with kNotFound, kUnreadable or kBadPicture. Everything that decides on success is settled
   // before this returns.
   virtual std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) = 0;
+};
+
+// A picture format as lists, dialogs and help name it. Each platform has its own table of decoders.
+struct PictureFormat {
+  std::string_view name;
+  // File patterns, separated by semicolons: "*.jpg;*.jpeg".
+  std::string_view patterns;
+  // Whether directory entries in a list include these files.
+  bool listed = true;
+};
+
+// In the order of the picture mask.
+inline constexpr PictureFormat kPictureFormats[] = {
+    {"BMP", "*.bmp"}, {"GIF", "*.gif"}, {"JPEG", "*.jpg;*.jpeg"},
+    {"WMF", "*.wmf"}, {"EMF", "*.emf"}, {"PNG", "*.png", false},
 };
 
 }  // namespace quorvale

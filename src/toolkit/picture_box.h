@@ -9,7 +9,6 @@
 #include "toolkit/picture.h"
 #include "toolkit/platform.h"
 #include "toolkit/surface.h"
-#include "toolkit/text_painter.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

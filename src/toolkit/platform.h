@@ -7,15 +7,13 @@
 
 #include "system/window_system.h"
 #include "toolkit/bitmap.h"
-#include "toolkit/file_dialog.h"
-#include "toolkit/message_box.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
 
 class PictureLoader;
 class Surface;
-class TextPainter;
 class WidgetFactory;
 
 // The interfaces that a platform implements for the toolkit. A platform calls back only through the event interfaces
@@ -98,6 +96,27 @@ class MessageHookPeer {
   virtual ~MessageHookPeer() = default;
   virtual void Watch(WindowHandle window) = 0;
   virtual void Report(int message) = 0;
+};
+
+// The platform uses the nearest font that it has.
+struct Font {
+  std::string name;
+  float points = 8;
+};
+
+// Draws text on pixels. The platform knows the device's resolution.
+class TextPainter {
+ public:
+  virtual ~TextPainter() = default;
+
+  // The size of one line of text, in device pixels, on a surface with `scale` device pixels to the
+  // toolkit's pixel.
+  virtual PixelRect Measure(const std::string& text, const Font& font, float scale) = 0;
+
+  // Draws one line with its top left corner at that pixel of `target`, cut off at its edges. Gives the
+  // pixels that may have changed.
+  virtual PixelRect Draw(const PixelView& target, int left, int top, const std::string& text, const Font& font,
+                         Colour colour, float scale) = 0;
 };
 
 // Paces one transition: each of its passes takes at least the nominal length.

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "toolkit/bitmap.h"
 #include "toolkit/dirty_region.h"
-#include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

@@ -30,7 +30,7 @@ class AboutFormTest : public HeadlessTest {
   void SetUp() override { form->Show(); }
 };
 
-TEST_F(AboutFormTest, NamesTheProductItsVersionAndItsMakers) {
+TEST_F(AboutFormTest, ShowsProductVersionAndCopyright) {
   const std::string version =
       std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." + std::to_string(kVersionRevision);
   EXPECT_EQ(form->Caption(), "About Quorvale Customizable Screen Saver");
@@ -41,7 +41,7 @@ TEST_F(AboutFormTest, NamesTheProductItsVersionAndItsMakers) {
   EXPECT_FALSE(form->IsLoaded());
 }
 
-TEST_F(AboutFormTest, SystemInfoStartsTheToolThatIsFoundOrSaysThatThereIsNone) {
+TEST_F(AboutFormTest, SystemInfoStartsTheFirstToolFound) {
   struct Case {
     const char* what;
     std::string path, location, own;
@@ -108,7 +108,7 @@ TEST_F(AboutFormTest, ReadsTextsAndNumbersOfTheRegistry) {
   EXPECT_EQ(text, "");
 }
 
-TEST_F(AboutFormTest, TheIconOpensTheWebPageOrNothing) {
+TEST_F(AboutFormTest, IconOpensTheWebPage) {
   for (const bool found : {true, false}) {
     desktop.programs.found = found;
     form->web_link.UserClick();
@@ -118,7 +118,7 @@ TEST_F(AboutFormTest, TheIconOpensTheWebPageOrNothing) {
   EXPECT_THAT(desktop.boxes.shown, IsEmpty());
 }
 
-TEST(ArtworkTest, IsDrawnInItsPlaceAtEveryScale) {
+TEST(ArtworkTest, IconFitsAtEveryScale) {
   for (const float scale : {1.0F, 1.5F, 2.0F}) {
     const Bitmap icon = IconArtwork(32)(scale);
     EXPECT_EQ(icon.Width(), static_cast<int>(32 * scale));

@@ -8,7 +8,7 @@
 namespace quorvale {
 namespace {
 
-TEST_F(ConfigTest, WhatCanBeDoneFollowsTheListOnViewAndItsSelection) {
+TEST_F(ConfigTest, CommandsFollowTheVisibleListAndItsSelection) {
   struct Case {
     const char* items;
     std::vector<int> selected;
@@ -47,7 +47,7 @@ TEST_F(ConfigTest, WhatCanBeDoneFollowsTheListOnViewAndItsSelection) {
   }
 }
 
-TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnOk) {
+TEST_F(ConfigTest, OkRemovesMissingFilesFromTheStore) {
   Store("PictureFiles", "a gone gone2 folder b");
   Store("SoundFiles", "s");
   for (const char* const name : {"gone", "gone2", "folder"}) {
@@ -69,8 +69,8 @@ TEST_F(ConfigTest, WhatIsGoneSinceTheLastRunIsGoneFromTheListsAndFromTheStoreOnO
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-// A box at load must not cost the window, however long it stays up.
-TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
+// The preview must not tick, and close the window, while a box is open at load.
+TEST_F(ConfigTest, LoadReportsEachFailureAndGoesOn) {
   Store("PictureFiles", "a");
   Store("SoundFiles", "s");
   process.options.Set("TransSpeed", "99999999999");
@@ -87,7 +87,7 @@ TEST_F(ConfigTest, EachFailureOfTheLoadIsToldAndTheNextStatementRuns) {
   EXPECT_EQ(Names(0) + Names(1), "as");
 }
 
-TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
+TEST_F(ConfigTest, OkWritesStoreAndFileEvenWithoutChanges) {
   process.options.Set("PlayList", "C:\\My & Yours.x.qvl");
   OpenWith("a");
   EXPECT_EQ(form->list_frame.Caption(), "Play List - [My && Yours]");
@@ -95,24 +95,17 @@ TEST_F(ConfigTest, OkWritesTheStoreAndTheFileInHandEvenWithoutChanges) {
   form->ok.UserClick();
   EXPECT_EQ(desktop.boxes.shown.at(0).text,
             "Unable to write to Play List File.  Can't be written: C:\\My & Yours.x.qvl");
-  EXPECT_FALSE(form->IsLoaded()) << "the steps go on";
+  EXPECT_FALSE(form->IsLoaded()) << "a failed file does not keep the window open";
+  desktop.registry.single_writes = 0;
   Open().ok.UserClick();
+  EXPECT_EQ(desktop.registry.single_writes, 0) << "all in one transaction";
   EXPECT_EQ(desktop.files.ReadFile("C:\\My & Yours.x.qvl", std::string::npos),
             "P:" + MakeListEntry("a", "C:\\Pics\\") + "\r\n");
   EXPECT_EQ(process.options.Get("PlayList", ""), "C:\\My & Yours.x.qvl");
 }
 
-TEST_F(ConfigTest, OkIsOneAct) {
-  OpenWith("a b", "s");
-  desktop.registry.single_writes = 0;
-  form->ok.UserClick();
-  EXPECT_FALSE(form->IsLoaded());
-  EXPECT_EQ(Stored("PictureFiles") + Stored("SoundFiles"), "a bs");
-  EXPECT_EQ(desktop.registry.single_writes, 0);
-}
-
-// A list that looks empty because the store was locked must not take the place of the one that is in it.
-TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
+// A list that looks empty because the store is locked must not replace the stored one.
+TEST_F(ConfigTest, OkDoesNotReplaceUnreadLists) {
   // The first entry of either list, and the play list's path.
   for (const int failing_read : {1, 4, 6}) {
     SCOPED_TRACE(failing_read);
@@ -135,7 +128,7 @@ TEST_F(ConfigTest, WhatWasNotReadIsToldAndNotReplaced) {
   }
 }
 
-TEST_F(ConfigTest, AFailedSaveIsToldOnceAndTheWindowStaysWithTheEdit) {
+TEST_F(ConfigTest, FailedSaveKeepsTheWindowAndTheEdit) {
   for (const RegistryCall call : {RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
     OpenWith("a b");
     Select({0});
@@ -156,7 +149,7 @@ TEST_F(ConfigTest, AFailedSaveIsToldOnceAndTheWindowStaysWithTheEdit) {
   }
 }
 
-TEST_F(ConfigTest, AListThatIsTooLongIsToldAndLosesNothing) {
+TEST_F(ConfigTest, KeepsEntriesBeyondTheListBox) {
   desktop.files.AddFile("C:\\Pics\\a");
   const std::string entry = MakeListEntry("a", "C:\\Pics\\");
   const auto key = [](int number) { return "File" + std::to_string(number); };
@@ -175,7 +168,7 @@ TEST_F(ConfigTest, AListThatIsTooLongIsToldAndLosesNothing) {
   EXPECT_EQ(Stored("SoundFiles"), "a");
 }
 
-TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
+TEST_F(ConfigTest, ExitAsksToSaveChanges) {
   struct Case {
     bool dirty;
     MessageBoxAnswer answer;
@@ -206,7 +199,7 @@ TEST_F(ConfigTest, LeavingAsksOnlyForChangesAndDoesAsTheUserSays) {
   EXPECT_EQ(desktop.boxes.shown.size(), 6U) << "five questions and a failure";
 }
 
-TEST_F(ConfigTest, HelpIsOpenedOrItsFailureTold) {
+TEST_F(ConfigTest, OpensHelpOrReportsAFailure) {
   Open();
   const auto asked = [this](const std::string& command) {
     return desktop.calls.back().starts_with("WinHelp " + std::to_string(form->Hwnd()) + " " + kHelpFile + command);
@@ -225,7 +218,7 @@ TEST_F(ConfigTest, HelpIsOpenedOrItsFailureTold) {
   EXPECT_EQ(box.icon, MessageBoxIcon::kInformation);
 }
 
-TEST_F(ConfigTest, TheTabKeyVisitsTheListOnViewAndAddDirectoryLast) {
+TEST_F(ConfigTest, TabOrderEndsWithAddDirectory) {
   Open();
   std::map<int, std::string> order;
   form->ForEach<Widget>([&](const Widget& control) {

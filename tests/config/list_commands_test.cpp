@@ -9,7 +9,7 @@ using ::testing::HasSubstr;
 
 const std::string kNul(1, '\0');
 
-TEST_F(ConfigTest, EveryListCommandEditsTheListOnViewAndRestartsTheShow) {
+TEST_F(ConfigTest, ListCommandsEditTheVisibleListAndRestartTheShow) {
   struct Case {
     int button;
     const char* item;
@@ -59,7 +59,7 @@ TEST_F(ConfigTest, EveryListCommandEditsTheListOnViewAndRestartsTheShow) {
   EXPECT_EQ(desktop.dialogs.files[1].filter, "Sounds (*.wav)|*.wav|All Files(*.*)|*.*");
 }
 
-TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
+TEST_F(ConfigTest, SplitsTheFileDialogsResult) {
   std::string many = "C:\\Pics";
   std::string many_paths;
   for (int i = 0; i < 2000; ++i) {
@@ -87,8 +87,8 @@ TEST_F(ConfigTest, SelectionsOfFilesAreTakenApart) {
   }
 }
 
-// A move takes the selection off the item before the other one has it, which disables the button for a moment.
-TEST_F(ConfigTest, UpAndDownKeepTheFocusAsLongAsTheyCanGoOn) {
+// A move deselects the item before it selects it at its new place, which disables the button for a moment.
+TEST_F(ConfigTest, UpAndDownKeepTheFocusWhileEnabled) {
   for (const auto& [button, selected, focus] : {std::tuple{kMoveUp, 2, "cmdImages(3)"},
                                                 {kMoveUp, 1, "cmdImages(4)"},
                                                 {kMoveDown, 1, "cmdImages(4)"},
@@ -102,7 +102,7 @@ TEST_F(ConfigTest, UpAndDownKeepTheFocusAsLongAsTheyCanGoOn) {
   }
 }
 
-TEST_F(ConfigTest, AFocusThatHasMovedOnIsNotTakenBack) {
+TEST_F(ConfigTest, FocusThatMovedOnIsNotReclaimed) {
   OpenWith("a b c");
   Select({1});
   Button& up = form->list_buttons[kMoveUp];
@@ -118,8 +118,8 @@ TEST_F(ConfigTest, AFocusThatHasMovedOnIsNotTakenBack) {
   EXPECT_EQ(desktop.widgets.focused, "cmdImages(4)");
 }
 
-// An entry that gives back another path than it was made of would vanish at the next start.
-TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
+// An entry that stands for another path would vanish at the next start.
+TEST_F(ConfigTest, NamesThatDoNotFitAnEntryAreReported) {
   const std::string longest(254, 'n');
   const std::string deepest = "C:\\" + std::string(253, 'd');  // with its separator it fills the columns
   desktop.files.AddDirectory("C:\\Folder");
@@ -136,7 +136,7 @@ TEST_F(ConfigTest, NamesThatAnEntryCantHoldAreLeftOutAndTold) {
   EXPECT_TRUE(form->PlayListDirty());
 }
 
-TEST_F(ConfigTest, AFullListTakesNothingMoreAndTheWindowGoesOn) {
+TEST_F(ConfigTest, FullListReportsWhatIsNotAdded) {
   Open();
   while (form->lists[0].ListCount() < ListBox::kMostItems) form->lists[0].AddItem("");
   form->lists[0].UserDelete();  // nothing is selected

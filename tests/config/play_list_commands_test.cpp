@@ -22,7 +22,7 @@ class PlayListCommandTest : public ConfigTest {
   }
 };
 
-TEST_F(PlayListCommandTest, EveryCommandKeepsItsRules) {
+TEST_F(PlayListCommandTest, CommandsOpenMergeAndSaveFiles) {
   struct Case {
     const char* item;
     MessageBoxAnswer answer;  // to the question whether to save; none is never asked
@@ -70,7 +70,7 @@ TEST_F(PlayListCommandTest, EveryCommandKeepsItsRules) {
   }
 }
 
-TEST_F(PlayListCommandTest, EveryDialogIsAskedForAsItsCommandNeedsIt) {
+TEST_F(PlayListCommandTest, DialogsHaveTheirTitleFilterAndFlags) {
   Open();
   form->SetCurPlayList("C:\\Old.qvl");
   const std::string open_list = "open|Select Play List||Play Lists (*.qvl)|*.qvl|All Files(*.*)|*.*|0 281004 260";
@@ -94,7 +94,7 @@ TEST_F(PlayListCommandTest, EveryDialogIsAskedForAsItsCommandNeedsIt) {
   EXPECT_EQ(desktop.dialogs.folders.back(), "Select Directory");
 }
 
-TEST_F(PlayListCommandTest, EveryMessageHasItsTextAndItsIcon) {
+TEST_F(PlayListCommandTest, MessagesHaveTheirTextAndIcon) {
   OpenAndChange();
   form->SetCurPlayList("C:\\Old.qvl");
   desktop.files.failures.FailCall(FileCall::kWriteFile, 1, 0);
@@ -125,8 +125,8 @@ TEST_F(PlayListCommandTest, EveryMessageHasItsTextAndItsIcon) {
   }
 }
 
-// The search that can't be made ends Open half-way: what is pruned is pruned, and the old name stays.
-TEST_F(PlayListCommandTest, AFailureOfTheSearchEndsOpenWithoutAWord) {
+// Open ends half-way without a message: the lists are pruned so far, and the old name stays.
+TEST_F(PlayListCommandTest, OpenEndsSilentlyWhenASearchFails) {
   OpenAndChange();
   form->SetCurPlayList("C:\\Old.old.qvl");
   desktop.boxes.Answer(MessageBoxAnswer::kNo);

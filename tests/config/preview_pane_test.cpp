@@ -1,12 +1,12 @@
 #include "config/artwork.h"
 #include "config/config_fixture.h"
-#include "platform/headless/text_pictures.h"
+#include "platform/headless/headless_graphics.h"
 #include "run/main_procedure.h"
 
 namespace quorvale {
 namespace {
 
-TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
+TEST_F(ConfigTest, PreviewPlaysTheEditedLists) {
   desktop.files.AddFile("C:\\red.jpg", PictureText(4, 4, {"FF0000"}));
   process.options.Set("Stretch", "1");
   process.options.Set("BackColor", "65280");
@@ -35,7 +35,7 @@ TEST_F(ConfigTest, TheShowRunsOnTheMonitorFromTheListsAsTheyStand) {
   EXPECT_EQ(colour_after(1000), 0x00FF00U);
 }
 
-TEST_F(ConfigTest, TheWindowCanCloseInTheMiddleOfAnEffect) {
+TEST_F(ConfigTest, WindowMayCloseDuringAnEffect) {
   desktop.files.AddFile("C:\\Pics\\a", PictureText(4, 4, {"FF0000"}));
   process.options.Set("SwapAffect", "Spotlight");
   process.options.Set("Interval", "1");
@@ -54,7 +54,7 @@ TEST_F(ConfigTest, TheWindowCanCloseInTheMiddleOfAnEffect) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-TEST_F(ConfigTest, MenusAndDialogsHoldThePreviewForThatTimeAndNoLonger) {
+TEST_F(ConfigTest, MenusAndDialogsPauseThePreview) {
   Open();
   for (const char* const menu : {"mnuFile", "mnuPlayList", "mnuHelp"}) {
     EXPECT_FALSE(Restarts([&] { Choose(menu); }));
@@ -72,7 +72,7 @@ TEST_F(ConfigTest, MenusAndDialogsHoldThePreviewForThatTimeAndNoLonger) {
   }
 }
 
-TEST(MonitorArtworkTest, ThePartsFitAtEveryScale) {
+TEST(MonitorArtworkTest, PartsFitAtEveryScale) {
   for (const int scale : {1, 2}) {
     const auto at = static_cast<float>(scale);
     const Bitmap bitmap = MonitorBitmap(at);
@@ -95,9 +95,8 @@ TEST(MonitorArtworkTest, ThePartsFitAtEveryScale) {
   }
 }
 
-// The dialog that started configuration is held from before the window shows until it has gone. It comes back whatever
-// its title is.
-TEST_F(ConfigTest, MainHoldsTheCallingDialogWhileTheWindowIsOpen) {
+// The calling dialog comes back whatever its title is.
+TEST_F(ConfigTest, MainDisablesTheCallingDialogWhileTheWindowIsOpen) {
   for (const char* const title : {"Display Properties", "Screen Saver Settings"}) {
     const WindowHandle caller = desktop.windows.CreateForeign(title);
     desktop.windows.SetForeground(caller);

@@ -19,7 +19,7 @@ class EventQueueTest : public ::testing::Test {
   std::vector<std::string> log;
 };
 
-TEST_F(EventQueueTest, TimersFireInOrderOfTheirTime) {
+TEST_F(EventQueueTest, TimersFireInOrderOfTime) {
   const auto slow = queue.CreateTimer(Log("slow"));
   const auto fast = queue.CreateTimer(Log("fast"));
   slow->Set(50);
@@ -30,7 +30,7 @@ TEST_F(EventQueueTest, TimersFireInOrderOfTheirTime) {
   EXPECT_EQ(queue.Milliseconds(), 60);
 }
 
-TEST_F(EventQueueTest, BusyTimeIsMadeUpForOnceInTheNextPass) {
+TEST_F(EventQueueTest, OverdueTimersFireOnceInTheNextPass) {
   const auto timer = queue.CreateTimer(Log("tick"));
   timer->Set(10);
   queue.Skip(35);
@@ -41,7 +41,7 @@ TEST_F(EventQueueTest, BusyTimeIsMadeUpForOnceInTheNextPass) {
   EXPECT_THAT(log, ElementsAre("tick 35", "tick 45"));
 }
 
-TEST_F(EventQueueTest, TimerMayStopOrDestroyItselfAndOthers) {
+TEST_F(EventQueueTest, TimersMayDestroyThemselvesAndOthers) {
   std::unique_ptr<TimerPeer> other = queue.CreateTimer(Log("other"));
   std::unique_ptr<TimerPeer> timer = queue.CreateTimer([&] {
     Log("tick")();
@@ -56,7 +56,7 @@ TEST_F(EventQueueTest, TimerMayStopOrDestroyItselfAndOthers) {
   EXPECT_EQ(queue.RunningTimers(), 0);
 }
 
-TEST_F(EventQueueTest, PlannedActionsMeetTheirPassEvenWhenPassesNest) {
+TEST_F(EventQueueTest, PlannedActionsRunInTheirPassEvenIfPassesNest) {
   queue.AtPump(2, [&] {
     Log("second")();
     queue.Pump();
@@ -71,7 +71,7 @@ TEST_F(EventQueueTest, PlannedActionsMeetTheirPassEvenWhenPassesNest) {
   EXPECT_EQ(queue.PumpCount(), 3);
 }
 
-TEST_F(EventQueueTest, WhatAnEventPostsWaitsForTheNextPass) {
+TEST_F(EventQueueTest, EventsPostedByEventsRunInTheNextPass) {
   std::function<void()> again = [&] {
     Log("event")();
     queue.Post(again);
@@ -83,7 +83,7 @@ TEST_F(EventQueueTest, WhatAnEventPostsWaitsForTheNextPass) {
   EXPECT_THAT(log, ElementsAre("event 0", "event 0"));
 }
 
-TEST_F(EventQueueTest, EndOfTheProcessLeavesTheRestWaiting) {
+TEST_F(EventQueueTest, KeepsTheOtherEventsWhenTheProcessEnds) {
   queue.Post([] { throw ProcessEnded(); });
   queue.Post(Log("rest"));
   EXPECT_THROW(queue.Pump(), ProcessEnded);

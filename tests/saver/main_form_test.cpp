@@ -129,6 +129,12 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
   }
 }
 
+// Starting the show on the unloaded form would fail, and a box would report that.
+TEST_F(MainFormTest, AKeyWhileTheWindowAppearsEndsTheShow) {
+  desktop.windows.Shown = [this](WindowHandle window) { desktop.PressKey(window, 27); };
+  EXPECT_FALSE(Start().IsLoaded());
+}
+
 TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
   process.options.Set("SwapAffect", "Spotlight");
   Start();

@@ -22,7 +22,7 @@ struct JoinCase {
   std::vector<PixelRect> taken;
 };
 
-TEST(DirtyRegion, JoinsWhatIsNearlyAlike) {
+TEST(DirtyRegion, JoinsSimilarRowsAndSmallGaps) {
   const JoinCase cases[] = {
       {"a rectangle is one", {{3, 2, 10, 9}}, {{3, 2, 10, 9}}},
       {"two that touch are one", {{3, 2, 10, 9}, {13, 2, 4, 9}}, {{3, 2, 14, 9}}},
@@ -48,7 +48,7 @@ TEST(DirtyRegion, JoinsWhatIsNearlyAlike) {
   }
 }
 
-TEST(DirtyRegion, LosesNoPixelInAnyOrder) {
+TEST(DirtyRegion, CoversAllPixelsInAnyOrder) {
   constexpr int width = 40;
   constexpr int height = 12;
   std::mt19937 random(7);
@@ -72,7 +72,7 @@ TEST(DirtyRegion, LosesNoPixelInAnyOrder) {
   }
 }
 
-TEST(DirtyRegion, ForgetsAtReset) {
+TEST(DirtyRegion, IsEmptyAfterReset) {
   DirtyRegion region;
   EXPECT_TRUE(region.IsEmpty());
   region.Reset(8, 8);

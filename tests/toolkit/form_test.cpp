@@ -24,7 +24,7 @@ class FormTest : public HeadlessTest {
   Application app{desktop};
 };
 
-TEST_F(FormTest, LoadHandlerSeesTheFormLoadedAndListedAndShowMakesItVisible) {
+TEST_F(FormTest, LoadsThenShows) {
   const auto first = Loaded("First");
   const auto form = std::make_shared<ScriptedForm>(app, "Second");
   form->OnLoad = [&] {
@@ -45,7 +45,7 @@ TEST_F(FormTest, LoadHandlerSeesTheFormLoadedAndListedAndShowMakesItVisible) {
   EXPECT_EQ(FailureOf([&] { app.Forms[2]; }), FailureNumber::kNoSuchEntry);
 }
 
-TEST_F(FormTest, FailedLoadLeavesNoTrace) {
+TEST_F(FormTest, IsRemovedWhenLoadFails) {
   const std::function<void()> failures[] = {
       [] { throw Failure(FailureNumber::kUnreadable, "No", "Test"); },
       [] { throw std::runtime_error("No"); },
@@ -83,7 +83,7 @@ TEST_F(FormTest, UnloadRunsBothHandlersAndDestroys) {
   EXPECT_EQ(gone, 1);
 }
 
-TEST_F(FormTest, CancelledUnloadLeavesTheFormAndItsTimersRunning) {
+TEST_F(FormTest, CancelledUnloadKeepsTheFormRunning) {
   const auto form = Loaded();
   int ticks = 0;
   bool refuse = true;
@@ -107,7 +107,7 @@ TEST_F(FormTest, CancelledUnloadLeavesTheFormAndItsTimersRunning) {
   EXPECT_THAT(form->events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload"));
 }
 
-TEST_F(FormTest, FailingQueryKeepsTheFormAndFailingUnloadHandlerDoesNot) {
+TEST_F(FormTest, FailedQueryKeepsTheFormAndFailedUnloadDoesNot) {
   const auto form = Loaded();
   form->OnQueryUnload = [](bool&) { throw std::runtime_error("No"); };
   EXPECT_THROW(form->Unload(), std::runtime_error);
@@ -119,7 +119,7 @@ TEST_F(FormTest, FailingQueryKeepsTheFormAndFailingUnloadHandlerDoesNot) {
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
 }
 
-TEST_F(FormTest, LoadHandlerThatUnloadsEndsUnshown) {
+TEST_F(FormTest, IsNotShownWhenLoadUnloadsIt) {
   const auto form = std::make_shared<ScriptedForm>(app);
   form->OnLoad = [&] { form->Unload(); };
   form->Show();
@@ -127,41 +127,40 @@ TEST_F(FormTest, LoadHandlerThatUnloadsEndsUnshown) {
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
 }
 
-TEST_F(FormTest, UnloadedFormAnswersNothing) {
+TEST_F(FormTest, CallsFailOnceUnloaded) {
   const auto form = Loaded();
   form->Unload();
-  const std::function<void()> uses[] = {
-      [&] { form->Visible(); },
-      [&] { form->Hwnd(); },
-      [&] { form->Clock.SetInterval(5); },
-      [&] { form->Clock.SetEnabled(true); },
-      [&] { form->Box.Width(); },
-      [&] { form->Box.Hwnd(); },
-      [&] { form->Box.Cls(); },
-      [&] { form->Box.Line(0, 0, 9, 9, kWhite); },
-      [&] { form->Box.LineBox(0, 0, 9, 9, kWhite); },
-      [&] { form->Box.Circle(0, 0, 9); },
-      [&] { form->Box.PSet(0, 0, kWhite); },
-      [&] { form->Box.Print("x"); },
-      [&] { form->Box.TextWidth("x"); },
-      [&] { form->Box.LoadPicture("x", nullptr); },
-      [&] { form->Box.OpenPacedRun(); },
-      [&] { form->Box.TakeFocus(); },
-      [&] { form->ImageBelow.Left(); },
-      [&] { form->ImageBelow.SetHeight(1); },
-      [&] { form->ImageBelow.SetPicture(nullptr); },
-  };
+  PictureBox& box = form->Box;
+  const std::function<void()> uses[] = {[&] { form->Visible(); },
+                                        [&] { form->Hwnd(); },
+                                        [&] { form->Clock.SetInterval(5); },
+                                        [&] { form->Clock.SetEnabled(true); },
+                                        [&] { box.Width(); },
+                                        [&] { box.Hwnd(); },
+                                        [&] { box.Cls(); },
+                                        [&] { box.Line(0, 0, 9, 9, kWhite); },
+                                        [&] { box.LineBox(0, 0, 9, 9, kWhite); },
+                                        [&] { box.Circle(0, 0, 9); },
+                                        [&] { box.PSet(0, 0, kWhite); },
+                                        [&] { box.Print("x"); },
+                                        [&] { box.TextWidth("x"); },
+                                        [&] { box.LoadPicture("x", nullptr); },
+                                        [&] { box.OpenPacedRun(); },
+                                        [&] { box.TakeFocus(); },
+                                        [&] { form->ImageBelow.Left(); },
+                                        [&] { form->ImageBelow.SetHeight(1); },
+                                        [&] { form->ImageBelow.SetPicture(nullptr); }};
   for (std::size_t i = 0; i < std::size(uses); ++i) {
     SCOPED_TRACE(i);
     EXPECT_EQ(FailureOf(uses[i]), FailureNumber::kNotLoaded);
   }
-  // These only note the value.
+  // These only set a value.
   form->ImageBelow.SetVisible(true);
   form->Box.SetBackColor(kWhite);
 }
 
 // The window that delivers the key must outlive its own event, and the form its handler.
-TEST_F(FormTest, FormUnloadedByItsOwnKeyOutlivesTheHandler) {
+TEST_F(FormTest, OutlivesTheHandlerThatUnloadsIt) {
   auto form = Loaded();
   form->Show();
   form->Clock.SetEnabled(true);
@@ -196,14 +195,14 @@ TEST_F(FormTest, EventsReachTheirHandlers) {
   EXPECT_THAT(form->events, ElementsAre("Load", "KeyDown 65", "MouseMove", "MouseDown", "QueryUnload", "Unload"));
 }
 
-TEST_F(FormTest, ControlsAreFoundByNameAndKind) {
+TEST_F(FormTest, FindsControlsByNameAndType) {
   const auto form = Loaded();
   EXPECT_EQ(&form->Find<Timer>("clock"), &form->Clock);
   EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Box"); }), FailureNumber::kNoSuchEntry);
   EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Nothing"); }), FailureNumber::kNoSuchEntry);
 }
 
-TEST_F(FormTest, FailureEndsItsHandlerInABoxAndTheEndOfTheProcessPassesThrough) {
+TEST_F(FormTest, ShowsFailuresOfHandlersInABox) {
   const auto form = Loaded();
   form->OnKey = [](int key) {
     if (key == 1) throw Failure(FailureNumber::kUnreadable, "Can't be read", "Test");
@@ -222,13 +221,13 @@ TEST_F(FormTest, FailureEndsItsHandlerInABoxAndTheEndOfTheProcessPassesThrough) 
   ASSERT_EQ(desktop.boxes.shown.size(), 2U);
   EXPECT_EQ(desktop.boxes.shown[0].text, "Can't be read");
   EXPECT_EQ(desktop.boxes.shown[1].text, "Out of luck");
-  // What was running no longer is: an unloaded form goes at once.
+  // No handler is running, so an unloaded form is destroyed at once.
   form->Unload();
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
 }
 
 // The process may end, and its application go, with forms loaded that somebody else still holds.
-TEST_F(FormTest, ApplicationUnloadsItsFormsWithoutTheirHandlers) {
+TEST_F(FormTest, ApplicationDestroysItsFormsWithoutHandlers) {
   std::shared_ptr<ScriptedForm> form;
   {
     Application inner(desktop);

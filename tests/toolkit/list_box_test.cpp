@@ -7,7 +7,7 @@
 namespace quorvale {
 namespace {
 
-TEST_F(HeadlessTest, ListBoxCountsFromZeroAndHasAnEnd) {
+TEST_F(HeadlessTest, ListBoxChecksPositionsAndItsLimit) {
   Application app(desktop);
   ScriptedForm form(app);
   ListBox list(form, {.name = "List"});

@@ -38,7 +38,7 @@ class PictureBoxTest : public HeadlessTest {
     return row;
   }
 
-  // Brings the screen up to date and forgets that.
+  // Presents all changes and clears the log.
   void Settle() {
     app.PumpEvents();
     desktop.presentations.clear();
@@ -49,9 +49,13 @@ class PictureBoxTest : public HeadlessTest {
   PictureBox& box = form->Box;
 };
 
-TEST_F(PictureBoxTest, SurfaceHasTheDevicePixelsAndFollowsTheScale) {
+TEST_F(PictureBoxTest, FollowsBackColourScaleAndSize) {
   EXPECT_EQ(box.Pixels().Bounds(), (PixelRect{0, 0, 100, 40}));
+  box.LineBox(0, 0, 150, 150, kGreen);
+  box.SetBackColor(kBlack);
+  EXPECT_EQ(RgbAt(box.Pixels(), 5, 5), kGreenRgb) << "the same colour repaints nothing";
   box.SetBackColor(kRed);
+  EXPECT_EQ(RgbAt(box.Pixels(), 5, 5), kRedRgb);
   desktop.SetScreen(800, 600, 1.5F);
   EXPECT_EQ(box.Pixels().Bounds(), (PixelRect{0, 0, 150, 60}));
   EXPECT_EQ(RgbAt(box.Pixels(), 149, 59), kRedRgb);
@@ -61,7 +65,7 @@ TEST_F(PictureBoxTest, SurfaceHasTheDevicePixelsAndFollowsTheScale) {
   EXPECT_EQ(box.Pixels().Bounds(), (PixelRect{0, 0, 15, 15}));
 }
 
-TEST_F(PictureBoxTest, AbsurdSizeIsRefusedAndTheOldOneKept) {
+TEST_F(PictureBoxTest, RefusesAHugeSizeAndKeepsTheOldOne) {
   for (const float side : {1e30F, 1e6F, std::numeric_limits<float>::infinity()}) {
     EXPECT_EQ(FailureOf([&] { box.Move(0, 0, side, side); }), FailureNumber::kInvalidValue);
     EXPECT_EQ(box.Width(), 1500);
@@ -69,15 +73,7 @@ TEST_F(PictureBoxTest, AbsurdSizeIsRefusedAndTheOldOneKept) {
   }
 }
 
-TEST_F(PictureBoxTest, OnlyANewBackColourPaintsOverWhatWasDrawn) {
-  box.LineBox(0, 0, 150, 150, kGreen);
-  box.SetBackColor(kBlack);
-  EXPECT_EQ(RgbAt(box.Pixels(), 5, 5), kGreenRgb);
-  box.SetBackColor(kRed);
-  EXPECT_EQ(RgbAt(box.Pixels(), 5, 5), kRedRgb);
-}
-
-TEST_F(PictureBoxTest, ImagesArePaintedInOrderOverTheBackground) {
+TEST_F(PictureBoxTest, PaintsImagesInOrderOverTheBackground) {
   form->ImageBelow.SetWidth(450);
   form->ImageBelow.SetHeight(300);
   form->ImageBelow.SetPicture(Load(2, 1, {"ff0000", "00ff00"}));
@@ -95,8 +91,8 @@ TEST_F(PictureBoxTest, ImagesArePaintedInOrderOverTheBackground) {
   EXPECT_THAT(Row(0, columns), ElementsAre(kRedRgb, kRedRgb, kGreenRgb, kGreenRgb, kGreenRgb, kBlackRgb, kBlackRgb));
 }
 
-// What is drawn stays until an image's area is painted again, and then goes only there.
-TEST_F(PictureBoxTest, DrawingIsForgottenWhereAnImageChanges) {
+// Drawings are not remembered, so they vanish in that area.
+TEST_F(PictureBoxTest, RepaintsTheAreaOfAChangedImageOnly) {
   ImageControl& image = form->ImageBelow;
   image.SetLeft(300);
   image.SetWidth(300);
@@ -125,7 +121,7 @@ TEST_F(PictureBoxTest, DrawingIsForgottenWhereAnImageChanges) {
   }
 }
 
-TEST_F(PictureBoxTest, ImageWithoutStretchTakesThePicturesSize) {
+TEST_F(PictureBoxTest, ImagesWithoutStretchTakeThePicturesSize) {
   desktop.SetScreen(800, 600, 2);
   form->Measure.SetPicture(Load(30, 10, {"ff0000"}));
   EXPECT_EQ(form->Measure.Width(), 225) << "one picture pixel is one of the screen's";
@@ -136,7 +132,7 @@ TEST_F(PictureBoxTest, ImageWithoutStretchTakesThePicturesSize) {
   EXPECT_EQ(&form->ImageBelow.Container(), &box);
 }
 
-TEST_F(PictureBoxTest, BoxCoversItsCornersWhateverTheirOrder) {
+TEST_F(PictureBoxTest, LineBoxCoversItsCornersInAnyOrder) {
   const TwipRect corners[] = {{150, 75, 300, 150}, {300, 150, 150, 75}, {300, 75, 150, 150}};
   for (const TwipRect& c : corners) {
     box.Cls();
@@ -149,7 +145,7 @@ TEST_F(PictureBoxTest, BoxCoversItsCornersWhateverTheirOrder) {
   }
 }
 
-TEST_F(PictureBoxTest, CircleHasItsOutlineAndFillAndPensGrowWithTheScale) {
+TEST_F(PictureBoxTest, DrawsCirclesAndScalesPens) {
   desktop.SetScreen(800, 600, 2);
   box.SetForeColor(kRed);
   box.SetFillColor(kGreen);
@@ -164,7 +160,7 @@ TEST_F(PictureBoxTest, CircleHasItsOutlineAndFillAndPensGrowWithTheScale) {
   EXPECT_THAT(Row(40, {0, 3, 4}), ElementsAre(kRedRgb, kRedRgb, kBlackRgb));
 }
 
-TEST_F(PictureBoxTest, TextStandsAtThePositionWhichThenMovesToTheNextLine) {
+TEST_F(PictureBoxTest, PrintsAtThePositionAndMovesToTheNextLine) {
   EXPECT_EQ(box.TextWidth("\xC3\xA4 b"), 360);
   EXPECT_EQ(box.TextHeight("ab"), 285);
   box.SetForeColor(kRed);
@@ -183,7 +179,7 @@ TEST_F(PictureBoxTest, TextStandsAtThePositionWhichThenMovesToTheNextLine) {
   EXPECT_EQ(RgbAt(box.Pixels(), 10, 2), kBlackRgb);
 }
 
-TEST_F(PictureBoxTest, NumbersThatAreNoPlacesAreRefused) {
+TEST_F(PictureBoxTest, RefusesInvalidNumbers) {
   const float infinity = std::numeric_limits<float>::infinity();
   const std::function<void()> wrong[] = {
       [&] { box.Line(0, infinity, 0, 0, kRed); },
@@ -208,35 +204,12 @@ TEST_F(PictureBoxTest, NumbersThatAreNoPlacesAreRefused) {
   EXPECT_EQ(RgbAt(box.Pixels(), 50, 20), kGreenRgb);
 }
 
-TEST_F(PictureBoxTest, OperationsAreShownAsTheyWereAsked) {
-  const DrawRecorder recorder(box);
-  box.SetDrawWidth(30);
-  box.SetForeColor(kGreen);
-  box.Cls();
-  box.Line(1, 2, 3, 4, kRed);
-  box.LineBox(9, 8, 7, 6, kRed);
-  box.Circle(1, 2, 3);
-  box.PSet(1, 2, kRed);
-  box.SetCurrentY(5);
-  box.Print("x");
-  using Kind = DrawOperation::Kind;
-  EXPECT_THAT(
-      recorder.operations,
-      ElementsAre(
-          DrawOperation{.kind = Kind::kCls},
-          DrawOperation{.kind = Kind::kLine, .x1 = 1, .y1 = 2, .x2 = 3, .y2 = 4, .draw_width = 30, .colour = kRed},
-          DrawOperation{.kind = Kind::kBox, .x1 = 9, .y1 = 8, .x2 = 7, .y2 = 6, .draw_width = 30, .colour = kRed},
-          DrawOperation{.kind = Kind::kCircle, .x1 = 1, .y1 = 2, .radius = 3, .draw_width = 30, .colour = kGreen},
-          DrawOperation{.kind = Kind::kPSet, .x1 = 1, .y1 = 2, .draw_width = 30, .colour = kRed},
-          DrawOperation{.kind = Kind::kPrint, .y1 = 5, .colour = kGreen, .text = "x"}));
-}
-
-TEST_F(PictureBoxTest, FormThatGoesBeforeAnOperationIsCarriedOutFailsIt) {
+TEST_F(PictureBoxTest, DrawingFailsWhenItsHandlerUnloadsTheForm) {
   box.Drawing = [&](const DrawOperation&) { form->Unload(); };
   EXPECT_EQ(FailureOf([&] { box.Cls(); }), FailureNumber::kNotLoaded);
 }
 
-TEST_F(PictureBoxTest, PassesPresentWhatChangedAndLoadingPresentsBeforeItReads) {
+TEST_F(PictureBoxTest, PresentsChangesInAPassAndBeforeLoading) {
   Settle();
   app.PumpEvents();
   EXPECT_THAT(desktop.presentations, IsEmpty());
@@ -260,7 +233,7 @@ TEST_F(PictureBoxTest, PassesPresentWhatChangedAndLoadingPresentsBeforeItReads) 
   EXPECT_EQ(desktop.pictures.loads[0].clip, (PixelRect{0, 0, 100, 40}));
 }
 
-TEST_F(PictureBoxTest, MouseGoesToTheTopmostVisibleImageUnderIt) {
+TEST_F(PictureBoxTest, MouseEventsGoToTheTopmostVisibleImage) {
   std::vector<std::string> hits;
   box.MouseMove = [&] { hits.emplace_back("box"); };
   box.MouseDown = [&] { hits.emplace_back("press"); };
@@ -280,8 +253,7 @@ TEST_F(PictureBoxTest, MouseGoesToTheTopmostVisibleImageUnderIt) {
   EXPECT_THAT(hits, ElementsAre("below", "below", "above", "above", "box", "below", "press"));
 }
 
-// A form that goes in the middle of an effect costs the effect's next step, nothing else.
-TEST_F(PictureBoxTest, FormThatGoesDuringAPacedRunFailsTheNextStep) {
+TEST_F(PictureBoxTest, UnloadingDuringAnEffectFailsTheNextStep) {
   const WindowHandle window = box.Hwnd();
   desktop.queue.AtPump(3, [&] { desktop.PressKey(window, 27); });
   box.KeyDown = [&](int) { form->Unload(); };

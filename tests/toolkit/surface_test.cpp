@@ -46,7 +46,7 @@ struct ShapeCase {
   std::vector<std::string> look;
 };
 
-TEST(Surface, ShapesCoverThePixelsWhoseCentresTheyHold) {
+TEST(Surface, ShapesCoverThePixelsWhoseCentresAreInside) {
   const ShapeCase cases[] = {
       {"an odd pen on a whole coordinate",
        [](Surface& s) { s.DrawLine(3, 0, 3, 4, 1, kInk); },
@@ -113,7 +113,7 @@ TEST(Surface, ShapesCoverThePixelsWhoseCentresTheyHold) {
   }
 }
 
-// The same pictures made pixel by pixel, with the changes that they make.
+// Draws the same shapes pixel by pixel and records the changed pixels.
 class PlainSurface {
  public:
   PlainSurface(int width, int height, Pixel fill)
@@ -147,7 +147,7 @@ bool InTurnedBox(double dx, double dy, double along_x, double along_y, double re
   return std::abs(dx * along_x + dy * along_y) <= reach && std::abs(dy * along_x - dx * along_y) <= half;
 }
 
-// Draws the same at random on both kinds of surface.
+// Draws the same random shapes on both kinds of surface.
 class BothSurfaces {
  public:
   BothSurfaces(int width, int height, unsigned seed) : plain(width, height, kPaper), random_(seed) {
@@ -254,7 +254,7 @@ class BothSurfaces {
   std::mt19937 random_;
 };
 
-TEST(Surface, DrawsAndChangesWhatAPlainOneDoes) {
+TEST(Surface, DrawsAndMarksTheSameAsAPlainSurface) {
   for (unsigned seed = 0; seed < 60; ++seed) {
     BothSurfaces both(61, 43, seed);
     for (int step = 0; step < 100; ++step) {
@@ -267,17 +267,7 @@ TEST(Surface, DrawsAndChangesWhatAPlainOneDoes) {
   }
 }
 
-TEST(Surface, ADiscThatGrowsIsGivenInFewerRectanglesThanItHasSpans) {
-  Surface surface;
-  surface.Resize(640, 640, kPaper);
-  surface.DrawCircle(320, 320, 298, 5, kInk, kInk);
-  surface.Dirty().Take();
-  surface.DrawCircle(320, 320, 300, 5, kInk, kInk);
-  const std::size_t spans = surface.Dirty().Spans().size();
-  EXPECT_LT(surface.Dirty().Take().size(), spans / 2);
-}
-
-TEST(Surface, AResizeMakesAllOfItDirty) {
+TEST(Surface, ResizingMakesEverythingDirty) {
   Surface surface;
   EXPECT_TRUE(surface.Dirty().IsEmpty());
   surface.DrawLine(0, 0, 5, 5, 3, kInk);

@@ -1,4 +1,4 @@
-#include "toolkit/timer.h"
+#include "toolkit/nonvisual_controls.h"
 
 #include <limits>
 
@@ -24,7 +24,7 @@ class TimerTest : public HeadlessTest {
   std::vector<double> ticks;
 };
 
-TEST_F(TimerTest, RunsOnlyWhileEnabledAndEachSettingStartsItAnew) {
+TEST_F(TimerTest, FiresWhileEnabledAndRestartsWhenSet) {
   desktop.queue.Advance(150);
   timer.SetEnabled(true);
   desktop.queue.Advance(210);  // 250, 350
@@ -41,7 +41,7 @@ TEST_F(TimerTest, RunsOnlyWhileEnabledAndEachSettingStartsItAnew) {
   EXPECT_THAT(ticks, ElementsAre(250, 350, 455, 975));
 }
 
-TEST_F(TimerTest, IntervalIsRoundedOrRefused) {
+TEST_F(TimerTest, RoundsOrRefusesTheInterval) {
   const double infinity = std::numeric_limits<double>::infinity();
   const struct {
     double given;
@@ -61,7 +61,7 @@ TEST_F(TimerTest, IntervalIsRoundedOrRefused) {
   }
 }
 
-TEST_F(TimerTest, RefusedIntervalDoesNotRestartTheCountdown) {
+TEST_F(TimerTest, KeepsCountingWhenAnIntervalIsRefused) {
   timer.SetEnabled(true);
   desktop.queue.Advance(60);
   EXPECT_EQ(FailureOf([&] { timer.SetInterval(1e6); }), FailureNumber::kInvalidValue);
@@ -69,7 +69,7 @@ TEST_F(TimerTest, RefusedIntervalDoesNotRestartTheCountdown) {
   EXPECT_THAT(ticks, ElementsAre(100));
 }
 
-TEST_F(TimerTest, EventsDuringItsOwnHandlerAreDropped) {
+TEST_F(TimerTest, DropsEventsDuringItsOwnHandler) {
   timer.SetEnabled(true);
   timer.Elapsed = [this] {
     ticks.push_back(desktop.queue.Milliseconds());
@@ -83,7 +83,7 @@ TEST_F(TimerTest, EventsDuringItsOwnHandlerAreDropped) {
   EXPECT_THAT(ticks, ElementsAre(100, 400));
 }
 
-TEST_F(TimerTest, HandlerThatFailsOrUnloadsTheFormHarmsNothing) {
+TEST_F(TimerTest, SurvivesAHandlerThatFailsOrUnloadsTheForm) {
   timer.SetEnabled(true);
   timer.Elapsed = [this] {
     ticks.push_back(desktop.queue.Milliseconds());

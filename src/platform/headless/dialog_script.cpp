@@ -1,5 +1,7 @@
 #include "platform/headless/dialog_script.h"
 
+#include <utility>
+
 namespace quorvale {
 namespace {
 
@@ -12,6 +14,21 @@ User TakeFirst(std::deque<User>& users) {
 }
 
 }  // namespace
+
+void MessageBoxScript::Answer(MessageBoxAnswer answer) {
+  users_.emplace_back([answer](const MessageBox&) { return answer; });
+}
+
+MessageBoxAnswer MessageBoxScript::Show(const MessageBox& box) {
+  shown.push_back(box);
+  if (users_.empty()) {
+    unexpected.push_back(box);
+    return MessageBoxAnswer::kNone;
+  }
+  const User user = std::move(users_.front());
+  users_.pop_front();
+  return user(box);
+}
 
 void DialogScript::AnswerFile(const std::string& chosen) {
   AnswerFile([chosen](const FileDialog&) { return chosen; });

@@ -24,7 +24,7 @@ class EventQueue::Timer : public TimerPeer {
 
   void Fire() {
     due_ = queue_.now_ + interval_;
-    // The handler may be the end of this object.
+    // The handler may destroy this object.
     const std::function<void()> fired = fired_;
     fired();
   }
@@ -79,7 +79,7 @@ int EventQueue::RunningTimers() const {
 }
 
 void EventQueue::RunPosted() {
-  // What these events post themselves is for the next pass.
+  // Events that these events post run in the next pass.
   for (std::size_t left = posted_.size(); left > 0 && !posted_.empty(); --left) {
     const auto event = std::move(posted_.front());
     posted_.pop_front();

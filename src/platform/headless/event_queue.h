@@ -11,36 +11,36 @@
 
 namespace quorvale {
 
-// The event queue of the one thread, on a clock that only moves when it is told to. Passes may nest.
+// The event queue of the main thread, with a virtual clock. Passes may nest.
 class EventQueue {
  public:
-  // Called at the end of each pass, when the screen is brought up to date.
+  // Called at the end of each pass, to present what has changed.
   std::function<void()> PassEnding;
 
-  // One pass: the actions planned for it, the events posted before it, the timers that are due.
+  // Runs one pass: the actions planned for it, the events posted before it, and the timers that are due.
   void Pump();
-  // Passes so far.
+  // The number of passes so far.
   std::int64_t PumpCount() const { return pump_count_; }
 
-  // Runs `event` in the next pass, or when the clock is next advanced.
+  // Runs `event` in the next pass, or at the next `Advance`.
   void Post(std::function<void()> event);
-  // Runs `action` at the beginning of the `count`-th pass from now; 1 is the next one.
+  // Runs `action` at the start of the `count`-th pass from now; 1 is the next one.
   void AtPump(int count, std::function<void()> action);
-  // What was planned and posted and has not run is forgotten.
+  // Discards planned actions and posted events that have not run.
   void Forget();
 
-  // Moves the clock on, delivers what is posted and fires each timer at its own time, in order of time.
+  // Advances the clock, delivers posted events, and fires each timer at its own time, in order of time.
   void Advance(int milliseconds);
-  // Moves the clock on as a busy program does: what became due fires in the next pass.
+  // Advances the clock without delivering events, as a busy program does. Timers that are due fire in the next pass.
   void Skip(int milliseconds) { now_ += MicrosecondsOf(milliseconds); }
-  // Lets each pass take that long. None at first.
+  // Sets how long a pass takes. 0 at first.
   void SetMicrosecondsPerPump(std::int64_t microseconds) { per_pump_ = microseconds; }
-  // Time since the clock began.
+  // The time on the clock, which starts at 0.
   std::int64_t Microseconds() const { return now_; }
   double Milliseconds() const { return static_cast<double>(now_) / 1000; }
 
   std::unique_ptr<TimerPeer> CreateTimer(std::function<void()> fired);
-  // Timers that are counting down.
+  // The number of timers that are counting down.
   int RunningTimers() const;
 
  private:
@@ -48,7 +48,7 @@ class EventQueue {
   static std::int64_t MicrosecondsOf(int milliseconds) { return std::int64_t{1000} * milliseconds; }
 
   void RunPosted();
-  // Fires the first timer that is due at `time`; false when there is none.
+  // Fires the timer that is due first, if that is not after `time`. Otherwise returns false.
   bool FireOne(std::int64_t time);
 
   std::int64_t now_ = 0;

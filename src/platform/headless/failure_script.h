@@ -6,17 +6,17 @@
 
 namespace quorvale {
 
-// Which of the calls to come fail. `Kind` is an enumeration of calls; its `kAny` stands for all of them.
+// Makes future calls fail. `Kind` is an enumeration of calls; `kAny` in it stands for all of them.
 template <typename Kind>
 class FailureScript {
  public:
-  // The `count`-th call of that kind from now on gives `result`; 1 is the next one.
+  // The `count`-th call of that kind from now on returns `result`; 1 is the next one.
   void FailCall(Kind kind, int count, int result) { rules_.push_back({.kind = kind, .left = count, .result = result}); }
-  // Every call of that kind gives `result`.
+  // Every call of that kind returns `result`.
   void FailEvery(Kind kind, int result) { rules_.push_back({.kind = kind, .result = result, .every = true}); }
   void Forget() { rules_.clear(); }
 
-  // Counts a call: the result that it must give, or none when it is to work.
+  // Counts a call. Returns the result if it must fail, otherwise nothing.
   std::optional<int> Next(Kind kind) {
     std::optional<int> result;
     for (Rule& rule : rules_) {

@@ -23,7 +23,9 @@ class HeadlessDesktop::FormWindow : public WindowPeer {
   void SetIcon(const Artwork& /*icon*/) override {}
   void SetVisible(bool visible) override {
     Window().visible = visible;
-    if (visible) windows_.SetForeground(handle_);
+    if (!visible) return;
+    windows_.SetForeground(handle_);
+    if (windows_.Shown) windows_.Shown(handle_);
   }
 
  private:
@@ -49,7 +51,7 @@ class HeadlessDesktop::BoxWindow : public SurfacePeer {
 
   WindowHandle Handle() const override { return handle_; }
   float Scale() const override { return desktop_.screen_.scale; }
-  // The window is gone once a host that it sat in is.
+  // The window is destroyed together with the host window that contains it.
   void SetBounds(const PixelRect& bounds) override {
     if (HeadlessWindow* const window = Window()) window->bounds = bounds;
   }
@@ -78,7 +80,7 @@ class HeadlessDesktop::Hook : public MessageHookPeer {
 
   void Watch(WindowHandle window) override { window_ = window; }
   void Report(int message) override { reported_.insert(message); }
-  void Hear(WindowHandle window, int message) {
+  void Deliver(WindowHandle window, int message) {
     if (window == window_ && reported_.contains(message)) arrived_(message);
   }
 
@@ -131,7 +133,7 @@ std::unique_ptr<MessageHookPeer> HeadlessDesktop::CreateMessageHookPeer(std::fun
 
 void HeadlessDesktop::SendMessage(WindowHandle window, int message) {
   const std::vector<Hook*> hooks = hooks_;
-  for (Hook* const hook : hooks) hook->Hear(window, message);
+  for (Hook* const hook : hooks) hook->Deliver(window, message);
 }
 
 std::unique_ptr<TimerPeer> HeadlessDesktop::CreateTimerPeer(std::function<void()> fired) {
@@ -202,7 +204,7 @@ bool HeadlessDesktop::Deliver(WindowHandle window, ToBox to_box, ToForm to_form)
   if (target == nullptr) throw Failure(FailureNumber::kInvalidArgument, "No such window", "HeadlessDesktop");
   const HeadlessWindow* const parent = windows.Find(target->parent);
   if (!target->enabled || (parent != nullptr && !parent->enabled)) return false;
-  // The window may be gone after its event.
+  // The event may destroy the window.
   if (target->surface_events != nullptr) {
     to_box(*target->surface_events);
   } else if (target->events != nullptr) {

@@ -4,41 +4,39 @@
 #include <memory>
 #include <vector>
 
-#include "platform/headless/block_text.h"
 #include "platform/headless/dialog_script.h"
 #include "platform/headless/event_queue.h"
+#include "platform/headless/headless_graphics.h"
 #include "platform/headless/headless_widgets.h"
 #include "platform/headless/memory_file_system.h"
 #include "platform/headless/memory_registry.h"
-#include "platform/headless/message_box_script.h"
 #include "platform/headless/services.h"
-#include "platform/headless/text_pictures.h"
 #include "platform/headless/window_table.h"
 #include "system/system.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {
 
-// The passes that an effect made through one paced run.
+// One paced run and its number of passes.
 struct PacedRunLog {
   WindowHandle surface = 0;
   int pumps = 0;
   bool open = true;
 };
 
-// What went from a surface to the screen in one go, in device pixels.
+// The parts of a surface that were presented together, in device pixels.
 struct Presentation {
   WindowHandle surface = 0;
   std::vector<PixelRect> rects;
 };
 
-// A whole desktop in memory, on a clock that stands still until it is advanced. It must outlive the
-// `Application` that runs on it; several can live side by side.
+// A desktop in memory with a virtual clock. It must outlive the `Application` that runs on it. Desktops are independent
+// of each other.
 class HeadlessDesktop : public Platform {
  public:
   HeadlessDesktop();
 
-  // The operating system's side, for the process.
+  // The services of the operating system, for a `Process`.
   System Services();
 
   ScreenInfo Screen() override { return screen_; }
@@ -59,7 +57,7 @@ class HeadlessDesktop : public Platform {
     return dialogs.Folder(title);
   }
 
-  // What follows is the user, the machine and the observer.
+  // For tests: state, scripted users and records.
 
   CallLog calls;
   EventQueue queue;
@@ -74,25 +72,24 @@ class HeadlessDesktop : public Platform {
   DialogScript dialogs;
   HeadlessWidgets widgets;
   TextPictureLoader pictures{files};
-  // One for each effect so far.
+  // All paced runs so far.
   std::vector<PacedRunLog> paced_runs;
   std::vector<Presentation> presentations;
 
-  // 800 by 600 pixels at scale 1 at first. A change is told to every picture box and saver window.
+  // 800 by 600 pixels at scale 1 at first. All picture boxes and saver windows are notified.
   void SetScreen(int width, int height, float scale = 1);
 
-  // Input at a form's or a picture box's window, delivered at once; positions in the toolkit's pixels.
-  // A disabled window gets none, and false says so. Fails with kInvalidArgument where there is no such
-  // window.
+  // Delivers input to the window of a form or picture box at once. Positions are in toolkit pixels. A disabled window
+  // gets no input; the result is false then. Fails with kInvalidArgument if there is no such window.
   bool PressKey(WindowHandle window, int key);
   bool MoveMouse(WindowHandle window, int x = 0, int y = 0);
   bool PressMouse(WindowHandle window, int x = 0, int y = 0);
   bool RequestClose(WindowHandle window);
   bool RequestHelp(WindowHandle window);
-  // A window of another program comes to the front of that one.
+  // Brings another program's window to the front of this one.
   bool Deactivate(WindowHandle window);
 
-  // A message arrives at a window, and whoever hooks it hears of it.
+  // Delivers a message to a window, and thereby to its hooks.
   void SendMessage(WindowHandle window, int message);
 
  private:

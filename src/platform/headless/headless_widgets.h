@@ -10,8 +10,8 @@ namespace quorvale {
 
 class Widget;
 
-// Controls without a look: they hold their state themselves, so that only the focus is left to keep. As on any desktop
-// it leaves a control that is disabled or hidden for the next in tab order.
+// Peers without a look. Controls hold their own state, so the peers only track the focus. As on any desktop, it moves
+// from a control that is disabled or hidden to the next one in tab order.
 class HeadlessWidgets : public WidgetFactory {
  public:
   std::unique_ptr<WidgetPeer> Make(WindowPeer& window, Button& button) override;
@@ -28,13 +28,13 @@ class HeadlessWidgets : public WidgetFactory {
   std::unique_ptr<WidgetPeer> Make(WindowPeer& window, TextBox& box) override;
   std::unique_ptr<MenuBarPeer> Make(WindowPeer& window, MenuBar& bar) override;
 
-  // The name of the control that has the focus; empty where none has.
+  // The name of the control that has the focus; empty if none has.
   std::string focused;
 
-  // The peers of controls in a tab order, while they are there.
+  // Called by the peers of controls that the tab key visits.
   void Add(const Widget& control) { stops_.push_back(&control); }
   void Remove(const Widget& control) { std::erase(stops_, &control); }
-  // Gives the focus of that control to the next one of its form.
+  // Moves the focus from that control to the next one of its form.
   void PassFocusOn(const Widget& control);
 
  private:

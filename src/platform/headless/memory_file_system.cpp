@@ -4,14 +4,13 @@
 
 #include "base/failure.h"
 #include "base/text.h"
-#include "platform/headless/wildcard.h"
 
 namespace quorvale {
 namespace {
 
 constexpr int kLookedAt = kAttributeHidden | kAttributeSystem | kAttributeDirectory;
 
-// Whether a search with that mask finds an entry with those attributes.
+// Whether a search with `mask` finds an entry with these attributes.
 bool Finds(int mask, int attributes) { return (attributes & kLookedAt & ~mask) == 0; }
 
 Failure Unreadable(const std::string& path) {
@@ -28,7 +27,7 @@ void MemoryFileSystem::EnumerateFiles(const std::string& directory, const std::v
   if (entry == nullptr || !entry->IsDirectory()) {
     throw Failure(FailureNumber::kNotFound, "No such directory: " + directory, "MemoryFileSystem");
   }
-  // Names are collected first: what is told of them may change the tree.
+  // Collect the names first, because `found` may change the tree.
   std::vector<std::string> names;
   const std::vector<const Entry*> entries = EntriesOf(directory);
   for (const std::string& pattern : patterns) {
@@ -157,7 +156,7 @@ std::string MemoryFileSystem::Normalised(const std::string& path) const {
   return syntax_.separator == '\\' ? WithLongNames(UpperCase(result)) : result;
 }
 
-// Every element may stand there in its short form.
+// Each element may be in its short form.
 std::string MemoryFileSystem::WithLongNames(const std::string& normalised) const {
   std::string result;
   for (std::size_t first = 0; first <= normalised.size();) {
@@ -210,6 +209,16 @@ std::vector<const MemoryFileSystem::Entry*> MemoryFileSystem::EntriesOf(const st
     return upper_a != upper_b ? upper_a < upper_b : a->name < b->name;
   });
   return entries;
+}
+
+bool MatchesWildcard(std::string_view name, std::string_view pattern) {
+  if (pattern.empty()) return name.empty();
+  if (pattern.front() == '*') {
+    return MatchesWildcard(name, pattern.substr(1)) || (!name.empty() && MatchesWildcard(name.substr(1), pattern));
+  }
+  if (name.empty()) return false;
+  const bool same = pattern.front() == '?' || EqualsIgnoringCase(name.substr(0, 1), pattern.substr(0, 1));
+  return same && MatchesWildcard(name.substr(1), pattern.substr(1));
 }
 
 }  // namespace quorvale

@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -15,9 +16,9 @@ namespace quorvale {
 
 enum class FileCall { kAny, kEnumerate, kFind, kShortName, kWriteIni, kReadFile, kWriteFile };
 
-// A file tree in memory. With "\" as the separator paths are Windows': "/" divides as well and case does
-// not count. With "/" they are Unix paths. Wildcards never look at case. A call that is told to fail
-// fails with kUnreadable, `WritePrivateProfileString` gives false.
+// A file tree in memory. With the separator "\" it has Windows paths: "/" is a separator too, and case is ignored. With
+// "/" it has Unix paths. Wildcards always ignore case. Scripted failures are kUnreadable;
+// `WritePrivateProfileString` returns false.
 class MemoryFileSystem : public FileSystem {
  public:
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
@@ -31,27 +32,27 @@ class MemoryFileSystem : public FileSystem {
   std::string FromOlderCodePage(const std::string& bytes) override { return FromCodePage1252(bytes); }
   PathSyntax Syntax() const override { return syntax_; }
 
-  // What follows is for the test. The separator is to be set before anything is added.
+  // For tests. Set the separator before adding anything.
 
   void SetSyntax(PathSyntax syntax) { syntax_ = syntax; }
 
-  // Adds or replaces a file or directory, with the directories that lead to it.
+  // Adds or replaces a file or directory. Missing parent directories are added too.
   void AddFile(const std::string& path, const std::string& content = {}, int attributes = kAttributeArchive);
   void AddDirectory(const std::string& path, int attributes = kAttributeDirectory);
-  // The last element's short form.
+  // Sets the short form of the path's last element.
   void SetShortName(const std::string& path, const std::string& name);
-  // Takes away a file, or a directory with all that is in it.
+  // Removes a file, or a directory with its contents.
   void Remove(const std::string& path);
 
   FailureScript<FileCall> failures;
-  // That directory gives so many names and then fails to be read, and a file fails to be opened.
+  // Makes reading a file fail. Reading a directory fails after that many names.
   void MakeUnreadable(const std::string& path, int names_before = 0);
 
   // The directories enumerated so far.
   const std::vector<std::string>& Enumerated() const { return enumerated_; }
-  // How many bytes the last `ReadFile` might give.
+  // The size limit of the last `ReadFile`, in bytes.
   std::size_t MostRead() const { return most_read_; }
-  // A line of an INI file as it was last written.
+  // The value last written to an INI file.
   std::optional<std::string> IniLine(const std::string& section, const std::string& key, const std::string& file) const;
 
   enum class ReadResult { kRead, kNotFound, kUnreadable };
@@ -63,18 +64,18 @@ class MemoryFileSystem : public FileSystem {
     std::string short_name;
     std::string content;
     int attributes = 0;
-    int readable_names = -1;  // none is unreadable
+    int readable_names = -1;  // -1: readable
 
     bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
   };
-  // The entries of a directory by their normalised path, which makes a directory's entries neighbours.
+  // Entries by normalised path, so that the entries of a directory are neighbours.
   using Tree = std::map<std::string, Entry>;
 
   bool IsSeparator(char c) const { return c == syntax_.separator || (syntax_.separator == '\\' && c == '/'); }
-  // With "/" between the elements, none at the end, and in upper case where case does not count.
+  // With "/" between the elements, without one at the end, and in upper case if case is ignored.
   std::string Normalised(const std::string& path) const;
   std::string WithLongNames(const std::string& normalised) const;
-  // The two parts of a path: what leads to its last element, and that element.
+  // The two parts of a path: everything before its last element, and that element.
   std::string ParentOf(const std::string& path) const;
   std::string NameOf(const std::string& path) const;
   const Entry* Find(const std::string& path) const;
@@ -87,5 +88,8 @@ class MemoryFileSystem : public FileSystem {
   std::size_t most_read_ = 0;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> ini_;
 };
+
+// Whether `name` matches `pattern`: "*" stands for any characters, "?" for one byte. ASCII case is ignored.
+bool MatchesWildcard(std::string_view name, std::string_view pattern);
 
 }  // namespace quorvale

@@ -22,7 +22,7 @@ std::vector<std::string> Levels(const std::string& path) {
   return levels;
 }
 
-// What a query gives: a text ends in a NUL whether or not it was stored with one.
+// The bytes that a query returns. A text ends in a NUL even if it was stored without one.
 std::string QueriedBytes(std::uint32_t type, const std::string& bytes) {
   const bool needs_nul = type == kRegSz && (bytes.empty() || bytes.back() != '\0');
   return needs_nul ? bytes + '\0' : bytes;
@@ -76,7 +76,7 @@ std::int32_t MemoryRegistry::RegSetValueEx(RegistryKey key, const std::string& n
   if (const auto result = Begin(RegistryCall::kSet)) return *result;
   std::shared_ptr<Node> node;
   if (const auto result = Use(key, kSetValue, node); result != kErrorSuccess) return result;
-  NoteWrite();
+  CountWrite();
   node->values[UpperCase(name)] = {type, std::string(data, size)};
   return kErrorSuccess;
 }
@@ -86,7 +86,7 @@ std::int32_t MemoryRegistry::RegDeleteValue(RegistryKey key, const std::string& 
   std::shared_ptr<Node> node;
   if (const auto result = Use(key, kSetValue, node); result != kErrorSuccess) return result;
   if (node->values.erase(UpperCase(name)) == 0) return kErrorFileNotFound;
-  NoteWrite();
+  CountWrite();
   return kErrorSuccess;
 }
 
@@ -106,7 +106,7 @@ std::int32_t MemoryRegistry::RegDeleteKey(RegistryKey key, const std::string& na
   const auto doomed = parent->children.find(last);
   if (doomed == parent->children.end()) return kErrorFileNotFound;
   if (!doomed->second->children.empty()) return kErrorAccessDenied;
-  NoteWrite();
+  CountWrite();
   doomed->second->deleted = true;
   parent->children.erase(doomed);
   return kErrorSuccess;

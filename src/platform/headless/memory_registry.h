@@ -27,7 +27,7 @@ enum class RegistryCall {
   kCancel
 };
 
-// A registry in memory, empty but for its hives. Its calls can be told to fail.
+// A registry in memory. It starts with empty hives. Calls can be made to fail.
 class MemoryRegistry : public Registry {
  public:
   MemoryRegistry();
@@ -47,18 +47,18 @@ class MemoryRegistry : public Registry {
   std::int32_t CommitWrites() override;
   void CancelWrites() override;
 
-  // What follows is for the test: it neither counts as a call nor fails.
+  // For tests: none of these counts as a call or fails.
 
   FailureScript<RegistryCall> failures;
   // The calls made so far, in order.
   std::vector<RegistryCall> calls;
-  // Values set and values and keys deleted by themselves, outside an act of several writes.
+  // The number of writes and deletions outside transactions.
   int single_writes = 0;
-  // Told of each call before it does anything.
+  // Called at the start of each call.
   std::function<void(RegistryCall)> Called;
 
   bool HasKey(std::uint32_t hive, const std::string& path) const;
-  // A value's text, without its NUL.
+  // The text of a value, without its NUL.
   std::optional<std::string> Text(std::uint32_t hive, const std::string& path, const std::string& name) const;
   void SetText(std::uint32_t hive, const std::string& path, const std::string& name, const std::string& text);
   void SetValue(std::uint32_t hive, const std::string& path, const std::string& name, std::uint32_t type,
@@ -70,7 +70,7 @@ class MemoryRegistry : public Registry {
     std::uint32_t type = 0;
     std::string bytes;
   };
-  // Children and values are filed under their upper-cased names.
+  // Children and values are stored by their names in upper case.
   struct Node {
     std::map<std::string, std::shared_ptr<Node>> children;
     std::map<std::string, Value> values;
@@ -81,22 +81,22 @@ class MemoryRegistry : public Registry {
     std::uint32_t access = 0;
   };
 
-  // Counts the call and gives the result that it must give, if any.
+  // Records the call. Returns its result if it must fail.
   std::optional<int> Begin(RegistryCall call);
   std::shared_ptr<Node> Find(std::uint32_t hive, const std::string& path) const;
   std::shared_ptr<Node> Create(std::uint32_t hive, const std::string& path);
   RegistryKey Open(std::shared_ptr<Node> node, std::uint32_t access);
-  // The open key's node, if it can be used for what the bits of `access` stand for.
+  // Sets `node` to the node of the open key. Fails if the key was not opened with these access bits.
   std::int32_t Use(RegistryKey key, std::uint32_t access, std::shared_ptr<Node>& node) const;
 
   using Hives = std::map<std::uint32_t, std::shared_ptr<Node>>;
 
   static std::shared_ptr<Node> Copy(const Node& node);
-  // A write that worked is counted, where it stands by itself.
-  void NoteWrite() { single_writes += before_writes_ ? 0 : 1; }
+  // Counts a successful write outside a transaction.
+  void CountWrite() { single_writes += before_writes_ ? 0 : 1; }
 
   Hives hives_;
-  // What an act of several writes found; none while there is no act.
+  // The state before the current transaction; none outside of one.
   std::optional<Hives> before_writes_;
   std::map<RegistryKey, OpenKey> open_;
   RegistryKey last_key_ = 0;

@@ -13,11 +13,10 @@
 
 namespace quorvale {
 
-// What the desktop's services were asked, across all of them and in order, one text a call: the call's
-// name and its arguments, divided by blanks.
+// The calls of all services, in order. Each is a text: the name and the arguments, separated by blanks.
 using CallLog = std::vector<std::string>;
 
-// Plays nothing and remembers what it was to play.
+// Records sounds instead of playing them.
 class RecordedSound : public SoundPlayer {
  public:
   explicit RecordedSound(CallLog& log) : log_(log) {}
@@ -29,14 +28,14 @@ class RecordedSound : public SoundPlayer {
     bool operator==(const Played&) const = default;
   };
   std::vector<Played> played;
-  // What `PlaySound` gives.
+  // The result of `PlaySound`.
   bool works = true;
 
  private:
   CallLog& log_;
 };
 
-// Starts nothing and remembers what it was to start.
+// Records the programs that it should start.
 class RecordedPrograms : public Programs {
  public:
   explicit RecordedPrograms(CallLog& log) : log_(log) {}
@@ -49,7 +48,7 @@ class RecordedPrograms : public Programs {
 
   // The desktop's own tool, if it has one.
   std::string information_tool;
-  // Whether what is to be started or opened is found; if not, the call fails with kNotFound.
+  // If false, calls that start or open something fail with kNotFound.
   bool found = true;
 
  private:
@@ -58,21 +57,21 @@ class RecordedPrograms : public Programs {
   CallLog& log_;
 };
 
-// Answers for the user who is asked for the saver's password.
+// Answers the password question instead of a user.
 class ScriptedPassword : public PasswordSystem {
  public:
   explicit ScriptedPassword(CallLog& log) : log_(log) {}
   std::uint32_t VerifyScreenSavePwd(WindowHandle owner) override;
   void PwdChangePassword(const std::string& provider, WindowHandle owner) override;
 
-  // Runs while the password is asked for, and gives the answer; without one it is refused.
+  // Runs while the password dialog is open and returns the answer. Without it, the password is refused.
   std::function<std::uint32_t()> user;
 
  private:
   CallLog& log_;
 };
 
-// A machine of the test's own, on the queue's clock.
+// A simulated machine with the queue's clock.
 class ScriptedHost : public HostSystem {
  public:
   ScriptedHost(const EventQueue& queue, CallLog& log) : queue_(queue), log_(log) {}
@@ -89,10 +88,10 @@ class ScriptedHost : public HostSystem {
   std::string program_name = "Quorvale";
   std::int32_t platform_id = kPlatformLocksItself;
   std::uint64_t clock_seed = 1;
-  // Times that the process was ended.
+  // How often the process was ended.
   int ended = 0;
 
-  // The time of day at this moment. The day begins at noon; midnight sets the time back to 0.
+  // Sets the current time of day, which is noon at first and wraps at midnight.
   void SetSecondsSinceMidnight(double seconds);
 
  private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -10,7 +11,7 @@
 
 namespace quorvale {
 
-// A window of the desktop: a form's, a picture box's or another program's.
+// A window of a form, of a picture box, or of another program.
 struct HeadlessWindow {
   WindowHandle parent = 0;  // 0 for a top-level window
   std::string title;
@@ -19,11 +20,11 @@ struct HeadlessWindow {
   bool visible = false;
   bool enabled = true;
   bool topmost = false;
-  // Who hears of input; a window of another program has neither.
+  // The receiver of input. A window of another program has none.
   WindowEvents* events = nullptr;
   SurfaceEvents* surface_events = nullptr;
   Surface* surface = nullptr;
-  // The surface waits for the end of the pass to be presented.
+  // The surface will be presented at the end of the pass.
   bool invalidated = false;
 };
 
@@ -44,19 +45,21 @@ class WindowTable : public WindowSystem {
   void GetClientRect(WindowHandle window, ClientRect& rect) override;
   void SetParent(WindowHandle window, WindowHandle parent) override;
 
-  // What follows is for the test and for the desktop's own windows.
+  // For tests and for the desktop's own windows.
 
+  // Called when a form's window becomes visible, so that a test can send input at that moment.
+  std::function<void(WindowHandle window)> Shown;
   int cursor_count = 0;
-  // The window that gets keys; 0 is none.
+  // The window that receives keys; 0 is none.
   WindowHandle focus = 0;
 
   // Another program's top-level window.
   WindowHandle CreateForeign(const std::string& title);
   WindowHandle Create(HeadlessWindow window);
-  // Takes its children along.
+  // Destroys its child windows too.
   void Destroy(WindowHandle window);
   void SetForeground(WindowHandle window) { foreground_ = window; }
-  // Null where there is no such window.
+  // Null if there is no such window.
   HeadlessWindow* Find(WindowHandle window);
   const std::map<WindowHandle, HeadlessWindow>& All() const { return windows_; }
 

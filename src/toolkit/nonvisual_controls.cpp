@@ -1,4 +1,4 @@
-#include "toolkit/timer.h"
+#include "toolkit/nonvisual_controls.h"
 
 #include <cmath>
 #include <utility>
@@ -64,5 +64,28 @@ void Timer::Fire() {
 }
 
 void Timer::Restart() { peer_->Set(enabled_ ? interval_ : 0); }
+
+void MessageHook::SetHwnd(WindowHandle window) {
+  RequireLoaded();
+  peer_->Watch(window);
+}
+
+void MessageHook::Report(int message) {
+  RequireLoaded();
+  peer_->Report(message);
+}
+
+void MessageHook::CreatePeer() {
+  peer_ = App().GetPlatform().CreateMessageHookPeer([this](int message) { Arrived(message); });
+}
+
+void MessageHook::ReleasePeer() {
+  if (peer_) App().KeepUntilIdle(std::move(peer_));
+}
+
+void MessageHook::Arrived(int message) {
+  if (!Parent().IsLoaded() || !Message) return;
+  App().Dispatch([this, message, form = Parent().shared_from_this()] { Message(message); });
+}
 
 }  // namespace quorvale

@@ -1,4 +1,4 @@
-#include "toolkit/fitting.h"
+#include "toolkit/dialog_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 namespace quorvale {
 namespace {
 
-TEST(LayoutScale, IsWhatIsWantedAsFarAsTheScreenHasRoom) {
+TEST(LayoutScale, IsLimitedByTheScreen) {
   const struct {
     double wanted;
     double room;
@@ -16,7 +16,7 @@ TEST(LayoutScale, IsWhatIsWantedAsFarAsTheScreenHasRoom) {
   for (const auto& test : cases) EXPECT_DOUBLE_EQ(LayoutScale(test.wanted, test.room, 440), test.scale) << test.room;
 }
 
-TEST(WithoutMiddle, KeepsAsMuchOfBothEndsAsFits) {
+TEST(WithoutMiddle, KeepsBothEnds) {
   const std::string text = "C:\\P\xC3\xA4tze\\deep\\";
   const std::string texts[] = {"\xE2\x80\xA6",
                                "\xE2\x80\xA6\\",

@@ -1,14 +1,28 @@
-#include "platform/headless/text_pictures.h"
+#include "platform/headless/headless_graphics.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <sstream>
 #include <utility>
 
 #include "base/failure.h"
+#include "base/text.h"
 
 namespace quorvale {
 namespace {
+
+struct Cell {
+  int width = 0;
+  int height = 0;
+};
+
+Cell CellOf(const Font& font, float scale) {
+  const double em = ToPixels(font.points * kTwipsPerPoint, scale);
+  return {.width = std::max(1, static_cast<int>(std::lround(em / 2))),
+          .height = std::max(1, static_cast<int>(std::lround(em * 1.2)))};
+}
 
 constexpr int kLargestSide = 100'000;
 constexpr std::size_t kColourDigits = 6;
@@ -32,7 +46,7 @@ class StripedPicture : public Picture {
   }
 
  private:
-  // The colour of the column whose middle is `x` and a half of `width` columns.
+  // The colour of column `x` of `width`, taken at its middle.
   Pixel At(int x, int width) const {
     const double across = (x + 0.5) / width;
     return colours_[static_cast<std::size_t>(across * static_cast<double>(colours_.size()))];
@@ -69,6 +83,27 @@ std::shared_ptr<Picture> Decode(const std::string& content) {
 }
 
 }  // namespace
+
+PixelRect BlockTextPainter::Measure(const std::string& text, const Font& font, float scale) {
+  const Cell cell = CellOf(font, scale);
+  return {0, 0, cell.width * static_cast<int>(Length(text)), cell.height};
+}
+
+PixelRect BlockTextPainter::Draw(const PixelView& target, int left, int top, const std::string& text, const Font& font,
+                                 Colour colour, float scale) {
+  const Cell cell = CellOf(font, scale);
+  const int block_width = std::max(1, cell.width - 1);
+  const int block_height = std::max(1, cell.height - 1);
+  const int count = static_cast<int>(Length(text));
+  for (int i = 0; i < count; ++i) {
+    if (Left(Mid(text, static_cast<std::size_t>(i) + 1), 1) == " ") continue;
+    const PixelRect block = Intersect({left + i * cell.width, top, block_width, block_height}, target.Bounds());
+    for (int y = block.top; y < block.Bottom(); ++y) {
+      std::fill_n(target.Row(y) + block.left, block.width, ToPixel(colour));
+    }
+  }
+  return Intersect({left, top, count * cell.width, cell.height}, target.Bounds());
+}
 
 std::shared_ptr<Picture> TextPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   loads.push_back({.path = path, .box = {}, .clip = place.clip, .scale = place.scale});

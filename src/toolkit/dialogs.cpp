@@ -1,4 +1,4 @@
-#include "toolkit/common_dialog.h"
+#include "toolkit/dialogs.h"
 
 #include "base/failure.h"
 #include "toolkit/form.h"
