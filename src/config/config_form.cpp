@@ -28,7 +28,7 @@ namespace texts = strings::configuration;
 
 constexpr std::array<const char*, 2> kSections = {kPictureSection, kSoundSection};
 
-bool Contains(const std::array<TakenPart, 2>& parts, TakenPart part) {
+bool Contains(const std::array<LoadedPart, 2>& parts, LoadedPart part) {
   return std::find(parts.begin(), parts.end(), part) != parts.end();
 }
 
@@ -124,15 +124,15 @@ void ConfigForm::LoadPlayLists() {
   }
   std::string path;
   // Like the entries of a list, a path that was not read must not be replaced.
-  if (!process_.options.Read(kPlayList, path)) loaded_parts_.front() = TakenPart::kUnread;
+  if (!process_.options.Read(kPlayList, path)) loaded_parts_.front() = LoadedPart::kUnread;
   SetCurPlayList(std::move(path));
 }
 
 ListsSaved ConfigForm::SavePlayLists() {
-  if (Contains(loaded_parts_, TakenPart::kUnread)) return ListsSaved::kUnread;
+  if (Contains(loaded_parts_, LoadedPart::kUnread)) return ListsSaved::kUnread;
   const bool saved = process_.Settings.SaveTogether([this] {
     for (std::size_t i = 0; i < kSections.size(); ++i) {
-      const auto save = loaded_parts_.at(i) == TakenPart::kFirst ? SaveFirstPart : SaveList;
+      const auto save = loaded_parts_.at(i) == LoadedPart::kFirst ? SaveFirstPart : SaveList;
       save(process_.Settings, lists.at(i), kSections.at(i), kFileKeyPrefix);
     }
     process_.options.SetText(kPlayList, CurPlayList());
@@ -142,9 +142,9 @@ ListsSaved ConfigForm::SavePlayLists() {
 
 void ConfigForm::ReportIncompleteLists() {
   std::string text;
-  if (Contains(loaded_parts_, TakenPart::kUnread)) {
+  if (Contains(loaded_parts_, LoadedPart::kUnread)) {
     text = texts::kUnread;
-  } else if (Contains(loaded_parts_, TakenPart::kFirst)) {
+  } else if (Contains(loaded_parts_, LoadedPart::kFirst)) {
     text = strings::Fill(texts::kListIsLonger, {std::to_string(ListBox::kMostItems)});
   }
   if (!text.empty()) App().ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});

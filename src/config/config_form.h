@@ -119,7 +119,7 @@ class ConfigForm : public ConfigControls {
   std::string cur_play_list_;
   bool play_list_dirty_ = false;
   // How much of each stored list is in its list box.
-  std::array<TakenPart, 2> loaded_parts_{TakenPart::kAll, TakenPart::kAll};
+  std::array<LoadedPart, 2> loaded_parts_{LoadedPart::kAll, LoadedPart::kAll};
 };
 
 }  // namespace quorvale

@@ -36,19 +36,19 @@ void SaveFirstPart(CRegSettings& settings, const ListBox& list, const std::strin
   for (; to < from; ++to) settings.DeleteSetting(section, key(to), kHkeyCurrentUser);
 }
 
-TakenPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix) {
+LoadedPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix) {
   for (int i = 0;; ++i) {
     std::string entry;
     switch (settings.ReadSetting(section, prefix + std::to_string(i), entry, kHkeyCurrentUser)) {
       case SettingRead::kFailed:
-        return TakenPart::kUnread;
+        return LoadedPart::kUnread;
       case SettingRead::kMissing:
-        return TakenPart::kAll;
+        return LoadedPart::kAll;
       case SettingRead::kFound:
         break;
     }
-    if (entry == kEndOfList) return TakenPart::kAll;
-    if (list.ListCount() >= ListBox::kMostItems) return TakenPart::kFirst;
+    if (entry == kEndOfList) return LoadedPart::kAll;
+    if (list.ListCount() >= ListBox::kMostItems) return LoadedPart::kFirst;
     list.AddItem(std::move(entry));
   }
 }

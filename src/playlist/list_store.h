@@ -11,7 +11,7 @@ class ListBox;
 inline constexpr char kEndOfList[] = "EOF";
 
 // How much of a stored list is in its list box.
-enum class TakenPart {
+enum class LoadedPart {
   kAll,
   kFirst,   // the first part: the list box is full, and more is stored
   kUnread,  // unknown: the store could not be read to the end
@@ -26,6 +26,6 @@ void SaveList(CRegSettings& settings, const ListBox& list, const std::string& se
 void SaveFirstPart(CRegSettings& settings, const ListBox& list, const std::string& section, const std::string& prefix);
 
 // Appends the stored entries to a list box until the section ends or the box is full.
-TakenPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix);
+LoadedPart LoadList(CRegSettings& settings, ListBox& list, const std::string& section, const std::string& prefix);
 
 }  // namespace quorvale

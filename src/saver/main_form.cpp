@@ -31,7 +31,7 @@ void MainForm::Form_Load() {
   const ScreenSize screen = App().Screen();
   Move(0, 0, screen.Width, screen.Height);
   ReadPasswordState(process_);
-  TellSaverRunning(process_, true);
+  ReportSaverRunning(process_, true);
   PicBase.Move(0, 0, screen.Width, screen.Height);
   // Show the window first: reading the lists may take seconds, and the desktop must be covered meanwhile.
   Window().SetVisible(true);
@@ -55,7 +55,7 @@ void MainForm::Form_QueryUnload(bool& cancel) {
 
 void MainForm::Form_Unload() {
   ForceCursorOn(process_);
-  TellSaverRunning(process_, false);
+  ReportSaverRunning(process_, false);
   tmrSwitch.SetEnabled(false);
 }
 

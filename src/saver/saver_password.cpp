@@ -38,7 +38,7 @@ bool IsPasswordInForce(const Process& process) {
   return process.show.PlatformId != kPlatformLocksItself && process.show.UsePassword != 0;
 }
 
-void TellSaverRunning(Process& process, bool running) {
+void ReportSaverRunning(Process& process, bool running) {
   if (IsPasswordInForce(process)) process.system.host.SystemParametersInfo(kSpiScreenSaverRunning, running ? 1 : 0);
 }
 

@@ -18,7 +18,7 @@ void ReadPasswordState(Process& process);
 bool IsPasswordInForce(const Process& process);
 
 // Reports to the system that a saver has started or stopped. Does nothing unless a password is in force.
-void TellSaverRunning(Process& process, bool running);
+void ReportSaverRunning(Process& process, bool running);
 
 // Asks the user; true when the show may end.
 bool VerifyPassword(Process& process, WindowHandle owner);

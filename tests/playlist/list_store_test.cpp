@@ -83,10 +83,10 @@ TEST_F(ListStoreTest, AnUnreadListIsToldFromAShortOne) {
   Save({"1", "2", "3"});
   list.Clear();
   desktop.registry.failures.FailCall(RegistryCall::kQuery, 3, kErrorReadFault);
-  EXPECT_EQ(LoadList(settings, list, kSection, "File"), TakenPart::kUnread);
+  EXPECT_EQ(LoadList(settings, list, kSection, "File"), LoadedPart::kUnread);
   EXPECT_THAT(Items(), ElementsAre("1"));
   list.Clear();
-  EXPECT_EQ(LoadList(settings, list, kSection, "File"), TakenPart::kAll);
+  EXPECT_EQ(LoadList(settings, list, kSection, "File"), LoadedPart::kAll);
 }
 
 TEST_F(ListStoreTest, WhatAListBoxHasNoRoomForStaysBehindIt) {
@@ -99,9 +99,9 @@ TEST_F(ListStoreTest, WhatAListBoxHasNoRoomForStaysBehindIt) {
       settings.SaveSetting(kSection, "File" + std::to_string(i), std::to_string(i));
     }
     list.Clear();
-    const TakenPart taken = LoadList(settings, list, kSection, "File");
+    const LoadedPart loaded = LoadList(settings, list, kSection, "File");
     EXPECT_EQ(list.ListCount(), kMost);
-    EXPECT_EQ(taken, stored_items > kMost ? TakenPart::kFirst : TakenPart::kAll);
+    EXPECT_EQ(loaded, stored_items > kMost ? LoadedPart::kFirst : LoadedPart::kAll);
   }
   SaveFirstPart(settings, list, kSection, "File");
   EXPECT_EQ(stored(kMost + 2), std::to_string(kMost + 2));
