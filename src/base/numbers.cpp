@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "base/text.h"
 
 namespace quorvale {
@@ -90,7 +91,7 @@ Integer RoundTo(double value) {
   // The default rounding mode of the floating-point unit is to the nearest, ties to even.
   const double rounded = std::nearbyint(value);
   if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max())) {
-    throw Failure(FailureNumber::kOverflow, "Overflow", "Numbers");
+    throw Failure(FailureNumber::kOverflow, strings::failures::kOverflow, "Numbers");
   }
   return static_cast<Integer>(rounded);
 }
@@ -103,7 +104,7 @@ double StrictNumber(std::string_view text) {
   const std::string trimmed = Trim(text);
   const Prefix prefix = NumberPrefix(trimmed);
   if (prefix.length == 0 || prefix.length != trimmed.size()) {
-    throw Failure(FailureNumber::kNotANumber, "Not a number", "Numbers");
+    throw Failure(FailureNumber::kNotANumber, strings::failures::kNotANumber, "Numbers");
   }
   return prefix.value;
 }

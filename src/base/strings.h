@@ -20,6 +20,26 @@ struct ControlText {
   const char* tip = "";
 };
 
+// A failure of a step of the program's start or of the set-up.
+namespace program_error {
+
+inline constexpr char kTitle[] = "Program Error";
+// The failure's number, its description and its source.
+inline constexpr char kText[] =
+    "The following error was encountered:\r%1: %2%3\rPlease report this error to the manufacturer.";
+
+}  // namespace program_error
+
+// Descriptions of failures that a box may show. Those that only a fault of the program can cause stand where it fails.
+namespace failures {
+
+inline constexpr char kOverflow[] = "Overflow";
+inline constexpr char kNotANumber[] = "Not a number";
+inline constexpr char kListIsFull[] = "The list is full";
+inline constexpr char kCancelled[] = "Cancel was selected.";
+
+}  // namespace failures
+
 // The configuration window.
 namespace configuration {
 

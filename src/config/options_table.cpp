@@ -37,7 +37,7 @@ constexpr std::size_t kFailingOptions = 6;
 
 // The number with up to 15 digits, as in "5", "0.5" and "1E+20".
 std::string NumberText(double number) {
-  if (!std::isfinite(number)) throw Failure(FailureNumber::kOverflow, "Overflow", "OptionsTable");
+  if (!std::isfinite(number)) throw Failure(FailureNumber::kOverflow, strings::failures::kOverflow, "OptionsTable");
   constexpr int kDigits = 15;
   std::array<char, 32> text = {};
   const auto result =

@@ -1,6 +1,7 @@
 #include "playlist/play_list_file.h"
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "base/text.h"
 #include "system/file_system.h"
 
@@ -46,7 +47,7 @@ void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictu
     ListBox& list = line.starts_with('P') ? pictures : sounds;
     list.AddItem(IsUtf8(line) ? Mid(line, 3) : Mid(files.FromOlderCodePage(std::string(line)), 3));
   }
-  if (is_too_long) throw Failure(FailureNumber::kListFull, "The list is full", "AppendPlayListText");
+  if (is_too_long) throw Failure(FailureNumber::kListFull, strings::failures::kListIsFull, "AppendPlayListText");
 }
 
 }  // namespace quorvale

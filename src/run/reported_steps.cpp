@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "toolkit/application.h"
 
 namespace quorvale {
@@ -12,10 +13,10 @@ namespace {
 
 MessageBoxAnswer Report(Application& app, const Failure& failure) {
   MessageBox box;
-  box.title = "Program Error";
+  box.title = strings::program_error::kTitle;
   box.buttons = MessageBoxButtons::kAbortRetryIgnore;
-  box.text = "The following error was encountered:\r" + std::to_string(static_cast<int>(failure.Number())) + ": " +
-             failure.Description() + failure.Source() + "\rPlease report this error to the manufacturer.";
+  box.text = strings::Fill(strings::program_error::kText, {std::to_string(static_cast<int>(failure.Number())),
+                                                           failure.Description(), failure.Source()});
   return app.ShowMessageBox(box);
 }
 

@@ -1,6 +1,7 @@
 #include "toolkit/dialogs.h"
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "toolkit/form.h"
 
 namespace quorvale {
@@ -14,7 +15,7 @@ void CommonDialog::ShowFile(bool save) {
                                                                     .filter_index = FilterIndex,
                                                                     .flags = Flags,
                                                                     .max_file_size = MaxFileSize});
-  if (FileName.empty() && CancelError) throw Failure(FailureNumber::kCancelled, "Cancel was selected.", Name());
+  if (FileName.empty() && CancelError) throw Failure(FailureNumber::kCancelled, strings::failures::kCancelled, Name());
 }
 
 void CommonDialog::ShowColor() {

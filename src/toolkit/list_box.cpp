@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/strings.h"
 #include "toolkit/form.h"
 
 namespace quorvale {
@@ -15,7 +16,7 @@ void ListBox::SetList(int index, std::string text) {
 }
 
 void ListBox::AddItem(std::string text) {
-  if (ListCount() >= kMostItems) throw Failure(FailureNumber::kListFull, "The list is full", Name());
+  if (ListCount() >= kMostItems) throw Failure(FailureNumber::kListFull, strings::failures::kListIsFull, Name());
   items_.push_back({.text = std::move(text)});
   if (list_peer_ != nullptr) list_peer_->ItemsAdded(ListCount() - 1, 1);
 }
