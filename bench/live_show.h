@@ -17,7 +17,7 @@
 #include "settings/reg_settings.h"
 #include "show/show_form.h"
 #include "system/window_system.h"
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 #include "yardstick/x_display.h"
 
 namespace quorvale {

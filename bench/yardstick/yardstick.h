@@ -8,7 +8,7 @@
 
 #include <jpeglib.h>
 
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 #include "yardstick/x_display.h"
 
 namespace quorvale {

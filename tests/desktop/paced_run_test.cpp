@@ -8,7 +8,7 @@
 #include <functional>
 
 #include "desktop/window_fixture.h"
-#include "toolkit/pace_account.h"
+#include "platform/common/pacing.h"
 
 namespace quorvale {
 namespace {

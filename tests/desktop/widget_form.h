@@ -9,7 +9,7 @@
 #include "toolkit/form.h"
 #include "toolkit/list_box.h"
 #include "toolkit/menu.h"
-#include "toolkit/message_hook.h"
+#include "toolkit/nonvisual_controls.h"
 #include "toolkit/panels.h"
 #include "toolkit/picture_box.h"
 

@@ -9,7 +9,7 @@
 
 #include "base/failure.h"
 #include "desktop/window_fixture.h"
-#include "toolkit/message_hook.h"
+#include "toolkit/nonvisual_controls.h"
 
 namespace quorvale {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "toolkit/text_painter.h"
+#include "toolkit/platform.h"
 
 namespace quorvale {
 

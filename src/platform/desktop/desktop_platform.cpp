@@ -15,8 +15,8 @@
 #include "platform/desktop/toolkit/window_peer.h"
 #include "platform/desktop/widgets/dialog_window.h"
 #include "platform/desktop/widgets/surface_widget.h"
-#include "toolkit/message_hook.h"
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
+#include "toolkit/nonvisual_controls.h"
 
 namespace quorvale {
 namespace {

@@ -11,7 +11,6 @@
 #include "platform/desktop/toolkit/window_system.h"
 #include "platform/desktop/widgets/file_dialogs.h"
 #include "platform/desktop/widgets/qt_widgets.h"
-#include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {

@@ -10,7 +10,7 @@
 
 #include "platform/pictures/byte_source.h"
 #include "platform/pictures/row_source.h"
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 
 namespace quorvale {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/pictures/byte_source.h"
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

@@ -6,8 +6,8 @@
 #include "base/failure.h"
 #include "platform/pictures/orientation.h"
 #include "platform/pictures/row_source.h"
+#include "toolkit/bitmap.h"
 #include "toolkit/picture.h"
-#include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/pictures/orientation.h"
-#include "toolkit/pixel_view.h"
+#include "toolkit/bitmap.h"
 
 namespace quorvale {
 

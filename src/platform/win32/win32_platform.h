@@ -8,7 +8,6 @@
 #include "platform/win32/toolkit/resolution.h"
 #include "platform/win32/toolkit/text_painter.h"
 #include "platform/win32/widgets/widget_factory.h"
-#include "toolkit/pace_account.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {

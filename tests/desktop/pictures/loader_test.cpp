@@ -10,7 +10,7 @@
 
 #include "base/failure.h"
 #include "desktop/pictures/samples.h"
-#include "toolkit/picture_formats.h"
+#include "toolkit/picture.h"
 
 namespace quorvale {
 namespace {

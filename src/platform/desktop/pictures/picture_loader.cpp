@@ -9,7 +9,7 @@
 
 #include "platform/desktop/metafile/metafile_picture.h"
 #include "platform/desktop/pictures/formats.h"
-#include "toolkit/picture_formats.h"
+#include "toolkit/picture.h"
 
 namespace quorvale {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/common/pacing.h"
-#include "toolkit/message_box.h"
+#include "toolkit/dialogs.h"
 
 namespace quorvale {
 

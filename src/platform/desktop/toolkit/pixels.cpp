@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "toolkit/fitting.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 namespace {

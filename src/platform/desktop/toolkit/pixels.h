@@ -4,7 +4,6 @@
 #include <QRect>
 
 #include "toolkit/bitmap.h"
-#include "toolkit/pixel_view.h"
 #include "toolkit/units.h"
 
 namespace quorvale {

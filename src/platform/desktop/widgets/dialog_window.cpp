@@ -16,8 +16,8 @@
 #include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
+#include "toolkit/dialog_rules.h"
 #include "toolkit/panels.h"
-#include "toolkit/spoken_name.h"
 
 namespace quorvale {
 

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <string>
 
-#include "toolkit/file_dialog.h"
+#include "toolkit/dialogs.h"
 
 class QWidget;
 

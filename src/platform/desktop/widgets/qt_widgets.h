@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "platform/desktop/widgets/dialog_window.h"
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 #include "toolkit/widget_peer.h"
 
 namespace quorvale {

@@ -5,7 +5,6 @@
 
 #include "platform/win32/windows_api.h"
 #include "toolkit/bitmap.h"
-#include "toolkit/pixel_view.h"
 
 namespace quorvale {
 

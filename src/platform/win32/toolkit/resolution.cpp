@@ -1,7 +1,7 @@
 #include "platform/win32/toolkit/resolution.h"
 
 #include "platform/win32/system/modules.h"
-#include "toolkit/fitting.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/text_painter.h"
+#include "toolkit/platform.h"
 
 namespace quorvale {
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/win32/toolkit/gdi.h"
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 
 namespace quorvale {
 

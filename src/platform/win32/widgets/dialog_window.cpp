@@ -9,7 +9,7 @@
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/widgets/menu_bar.h"
 #include "platform/win32/widgets/native_control.h"
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
 
 namespace quorvale {
 namespace {

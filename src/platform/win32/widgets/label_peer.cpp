@@ -2,7 +2,7 @@
 
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/dialog_window.h"
-#include "toolkit/fitting.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 namespace {

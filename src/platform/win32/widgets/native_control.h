@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/win32/windows_api.h"
-#include "toolkit/spoken_name.h"
-#include "toolkit/widget.h"
+#include "toolkit/control.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 

@@ -4,8 +4,7 @@
 
 #include "platform/common/pacing.h"
 #include "platform/win32/windows_api.h"
-#include "toolkit/file_dialog.h"
-#include "toolkit/message_box.h"
+#include "toolkit/dialogs.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
