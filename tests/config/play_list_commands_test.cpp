@@ -104,24 +104,21 @@ TEST_F(PlayListCommandTest, MessagesHaveTheirTextAndIcon) {
   EXPECT_EQ(desktop.files.MostRead(), kMostPlayListBytes + 1);
   form->SetCurPlayList("");
   form->cancel.UserClick();
-  const struct {
-    const char* text;
-    const char* title;
-    MessageBoxButtons buttons;
-    MessageBoxIcon icon;
-  } expected[] = {
-      {"Unable to write to Play List File.  Can't be written: C:\\Old.qvl", "", MessageBoxButtons::kOk,
-       MessageBoxIcon::kNone},
-      {"Unable to Read Play List File.  No such file: C:\\none", "", MessageBoxButtons::kOk, MessageBoxIcon::kNone},
-      {"Your Play List has been changed.  Do you want to save your changes?", "Save Play List",
-       MessageBoxButtons::kYesNoCancel, MessageBoxIcon::kQuestion},
+  const MessageBox expected[] = {
+      {.text = "Unable to write to Play List File.  Can't be written: C:\\Old.qvl"},
+      {.text = "Unable to Read Play List File.  No such file: C:\\none"},
+      {.text = "Your Play List has been changed.  Do you want to save your changes?",
+       .title = "Save Play List",
+       .buttons = MessageBoxButtons::kYesNoCancel,
+       .icon = MessageBoxIcon::kQuestion},
   };
   ASSERT_EQ(desktop.boxes.shown.size(), std::size(expected));
   for (std::size_t i = 0; i < std::size(expected); ++i) {
-    EXPECT_EQ(desktop.boxes.shown[i].text, expected[i].text);
-    EXPECT_EQ(desktop.boxes.shown[i].title, expected[i].title);
-    EXPECT_EQ(desktop.boxes.shown[i].buttons, expected[i].buttons);
-    EXPECT_EQ(desktop.boxes.shown[i].icon, expected[i].icon);
+    const MessageBox& shown = desktop.boxes.shown[i];
+    EXPECT_EQ(shown.text, expected[i].text);
+    EXPECT_EQ(shown.title, expected[i].title);
+    EXPECT_EQ(shown.buttons, expected[i].buttons);
+    EXPECT_EQ(shown.icon, expected[i].icon);
   }
 }
 
