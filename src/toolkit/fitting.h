@@ -1,3 +1,0 @@
-#pragma once
-
-#include "toolkit/dialog_rules.h"

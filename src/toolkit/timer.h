@@ -1,3 +1,0 @@
-#pragma once
-
-#include "toolkit/nonvisual_controls.h"
