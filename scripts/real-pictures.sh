@@ -1,6 +1,6 @@
 #!/bin/bash
-# Fetches pictures that other programs' packages and test suites carry, renders them as the program would,
-# and lays them out on contact sheets to look at. Nothing of it belongs in the tree.
+# Fetches pictures from other programs' packages and test suites, renders them as the program would, and puts them on
+# contact sheets. None of it belongs in the repository.
 #   scripts/real-pictures.sh FOLDER [EXTENSION...]     build/quorvale-render-pictures must have been built
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)

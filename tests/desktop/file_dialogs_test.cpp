@@ -35,7 +35,7 @@ TEST(FileDialogFilters, MatchInEitherCase) {
   for (const auto& c : cases) EXPECT_EQ(ToNameFilters(c.filter), c.expected) << c.filter;
 }
 
-TEST(FileDialogAnswers, GiveSeveralFilesBehindTheirDirectory) {
+TEST(FileDialogAnswers, ListSeveralFilesAfterTheirDirectory) {
   QStringList many;
   std::string long_answer = "/p";
   for (int i = 0; i < 2000; ++i) {
@@ -56,7 +56,7 @@ TEST(FileDialogAnswers, GiveSeveralFilesBehindTheirDirectory) {
   for (const auto& c : cases) EXPECT_EQ(ToAnswer(c.paths), c.expected);
 }
 
-// Works the dialog that is up.
+// Runs `user` on the open dialog.
 void Answer(const std::function<void(QFileDialog& dialog)>& user) {
   QTimer::singleShot(0, [user] { user(*qobject_cast<QFileDialog*>(QApplication::activeModalWidget())); });
 }
@@ -84,8 +84,8 @@ TEST(FileDialogs, StartWhereTheLastFileWasChosen) {
   EXPECT_EQ(dialogs.Choose(nullptr, {.save = true}), directory.Path("new")) << "nothing is added to a name";
 }
 
-// Qt looks into files to see what kind they are. The system has files that never answer.
-TEST(FileDialogs, OpenNoneOfTheFilesThatTheyShow) {
+// Qt by itself reads files to find their kind. A read from a device or a pipe may never return.
+TEST(FileDialogs, ReadNoneOfTheListedFiles) {
   const TemporaryDirectory directory;
   directory.Write("unknown", "");
   const int watch = inotify_init1(IN_NONBLOCK);

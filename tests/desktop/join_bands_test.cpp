@@ -30,7 +30,7 @@ TEST(JoinBands, JoinsWhereTheAddedPixelsCostLessThanARectangle) {
   for (const auto& c : cases) EXPECT_THAT(joiner.Join(c.rects), ElementsAreArray(c.joined)) << c.what;
 }
 
-// Qt takes the rectangles as a region without looking at them, so they have to be in a region's order.
+// Qt makes a region of the rectangles unchecked, so they must be in a region's order.
 TEST(JoinBands, CoversEveryShapeInOrderlyBands) {
   std::mt19937 generator(7);
   const auto random = [&generator](int below) { return static_cast<int>(generator() % static_cast<unsigned>(below)); };

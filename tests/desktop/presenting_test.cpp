@@ -17,7 +17,7 @@ class Presenting : public WindowFixture {
     Show();
   }
 
-  // Changes every pixel of the surface behind its back.
+  // Changes every pixel without marking it dirty.
   void PaintUnseen(Pixel colour) {
     const PixelView pixels = surface_.Pixels();
     std::fill_n(pixels.pixels, pixels.stride * pixels.height, colour);
@@ -34,7 +34,7 @@ class Presenting : public WindowFixture {
   }
 };
 
-TEST_F(Presenting, PutsWhatIsDrawnOnTheScreenInTheNextPass) {
+TEST_F(Presenting, PresentsDrawingsInTheNextPass) {
   surface_.FillRect({10, 20, 300, 200}, kRed);
   surface_.DrawCircle(400, 300, 150, 5, kGreen, kGreen);
   surface_peer_->Invalidate();
@@ -55,7 +55,7 @@ TEST_F(Presenting, PresentsAtOnceWithoutDeliveringEvents) {
   EXPECT_THAT(log, testing::IsEmpty());
 }
 
-TEST_F(Presenting, LeavesAloneWhatHasNotChanged) {
+TEST_F(Presenting, PresentsDirtyPixelsOnly) {
   PaintUnseen(kGreen);
   surface_.Changed({5, 5, 40, 10});
   surface_.Changed({600, 400, 30, 30});
@@ -64,7 +64,7 @@ TEST_F(Presenting, LeavesAloneWhatHasNotChanged) {
   EXPECT_EQ(CountOnScreen(kGreen), 40 * 10 + 30 * 30);
 }
 
-TEST_F(Presenting, ShowsWhatWasDrawnOutOfSightWhenItComesBack) {
+TEST_F(Presenting, PresentsWhatWasDrawnOutOfSight) {
   window_->SetVisible(false);
   platform_.PumpEvents();
   surface_.FillRect({0, 0, 10, 10}, kRed);

@@ -42,7 +42,7 @@ TEST(QtTextPainter, KeepsFractionsOfAPixel) {
   EXPECT_NEAR(at_five_and_a_half / at_five, 1.1, 0.03);
 }
 
-TEST(QtTextPainter, TakesMoreRoomForALongerTextAndNoneForNone) {
+TEST(QtTextPainter, IsWiderForALongerTextAndEmptyForNone) {
   QtTextPainter painter(kPixelsPerInch);
   EXPECT_EQ(painter.Measure("", kNames, 1).width, 0);
   EXPECT_GT(painter.Measure("", kNames, 1).height, 0);
@@ -51,7 +51,7 @@ TEST(QtTextPainter, TakesMoreRoomForALongerTextAndNoneForNone) {
 }
 
 // Draws in the middle of a larger buffer, whose edge nothing may touch.
-TEST(QtTextPainter, DrawsOnlyWhereItSays) {
+TEST(QtTextPainter, DrawsOnlyInTheReportedArea) {
   const struct {
     const char* what;
     int left;

@@ -66,7 +66,7 @@ class Display:
         self.environment.pop("WAYLAND_DISPLAY", None)
         self._manager = None
         if window_manager:
-            # The user's own configuration may be any.
+            # Not the user's own configuration.
             self._manager = subprocess.Popen(["openbox", "--config-file", "/etc/xdg/openbox/rc.xml"],
                                              env=self.environment, stdout=subprocess.DEVNULL,
                                              stderr=subprocess.DEVNULL)
@@ -88,7 +88,7 @@ class Display:
                 process.wait()
 
     def _has_manager(self):
-        """Whether it answers: it announces itself before it looks at events, and overlooks windows till then."""
+        """Whether it answers: it announces itself before it handles events, and misses windows until then."""
         self.output("xdotool", "set_num_desktops", "1")
         return self.output("xdotool", "get_num_desktops").strip() == b"1"
 

@@ -27,7 +27,7 @@ std::uint64_t PresenterPacedRun::Presentations() const {
 void PresenterPacedRun::PumpEvents() {
   const auto start = std::chrono::steady_clock::now();
   if (!IsPaced()) {
-    // The slowest effect makes a million passes, which take a second even when nothing waits in them.
+    // The slowest effect makes a million passes, which take a second even without pauses.
     account_.Forget();
     if (start < next_unpaced_pass_) return;
     next_unpaced_pass_ = start + kBetweenUnpacedPasses;

@@ -43,19 +43,19 @@ class PaceAccount {
   Duration owed_ = Duration::zero();
 };
 
-// The platform's event queue, as far as the pauses of an effect go.
+// The part of the platform's event queue that the pauses of effects need.
 class EventPump {
  public:
   virtual ~EventPump() = default;
   // Runs everything that is pending.
   virtual void RunPass() = 0;
-  // Sleeps until there is an event or that much time has passed, and delivers what there is. Gives the time
-  // that it took, handlers included.
+  // Sleeps until there is an event or the time has passed, and delivers what is pending. Returns the time that it took,
+  // handlers included.
   virtual std::chrono::nanoseconds Wait(std::chrono::nanoseconds time) = 0;
 };
 
-// The nested event loops that are to end and can't: an effect that began in one of them is still running on the stack
-// above it.
+// Keeps track of nested event loops. One that has to end can't while an effect that began inside it still runs above it
+// on the stack.
 class EndedLoops {
  public:
   bool Any() const;
@@ -63,7 +63,7 @@ class EndedLoops {
   // One loop, from before its beginning until it has returned.
   class Loop {
    public:
-    // `has_ended` tells whether the loop is to end; it is asked between the passes of an effect.
+    // `has_ended` returns whether the loop has to end. It is called between the passes of an effect.
     Loop(EndedLoops& loops, std::function<bool()> has_ended) : loops_(loops) {
       loops_.running_.push_back(std::move(has_ended));
     }
@@ -79,8 +79,8 @@ class EndedLoops {
   std::vector<std::function<bool()>> running_;
 };
 
-// The pauses of one effect on one surface. Nothing is owed once the surface is gone or out of sight, so that
-// an effect that nobody can see is over in a moment; nor while a box that the user has answered waits for the effect.
+// The pauses of one effect on one surface. There are none once the surface is gone or out of sight, so that an effect
+// that nobody sees ends at once, and none while an answered box waits for the effect to end.
 class PresenterPacedRun : public PacedRun {
  public:
   // `pump` and `ended_loops` outlive the run.
@@ -92,7 +92,7 @@ class PresenterPacedRun : public PacedRun {
 
  private:
   bool IsPaced() const;
-  // 0 for a surface that is gone.
+  // 0 if the surface is gone.
   std::uint64_t Presentations() const;
 
   std::weak_ptr<const Presenter> presenter_;

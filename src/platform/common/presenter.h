@@ -9,8 +9,8 @@
 
 namespace quorvale {
 
-// What shows a picture box: it copies what has changed of the toolkit's surface to the screen, at once or in the next
-// pass of the event queue. What is out of sight stays dirty until it comes into sight.
+// Copies what has changed on a picture box's surface to the screen, at once or in the next pass of the event queue. Out
+// of sight the surface stays dirty until it is seen again.
 class Presenter {
  public:
   // `surface` outlives it.
@@ -19,7 +19,7 @@ class Presenter {
   Presenter(const Presenter&) = delete;
   Presenter& operator=(const Presenter&) = delete;
 
-  // Whether it is on the screen, as far as the window system tells.
+  // Whether it is on the screen, as far as the window system reports it.
   virtual bool IsInSight() const = 0;
 
   void PresentSoon() {
@@ -32,14 +32,14 @@ class Presenter {
     ++presentations_;
     Show(surface_.Dirty().Take());
   }
-  // How often something has been presented.
+  // The number of presentations so far.
   std::uint64_t Presentations() const { return presentations_; }
 
-  // For those that may outlive it. Hold what `lock` gives no longer than a question takes: it keeps nothing alive.
+  // For objects that may outlive it. The result of `lock` does not keep the presenter alive, so use it at once.
   std::weak_ptr<const Presenter> Watch() const { return self_; }
 
  protected:
-  // What `PostPresent` has posted has arrived.
+  // To be called when what `PostPresent` has posted arrives.
   void PresentPosted() {
     present_is_posted_ = false;
     Present();
@@ -48,7 +48,7 @@ class Presenter {
 
  private:
   virtual void PostPresent() = 0;
-  // May find more that has to be shown.
+  // May make more of the surface dirty.
   virtual void PrepareToShow() {}
   virtual void Show(const std::vector<PixelRect>& dirty) = 0;
 

@@ -6,15 +6,14 @@
 
 namespace quorvale {
 
-// What a glyph may reach beyond its own box, in pixels, smoothing included.
+// How far a smoothed glyph may reach beyond its box, in pixels.
 inline constexpr int kGlyphOverhang = 2;
 
-// The fonts that the forms name are bitmap fonts with few sizes and few letters, or are not there at all. A scalable
-// face of their kind stands in for each.
+// The forms name old bitmap fonts, which have few sizes and letters or don't exist. A scalable typeface with or without
+// serifs replaces each.
 inline bool IsSerif(const Font& font) { return font.name.find("Serif") != std::string::npos; }
 
-// The height of a line's letters in device pixels, 1 or more. `pixels_per_inch` are the toolkit's, `scale` device
-// pixels to the toolkit's pixel.
+// The font's height in device pixels, at least 1, from toolkit pixels per inch and device pixels per toolkit pixel.
 inline double FontPixels(const Font& font, double pixels_per_inch, float scale) {
   constexpr double kPointsPerInch = 72;
   return std::max(1.0,

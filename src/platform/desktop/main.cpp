@@ -9,7 +9,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/text.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/desktop_password.h"
@@ -24,6 +23,7 @@
 #include "platform/desktop/toolkit/x11_session.h"
 #include "process/end_saver.h"
 #include "process/process.h"
+#include "process/run_mode.h"
 #include "run/main_procedure.h"
 #include "run/set_up.h"
 #include "settings/version_record.h"
@@ -48,13 +48,10 @@ Slide-show screen saver. Without a switch it opens its configuration window.
 The command quorvale-settings reads and changes the settings from a terminal.
 )";
 
-bool IsPreview(std::string_view text) { return UpperCase(Left(text, 2)) == "/P"; }
+// Modes with pictures on the screen. Their windows are measured in device pixels, and the dialogs in layout pixels.
+bool ShowsPictures(RunMode mode) { return mode == RunMode::kShow || mode == RunMode::kPreview; }
 
-// The windows of a show cover the pixels that are there; those of the configuration are sized for the reader.
-bool IsShow(std::string_view text) { return UpperCase(Left(text, 2)) == "/S" || IsPreview(text); }
-
-// Everything that the user is to see; the configuration is what runs without a switch.
-bool NeedsDisplay(std::string_view text) { return IsShow(text) || text.empty() || UpperCase(Left(text, 2)) == "/C"; }
+bool NeedsDisplay(RunMode mode) { return ShowsPictures(mode) || mode == RunMode::kConfiguration; }
 
 int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPlatform platform(options);
@@ -62,7 +59,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopHost host([&registry] { registry.Close(); });
   const std::string directory = host.GetSystemDirectory(kLongestPath);
   PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR", [&] {
-    // Without samples there is nothing to show, and XScreenSaver may have a better saver.
+    // Without samples there is nothing to show, so that XScreenSaver keeps the saver that it has.
     if (!SetUpDirectory(text).empty()) BecomeSaverOfUser(directory, host.ProgramName());
   });
   SdlSoundPlayer sound;
@@ -70,7 +67,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPassword password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
   const EndingSignals signals([&process] {
-    // The pass that `EndSaver` makes must not run another slide first.
+    // `EndSaver` runs a pass, which must not start another slide.
     process.show.StopRequested = true;
     EndSaver(process);
   });
@@ -95,27 +92,28 @@ int main(int argc, char** argv) {
     std::fputs("quorvale: XSCREENSAVER_WINDOW names no window to show anything in\n", stderr);
     return EXIT_FAILURE;
   }
+  const RunMode mode = RunModeOf(text);
   DesktopOptions options;
   options.application_title = kApplicationTitle;
   options.daemon_window = invocation.daemon_window.value_or(0);
-  options.pixels = IsShow(text) ? PixelKind::kPhysical : PixelKind::kLogical;
+  options.pixels = ShowsPictures(mode) ? PixelKind::kPhysical : PixelKind::kLogical;
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
-  // A preview's host may go at any moment, and what is drawn then is lost without anybody's fault.
+  // A preview's host may be gone at any moment. Qt would then print a warning for each drawing call.
   QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
-  if (invocation.daemon_window || IsPreview(text)) PreferX11();
+  if (invocation.daemon_window || mode == RunMode::kPreview) PreferX11();
   std::optional<DisplayProbe> probe(std::in_place);
-  if (!probe->HasDisplay() && !NeedsDisplay(text)) qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (!probe->HasDisplay() && NeedsDisplay(text)) {
+  if (!probe->HasDisplay() && !NeedsDisplay(mode)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!probe->HasDisplay() && NeedsDisplay(mode)) {
     std::fputs("quorvale: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }
 
-  // Each move of the mouse counts, also those that come faster than they are handled.
+  // Every mouse move counts, also when several come between two passes.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  // A saver is nothing that a session should start again.
+  // A session must not start a saver again.
   qunsetenv("SESSION_MANAGER");
-  // The arguments are the program's own; none of them is Qt's.
+  // Qt gets no arguments: all of them are the program's own.
   int qt_argc = 1;
   const QApplication application(qt_argc, argv);
   probe.reset();

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "base/failure.h"
-#include "base/text.h"
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com.h"
 #include "platform/win32/system/library_services.h"
@@ -16,13 +15,12 @@
 #include "platform/win32/toolkit/resolution.h"
 #include "platform/win32/win32_platform.h"
 #include "process/process.h"
+#include "process/run_mode.h"
 #include "run/main_procedure.h"
 #include "settings/version_record.h"
 
 namespace quorvale {
 namespace {
-
-bool IsMode(const std::string& text, const char* mode) { return UpperCase(Left(text, 2)) == mode; }
 
 // A preview needs the DPI awareness of its host.
 void AdoptHost(const std::string& text) {
@@ -40,8 +38,9 @@ int RunProgram(const std::string& text) {
   SetErrorMode(SEM_FAILCRITICALERRORS);
   const ComApartment components;
   // A show covers physical pixels. The configuration scales with the resolution.
-  const bool is_show = IsMode(text, "/S") || IsMode(text, "/P");
-  if (IsMode(text, "/P")) AdoptHost(text);
+  const RunMode mode = RunModeOf(text);
+  const bool is_show = mode == RunMode::kShow || mode == RunMode::kPreview;
+  if (mode == RunMode::kPreview) AdoptHost(text);
   Win32Options options;
   options.application_title = kApplicationTitle;
   options.pixels = is_show ? PixelKind::kPhysical : PixelKind::kLogical;
