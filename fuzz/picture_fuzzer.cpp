@@ -11,7 +11,7 @@
 
 #include "base/failure.h"
 #include "platform/desktop/pictures/picture_loader.h"
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 
 namespace quorvale {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "bench_files.h"
 #include "platform/desktop/pictures/picture_loader.h"
-#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "portable/platform_parts.h"
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "base/failure.h"
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 
 namespace quorvale {
 namespace {

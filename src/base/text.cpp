@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace quorvale {
@@ -30,6 +31,12 @@ std::size_t ByteOffset(std::string_view text, std::size_t count) {
   for (; count > 0 && at < text.size(); --count) at += CharacterBytes(text, at);
   return at;
 }
+
+// The characters of the bytes 0x80 to 0x9F.
+constexpr std::array<char16_t, 32> kBytesFrom80 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                   0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
@@ -63,6 +70,44 @@ std::string Trim(std::string_view text) {
   if (first == std::string_view::npos) return {};
   const std::size_t last = text.find_last_not_of(' ');
   return std::string(text.substr(first, last - first + 1));
+}
+
+std::string_view TrimWhiteSpace(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kWhiteSpace);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+std::string_view CutLine(std::string_view& text) {
+  std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+  end += text.substr(end).starts_with("\r\n") ? 2 : 1;
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(line.size());
+  return line;
+}
+
+void AppendUtf8(char16_t unit, std::string& text) {
+  if (unit < 0x80) {
+    text += static_cast<char>(unit);
+    return;
+  }
+  if (unit < 0x800) {
+    text += static_cast<char>(0xC0 | unit >> 6);
+  } else {
+    text += static_cast<char>(0xE0 | unit >> 12);
+    text += static_cast<char>(0x80 | (unit >> 6 & 0x3F));
+  }
+  text += static_cast<char>(0x80 | (unit & 0x3F));
+}
+
+std::string FromCodePage1252(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const char byte : bytes) {
+    const auto code = static_cast<unsigned char>(byte);
+    AppendUtf8(code >= 0x80 && code < 0xA0 ? kBytesFrom80[code - 0x80] : char16_t{code}, text);
+  }
+  return text;
 }
 
 std::string UpperCase(std::string_view text) {

@@ -26,6 +26,20 @@ bool IsUtf8(std::string_view text);
 // Removes the spaces at both ends, but no tabs or other white space.
 std::string Trim(std::string_view text);
 
+// Removes all of these characters at both ends.
+inline constexpr std::string_view kWhiteSpace = " \t\r\n";
+std::string_view TrimWhiteSpace(std::string_view text);
+
+// Removes the first line from `text` and returns it with its line end: LF, CR LF or CR.
+std::string_view CutLine(std::string_view& text);
+
+// Appends a UTF-16 unit as UTF-8. The units of a surrogate pair become three bytes each.
+void AppendUtf8(char16_t unit, std::string& text);
+
+// Converts text in Windows code page 1252 to UTF-8. The five bytes that it does not define become the control
+// characters with the same numbers.
+std::string FromCodePage1252(std::string_view bytes);
+
 // Converts ASCII letters to upper case.
 std::string UpperCase(std::string_view text);
 

@@ -16,18 +16,6 @@ void AddLines(std::string& text, const std::string& mark, const ListBox& list) {
   for (int i = 0; i < list.ListCount(); ++i) text += mark + list.List(i) + kLineEnd;
 }
 
-// Removes the first line, with its line end, from `rest` and returns it.
-std::string_view TakeLine(std::string_view& rest) {
-  const std::size_t end = rest.find_first_of(kLineEnd);
-  const std::string_view line = rest.substr(0, end);
-  if (end == std::string_view::npos) {
-    rest = {};
-  } else {
-    rest.remove_prefix(end + (rest.substr(end).starts_with(kLineEnd) ? 2 : 1));
-  }
-  return line;
-}
-
 }  // namespace
 
 std::string PlayListText(const ListBox& pictures, const ListBox& sounds) {
@@ -43,7 +31,8 @@ void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictu
   if (is_too_long) text = text.substr(0, text.find_last_of(kLineEnd) + 1);
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   while (!text.empty()) {
-    const std::string_view line = TakeLine(text);
+    std::string_view line = CutLine(text);
+    line = line.substr(0, line.find_first_of(kLineEnd));
     ListBox& list = line.starts_with('P') ? pictures : sounds;
     list.AddItem(IsUtf8(line) ? Mid(line, 3) : Mid(files.FromOlderCodePage(std::string(line)), 3));
   }

@@ -80,11 +80,11 @@ bool CRegSettings::Save(const std::string& section, const std::string& key, cons
 }
 
 bool CRegSettings::SaveTogether(const std::function<void()>& writes) {
-  RegistryWrites act(registry_);
-  if (act.Begun() != kErrorSuccess) return false;
+  RegistryWrites transaction(registry_);
+  if (transaction.Begun() != kErrorSuccess) return false;
   a_save_failed_ = false;
   writes();
-  return !a_save_failed_ && act.Commit() == kErrorSuccess;
+  return !a_save_failed_ && transaction.Commit() == kErrorSuccess;
 }
 
 std::string CRegSettings::BuildKeyPath(const std::string& section) const {

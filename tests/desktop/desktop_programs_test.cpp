@@ -13,8 +13,8 @@
 
 #include "base/failure.h"
 #include "desktop/temporary_directory.h"
-#include "platform/desktop/system/command_line.h"
 #include "platform/desktop/system/desktop_host.h"
+#include "platform/desktop/system/start_program.h"
 
 namespace quorvale {
 namespace {

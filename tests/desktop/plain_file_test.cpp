@@ -11,7 +11,7 @@
 #include <filesystem>
 
 #include "desktop/temporary_directory.h"
-#include "platform/desktop/system/help_window.h"
+#include "platform/desktop/system/desktop_programs.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "support/failure_of.h"
 #include "system/programs.h"

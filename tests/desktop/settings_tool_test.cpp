@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "desktop/temporary_directory.h"
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "settings/reg_settings.h"
 

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 
 namespace quorvale {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/system/file_locks.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

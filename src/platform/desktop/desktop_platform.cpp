@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <cmath>
+#include <cstdio>
 #include <set>
 #include <utility>
 
@@ -125,6 +126,10 @@ std::unique_ptr<PacedRun> DesktopPlatform::OpenPacedRun(SurfacePeer& surface) {
 }
 
 MessageBoxAnswer DesktopPlatform::ShowMessageBox(const MessageBox& box) {
+  if (!options_.has_display) {
+    std::fprintf(stderr, "%s: %s\n", options_.application_title.c_str(), box.text.c_str());
+    return MessageBoxAnswer::kNone;
+  }
   return ShowQtMessageBox(box, options_.application_title, ended_loops_);
 }
 

@@ -4,7 +4,7 @@
 
 #include "platform/common/pacing.h"
 #include "platform/desktop/pictures/picture_loader.h"
-#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/system/file_locks.h"
 #include "platform/desktop/toolkit/event_loop.h"
 #include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/toolkit/text_painter.h"
@@ -21,6 +21,8 @@ struct DesktopOptions {
   // The user's scale factor for text where Qt's own scaling is off.
   double text_scale = 1;
   PassLengths pass_lengths;
+  // Without a display, message boxes are written to the terminal, since nobody could close them.
+  bool has_display = true;
   // The window of a screen saver daemon in which the show runs, or 0.
   WindowHandle daemon_window = 0;
 };

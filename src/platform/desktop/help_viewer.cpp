@@ -1,4 +1,4 @@
-// The program that shows the help: the pages whose paths come line by line on its standard input.
+// quorvale-help: shows help pages. Standard input has their paths, one per line.
 
 #include <unistd.h>
 
@@ -37,7 +37,7 @@ class HelpViewer : public QMainWindow {
     close_window->setShortcuts({QKeySequence(Qt::Key_Escape), QKeySequence::Close});
     connect(close_window, &QAction::triggered, this, &QWidget::close);
     addAction(close_window);
-    connect(&input_, &QSocketNotifier::activated, this, [this] { TakeInput(); });
+    connect(&input_, &QSocketNotifier::activated, this, [this] { ReadInput(); });
     resize(kWindowSize);
   }
 
@@ -50,17 +50,17 @@ class HelpViewer : public QMainWindow {
   }
 
  private:
-  // A page beside the one on view.
+  // A button for a page in the folder of the current one.
   void AddPage(QToolBar& bar, const QString& caption, const QString& name) {
     connect(bar.addAction(caption), &QAction::triggered, this,
             [this, name] { pages_.setSource(pages_.source().resolved(QUrl(name))); });
   }
 
-  void TakeInput() {
+  void ReadInput() {
     std::array<char, 4096> buffer{};
     const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
     if (count <= 0) {
-      // Who asked has ended; the help stays open for the reader, if there is any to read.
+      // The program that asked has ended. A visible window stays open for the user.
       input_.setEnabled(false);
       if (!isVisible()) QCoreApplication::quit();
       return;

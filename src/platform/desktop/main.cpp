@@ -11,11 +11,10 @@
 
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/system/desktop_host.h"
-#include "platform/desktop/system/desktop_password.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/invocation.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sdl_sound_player.h"
-#include "platform/desktop/system/settings_location.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "platform/desktop/system/xscreensaver_file.h"
 #include "platform/desktop/toolkit/event_loop.h"
@@ -102,8 +101,9 @@ int main(int argc, char** argv) {
   QLoggingCategory::setFilterRules("qt.qpa.xcb.warning=false");
   if (invocation.daemon_window || mode == RunMode::kPreview) PreferX11();
   std::optional<DisplayProbe> probe(std::in_place);
-  if (!probe->HasDisplay() && !NeedsDisplay(mode)) qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (!probe->HasDisplay() && NeedsDisplay(mode)) {
+  options.has_display = probe->HasDisplay();
+  if (!options.has_display && !NeedsDisplay(mode)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!options.has_display && NeedsDisplay(mode)) {
     std::fputs("quorvale: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }

@@ -1,4 +1,4 @@
-// quorvale-settings: reads and changes the registry of the desktop platform from the command line.
+// quorvale-settings: reads and changes the Linux program's registry from the command line.
 
 #include <cstdint>
 #include <cstdio>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "settings/version_record.h"
 #include "system/registry.h"
@@ -50,7 +50,7 @@ std::string_view WithoutNul(std::string_view text) {
   return text;
 }
 
-// A list entry is filled up with blanks, which would only widen the display.
+// List entries are padded with blanks, which are not printed.
 std::string_view WithoutBlanksAtEnd(std::string_view text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
 std::string Below(const std::string& path, const std::string& name) { return path + "\\" + name; }
@@ -64,7 +64,7 @@ class SettingsTool {
   int List(const Arguments& arguments) {
     const std::string section = arguments.empty() ? "" : arguments[0];
     const std::int32_t result = ListKey(section, arguments.empty());
-    // Nothing stored at all is an empty list.
+    // An empty store has an empty list.
     return arguments.empty() && result == kErrorFileNotFound ? kDone : Report(result);
   }
 
@@ -111,10 +111,10 @@ class SettingsTool {
     std::int32_t result = registry_.RegOpenKeyEx(kHkeyCurrentUser, key_, kKeyRead, opened);
     if (result == kErrorFileNotFound) return kDone;
     const OpenRegistryKey open_key(registry_, opened);
-    RegistryWrites act(registry_);
-    if (result == kErrorSuccess) result = act.Begun();
+    RegistryWrites writes(registry_);
+    if (result == kErrorSuccess) result = writes.Begun();
     if (result == kErrorSuccess) result = DeleteTree(key_);
-    if (result == kErrorSuccess) result = act.Commit();
+    if (result == kErrorSuccess) result = writes.Commit();
     return result == kErrorFileNotFound ? kDone : Report(result);
   }
 

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "base/code_page_1252.h"
+#include "base/text.h"
 #include "platform/headless/failure_script.h"
 #include "system/file_system.h"
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 #include "platform/pictures/byte_source.h"
 #include "platform/pictures/rendered_picture.h"
 

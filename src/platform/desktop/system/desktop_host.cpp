@@ -35,14 +35,14 @@ std::uint64_t DesktopHost::ClockSeed() {
   return static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
 }
 
-// Without destructors and exit handlers: they would run below the handlers that are still on the stack, and
-// closing the sound device would hold the user up. Settings are in the file's log from each write on, the
-// windows go with the connection to the display. Only the standard streams are still to be written out.
+// Skips destructors and exit handlers, because event handlers are still on the stack and closing the sound device takes
+// up to half a second. Settings are already in the database's log, and the display closes the windows. Only the
+// standard streams must be flushed.
 void DesktopHost::EndProcess() {
   try {
     before_exit_();
   } catch (...) {
-    // It ends all the same.
+    // The process ends anyway.
   }
   std::fflush(nullptr);
   std::_Exit(EXIT_SUCCESS);

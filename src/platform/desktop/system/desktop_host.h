@@ -5,13 +5,14 @@
 #include <string>
 
 #include "system/host_system.h"
+#include "system/password_system.h"
 
 namespace quorvale {
 
-// The system directory is the one that the running program lies in.
+// The system directory is the directory of the running program.
 class DesktopHost : public HostSystem {
  public:
-  // `before_exit` releases what outlives the process, and what it throws is dropped.
+  // `before_exit` releases what outlives the process. Its exceptions are ignored.
   explicit DesktopHost(std::function<void()> before_exit);
 
   std::string GetSystemDirectory(std::uint32_t size) override;
@@ -20,13 +21,20 @@ class DesktopHost : public HostSystem {
   std::uint64_t ClockSeed() override;
   [[noreturn]] void EndProcess() override;
   std::int32_t PlatformId() override { return kPlatformLocksItself; }
-  // Linux has no state of a running saver to be told of.
+  // Nothing: Linux has no such state.
   void SystemParametersInfo(std::uint32_t /*action*/, std::uint32_t /*parameter*/) override {}
 
  private:
   std::function<void()> before_exit_;
   std::string directory_;
   std::string program_name_;
+};
+
+// Linux has no saver password: screen lockers ask for one. The check is refused.
+class DesktopPassword : public PasswordSystem {
+ public:
+  std::uint32_t VerifyScreenSavePwd(WindowHandle /*owner*/) override { return 0; }
+  void PwdChangePassword(const std::string& /*provider*/, WindowHandle /*owner*/) override {}
 };
 
 }  // namespace quorvale

@@ -1,12 +1,59 @@
 #include "platform/desktop/system/desktop_programs.h"
 
+#include <sys/socket.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include "base/failure.h"
-#include "platform/desktop/system/command_line.h"
+#include "platform/common/help_pages.h"
 #include "platform/desktop/system/start_program.h"
 
 namespace quorvale {
+namespace {
+
+std::filesystem::path ProgramFolder() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+bool IsFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+}  // namespace
+
+std::string FindHelpPage(const std::string& file, std::uint32_t command, std::uintptr_t data) {
+  // Both end in a separator.
+  const std::string beside = std::filesystem::path(file).parent_path() / "";
+  const std::string program = ProgramFolder() / "";
+  return FindHelpPage({beside, beside + "help/", program + "help/", program + "../share/quorvale/help/"}, IsFile,
+                      command, data);
+}
+
+void HelpWindow::Show(const std::string& page) {
+  if (pages_.IsOpen() && Ask(page)) return;
+  std::array<int, 2> ends{};
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
+    throw Failure(FailureNumber::kInternal, std::generic_category().message(errno), "HelpWindow");
+  }
+  const FileDescriptor its_end(ends[0]);
+  pages_ = FileDescriptor(ends[1]);
+  StartProgram({(ProgramFolder() / "quorvale-help").string()}, its_end.Get());
+  Ask(page);
+}
+
+// False if the window has been closed.
+bool HelpWindow::Ask(const std::string& page) const {
+  const std::string line = page + '\n';
+  return send(pages_.Get(), line.data(), line.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(line.size());
+}
+
 void DesktopPrograms::Start(const std::string& command_line, int /*window_style*/) {
   const std::vector<std::string> pieces = SplitCommandLine(command_line);
   if (pieces.empty()) throw Failure(FailureNumber::kNotFound, "No program to start", "DesktopPrograms");
@@ -17,7 +64,7 @@ void DesktopPrograms::OpenDisplaySettings() {
   try {
     Start("xscreensaver-settings", kWindowNormalFocus);
   } catch (const Failure&) {
-    // Other desktops have settings of their own, and none that is the same on all of them.
+    // There is no other program that all desktops have.
   }
 }
 

@@ -8,21 +8,22 @@
 
 namespace quorvale {
 
-// Names that match one of several wildcard patterns, gathered in any order and given out sorted.
+// Collects the file names that match one of several wildcard patterns, and sorts them. Names compare as on NTFS: by
+// their upper-case letters, in the order of UTF-16. In a pattern "*" stands for any text and "?" for one character.
 class DirectoryListing {
  public:
   explicit DirectoryListing(const std::vector<std::string>& patterns);
 
-  // Adds `name` to the groups of the patterns that it matches. `is_wanted` is asked at the first match.
+  // Adds `name` for each pattern that it matches. Calls `is_wanted` at the first match only, since it may be slow.
   void Add(std::string_view name, const std::function<bool()>& is_wanted);
 
-  // The names of the first pattern in name order, then those of the second, and so on.
-  void GiveOut(const std::function<void(const std::string& name)>& found);
+  // Calls `found` for the names of the first pattern in name order, then for those of the second, and so on.
+  void Report(const std::function<void(const std::string& name)>& found);
 
  private:
-  // A name in `text_`: its folded form and then the name itself.
+  // A name in `text_`: its folded form, then the name itself.
   struct Name {
-    std::uint64_t head = 0;  // eight bytes of the folded form, the first that tell the names of the group apart
+    std::uint64_t head = 0;  // eight bytes of the folded form, from behind the prefix that all names share
     std::size_t offset = 0;
     std::uint32_t folded_size = 0;
     std::uint32_t size = 0;

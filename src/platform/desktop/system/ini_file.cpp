@@ -7,48 +7,30 @@
 #include <vector>
 
 #include "base/text.h"
-#include "platform/desktop/system/text_file.h"
+#include "platform/desktop/system/files.h"
 
 namespace quorvale {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
-std::string_view Strip(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == std::string_view::npos ? std::string_view()
-                                         : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-// With their line ends.
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
-    lines.push_back(text.substr(start, end - start));
-    start = end;
-  }
-  return lines;
-}
-
-// The name of the section that `line` opens.
+// The name of the section that begins with `line`, if one does.
 std::optional<std::string_view> SectionOf(std::string_view line) {
-  line = Strip(line);
+  line = TrimWhiteSpace(line);
   const std::size_t end = line.find(']');
   if (!line.starts_with('[') || end == std::string_view::npos) return std::nullopt;
-  return Strip(line.substr(1, end - 1));
+  return TrimWhiteSpace(line.substr(1, end - 1));
 }
 
 bool HasKey(std::string_view line, const std::string& key) {
   const std::size_t equals = line.find('=');
-  return equals != std::string_view::npos && EqualsIgnoringCase(Strip(line.substr(0, equals)), key);
+  return equals != std::string_view::npos && EqualsIgnoringCase(TrimWhiteSpace(line.substr(0, equals)), key);
 }
 
 }  // namespace
 
 std::string SetIniValue(const std::string& text, const std::string& section, const std::string& key,
                         const std::string& value) {
-  std::vector<std::string> lines = Lines(text);
+  std::vector<std::string> lines;
+  for (std::string_view rest = text; !rest.empty();) lines.emplace_back(CutLine(rest));
   const bool has_returns = !lines.empty() && lines.front().ends_with("\r\n");
   const std::string line_end = has_returns ? "\r\n" : "\n";
   if (!lines.empty() && !lines.back().ends_with('\n')) lines.back() += line_end;
@@ -68,9 +50,9 @@ std::string SetIniValue(const std::string& text, const std::string& section, con
     if (line != end) {
       *line = line->substr(0, line->find('=') + 1) + value + line_end;
     } else {
-      // Blank lines at the end of a section set it apart from the next one.
+      // Blank lines at a section's end separate it from the next.
       auto last = end;
-      while (Strip(*(last - 1)).empty()) --last;
+      while (TrimWhiteSpace(*(last - 1)).empty()) --last;
       lines.insert(last, new_line);
     }
   }
@@ -82,9 +64,8 @@ std::string SetIniValue(const std::string& text, const std::string& section, con
 bool WriteIniValue(const std::string& path, const std::string& section, const std::string& key,
                    const std::string& value) {
   if ((section + key + value).find_first_of("\r\n") != std::string::npos) return false;
-  const std::string target = BehindLinks(path);
-  const std::optional<std::string> text = ReadTextFile(target);
-  return text && ReplaceTextFile(target, SetIniValue(*text, section, key, value));
+  const std::optional<std::string> text = ReadTextFile(path);
+  return text && ReplaceTextFile(path, SetIniValue(*text, section, key, value));
 }
 
 }  // namespace quorvale

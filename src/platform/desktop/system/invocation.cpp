@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view kRoot = "--root";
 constexpr std::string_view kWindowId = "--window-id";
 
-// 0 for what is no number.
+// 0 if it is not a number.
 std::uint32_t WindowId(std::string_view text) {
   const bool is_hexadecimal = text.starts_with("0x") || text.starts_with("0X");
   if (is_hexadecimal) text.remove_prefix(2);
@@ -29,13 +29,14 @@ Invocation ReadInvocation(const std::vector<std::string>& arguments, const char*
     const std::string_view argument = arguments[i];
     if (has_options && argument == kWindowId) {
       const std::string_view id = i + 1 < arguments.size() ? arguments[i + 1] : std::string_view();
-      return {"/P " + std::to_string(WindowId(id)), {}};
+      return {"/P " + std::to_string(WindowId(id)), RunMode::kPreview, {}};
     }
     if (has_options && argument == kRoot) is_in_root = true;
     if (i > 0) invocation.text += ' ';
     invocation.text += argument;
   }
-  if (is_in_root) return {"/S", WindowId(daemon_window != nullptr ? daemon_window : "")};
+  if (is_in_root) return {"/S", RunMode::kShow, WindowId(daemon_window != nullptr ? daemon_window : "")};
+  invocation.mode = RunModeOf(invocation.text);
   return invocation;
 }
 

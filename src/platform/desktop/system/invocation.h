@@ -5,19 +5,22 @@
 #include <string>
 #include <vector>
 
+#include "process/run_mode.h"
+
 namespace quorvale {
 
-// How the program was called.
+// The command line, with XScreenSaver's arguments translated to this program's own.
 struct Invocation {
-  // What the start is told: the arguments, or the switch that they stand for.
+  // The text for `Main`.
   std::string text;
-  // The window of a screen saver daemon that the show has to run in; 0 when the daemon named none.
+  RunMode mode = RunMode::kNone;
+  // The window of a screen saver daemon in which the show has to run; 0 if the daemon named none.
   std::optional<std::uint32_t> daemon_window;
 };
 
-// `--root` is the show in the window that the daemon named in its environment, `--window-id N`, decimal or
-// with 0x in front, the preview in that window, whatever else is given. All other arguments make the text,
-// joined by one blank. `daemon_window` is the value of XSCREENSAVER_WINDOW, or null.
+// `--root` means the show in the window that the daemon's environment names. `--window-id N` (decimal, or hexadecimal
+// with 0x) means the preview in that window and overrides all else. Other arguments are joined by blanks.
+// `daemon_window` is the value of XSCREENSAVER_WINDOW, or null.
 Invocation ReadInvocation(const std::vector<std::string>& arguments, const char* daemon_window);
 
 }  // namespace quorvale

@@ -12,13 +12,12 @@
 #include <string_view>
 #include <utility>
 
-#include "base/code_page_1252.h"
 #include "base/failure.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "platform/desktop/system/directory_listing.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/ini_file.h"
-#include "platform/desktop/system/settings_location.h"
-#include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
 namespace {
@@ -27,7 +26,7 @@ struct DirectoryCloser {
   void operator()(DIR* directory) const { closedir(directory); }
 };
 
-// Whether that number says that a path names nothing. A loop of links and a name that is too long do.
+// Whether the error number means that the path names nothing. A loop of links and a name that is too long do.
 bool MeansMissing(int error) { return error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG; }
 
 [[noreturn]] void Fail(int error, const std::string& path) {
@@ -35,9 +34,9 @@ bool MeansMissing(int error) { return error == ENOENT || error == ENOTDIR || err
                 path + ": " + std::strerror(error), "PosixFileSystem");
 }
 
-// The type of what `path` names, links followed; nothing when there is no such thing.
+// The type of the file at `path`; links are followed. No value if there is none.
 std::optional<mode_t> TypeOf(const std::string& path) {
-  // A NUL would cut the path and so name something else.
+  // The system would take the part before the NUL, which names something else.
   if (path.find('\0') != std::string::npos) return std::nullopt;
   struct stat status {};
   if (stat(path.c_str(), &status) == 0) return status.st_mode & S_IFMT;
@@ -84,7 +83,7 @@ void PosixFileSystem::EnumerateFiles(const std::string& directory, const std::ve
     listing.Add(entry->d_name, [&] { return IsPlainFile(dirfd(opened.get()), *entry); });
   }
   if (errno != 0) Fail(errno, directory);
-  listing.GiveOut(found);
+  listing.Report(found);
 }
 
 std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {
@@ -93,7 +92,8 @@ std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {
   if (!type || !(S_ISREG(*type) || (S_ISDIR(*type) && finds_directories))) return {};
   const std::size_t end = path.find_last_not_of('/');
   if (end == std::string::npos) return "/";
-  const std::string name = path.substr(0, end + 1).substr(path.rfind('/', end) + 1);
+  const std::string trimmed = path.substr(0, end + 1);
+  const std::string name = trimmed.substr(NameStart(trimmed, "/"));
   const bool finds_hidden = (attributes & kAttributeHidden) != 0 || path.ends_with('/');
   return IsHidden(name) && !finds_hidden ? std::string() : name;
 }
@@ -126,7 +126,7 @@ bool PosixFileSystem::WritePrivateProfileString(const std::string& section, cons
 }
 
 bool PosixFileSystem::IsSaverFile(const std::string& path) const {
-  const std::size_t name = saver_file_.rfind('/') + 1;
+  const std::size_t name = NameStart(saver_file_, "/");
   return path.size() == saver_file_.size() && path.compare(0, name, saver_file_, 0, name) == 0 &&
          EqualsIgnoringCase(path, saver_file_);
 }

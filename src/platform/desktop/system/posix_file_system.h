@@ -9,29 +9,28 @@
 
 namespace quorvale {
 
-// Linux' files. A leading dot is what hides a file, links are followed, and what is neither a plain file
-// nor a directory is not found at all. The long form of a name is the name itself, and so is the short one.
+// The files of Linux. A file with a leading dot is hidden. Links are followed. Only regular files and directories are
+// found. Long and short names are the same.
 class PosixFileSystem : public FileSystem {
  public:
-  // INI files without a directory lie in `settings_directory`. `saver_file` is the path under which the
-  // program is known as a screen saver: it counts as existing, whatever the case of its name. `chosen` is
-  // called when that is written to be the system's saver.
+  // `settings_directory` holds INI files whose names have no directory. `saver_file` is the path under which the
+  // program is known as a screen saver; it counts as existing, and the case of its file name is ignored. `chosen` is
+  // called when that path is written as the system's saver.
   PosixFileSystem(std::string settings_directory, std::string saver_file, std::function<void()> chosen = nullptr);
 
-  // Names compare as NTFS compares them, by their upper-case form, and those that differ in case alone by
-  // their bytes.
+  // The name order is that of NTFS; names that differ only in case are in the order of their bytes.
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                       const std::function<void(const std::string& name)>& found) override;
 
-  // Takes no wildcards. A path that ends in a separator names a directory, which is not hidden then.
+  // No wildcards. A directory whose path ends in a separator is not hidden.
   std::string FindFile(const std::string& path, int attributes) override;
 
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   std::string ReadFile(const std::string& path, std::size_t most) override;
   void WriteFile(const std::string& path, const std::string& content) override;
-  // Windows' western one, from where such lists come.
+  // Code page 1252: older lists come from Windows.
   std::string FromOlderCodePage(const std::string& bytes) override;
-  // Linux keeps no saver in the file that the line is written to, so whoever does is told of it.
+  // Linux does not take the saver from that file, so `chosen` is called too.
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override;
   PathSyntax Syntax() const override { return {'/'}; }

@@ -1,23 +1,42 @@
 #include "platform/desktop/system/sdl_sound_player.h"
 
 #include <SDL_thread.h>
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <chrono>
 #include <system_error>
 #include <utility>
 
+#include "platform/desktop/system/wave_stream.h"
+
 namespace quorvale {
 namespace {
 
+constexpr std::uint16_t kFramesPerBuffer = 2048;
+
+void Ignore(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/, const char* /*format*/, ...) {}
+
+// On a machine without a sound card ALSA writes errors to the terminal. Its own handler is replaced, so that other
+// messages are not lost.
+void SilenceAlsa() {
+  void* library = dlopen("libasound.so.2", RTLD_LAZY);
+  if (library == nullptr) return;
+  using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
+  using SetHandler = int (*)(Handler);
+  if (auto set_handler = reinterpret_cast<SetHandler>(dlsym(library, "snd_lib_error_set_handler"))) {
+    set_handler(&Ignore);
+  }
+}
+
 using std::chrono::milliseconds;
 
-// A device opens, or proves absent, in 1 to 3 ms. One that takes longer than this counts as there, so that a
-// slow sound server never holds up the show.
+// Opening succeeds or fails within 1 to 3 ms. A device that takes longer counts as present, so that a slow sound server
+// does not delay the show.
 constexpr milliseconds kAnswerPatience{20};
-// What is queued ahead bridges a slow disk; half of it gone wakes the thread.
+// Two seconds of samples bridge a slow disk. The thread wakes when half of them are played.
 constexpr std::uint32_t kQueueAhead = 2 * kOutputBytesPerSecond;
-// Opening again costs about as much as keeping a silent device for this long.
+// Reopening costs about as much as a silent device for this long.
 constexpr milliseconds kSilenceUntilClose{1000};
 constexpr milliseconds kMinNap{20};
 
@@ -27,12 +46,45 @@ milliseconds PlayingTime(std::uint32_t bytes) {
 
 }  // namespace
 
+AudioDevice::AudioDevice() { SilenceAlsa(); }
+
+bool AudioDevice::Open() {
+  if (IsOpen()) return true;
+  // Only the audio part: `SDL_Init` would also start an event queue, signal handlers and the message bus.
+  if (!started_ && SDL_AudioInit(nullptr) != 0) return false;
+  started_ = true;
+  SDL_AudioSpec wanted{};
+  wanted.freq = kOutputRate;
+  wanted.format = kOutputFormat;
+  wanted.channels = kOutputChannels;
+  wanted.samples = kFramesPerBuffer;
+  device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+  if (!IsOpen()) return false;
+  SDL_PauseAudioDevice(device_, 0);
+  return true;
+}
+
+void AudioDevice::Queue(const std::vector<std::uint8_t>& samples) const {
+  SDL_QueueAudio(device_, samples.data(), static_cast<std::uint32_t>(samples.size()));
+}
+
+void AudioDevice::Close() {
+  if (!std::exchange(started_, false)) return;
+  if (IsOpen()) SDL_CloseAudioDevice(std::exchange(device_, 0));
+  SDL_AudioQuit();
+}
+
+void AudioDevice::Abandon() {
+  started_ = false;
+  device_ = 0;
+}
+
 SdlSoundPlayer::~SdlSoundPlayer() {
   {
     const std::lock_guard lock(mutex_);
     stop_ = true;
   }
-  ordered_.notify_one();
+  commanded_.notify_one();
   if (worker_.joinable()) worker_.join();
 }
 
@@ -52,7 +104,7 @@ bool SdlSoundPlayer::PlaySound(const std::string& path, std::uint32_t /*flags*/)
   next_ = std::move(sound);
   cut_off_ = true;
   answer_.reset();
-  ordered_.notify_one();
+  commanded_.notify_one();
   if (!playable) return false;
   answered_.wait_for(lock, kAnswerPatience, [this] { return answer_.has_value(); });
   return answer_.value_or(true);
@@ -62,39 +114,39 @@ void SdlSoundPlayer::Run() {
   AudioDevice device;
   std::unique_lock lock(mutex_);
   while (true) {
-    const bool ordered = WaitForOrder(device, lock);
+    const bool commanded = WaitForCommand(device, lock);
     if (stop_) break;
     cut_off_ = false;
     if (const std::unique_ptr<WaveStream> sound = std::move(next_)) Play(*sound, device, lock);
-    if (ordered && device.IsOpen()) continue;
+    if (commanded && device.IsOpen()) continue;
     lock.unlock();
     device.Close();
     lock.lock();
   }
   device.Abandon();
-  SDL_TLSCleanup();  // the library forgets only threads of its own making by itself
+  SDL_TLSCleanup();  // SDL does this only for threads that it has created
 }
 
-// False when an open device has been silent for long enough to be closed.
-bool SdlSoundPlayer::WaitForOrder(const AudioDevice& device, std::unique_lock<std::mutex>& lock) {
-  const auto has_order = [this] { return HasOrder(); };
-  if (device.IsOpen()) return ordered_.wait_for(lock, kSilenceUntilClose, has_order);
-  ordered_.wait(lock, has_order);
+// False if an open device has been silent long enough to be closed.
+bool SdlSoundPlayer::WaitForCommand(const AudioDevice& device, std::unique_lock<std::mutex>& lock) {
+  const auto has_command = [this] { return HasCommand(); };
+  if (device.IsOpen()) return commanded_.wait_for(lock, kSilenceUntilClose, has_command);
+  commanded_.wait(lock, has_command);
   return true;
 }
 
-// Feeds the device until the sound has ended or there is another order.
+// Feeds the device until the sound has ended or a command comes.
 void SdlSoundPlayer::Play(WaveStream& sound, AudioDevice& device, std::unique_lock<std::mutex>& lock) {
   lock.unlock();
   const bool opened = device.Open();
   lock.lock();
-  // An order that came meanwhile waits for an answer of its own.
-  if (!HasOrder()) answer_ = opened;
+  // A command that came meanwhile gets its own answer.
+  if (!HasCommand()) answer_ = opened;
   answered_.notify_one();
   if (!opened) return;
 
   bool more = true;
-  while (!HasOrder()) {
+  while (!HasCommand()) {
     lock.unlock();
     const std::uint32_t queued = device.QueuedBytes();
     const bool feed = more && queued < kQueueAhead;
@@ -106,7 +158,8 @@ void SdlSoundPlayer::Play(WaveStream& sound, AudioDevice& device, std::unique_lo
     lock.lock();
     if (feed) continue;
     if (queued == 0) return;
-    ordered_.wait_for(lock, std::max(PlayingTime(more ? queued / 2 : queued), kMinNap), [this] { return HasOrder(); });
+    commanded_.wait_for(lock, std::max(PlayingTime(more ? queued / 2 : queued), kMinNap),
+                        [this] { return HasCommand(); });
   }
   device.Clear();
 }

@@ -8,20 +8,18 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/desktop/system/file_descriptor.h"
-#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/files.h"
 
 namespace quorvale {
 namespace {
 
-// How long a set-aside waits for those who have the file open, and they for it.
+// How long `SetAside` waits for processes that have the file open, and they for it.
 constexpr std::chrono::milliseconds kLockPatience{1000};
 constexpr std::chrono::milliseconds kReadOnlyLife{1000};
 constexpr int kMostSetAside = 1000;
 
-// The hives have rows of their own from the start, under their own numbers, so that every other key has
-// a parent. A deleted key's number is not given to another, but to the same key if one transaction deletes it and
-// creates it again.
+// Each hive has a row with its own number from the start, so every other key has a parent. A deleted key's number is
+// not given to another, but to the same key if one transaction deletes it and creates it again.
 constexpr char kSchema[] = R"(
 CREATE TABLE keys (
   id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -54,8 +52,8 @@ void CreateSchema(SqliteDatabase& database) {
   transaction.Commit();
 }
 
-// The write-ahead log stays on in the file once it is on. Two processes that turn it on at once can get in
-// each other's way; the file works without it until the next one opens it.
+// The file remembers that the log is on. If two processes turn it on at once, one may fail; the file then works without
+// it until it is opened again.
 void TurnOnWriteAheadLog(SqliteDatabase& database) {
   try {
     database.Execute("PRAGMA journal_mode = WAL");
@@ -64,7 +62,7 @@ void TurnOnWriteAheadLog(SqliteDatabase& database) {
   }
 }
 
-// Whether there is a file at `path`. What is there and is no plain file fails: opening a pipe would wait.
+// Throws if `path` is something other than a regular file, because opening a pipe would wait.
 bool IsThere(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) {
@@ -75,12 +73,12 @@ bool IsThere(const std::string& path) {
   return true;
 }
 
-// SQLite would let everybody read it. The files beside it get the mode of this one.
+// SQLite would make it readable for everybody. It gives the files beside it the same mode.
 void CreateForOwner(const std::string& path) {
   const FileDescriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
 }
 
-// 0 for a file that is missing too.
+// 0 if the file is missing.
 off_t SizeOf(const std::string& path) {
   struct stat status {};
   return stat(path.c_str(), &status) == 0 ? status.st_size : 0;
@@ -119,9 +117,9 @@ bool IsDamaged(const std::string& path) {
   }
 }
 
-// Takes the log along, which may hold values that someone can still get out. The file itself goes first:
-// a log without its file is dropped by SQLite, a file without its log would lose values in silence.
-bool GiveAnotherName(const std::string& path) {
+// Renames the log too, because values may be recovered from it. The file is first: SQLite deletes a log without a file,
+// but a file without its log would lose values.
+bool Rename(const std::string& path) {
   for (int number = 1; number <= kMostSetAside; ++number) {
     const std::string aside = path + ".damaged-" + std::to_string(number);
     if (access(aside.c_str(), F_OK) == 0) continue;
@@ -165,15 +163,15 @@ SqliteDatabase* SettingsFile::OpenToWrite(Access access) {
     CreateSchema(*database);
   }
   TurnOnWriteAheadLog(*database);
-  // In KiB. With SQLite's own 2 MB a long list is written out and read back while it is being saved.
+  // The cache size is in KiB. With SQLite's default of 2 MB, a long list is written and read back while it is saved.
   database->Execute("PRAGMA synchronous = NORMAL; PRAGMA cache_size = -16000");
   share_ = std::move(share);
   database_ = std::move(database);
   return database_.get();
 }
 
-// A database with a write-ahead log wants an index of the log beside it, which this place can't hold. Without locks the
-// index lies in memory; a file without a log is read as one that nobody changes.
+// A write-ahead log needs an index file, which can't be created here. Without locks the index is in memory. A file
+// without a log is opened as one that nobody changes.
 SqliteDatabase* SettingsFile::OpenToReadOnly() {
   std::unique_ptr<SqliteDatabase> database;
   if (SizeOf(path_ + "-wal") > 0) {
@@ -191,11 +189,11 @@ SqliteDatabase* SettingsFile::OpenToReadOnly() {
 
 bool SettingsFile::SetAside() {
   Close();
-  // A second time there is more wrong than a file.
+  // If a new file is damaged too, the file is not the cause.
   given_up_ = true;
   if (std::exchange(was_damaged_, true)) return false;
   const auto alone = DirectoryLock::Take(directory_, DirectoryLock::Kind::kExclusive, kLockPatience);
-  given_up_ = !alone || (IsDamaged(path_) && !GiveAnotherName(path_));
+  given_up_ = !alone || (IsDamaged(path_) && !Rename(path_));
   return !given_up_;
 }
 

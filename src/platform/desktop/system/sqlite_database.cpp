@@ -77,7 +77,7 @@ SqliteTransaction::~SqliteTransaction() {
   try {
     database_.Execute(is_part_ ? "ROLLBACK TO part; RELEASE part" : "ROLLBACK");
   } catch (const SqliteError&) {
-    // After some failures SQLite has rolled back by itself, and says that there is nothing to roll back.
+    // After some failures SQLite has already rolled back, and this fails.
   }
 }
 

@@ -11,19 +11,18 @@
 
 namespace quorvale {
 
-// What SQLite answered to a call that it could not do. Never leaves the registry.
+// SQLite's result code of a failed call. The registry catches it.
 class SqliteError {
  public:
   explicit SqliteError(int code) : code_(code) {}
 
-  // A file that makes no sense, whose tables or format are not those that a statement was made for, or
-  // whose rows don't fit together.
+  // The file is no database, has other tables or another format, or its rows contradict each other.
   bool IsDamage() const {
     return Primary() == SQLITE_CORRUPT || Primary() == SQLITE_NOTADB || Primary() == SQLITE_ERROR ||
            Primary() == SQLITE_CONSTRAINT;
   }
   bool IsBusy() const { return Primary() == SQLITE_BUSY; }
-  // A file that is there, in a place where what belongs beside it can't be made or written.
+  // The file, or a file that belongs beside it, can't be created or written.
   bool IsUnwritable() const {
     return Primary() == SQLITE_CANTOPEN || Primary() == SQLITE_READONLY || Primary() == SQLITE_IOERR ||
            Primary() == SQLITE_FULL;
@@ -35,8 +34,8 @@ class SqliteError {
   int code_;
 };
 
-// One execution of a prepared statement. Its end resets the statement, and with it the read transaction.
-// Parameters count from 1, columns from 0; what a column gives holds until the next step.
+// One execution of a prepared statement. The destructor resets the statement and ends its read transaction. Parameters
+// count from 1, columns from 0. Column values are valid until the next step.
 class SqliteQuery {
  public:
   explicit SqliteQuery(sqlite3_stmt* statement) : statement_(statement) {}
@@ -44,12 +43,12 @@ class SqliteQuery {
   SqliteQuery(const SqliteQuery&) = delete;
   SqliteQuery& operator=(const SqliteQuery&) = delete;
 
-  // Bound text and bytes are not copied: they outlive the query. A text ends at its first NUL.
+  // Bound text and bytes are not copied and must outlive the query. A text ends at its first NUL.
   SqliteQuery& Bind(int parameter, std::int64_t number);
   SqliteQuery& Bind(int parameter, const std::string& text);
   SqliteQuery& BindBytes(int parameter, std::string_view bytes);
 
-  // True when there is a row to look at. Throws `SqliteError`.
+  // True if there is a row. Throws `SqliteError`.
   bool Step();
 
   bool IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
@@ -60,27 +59,27 @@ class SqliteQuery {
   sqlite3_stmt* statement_;
 };
 
-// A connection to one SQLite file, for one thread. What can't be done throws `SqliteError`.
+// A connection to one SQLite file, for one thread. Failed calls throw `SqliteError`.
 class SqliteDatabase {
  public:
-  // `vfs` names one of SQLite's ways to the file system; null is the usual one.
+  // `vfs` names one of SQLite's file system layers; null is the default.
   SqliteDatabase(const std::string& path, int flags, const char* vfs = nullptr);
 
-  // Leaves the write-ahead log as it is when this connection is closed.
+  // Closing this connection will leave the write-ahead log unchanged.
   void KeepLogAtClose();
 
-  // How long a call waits for another connection to finish.
+  // How long a call waits for other connections' locks.
   void SetPatience(std::chrono::milliseconds patience);
 
-  // Runs statements that give nothing back.
+  // Runs statements without results.
   void Execute(const char* statements);
 
-  // `statement` is a constant: it is prepared once and kept under its address.
+  // `statement` must be a constant: it is prepared once and cached by its address.
   SqliteQuery Query(const char* statement);
 
   bool InTransaction() const { return sqlite3_get_autocommit(connection_.get()) == 0; }
 
-  // The rows that the last INSERT, UPDATE or DELETE changed by itself.
+  // The number of rows that the last INSERT, UPDATE or DELETE changed.
   int Changes() { return sqlite3_changes(connection_.get()); }
 
  private:
@@ -93,7 +92,8 @@ class SqliteDatabase {
   std::unordered_map<const void*, std::unique_ptr<sqlite3_stmt, Closer>> statements_;
 };
 
-// A write transaction: taken up at once, rolled back unless it is committed. Inside another it is a part of that one.
+// A write transaction. It takes the write lock at once, and the destructor rolls back what was not committed. Inside
+// another transaction it is a savepoint of that one.
 class SqliteTransaction {
  public:
   explicit SqliteTransaction(SqliteDatabase& database);

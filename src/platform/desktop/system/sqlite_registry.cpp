@@ -6,14 +6,13 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/desktop/system/registry_keys.h"
 
 namespace quorvale {
 namespace {
 
 using Access = SettingsFile::Access;
 
-// Rights of an open key, as bits of the access that it was opened with.
+// Rights as bits of the access that a key is opened with.
 constexpr std::uint32_t kAnyRight = 0;
 constexpr std::uint32_t kQueryRight = 1;
 constexpr std::uint32_t kSetRight = 2;
@@ -22,17 +21,21 @@ constexpr std::uint32_t kEnumerateRight = 8;
 constexpr std::uint32_t kRegExpandSz = 2;
 constexpr std::uint32_t kRegMultiSz = 7;
 
-// How long a call waits for another process that writes. One that waited in vain shows that something hangs
-// there, and the calls behind it hardly wait until a write succeeds again.
+// How long a call waits for another process that writes. If that process hangs, only the first call waits that long;
+// the next ones wait shortly, until a write succeeds.
 constexpr std::chrono::milliseconds kPatience{2000};
 constexpr std::chrono::milliseconds kShortPatience{20};
 
+constexpr char kFindKey[] = "SELECT id FROM keys WHERE hive = ?1 AND path = ?2";
+constexpr char kAddKey[] =
+    "INSERT INTO keys (hive, path, parent) VALUES (?1, ?2, ?3) ON CONFLICT (hive, path) DO NOTHING";
+constexpr char kKeyExists[] = "SELECT 1 FROM keys WHERE id = ?1";
 constexpr char kSubkeys[] = "SELECT path FROM keys WHERE parent = ?1 ORDER BY path";
 constexpr char kRenumberKey[] = "UPDATE keys SET id = ?2 WHERE id = ?1";
 constexpr char kDeleteKey[] = "DELETE FROM keys WHERE id = ?1";
 constexpr char kDeleteValues[] = "DELETE FROM key_values WHERE key = ?1";
 constexpr char kNames[] = "SELECT name FROM key_values WHERE key = ?1";
-// A row with NULL is a key without the value, no row is a key that is gone.
+// A row with NULL means that the key has no such value. No row means that the key is gone.
 constexpr char kFindValue[] =
     "SELECT v.type, v.data FROM keys k LEFT JOIN key_values v ON v.key = k.id AND v.name = ?2 WHERE k.id = ?1";
 constexpr char kValues[] = "SELECT name, type, data FROM key_values WHERE key = ?1 ORDER BY name";
@@ -45,30 +48,69 @@ bool IsHive(std::uint32_t hive) { return hive >= kHkeyClassesRoot && hive <= kHk
 
 std::int32_t FaultOf(Access access) { return access == Access::kRead ? kErrorReadFault : kErrorWriteFault; }
 
-// The form in which names are equal; they end at their first NUL.
+// Equal for names that the registry does not distinguish. Names end at their first NUL.
 std::string Folded(const std::string& name) { return UpperCase(name.c_str()); }
 
 bool IsText(std::uint32_t type) { return type == kRegSz || type == kRegExpandSz || type == kRegMultiSz; }
+
+// `path` below `base`, with one separator between levels and none at the ends.
+std::string JoinPath(std::string base, const std::string& path) {
+  // Like all texts of the registry's calls it ends at its first NUL.
+  std::string_view rest = path.c_str();
+  while (!rest.empty()) {
+    const std::string_view level = rest.substr(0, rest.find('\\'));
+    rest.remove_prefix(std::min(rest.size(), level.size() + 1));
+    if (level.empty()) continue;
+    if (!base.empty()) base += '\\';
+    base += level;
+  }
+  return base;
+}
+
+// The key's number, if there is such a key.
+std::optional<std::int64_t> FindKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
+  SqliteQuery query = database.Query(kFindKey);
+  if (!query.Bind(1, hive).Bind(2, path).Step()) return std::nullopt;
+  return query.Number(0);
+}
+
+bool KeyExists(SqliteDatabase& database, std::int64_t id) { return database.Query(kKeyExists).Bind(1, id).Step(); }
+
+// The number of the key. It and its missing parents are created.
+std::int64_t CreateKey(SqliteDatabase& database, std::uint32_t hive, const std::string& path) {
+  SqliteTransaction transaction(database);
+  std::int64_t id = hive;
+  for (std::size_t end = 0; end < path.size(); ++end) {
+    end = std::min(path.find('\\', end), path.size());
+    const std::string level = path.substr(0, end);
+    database.Query(kAddKey).Bind(1, hive).Bind(2, level).Bind(3, id).Step();
+    const auto found = FindKey(database, hive, level);
+    if (!found) throw SqliteError(SQLITE_CORRUPT);
+    id = *found;
+  }
+  transaction.Commit();
+  return id;
+}
 
 }  // namespace
 
 template <typename Work>
 std::int32_t SqliteRegistry::Run(Access access, Work work) {
-  if (act_) return RunInAct(access, work);
+  if (transaction_) return RunInTransaction(access, work);
   const std::int32_t fault = FaultOf(access);
   try {
     while (true) {
       try {
         SqliteDatabase* database = file_.Open(access);
         if (database == nullptr) return kErrorFileNotFound;
-        database->SetPatience(waited_in_vain_ ? kShortPatience : kPatience);
+        database->SetPatience(last_wait_failed_ ? kShortPatience : kPatience);
         const std::int32_t result = work(*database);
-        if (access == Access::kWrite) waited_in_vain_ = false;
+        if (access == Access::kWrite) last_wait_failed_ = false;
         return result;
       } catch (const SqliteError& error) {
-        waited_in_vain_ = error.IsBusy();
+        last_wait_failed_ = error.IsBusy();
         if (!error.IsDamage() || !file_.SetAside()) return fault;
-        // The keys that they stood for are gone with the file.
+        // Their rows were in the old file.
         open_keys_.clear();
       }
     }
@@ -78,16 +120,16 @@ std::int32_t SqliteRegistry::Run(Access access, Work work) {
 }
 
 template <typename Work>
-std::int32_t SqliteRegistry::RunInAct(Access access, Work work) {
-  if (act_->result != kErrorSuccess) return act_->result;
+std::int32_t SqliteRegistry::RunInTransaction(Access access, Work work) {
+  if (transaction_->result != kErrorSuccess) return transaction_->result;
   try {
     return work(*file_.Open(access));
   } catch (const SqliteError& error) {
-    act_->found_damage = error.IsDamage();
+    transaction_->found_damage = error.IsDamage();
   } catch (const std::exception&) {
-    // What there was no memory for is not written, and nothing else of the act either.
+    // Out of memory. The transaction fails as a whole.
   }
-  return act_->result = FaultOf(access);
+  return transaction_->result = FaultOf(access);
 }
 
 template <typename Work>
@@ -96,7 +138,7 @@ std::int32_t SqliteRegistry::RunOn(RegistryKey key, std::uint32_t needed, Access
   if (found == nullptr) return kErrorInvalidHandle;
   if ((found->access & needed) != needed) return kErrorAccessDenied;
   return Run(access, [&](SqliteDatabase& database) {
-    // Setting a damaged file aside closes all keys.
+    // A damaged file may have been replaced, which closes all keys.
     const OpenKey* opened = Find(key);
     return opened == nullptr ? kErrorInvalidHandle : work(database, *opened);
   });
@@ -108,18 +150,18 @@ std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string&
   if (!IsHive(hive)) return kErrorInvalidHandle;
   return Run(Access::kRead, [&](SqliteDatabase& database) {
     OpenKey opened{hive, {}, access, 0};
-    if (act_ && act_->last_opened.hive == hive && act_->last_path == path) {
-      opened.path = act_->last_opened.path;
-      opened.id = act_->last_opened.id;
+    if (transaction_ && transaction_->last_opened.hive == hive && transaction_->last_path == path) {
+      opened.path = transaction_->last_opened.path;
+      opened.id = transaction_->last_opened.id;
       return Remember(std::move(opened), key);
     }
     opened.path = JoinPath({}, path);
     const auto id = FindKey(database, hive, opened.path);
     if (!id) return kErrorFileNotFound;
     opened.id = *id;
-    if (act_) {
-      act_->last_path = path;
-      act_->last_opened = opened;
+    if (transaction_) {
+      transaction_->last_path = path;
+      transaction_->last_opened = opened;
     }
     return Remember(std::move(opened), key);
   });
@@ -128,12 +170,12 @@ std::int32_t SqliteRegistry::RegOpenKeyEx(std::uint32_t hive, const std::string&
 std::int32_t SqliteRegistry::RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                                             RegistryKey& key) {
   if (!IsHive(hive)) return kErrorInvalidHandle;
-  // Most keys are there, and finding them disturbs no other process.
+  // Most keys exist, and opening one needs no write lock.
   if (RegOpenKeyEx(hive, path, access, key) == kErrorSuccess) return kErrorSuccess;
   return Run(Access::kWrite, [&](SqliteDatabase& database) {
     OpenKey opened{hive, JoinPath({}, path), access, 0};
     opened.id = CreateKey(database, hive, opened.path);
-    if (act_) opened.id = RestoreNumber(database, opened);
+    if (transaction_) opened.id = RestoreNumber(database, opened);
     return Remember(std::move(opened), key);
   });
 }
@@ -190,9 +232,9 @@ std::int32_t SqliteRegistry::RegDeleteKey(RegistryKey key, const std::string& na
     const bool is_hive = path.empty();
     if (is_hive || database.Query(kSubkeys).Bind(1, *id).Step()) return kErrorAccessDenied;
     database.Query(kDeleteKey).Bind(1, *id).Step();
-    if (!act_) database.Query(kDeleteValues).Bind(1, *id).Step();
+    if (!transaction_) database.Query(kDeleteValues).Bind(1, *id).Step();
     transaction.Commit();
-    if (act_) RememberDeleted({opened.hive, path, *id, {}});
+    if (transaction_) RememberDeleted({opened.hive, path, *id, {}});
     return kErrorSuccess;
   });
 }
@@ -202,20 +244,20 @@ std::int32_t SqliteRegistry::RegCloseKey(RegistryKey key) {
 }
 
 std::int32_t SqliteRegistry::BeginWrites() {
-  if (act_) return kErrorInvalidFunction;
-  // Whoever begins an act is ready to wait, whatever an earlier call has met with.
-  waited_in_vain_ = false;
+  if (transaction_) return kErrorInvalidFunction;
+  // A transaction is worth a full wait, whatever happened before.
+  last_wait_failed_ = false;
   return Run(Access::kWrite, [&](SqliteDatabase& database) {
-    act_.emplace(database);
+    transaction_.emplace(database);
     return kErrorSuccess;
   });
 }
 
 std::int32_t SqliteRegistry::CommitWrites() {
-  if (!act_) return kErrorInvalidFunction;
-  const std::int32_t written = RunInAct(Access::kWrite, [&](SqliteDatabase& database) {
-    for (const DeletedKey& deleted : act_->deleted) DeleteLeftovers(database, deleted);
-    act_->transaction.Commit();
+  if (!transaction_) return kErrorInvalidFunction;
+  const std::int32_t written = RunInTransaction(Access::kWrite, [&](SqliteDatabase& database) {
+    for (const DeletedKey& deleted : transaction_->deleted) DeleteLeftovers(database, deleted);
+    transaction_->sqlite.Commit();
     return kErrorSuccess;
   });
   CancelWrites();
@@ -223,14 +265,14 @@ std::int32_t SqliteRegistry::CommitWrites() {
 }
 
 void SqliteRegistry::CancelWrites() {
-  if (!act_) return;
-  const bool found_damage = act_->found_damage;
-  act_.reset();
+  if (!transaction_) return;
+  const bool found_damage = transaction_->found_damage;
+  transaction_.reset();
   if (found_damage && file_.SetAside()) open_keys_.clear();
 }
 
 void SqliteRegistry::Close() {
-  act_.reset();
+  transaction_.reset();
   file_.Close();
 }
 
@@ -262,20 +304,20 @@ std::int32_t SqliteRegistry::EnumerateValues(RegistryKey key, std::vector<Regist
 }
 
 void SqliteRegistry::RememberDeleted(DeletedKey deleted) {
-  act_->last_opened = {};
-  // Not valid for a key that is created in its place, even if the transaction is cancelled.
+  transaction_->last_opened = {};
+  // A key created in its place is another one. These stay invalid even if the transaction is cancelled.
   for (auto& [key, opened] : open_keys_) {
     if (opened.id == deleted.id) opened.id = 0;
   }
   if (DeletedKey* const again = FindDeleted(deleted.id)) {
     again->written.clear();
   } else {
-    act_->deleted.push_back(std::move(deleted));
+    transaction_->deleted.push_back(std::move(deleted));
   }
 }
 
 std::int64_t SqliteRegistry::RestoreNumber(SqliteDatabase& database, const OpenKey& created) const {
-  for (const DeletedKey& deleted : act_->deleted) {
+  for (const DeletedKey& deleted : transaction_->deleted) {
     if (deleted.hive != created.hive || !EqualsIgnoringCase(deleted.path, created.path)) continue;
     database.Query(kRenumberKey).Bind(1, created.id).Bind(2, deleted.id).Step();
     return deleted.id;
@@ -284,9 +326,9 @@ std::int64_t SqliteRegistry::RestoreNumber(SqliteDatabase& database, const OpenK
 }
 
 SqliteRegistry::DeletedKey* SqliteRegistry::FindDeleted(std::int64_t id) {
-  if (!act_) return nullptr;
-  const auto found = std::ranges::find(act_->deleted, id, &DeletedKey::id);
-  return found == act_->deleted.end() ? nullptr : &*found;
+  if (!transaction_) return nullptr;
+  const auto found = std::ranges::find(transaction_->deleted, id, &DeletedKey::id);
+  return found == transaction_->deleted.end() ? nullptr : &*found;
 }
 
 bool SqliteRegistry::IsLeftover(std::int64_t id, const std::string& name) {

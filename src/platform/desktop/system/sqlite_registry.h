@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/desktop/system/settings_file.h"
+#include "platform/desktop/system/sqlite_database.h"
 #include "system/registry.h"
 
 namespace quorvale {
@@ -15,15 +16,15 @@ namespace quorvale {
 struct RegistryValue {
   std::string name;
   std::uint32_t type = 0;
-  std::string data;  // as stored: a text may have come without its terminating NUL
+  std::string data;  // as stored: texts may lack the terminating NUL
 };
 
-// The registry of one user in a SQLite file. Every call is one transaction, and so is an act of several writes: on
-// disk or absent whenever the process is killed. Several processes may be at it at once. Reading creates nothing. A
-// file that can't be used makes calls fail, a damaged one is set aside and a new one begun.
+// The registry of one user in a SQLite file. Each call outside `BeginWrites` is a transaction of its own, so a kill
+// leaves it done or not done. Several processes may use the file at once. Reading creates nothing. Calls fail if the
+// file can't be used. A damaged file is renamed, and a new one created.
 class SqliteRegistry : public Registry {
  public:
-  // `directory` as `SettingsDirectory` gives it.
+  // `directory` as from `SettingsDirectory`.
   explicit SqliteRegistry(std::string directory) : file_(std::move(directory)) {}
 
   std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
@@ -41,12 +42,12 @@ class SqliteRegistry : public Registry {
   std::int32_t CommitWrites() override;
   void CancelWrites() override;
 
-  // The names of the keys right below `key`, or its values, in name order.
+  // The names of the keys directly below `key`, or its values, in name order.
   std::int32_t EnumerateKeys(RegistryKey key, std::vector<std::string>& names);
   std::int32_t EnumerateValues(RegistryKey key, std::vector<RegistryValue>& values);
 
-  // Closes the file, which brings the log's content into it. Open keys stay open, and the next call opens
-  // the file again. Writes that were not committed are lost.
+  // Closes the file, which writes its log back. Open keys stay valid, and the next call opens the file again. An
+  // uncommitted transaction is cancelled.
   void Close();
 
  private:
@@ -57,17 +58,16 @@ class SqliteRegistry : public Registry {
     std::int64_t id = 0;
   };
 
-  // Runs `work(database)`, and once more when the file had to be set aside. Gives its result, or the
-  // number of what kept it from having one.
+  // Runs `work(database)`, and again if a damaged file was replaced. Returns its result or the error number for a
+  // failure.
   template <typename Work>
   std::int32_t Run(SettingsFile::Access access, Work work);
 
-  // The same for a call in an act of several writes. The first that the system fails ends the transaction, and the
-  // calls behind it do nothing.
+  // The same for a call in the open transaction. After a failure of the system the transaction's other calls fail too.
   template <typename Work>
-  std::int32_t RunInAct(SettingsFile::Access access, Work work);
+  std::int32_t RunInTransaction(SettingsFile::Access access, Work work);
 
-  // The same for a call on an open key that has the right `needed`: runs `work(database, opened)`.
+  // The same for a call on an open key that needs the right `needed`: runs `work(database, opened)`.
   template <typename Work>
   std::int32_t RunOn(RegistryKey key, std::uint32_t needed, SettingsFile::Access access, Work work);
 
@@ -94,11 +94,11 @@ class SqliteRegistry : public Registry {
   bool IsLeftover(std::int64_t id, const std::string& name);
   static void DeleteLeftovers(SqliteDatabase& database, const DeletedKey& deleted);
 
-  // An act of several writes, and what came of its calls.
-  struct Act {
-    explicit Act(SqliteDatabase& database) : transaction(database) {}
+  struct OpenTransaction {
+    explicit OpenTransaction(SqliteDatabase& database) : sqlite(database) {}
 
-    SqliteTransaction transaction;
+    SqliteTransaction sqlite;
+    // The first failure of the system.
     std::int32_t result = kErrorSuccess;
     bool found_damage = false;
     // The key opened last, under its path as given: the entries of a list all lie in one key.
@@ -108,10 +108,10 @@ class SqliteRegistry : public Registry {
   };
 
   SettingsFile file_;
-  std::optional<Act> act_;
+  std::optional<OpenTransaction> transaction_;
   std::unordered_map<RegistryKey, OpenKey> open_keys_;
   RegistryKey last_key_ = 0;
-  bool waited_in_vain_ = false;
+  bool last_wait_failed_ = false;
 };
 
 }  // namespace quorvale

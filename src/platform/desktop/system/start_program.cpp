@@ -11,13 +11,14 @@
 #include <sstream>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "base/failure.h"
 
 namespace quorvale {
 namespace {
 
-// A session of its own, so that a key in our terminal does not end it, and no signal of ours blocked.
+// A new session, so that Ctrl+C in our terminal does not end the program, and no blocked signals.
 class SpawnAttributes {
  public:
   SpawnAttributes() {
@@ -53,8 +54,8 @@ class SpawnInput {
   posix_spawn_file_actions_t actions_{};
 };
 
-// A child that nobody waits for stays behind as a zombie when it ends. A thread that waits for this one
-// leaves the process's handling of signals and other children alone, which libraries rely on.
+// An ended child stays a zombie until its parent waits for it. A thread does that, because a handler for SIGCHLD would
+// interfere with libraries.
 void WaitInBackground(pid_t child) {
   try {
     std::thread([child] {
@@ -62,11 +63,31 @@ void WaitInBackground(pid_t child) {
       }
     }).detach();
   } catch (const std::system_error&) {
-    // Without a thread to spare the zombie stays until we end.
+    // No thread: the zombie stays until this process ends.
   }
 }
 
 }  // namespace
+
+std::vector<std::string> SplitCommandLine(std::string_view command_line) {
+  std::vector<std::string> pieces;
+  std::string piece;
+  bool is_in_piece = false;
+  bool is_quoted = false;
+  for (const char c : command_line) {
+    if (c == '"') {
+      is_quoted = !is_quoted;
+      is_in_piece = true;
+    } else if (!is_quoted && (c == ' ' || c == '\t')) {
+      if (std::exchange(is_in_piece, false)) pieces.push_back(std::exchange(piece, {}));
+    } else {
+      piece += c;
+      is_in_piece = true;
+    }
+  }
+  if (is_in_piece) pieces.push_back(std::move(piece));
+  return pieces;
+}
 
 void StartProgram(const std::vector<std::string>& arguments, int input) {
   std::vector<std::string> pieces = arguments;

@@ -1,16 +1,20 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quorvale {
 
-// Starts a program that is looked for in PATH, in a session of its own, and returns without waiting. `input` is
-// the open file that becomes its standard input; below 0 it is ours. Fails with kNotFound when there is no
-// such program.
+// Splits a command line into the program and its arguments, at blanks and tabs outside double quotes. The quotes are
+// removed, so "" is an empty argument. There is no other special character.
+std::vector<std::string> SplitCommandLine(std::string_view command_line);
+
+// Starts a program, found by PATH, in a new session and returns without waiting. `input` is an open file that becomes
+// its standard input; if negative, the program inherits ours. Fails with kNotFound if there is no such program.
 void StartProgram(const std::vector<std::string>& arguments, int input = -1);
 
-// Whether PATH leads to a program of that name.
+// Whether there is a program of that name in PATH.
 bool IsInstalled(const std::string& program);
 
 }  // namespace quorvale

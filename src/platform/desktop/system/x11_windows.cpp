@@ -1,15 +1,14 @@
 #include "platform/desktop/system/x11_windows.h"
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
-
-#include "platform/desktop/system/x11_requests.h"
 
 namespace quorvale {
 namespace {
 
 constexpr int kLevels = 3;
-// The source of a request to activate; window managers may deny the focus to any other.
+// The source of a request to activate. Window managers may ignore requests of other sources.
 constexpr std::uint32_t kFromPager = 2;
 
 using PropertyReply = Owned<xcb_get_property_reply_t>;
@@ -24,7 +23,7 @@ std::vector<xcb_window_t> Roots(xcb_connection_t* connection) {
   return roots;
 }
 
-// Window managers keep their words to the world on the first screen's root.
+// The window manager's properties are on the first screen's root window.
 xcb_window_t FirstRoot(xcb_connection_t* connection) {
   const std::vector<xcb_window_t> roots = Roots(connection);
   return roots.empty() ? xcb_window_t{XCB_WINDOW_NONE} : roots.front();
@@ -53,7 +52,7 @@ bool Holds(const PropertyReply& reply, const std::string& text) {
 
 xcb_window_t FindTitle(xcb_connection_t* connection, const std::vector<xcb_window_t>& windows, xcb_atom_t net_wm_name,
                        const std::string& title) {
-  // In words of four bytes, one more than the title has.
+  // In units of four bytes; one more than the title needs, so that a longer one differs.
   const auto length = static_cast<std::uint32_t>(title.size() / 4 + 1);
   std::vector<xcb_get_property_cookie_t> cookies;
   cookies.reserve(windows.size() * 2);
@@ -63,7 +62,7 @@ xcb_window_t FindTitle(xcb_connection_t* connection, const std::vector<xcb_windo
     }
   }
 
-  // Every reply is taken, so that none is left behind in the connection.
+  // All replies are read, so that none stays in the connection.
   xcb_window_t found = XCB_WINDOW_NONE;
   for (std::size_t i = 0; i < cookies.size(); ++i) {
     const PropertyReply reply(xcb_get_property_reply(connection, cookies[i], nullptr));
@@ -74,10 +73,24 @@ xcb_window_t FindTitle(xcb_connection_t* connection, const std::vector<xcb_windo
 
 }  // namespace
 
+xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
+  const xcb_intern_atom_cookie_t cookie =
+      xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+  const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+xcb_window_t WindowProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t name) {
+  const xcb_get_property_cookie_t cookie = xcb_get_property(connection, 0, window, name, XCB_ATOM_WINDOW, 0, 1);
+  const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection, cookie, nullptr));
+  if (!reply || reply->format != 32 || reply->value_len == 0) return XCB_WINDOW_NONE;
+  return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
+}
+
 std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::string& title) {
   const xcb_atom_t net_wm_name = Atom(connection, "_NET_WM_NAME");
   std::vector<xcb_window_t> windows = Roots(connection);
-  // All requests of a level go out before the first reply is waited for: a few round trips in all, however many
+  // All requests of a level are sent before the first reply is read. So there are only a few round trips, however many
   // windows there are.
   for (int level = 0; level < kLevels && !windows.empty(); ++level) {
     windows = ChildrenOf(connection, windows);
@@ -160,7 +173,7 @@ void TakeFocus(xcb_connection_t* connection, std::uint32_t window) {
   xcb_flush(connection);
 }
 
-// Nobody tells but a grab that fails.
+// X has no request for this, so try a grab.
 bool IsKeyboardGrabbed(xcb_connection_t* connection) {
   const xcb_grab_keyboard_cookie_t cookie = xcb_grab_keyboard(connection, 0, FirstRoot(connection), XCB_CURRENT_TIME,
                                                               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);

@@ -3,52 +3,69 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <string>
+#include <string_view>
 
-// Questions to an X server about windows of any program. The connection stays the caller's. What goes wrong,
-// a window that vanishes on the way or a server that is gone, counts as nothing found.
+// Requests to an X server about windows of any program. The caller owns the connection. After an error, such as a
+// window or a server that is gone, the result is as if nothing was found.
 namespace quorvale {
 
-// The window with exactly that title, by either of its names, or 0. It need not be mapped. The tops of all
-// screens are looked at, and two levels below, since window managers put frames around the windows.
+struct FreeReply {
+  void operator()(void* reply) const { std::free(reply); }
+};
+
+// Owns a reply or an error of the X server; may be null.
+template <typename Reply>
+using Owned = std::unique_ptr<Reply, FreeReply>;
+
+// The server's number for a name; XCB_ATOM_NONE if the server is gone.
+xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name);
+
+// The window in the property `name` of `window`, or XCB_WINDOW_NONE.
+xcb_window_t WindowProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t name);
+
+// The window whose title, by either of its name properties, is exactly `title`, or 0. It need not be mapped. Searches
+// the top-level windows of all screens and two levels below them, because window managers add frames.
 std::uint32_t FindTopLevelByTitle(xcb_connection_t* connection, const std::string& title);
 
-// The window that has the focus, as the window manager tells; 0 without one.
+// The window that the window manager reports as active; 0 without a manager.
 std::uint32_t ActiveWindow(xcb_connection_t* connection);
 
 bool WindowExists(xcb_connection_t* connection, std::uint32_t window);
 
-// A window's size in pixels; false when there is no such window.
+// A window's size in pixels. False if there is no such window.
 bool ReadWindowSize(xcb_connection_t* connection, std::uint32_t window, int& width, int& height);
 
-// Where the window's corner lies on its screen. False when there is no such window.
+// The position of the window's corner on its screen. False if there is no such window.
 bool ReadWindowPlace(xcb_connection_t* connection, std::uint32_t window, int& x, int& y);
 
-// Whether the window and all that hold it are mapped.
+// Whether the window and all its parents are mapped.
 bool IsViewable(xcb_connection_t* connection, std::uint32_t window);
 
-// Makes a window a child of another, at its corner. False when one of them is gone.
+// Makes a window a child of another, at its corner. False if one of them is gone.
 bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t parent);
 
-// Makes the window black, now and wherever it comes into sight.
+// Gives the window a black background and paints it.
 void PaintBlack(xcb_connection_t* connection, std::uint32_t window);
 
-// Has the window manager show the window on all of its desktops. Before the window is mapped.
+// Asks the window manager to show the window on all desktops. Call it before the window is mapped.
 void ShowOnAllDesktops(xcb_connection_t* connection, std::uint32_t window);
 
-// The window that gets the keys, as the server tells; 0 where none of any program does.
+// The window that the server sends keys to; 0 if it is none of any program.
 std::uint32_t FocusedWindow(xcb_connection_t* connection);
 
-// Whether the window was made through this connection.
+// Whether the window was created through this connection.
 bool IsOwnWindow(xcb_connection_t* connection, std::uint32_t window);
 
-// Gives the window the focus past the window manager.
+// Gives the window the focus without the window manager.
 void TakeFocus(xcb_connection_t* connection, std::uint32_t window);
 
-// Whether another program has grabbed the keyboard. Not to be asked while this one has.
+// Whether another program has grabbed the keyboard. Releases a grab of this program.
 bool IsKeyboardGrabbed(xcb_connection_t* connection);
 
-// Asks the window manager to bring the window forward and give it the focus.
+// Asks the window manager to raise the window and give it the focus.
 void ActivateWindow(xcb_connection_t* connection, std::uint32_t window);
 
 }  // namespace quorvale

@@ -8,35 +8,26 @@
 #include <utility>
 #include <vector>
 
+#include "base/paths.h"
 #include "base/text.h"
-#include "platform/desktop/system/settings_location.h"
+#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/start_program.h"
-#include "platform/desktop/system/text_file.h"
 
 namespace quorvale {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-// In the file's own writing: a line that goes on, and the end of a program.
+// A backslash at a line's end continues the line. A program in the list ends in the two characters "\n".
 constexpr std::string_view kContinued = "\\\n";
 constexpr std::string_view kProgramEnd = "\\n";
 
-std::string_view Strip(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-// Each with its line ends; a line that goes on is one with the next.
-std::vector<std::string> Settings(const std::string& text) {
+// The settings with their continuation lines and line ends.
+std::vector<std::string> Settings(std::string_view text) {
   std::vector<std::string> settings;
-  bool goes_on = false;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
-    if (!goes_on) settings.emplace_back();
-    settings.back() += text.substr(start, end - start);
-    goes_on = settings.back().ends_with(kContinued);
-    start = end;
+  bool is_continued = false;
+  while (!text.empty()) {
+    if (!is_continued) settings.emplace_back();
+    settings.back() += CutLine(text);
+    is_continued = settings.back().ends_with(kContinued);
   }
   if (!settings.empty() && !settings.back().ends_with('\n')) settings.back() += '\n';
   return settings;
@@ -44,7 +35,7 @@ std::vector<std::string> Settings(const std::string& text) {
 
 bool HasKey(std::string_view setting, std::string_view key) {
   const std::size_t colon = setting.find(':');
-  return colon != std::string_view::npos && EqualsIgnoringCase(Strip(setting.substr(0, colon)), key);
+  return colon != std::string_view::npos && EqualsIgnoringCase(TrimWhiteSpace(setting.substr(0, colon)), key);
 }
 
 std::string WithoutContinuations(std::string_view text) {
@@ -55,25 +46,25 @@ std::string WithoutContinuations(std::string_view text) {
   return result;
 }
 
-std::string_view WithoutDirectory(std::string_view program) { return program.substr(program.rfind('/') + 1); }
+std::string_view WithoutDirectory(std::string_view program) { return program.substr(NameStart(program, "/")); }
 
-// The name of the file that a line of the list starts: `- GL: "A name" program arguments`, of which only the
-// program must be there.
+// The file name of the program in a line of the list. The full form is `- GL: "A name" program arguments`; all but the
+// program may be missing.
 std::string ProgramOf(std::string_view line) {
   const std::string flat = WithoutContinuations(line);
-  std::string_view rest = Strip(flat);
-  if (rest.starts_with('-')) rest = Strip(rest.substr(1));
-  std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
-  if (word.ends_with(':')) rest = Strip(rest.substr(word.size()));
+  std::string_view rest = TrimWhiteSpace(flat);
+  if (rest.starts_with('-')) rest = TrimWhiteSpace(rest.substr(1));
+  std::string_view word = rest.substr(0, rest.find_first_of(kWhiteSpace));
+  if (word.ends_with(':')) rest = TrimWhiteSpace(rest.substr(word.size()));
   if (rest.starts_with('"')) {
     const std::size_t end = rest.find('"', 1);
-    rest = end == std::string_view::npos ? std::string_view() : Strip(rest.substr(end + 1));
+    rest = end == std::string_view::npos ? std::string_view() : TrimWhiteSpace(rest.substr(end + 1));
   }
-  word = rest.substr(0, rest.find_first_of(kBlanks));
+  word = rest.substr(0, rest.find_first_of(kWhiteSpace));
   return std::string(WithoutDirectory(word));
 }
 
-// The programs of the list but that one, written as they were.
+// The list without `program`; the other lines are unchanged.
 std::string OtherPrograms(std::string_view list, const std::string& program) {
   std::string others;
   while (!list.empty()) {
@@ -85,11 +76,11 @@ std::string OtherPrograms(std::string_view list, const std::string& program) {
   return others;
 }
 
-// From the first line on that holds anything.
+// The list from its first line that is not blank.
 std::string_view FromFirstProgram(std::string_view list) {
   std::size_t first = 0;
   while (first < list.size() &&
-         (kBlanks.find(list[first]) != std::string_view::npos || list.substr(first).starts_with(kContinued))) {
+         (kWhiteSpace.find(list[first]) != std::string_view::npos || list.substr(first).starts_with(kContinued))) {
     ++first;
   }
   if (first == list.size()) return {};
@@ -104,7 +95,7 @@ std::string ProgramsSetting(std::string_view list, const std::string& command) {
   std::string setting = "programs:\t" + command + "\t" + std::string(kProgramEnd);
   if (!rest.empty()) setting += std::string(kContinued) + std::string(rest);
   while (setting.ends_with('\n')) setting.pop_back();
-  // The list's last line may go on into nothing.
+  // The last line may end in a continuation that nothing follows.
   if (setting.ends_with('\\')) setting.pop_back();
   return setting + '\n';
 }
@@ -141,18 +132,17 @@ std::string SelectSaver(const std::string& text, const std::string& command) {
 bool SelectSaverOfUser(const std::string& home, const std::string& command) {
   if (home.empty() || !IsPlain(command)) return false;
   const std::string file = home + "/.xscreensaver";
-  const std::string target = BehindLinks(file);
-  const std::optional<std::string> before = ReadTextFile(target);
+  const std::optional<std::string> before = ReadTextFile(file);
   if (!before) return false;
   const std::string after = SelectSaver(*before, command);
   if (after == *before) return true;
   if (!before->empty() && !ReplaceTextFile(file + ".before-quorvale", *before)) return false;
-  return ReplaceTextFile(target, after);
+  return ReplaceTextFile(file, after);
 }
 
 bool BecomeSaverOfUser(const std::string& program_directory, const std::string& program_name) {
   if (!IsInstalled("xscreensaver")) return true;
-  // What a package has installed is found wherever XScreenSaver looks.
+  // XScreenSaver finds an installed program by its name.
   const std::string program = program_directory == "/usr/bin" ? program_name : program_directory + '/' + program_name;
   if (program.find(' ') != std::string::npos) return false;
   return SelectSaverOfUser(HomeDirectory(), program + " --root");

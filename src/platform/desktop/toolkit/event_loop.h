@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "platform/common/pacing.h"
-#include "platform/desktop/system/file_descriptor.h"
+#include "platform/desktop/system/files.h"
 #include "toolkit/platform.h"
 
 namespace quorvale {

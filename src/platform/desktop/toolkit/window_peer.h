@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/common/black_windows.h"
-#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/system/file_locks.h"
 #include "platform/desktop/toolkit/top_window.h"
 #include "toolkit/platform.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/desktop/system/desktop_programs.h"
-#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/system/file_locks.h"
 #include "system/window_system.h"
 
 namespace quorvale {

@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "platform/desktop/system/x11_requests.h"
 #include "platform/desktop/system/x11_windows.h"
 #include "platform/desktop/toolkit/event_loop.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/paths.h"
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/windows_api.h"
@@ -85,7 +86,7 @@ std::string FindDirectory(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return {};
   const std::string trimmed = path.substr(0, path.find_last_not_of('\\') + 1);
-  return trimmed.empty() || trimmed.back() == ':' ? path : trimmed.substr(trimmed.rfind('\\') + 1);
+  return trimmed.empty() || trimmed.back() == ':' ? path : trimmed.substr(NameStart(trimmed, "\\"));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/win32/system/win32_host.h"
 
+#include "base/paths.h"
 #include "platform/win32/system/modules.h"
 #include "platform/win32/windows_api.h"
 
@@ -39,7 +40,7 @@ std::string Win32Host::GetSystemDirectory(std::uint32_t size) {
 
 std::string Win32Host::ProgramName() {
   const std::string path = ProgramPath();
-  const std::string name = path.substr(path.rfind('\\') + 1);
+  const std::string name = path.substr(NameStart(path, "\\"));
   return name.substr(0, name.rfind('.'));
 }
 

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "base/paths.h"
 #include "platform/common/help_pages.h"
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/modules.h"
@@ -84,7 +85,7 @@ DWORD ShellError(std::intptr_t number) {
   }
 }
 
-std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
+std::string FolderOf(const std::string& path) { return path.substr(0, NameStart(path, "\\")); }
 
 }  // namespace
 

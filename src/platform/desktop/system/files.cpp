@@ -1,6 +1,7 @@
-#include "platform/desktop/system/text_file.h"
+#include "platform/desktop/system/files.h"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,7 +14,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/desktop/system/file_descriptor.h"
+#include "base/paths.h"
 
 namespace quorvale {
 namespace {
@@ -29,9 +30,10 @@ bool WriteAll(int file, std::string_view text) {
 }
 
 constexpr mode_t kNewFileMode = 0666;
+constexpr mode_t kOwnersFileMode = 0600;
 constexpr mode_t kModeBits = 07777;
 
-// The number that says best why a thing that is no plain file is not read or written.
+// The error number for something that is not a regular file.
 int NotPlain(mode_t mode) { return S_ISDIR(mode) ? EISDIR : ENOTSUP; }
 
 bool IsLink(const std::string& path) {
@@ -39,7 +41,16 @@ bool IsLink(const std::string& path) {
   return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-// Whether that number says that the folder takes no new files, which its old ones need not mind.
+// The end of a chain of links, so that the file is replaced and not the link.
+std::string BehindLinks(const std::string& path) {
+  struct Free {
+    void operator()(char* text) const { std::free(text); }
+  };
+  const std::unique_ptr<char, Free> real(realpath(path.c_str(), nullptr));
+  return real == nullptr ? path : real.get();
+}
+
+// Whether the error means that the directory takes no new files. Its existing files may still be writable.
 bool MeansNoNewFiles(int error) { return error == EACCES || error == EPERM || error == EROFS; }
 
 int WriteInPlace(const std::string& path, std::string_view content) {
@@ -49,11 +60,12 @@ int WriteInPlace(const std::string& path, std::string_view content) {
   return is_whole ? 0 : errno;
 }
 
-// A name of our own in `folder` for a file that is not whole yet. The file is gone with it unless it has been
-// given another name.
+// A name in `directory` for a file that is not complete yet. The destructor deletes the file unless it has been
+// renamed.
 class TemporaryName {
  public:
-  explicit TemporaryName(const std::string& folder) : path_(folder + ".quorvale-" + std::to_string(getpid()) + ".new") {
+  explicit TemporaryName(std::string_view directory)
+      : path_(std::string(directory) + ".quorvale-" + std::to_string(getpid()) + ".new") {
     unlink(path_.c_str());  // left by an earlier process of that number
   }
   ~TemporaryName() { unlink(path_.c_str()); }
@@ -66,11 +78,27 @@ class TemporaryName {
   std::string path_;
 };
 
+// Writes a new file in the same directory and renames it. `path` is not a link. Returns 0 or an error number.
+int ReplaceFile(const std::string& path, std::string_view content, mode_t new_file_mode) {
+  const TemporaryName temporary(std::string_view(path).substr(0, NameStart(path, "/")));
+  const FileDescriptor file(open(temporary.Get(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, new_file_mode));
+  if (!file.IsOpen()) return errno;
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) fchmod(file.Get(), status.st_mode & kModeBits);
+  return WriteAll(file.Get(), content) && std::rename(temporary.Get(), path.c_str()) == 0 ? 0 : errno;
+}
+
+// An environment variable's path. A relative one depends on the working directory, so it counts as none.
+std::string AbsolutePathFrom(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && value[0] == '/' ? value : "";
+}
+
 }  // namespace
 
 int ReadPlainFile(const std::string& path, std::string& content, std::size_t most) {
   if (path.find('\0') != std::string::npos) return ENOENT;
-  // Opening a pipe must not wait for who writes into it.
+  // Without O_NONBLOCK, opening a pipe waits for a writer.
   const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (!file.IsOpen()) return errno;
   struct stat status {};
@@ -94,17 +122,16 @@ int WritePlainFile(const std::string& path, const std::string& content) {
   struct stat status {};
   const bool exists = stat(target.c_str(), &status) == 0;
   if (exists && !S_ISREG(status.st_mode)) return NotPlain(status.st_mode);
-  // A new name for the content would take no notice of a file that is protected.
+  // Renaming would replace a write-protected file too.
   if (exists && access(target.c_str(), W_OK) != 0) return errno;
+  // A link to a missing file keeps pointing to it.
   if (!exists && IsLink(target)) return WriteInPlace(target, content);
+  const int error = ReplaceFile(target, content, kNewFileMode);
+  return exists && MeansNoNewFiles(error) ? WriteInPlace(target, content) : error;
+}
 
-  const TemporaryName temporary(target.substr(0, target.rfind('/') + 1));
-  const FileDescriptor file(open(temporary.Get(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
-  if (!file.IsOpen()) return exists && MeansNoNewFiles(errno) ? WriteInPlace(target, content) : errno;
-  if (exists) fchmod(file.Get(), status.st_mode & kModeBits);
-  const int error = WriteAll(file.Get(), content) ? 0 : errno;
-  if (error != 0) return error;
-  return std::rename(temporary.Get(), target.c_str()) == 0 ? 0 : errno;
+bool ReplaceTextFile(const std::string& path, const std::string& text) {
+  return ReplaceFile(BehindLinks(path), text, kOwnersFileMode) == 0;
 }
 
 std::optional<std::string> ReadTextFile(const std::string& path) {
@@ -114,24 +141,30 @@ std::optional<std::string> ReadTextFile(const std::string& path) {
   return text;
 }
 
-// Writes a new file beside it and gives that one the name.
-bool ReplaceTextFile(const std::string& path, const std::string& text) {
-  std::string temporary = path + ".XXXXXX";
-  const FileDescriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-  if (!file.IsOpen()) return false;
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) fchmod(file.Get(), status.st_mode & kModeBits);
-  if (WriteAll(file.Get(), text) && std::rename(temporary.c_str(), path.c_str()) == 0) return true;
-  unlink(temporary.c_str());
-  return false;
+std::string HomeDirectory() {
+  std::string home = AbsolutePathFrom("HOME");
+  if (!home.empty()) return home;
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
-std::string BehindLinks(const std::string& path) {
-  struct Free {
-    void operator()(char* text) const { std::free(text); }
-  };
-  const std::unique_ptr<char, Free> real(realpath(path.c_str(), nullptr));
-  return real == nullptr ? path : real.get();
+std::string SettingsDirectory() {
+  std::string base = AbsolutePathFrom("XDG_CONFIG_HOME");
+  if (base.empty()) {
+    base = HomeDirectory();
+    if (base.empty()) return {};
+    base += "/.config";
+  }
+  return base + "/quorvale";
+}
+
+bool CreateDirectories(const std::string& directory) {
+  for (std::size_t end = directory.find('/', 1); end != std::string::npos; end = directory.find('/', end + 1)) {
+    mkdir(directory.substr(0, end).c_str(), S_IRWXU);
+  }
+  mkdir(directory.c_str(), S_IRWXU);
+  struct stat status {};
+  return stat(directory.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 }  // namespace quorvale

@@ -1,18 +1,23 @@
-#include "platform/desktop/system/title_lock.h"
+#include "platform/desktop/system/file_locks.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 #include <utility>
 
 namespace quorvale {
 namespace {
 
-// A directory that somebody else owns or can write to would let him hold our shows back.
+constexpr std::chrono::milliseconds kBetweenTries{5};
+
+// In a directory that others own or can write to, they could block our shows.
 bool IsOurs(const std::string& directory) {
   struct stat status {};
   return lstat(directory.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
@@ -27,15 +32,15 @@ std::string FindDirectory() {
   return IsOurs(fallback) ? fallback : std::string();
 }
 
-// FNV-1a: names files of any title and display, the same in every build.
+// FNV-1a: the file names must be the same in every build.
 std::uint64_t Hash(const std::string& text) {
   std::uint64_t hash = 0xcbf29ce484222325;
   for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
   return hash;
 }
 
-// A lock of the open file, not of the process: two objects in one process exclude each other as well, and
-// looking at it with F_OFD_GETLK never stands in the way of a run that claims it at that moment.
+// For locks of the open file, not of the process: they also exclude two objects of one process, and F_OFD_GETLK tests a
+// lock without taking it.
 struct flock WholeFile(short type) {
   struct flock range {};
   range.l_type = type;
@@ -44,6 +49,24 @@ struct flock WholeFile(short type) {
 }
 
 }  // namespace
+
+std::optional<DirectoryLock> DirectoryLock::Take(const std::string& directory, Kind kind,
+                                                 std::chrono::milliseconds patience) {
+  FileDescriptor opened(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!opened.IsOpen()) return std::nullopt;
+  const int operation = (kind == Kind::kShared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (flock(opened.Get(), operation) != 0) {
+    if (errno == EINTR) continue;
+    if (errno != EWOULDBLOCK) {
+      if (kind == Kind::kShared) break;
+      return std::nullopt;
+    }
+    if (std::chrono::steady_clock::now() >= deadline) return std::nullopt;
+    std::this_thread::sleep_for(kBetweenTries);
+  }
+  return DirectoryLock(std::move(opened));
+}
 
 TitleLock::TitleLock(std::string display_id) : display_id_(std::move(display_id)), directory_(FindDirectory()) {}
 
@@ -60,7 +83,7 @@ bool TitleLock::Claim(const std::string& title) {
 void TitleLock::Release(const std::string& title) {
   const auto claim = claims_.find(title);
   if (claim == claims_.end()) return;
-  // Closing alone would not do while a child between fork and exec still shares the open file.
+  // A child between fork and exec may still share the open file, so closing it is not enough.
   struct flock range = WholeFile(F_UNLCK);
   fcntl(claim->second.Get(), F_OFD_SETLK, &range);
   claims_.erase(claim);
