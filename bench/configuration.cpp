@@ -15,7 +15,6 @@
 #include "platform/desktop/toolkit/x11_session.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
-#include "playlist/prune_missing.h"
 #include "processes.h"
 #include "yardstick/yardstick.h"
 

@@ -11,7 +11,6 @@
 #include "measure.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
-#include "playlist/shuffle.h"
 
 namespace quorvale {
 namespace {

@@ -14,7 +14,6 @@
 #include "platform/headless/headless_desktop.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
-#include "playlist/shuffle.h"
 #include "portable/platform_parts.h"
 #include "process/process.h"
 #include "report.h"

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace quorvale {
 
@@ -25,7 +26,8 @@ enum class FailureNumber : int {
 // The only exception type for operations that fail.
 class Failure : public std::exception {
  public:
-  Failure(FailureNumber number, std::string description, std::string source);
+  Failure(FailureNumber number, std::string description, std::string source)
+      : number_(number), description_(std::move(description)), source_(std::move(source)) {}
 
   FailureNumber Number() const { return number_; }
   const std::string& Description() const { return description_; }
@@ -38,5 +40,9 @@ class Failure : public std::exception {
   std::string description_;
   std::string source_;
 };
+
+// Thrown by platforms that can't end the process at once, such as the headless one. It has no base class, so that code
+// which handles failures lets it pass, up to the caller of the program. A `catch (...)` must rethrow it.
+struct ProcessEnded {};
 
 }  // namespace quorvale

@@ -214,4 +214,13 @@ inline constexpr char kNoSystemInfo[] = "System Information Is Unavailable At Th
 
 }  // namespace about
 
+// The set-up.
+namespace set_up {
+
+inline constexpr char kSamplesNotAdded[] =
+    "The sample pictures were not added: your settings can't be saved, and are what they were. The disk may be full, "
+    "or another program may hold them.";
+
+}  // namespace set_up
+
 }  // namespace quorvale::strings

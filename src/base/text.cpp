@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace quorvale {
 namespace {
@@ -76,6 +77,14 @@ std::string_view TrimWhiteSpace(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kWhiteSpace);
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+std::string CutToken(std::string& text, char delimiter) {
+  const std::size_t position = text.find(delimiter);
+  if (position == std::string::npos) return std::exchange(text, {});
+  std::string token = text.substr(0, position);
+  text.erase(0, position + 1);
+  return token;
 }
 
 std::string_view CutLine(std::string_view& text) {

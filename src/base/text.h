@@ -30,6 +30,10 @@ std::string Trim(std::string_view text);
 inline constexpr std::string_view kWhiteSpace = " \t\r\n";
 std::string_view TrimWhiteSpace(std::string_view text);
 
+// Removes and returns what precedes the first `delimiter` in `text`; the delimiter is dropped. Without a delimiter
+// returns all of `text`. Tokens may be empty, so loop until `text` is empty, not the result.
+std::string CutToken(std::string& text, char delimiter);
+
 // Removes the first line from `text` and returns it with its line end: LF, CR LF or CR.
 std::string_view CutLine(std::string_view& text);
 

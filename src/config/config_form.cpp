@@ -15,10 +15,9 @@
 #include "config/options_form.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
-#include "playlist/prune_missing.h"
 #include "process/process.h"
+#include "show/show_form.h"
 #include "show/slide_tick.h"
-#include "show/start_show.h"
 #include "system/programs.h"
 
 namespace quorvale {

@@ -1,10 +1,10 @@
 #include <exception>
 
+#include "base/paths.h"
 #include "base/strings.h"
 #include "config/config_form.h"
-#include "playlist/path_part.h"
+#include "playlist/list_entry.h"
 #include "playlist/play_list_file.h"
-#include "playlist/prune_missing.h"
 #include "process/process.h"
 #include "system/file_system.h"
 

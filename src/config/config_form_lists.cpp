@@ -2,8 +2,8 @@
 #include "base/text.h"
 #include "config/config_form.h"
 #include "config/list_editing.h"
+#include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
-#include "playlist/prune_missing.h"
 #include "process/process.h"
 #include "system/file_system.h"
 

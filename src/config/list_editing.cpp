@@ -5,8 +5,7 @@
 #include "base/strings.h"
 #include "base/text.h"
 #include "playlist/list_entry.h"
-#include "playlist/token.h"
-#include "process/collection.h"
+#include "process/show_state.h"
 #include "toolkit/application.h"
 #include "toolkit/dialogs.h"
 #include "toolkit/list_box.h"
@@ -64,12 +63,6 @@ void ParseFileSelection(const CommonDialog& dialog, const PathSyntax& syntax, Co
   for (std::string name = CutToken(rest, '\0'); !name.empty(); name = CutToken(rest, '\0')) {
     names.Add(std::move(name));
   }
-}
-
-std::size_t NameStart(const std::string& path, const PathSyntax& syntax) {
-  std::size_t start = path.size();
-  while (start > 0 && !syntax.IsSeparator(path[start - 1])) --start;
-  return start;
 }
 
 int FirstSelected(const ListBox& list) {

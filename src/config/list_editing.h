@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "system/path_syntax.h"
+#include "base/paths.h"
 
 namespace quorvale {
 
@@ -16,9 +16,6 @@ class ListBox;
 // separator is always added, so a root directory ends in two.
 void ParseFileSelection(const CommonDialog& dialog, const PathSyntax& syntax, Collection& names,
                         std::string& directory);
-
-// The offset of the last element of a path; 0 if there is no separator.
-std::size_t NameStart(const std::string& path, const PathSyntax& syntax);
 
 // The position of the first selected item; also 0 if none is selected.
 int FirstSelected(const ListBox& list);

@@ -3,13 +3,14 @@
 #include <cstdint>
 #include <string>
 
-#include "process/collection.h"
+#include "process/show_state.h"
 
 namespace quorvale {
 
 class CRegSettings;
 class FileSystem;
 class ListBox;
+class Random;
 
 // The file patterns, separated by semicolons, by which a directory entry is expanded. Those for pictures come from
 // `kPictureFormats`.
@@ -32,5 +33,9 @@ Collection FillFromSettings(CRegSettings& settings, FileSystem& files, const std
 // If the directory becomes unreadable, the files found so far stay and no failure comes out.
 void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::string& directory,
                        const std::string& mask);
+
+// Puts a collection into random order by drawing entries without replacement. The draw is uneven: the first and the
+// last of the remaining entries come up half as often as any other.
+void ShuffleCollection(Collection& collection, Random& random);
 
 }  // namespace quorvale

@@ -1,15 +1,17 @@
 #include "run/main_procedure.h"
 
 #include <cmath>
+#include <exception>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <vector>
 
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "playlist/token.h"
+#include "config/config_form.h"
 #include "process/process.h"
-#include "run/configuration.h"
 #include "run/reported_steps.h"
 #include "run/set_up.h"
 #include "saver/control_form.h"
@@ -33,6 +35,39 @@ std::vector<ReportedStep> StartUpSteps(Process& process, const std::string& text
       },
       [&process, text] { process.mode = RunModeOf(text); },
   };
+}
+
+void IgnoringFailures(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const std::exception&) {
+  }
+}
+
+// The title of the dialog that opens the configuration differs between systems.
+void BringCallerForward(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  try {
+    windows.ActivateWindow("Display Properties");
+  } catch (const Failure&) {
+    windows.ActivateWindow(process.ConfigDialogHwnd);
+  }
+}
+
+// Disables the window in the foreground, which is the system's dialog that started the configuration.
+std::vector<ReportedStep> ConfigurationSteps(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  return {[&process, &windows] { process.ConfigDialogHwnd = windows.GetForegroundWindow(); },
+          [&process, &windows] { windows.EnableWindow(process.ConfigDialogHwnd, false); }};
+}
+
+// Shows the configuration window until it is closed, then enables that dialog again. Failures are ignored.
+void Configure(Process& process) {
+  WindowSystem& windows = process.system.windows;
+  IgnoringFailures([&process] { std::make_shared<ConfigForm>(process)->ShowModal(); });
+  windows.EnableWindow(process.ConfigDialogHwnd, true);
+  process.app.PumpEvents();
+  IgnoringFailures([&process] { BringCallerForward(process); });
 }
 
 void ShowMainForm(Process& process) {

@@ -2,19 +2,38 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
+#include "base/failure.h"
+#include "base/strings.h"
 #include "base/text.h"
 #include "playlist/list_entry.h"
 #include "playlist/media_collections.h"
 #include "process/process.h"
-#include "run/long_path.h"
 #include "system/file_system.h"
 #include "system/host_system.h"
 #include "system/programs.h"
 
 namespace quorvale {
 namespace {
+
+constexpr int kAnyEntry = kAttributeHidden | kAttributeSystem | kAttributeDirectory | kAttributeArchive;
+constexpr std::uint32_t kShortPathBuffer = 250;
+
+// No value if the search itself failed.
+std::optional<std::string> Lookup(FileSystem& files, const std::string& path) {
+  try {
+    return files.FindFile(path, kAnyEntry);
+  } catch (const Failure&) {
+    return std::nullopt;
+  }
+}
+
+// Consecutive separators count as one. Drops the leading separator of a root path too.
+void DropLastSeparators(std::string& path, const PathSyntax& syntax) {
+  while (!path.empty() && syntax.IsSeparator(path.back())) path.pop_back();
+}
 
 struct Sample {
   const char* section;
@@ -40,9 +59,7 @@ std::string SaverFilePath(Process& process) {
 
 void ReportFailedSave(Application& app) {
   MessageBox box;
-  box.text =
-      "The sample pictures were not added: your settings can't be saved, and are what they were. The disk may be full, "
-      "or another program may hold them.";
+  box.text = strings::set_up::kSamplesNotAdded;
   box.icon = MessageBoxIcon::kExclamation;
   app.ShowMessageBox(box);
 }
@@ -64,6 +81,36 @@ void StoreSamples(Process& process, const std::string& path) {
 }
 
 }  // namespace
+
+std::string GetLongPath(FileSystem& files, const std::string& path) {
+  if (path.empty()) return {};
+  const PathSyntax syntax = files.Syntax();
+  const bool closed = syntax.IsSeparator(path.back());
+  std::string ending = closed ? std::string(1, path.back()) : std::string();
+  std::string rest = path;
+  DropLastSeparators(rest, syntax);
+
+  const std::optional<std::string> last = Lookup(files, rest);
+  if (!last) return ending;
+  std::string result = *last;
+  std::size_t name = NameStart(rest, syntax);
+  if (name == 0) return result + ending;
+  if (result.empty()) return path;
+
+  while (true) {
+    rest.resize(name - 1);
+    DropLastSeparators(rest, syntax);
+    name = NameStart(rest, syntax);
+    if (name == 0) break;
+    if (const std::optional<std::string> found = Lookup(files, rest)) result.insert(0, *found + syntax.separator);
+  }
+  // Only the drive is left, or nothing. It has no long form.
+  return rest + syntax.separator + result + ending;
+}
+
+std::string GetShortPath(FileSystem& files, const std::string& path) {
+  return files.GetShortPathName(path, kShortPathBuffer);
+}
 
 // Skips the switch and the character after it.
 std::string SetUpDirectory(const std::string& text) {

@@ -7,7 +7,15 @@
 
 namespace quorvale {
 
+class FileSystem;
 struct Process;
+
+// Replaces each short name in the path by its long one and keeps a trailing separator. Returns `path` itself if there
+// is no such file. An element whose lookup fails is left out; if the first lookup fails, the result is empty.
+std::string GetLongPath(FileSystem& files, const std::string& path);
+
+// The short (8.3) form of an existing file's path; empty if there is none.
+std::string GetShortPath(FileSystem& files, const std::string& path);
 
 inline constexpr char kSetUpSwitch[] = "/INSTALL";
 

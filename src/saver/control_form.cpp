@@ -1,8 +1,8 @@
 #include "saver/control_form.h"
 
 #include "process/process.h"
+#include "show/show_form.h"
 #include "show/slide_tick.h"
-#include "show/start_show.h"
 #include "system/window_system.h"
 
 namespace quorvale {

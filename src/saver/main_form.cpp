@@ -1,11 +1,10 @@
 #include "saver/main_form.h"
 
 #include "base/numbers.h"
-#include "process/end_saver.h"
 #include "process/process.h"
 #include "saver/saver_password.h"
+#include "show/show_form.h"
 #include "show/slide_tick.h"
-#include "show/start_show.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
 #include "toolkit/platform.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/numbers.h"
-#include "playlist/path_part.h"
+#include "base/paths.h"
 #include "process/process.h"
 #include "process/rules.h"
 #include "show/show_form.h"

@@ -2,13 +2,34 @@
 
 #include <utility>
 
+#include "playlist/media_collections.h"
 #include "process/process.h"
+#include "system/host_system.h"
 
 namespace quorvale {
 namespace {
 
 // Until `InitShow` sets another.
 constexpr int kDesignInterval = 400;  // milliseconds
+
+constexpr int kFirstTickMilliseconds = 500;
+
+void Shuffle(Process& process, Collection& collection) {
+  process.random.Seed(process.system.host.ClockSeed());
+  ShuffleCollection(collection, process.random);
+}
+
+// The part that does not depend on where the lists come from.
+void Begin(Process& process, ShowForm& form) {
+  const Colour background = process.options.BackColor();
+  form.PicBase.SetBackColor(background);
+  form.PicBase.SetFillColor(background);
+  if (process.options.PicRandom()) Shuffle(process, process.show.PictureList);
+  if (process.options.SoundRandom()) Shuffle(process, process.show.SoundList);
+  form.tmrSwitch.SetInterval(kFirstTickMilliseconds);
+  form.tmrSwitch.SetEnabled(true);
+  process.show.TransitionSpeed = process.options.TransSpeed();
+}
 
 }  // namespace
 
@@ -21,6 +42,22 @@ ShowForm::ShowForm(Process& process, std::string name, WindowKind kind, std::str
       process_(process) {
   imgFullSize.SetVisible(false);
   tmrSwitch.Elapsed = [this] { tmrSwitch_Timer(); };
+}
+
+void InitShow(Process& process, ShowForm& form) {
+  form.tmrSwitch.SetEnabled(false);
+  FileSystem& files = process.system.files;
+  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, PictureMask());
+  process.show.SoundList = FillFromSettings(process.Settings, files, kSoundSection, kSoundMask);
+  Begin(process, form);
+}
+
+void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const ListBox& sounds) {
+  form.tmrSwitch.SetEnabled(false);
+  FileSystem& files = process.system.files;
+  process.show.PictureList = FillFromList(files, pictures, PictureMask());
+  process.show.SoundList = FillFromList(files, sounds, kSoundMask);
+  Begin(process, form);
 }
 
 }  // namespace quorvale

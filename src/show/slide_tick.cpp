@@ -3,13 +3,12 @@
 #include <memory>
 #include <string>
 
-#include "process/end_saver.h"
+#include "base/numbers.h"
 #include "process/process.h"
 #include "process/rules.h"
-#include "show/list_position.h"
 #include "show/picture_layout.h"
 #include "show/show_form.h"
-#include "show/sound_track.h"
+#include "system/sound_player.h"
 #include "toolkit/nonvisual_controls.h"
 #include "transitions/run_transition.h"
 
@@ -17,6 +16,31 @@ namespace quorvale {
 namespace {
 
 constexpr double kMillisecondsPerSecond = 1000;
+
+std::string LastPosition(const Options& options, const ShowState& show, const OptionRow& last) {
+  const auto unstored = show.UnstoredPositions.find(last.key);
+  return unstored != show.UnstoredPositions.end() ? unstored->second : options.Text(last);
+}
+
+// The position (from 1) that a tick shows next in a list of `count` entries: the one after the position stored in
+// `last`, or 1 after the end. The process's first tick starts at 1 if the option `reset` is on. If the stored position
+// is not a number, the result is 0.
+std::int32_t NextPosition(const Options& options, const ShowState& show, const OptionRow& reset, const OptionRow& last,
+                          int count) {
+  std::int32_t position = 0;
+  StepIf([&] { return !show.FirstTickOver && options.IsAnyNumber(reset); }, [&] { position = 1; },
+         [&] { Step([&] { position = RoundToInt32(StrictNumber(LastPosition(options, show, last)) + 1); }); });
+  return position > count ? 1 : position;
+}
+
+// Stores a position in the option `last`. If that fails, it is kept in memory for this run.
+void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std::int32_t position) {
+  if (options.SetText(last, std::to_string(position))) {
+    show.UnstoredPositions.erase(last.key);
+  } else {
+    show.UnstoredPositions[last.key] = std::to_string(position);
+  }
+}
 
 // If the only loaded form is hidden, the user can't close it, so it is unloaded and the show ends. The preview's form
 // is always hidden and is exempt.
@@ -47,6 +71,19 @@ void ShowNextPicture(Process& process, ShowForm& form) {
   LayOutPicture(process, form, PictureIndex);
   Step([&] { PicPreview.SetVisible(true); });
   Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
+}
+
+// Stops a sound that is still playing.
+void PlayNextSound(Process& process) {
+  const std::int32_t SoundIndex =
+      NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.SoundList.Count());
+  Step([&] { process.app.PumpEvents(); });
+  // Read the list only now: an event may have replaced it.
+  Step([&] {
+    process.system.sound.PlaySound(process.show.SoundList.Item(SoundIndex), kSndFilename | kSndAsync | kSndNoDefault);
+  });
+  Step([&] { KeepPosition(process.options, process.show, kLastSound, SoundIndex); });
+  Step([&] { process.app.PumpEvents(); });
 }
 
 void ShowNoPicture(ShowForm& form) {

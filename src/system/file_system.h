@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "system/path_syntax.h"
+#include "base/paths.h"
 
 namespace quorvale {
 

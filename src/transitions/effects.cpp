@@ -3,8 +3,8 @@
 #include <array>
 
 #include "base/numbers.h"
-#include "process/end_saver.h"
-#include "process/process.h"
+#include "base/random.h"
+#include "process/show_state.h"
 #include "toolkit/image_control.h"
 #include "toolkit/picture_box.h"
 #include "toolkit/platform.h"
@@ -29,7 +29,7 @@ void SweepRight(const EffectRun& run) {
   for (std::int32_t x = 0; x <= end; x += kSidewaysStep) {
     UprightBar(run, static_cast<float>(x));
     run.EndStep();
-    if (run.process.show.PreviewSuspended) return;
+    if (run.show.PreviewSuspended) return;
   }
 }
 
@@ -115,8 +115,8 @@ void Bubbles(const EffectRun& run) {
   ImageControl& PicPreview = run.PicPreview;
   run.PicBase.SetDrawWidth(1);
   for (int dots = 1; dots <= kDots; ++dots) {
-    const float x = run.process.random.Next() * PicPreview.Width();
-    const float y = run.process.random.Next() * PicPreview.Height();
+    const float x = run.random.Next() * PicPreview.Width();
+    const float y = run.random.Next() * PicPreview.Height();
     run.PicBase.PSet(x + PicPreview.Left(), y + PicPreview.Top(), run.WipeColour);
     run.PumpStep();
     run.PicBase.SetDrawWidth(dots + 1);
@@ -141,7 +141,7 @@ constexpr std::array<Effect, 9> kEffects = {{
 
 void EffectRun::PumpStep() const {
   pace.PumpEvents();
-  if (process.show.StopRequested) EndSaver(process);
+  if (show.StopRequested) end_program();
 }
 
 void EffectRun::Pause() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -11,17 +12,21 @@ namespace quorvale {
 class ImageControl;
 class PacedRun;
 class PictureBox;
-struct Process;
+class Random;
+struct ShowState;
 
 // What one run of an effect works with.
 struct EffectRun {
-  Process& process;
+  const ShowState& show;
+  Random& random;
   PictureBox& PicBase;
   ImageControl& PicPreview;
   PacedRun& pace;
   Colour WipeColour;
   // Passes of the event queue after each step; no pause if 0 or less.
   std::int32_t DelayCount;
+  // Ends the program; does not return.
+  std::function<void()> end_program;
 
   // Ends a step once its shapes are drawn: pumps once, and ends the program if the show is to end.
   void PumpStep() const;

@@ -44,7 +44,14 @@ void RunTransition(Process& process, ImageControl& PicPreview) {
   const auto effect = std::ranges::find(Effects(), name, &Effect::name);
   if (effect == Effects().end()) return;
   const std::unique_ptr<PacedRun> pace = PicBase.OpenPacedRun();
-  effect->run({process, PicBase, PicPreview, *pace, WipeColour, DelayCount});
+  effect->run({.show = process.show,
+               .random = process.random,
+               .PicBase = PicBase,
+               .PicPreview = PicPreview,
+               .pace = *pace,
+               .WipeColour = WipeColour,
+               .DelayCount = DelayCount,
+               .end_program = [&process] { EndSaver(process); }});
 }
 
 }  // namespace quorvale

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace quorvale {
 namespace {
 
@@ -55,6 +58,29 @@ TEST(TextTest, AnOverlayNeverChangesTheNumberOfCharacters) {
     Overlay(text, c.column, c.piece);
     EXPECT_EQ(text, c.result);
   }
+}
+
+TEST(TextTest, CutTokenCutsTextAndDelimiterOff) {
+  struct Case {
+    std::string text;
+    std::string token;
+    std::string rest;
+  };
+  for (const Case& c : {Case{"a;b", "a", "b"}, {"a;", "a", ""}, {";b", "", "b"}, {"ab", "ab", ""}, {"", "", ""}}) {
+    std::string text = c.text;
+    EXPECT_EQ(CutToken(text, ';'), c.token) << c.text;
+    EXPECT_EQ(text, c.rest) << c.text;
+  }
+  std::string from_system("C:\\WINDOWS\0junk\0", 16);
+  EXPECT_EQ(CutToken(from_system, '\0'), "C:\\WINDOWS");
+  EXPECT_EQ(from_system, std::string("junk\0", 5));
+}
+
+TEST(TextTest, LinesEndInEitherCharacterOrBoth) {
+  std::string_view text = "a\r\n\nb\r\rc";
+  std::vector<std::string> lines;
+  while (!text.empty()) lines.emplace_back(CutLine(text));
+  EXPECT_EQ(lines, (std::vector<std::string>{"a\r\n", "\n", "b\r", "\r", "c"}));
 }
 
 TEST(TextTest, CaseIsThatOfAsciiLetters) {

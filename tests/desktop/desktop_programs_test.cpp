@@ -15,6 +15,7 @@
 #include "desktop/temporary_directory.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/start_program.h"
+#include "support/failure_of.h"
 
 namespace quorvale {
 namespace {
@@ -49,12 +50,7 @@ TEST(DesktopPrograms, AMissingProgramFails) {
   DesktopPrograms programs;
   for (const std::string& line : {std::string(), std::string("quorvale-no-such-program /x"), directory.Path("data"),
                                   directory.Path("data/below")}) {
-    try {
-      programs.Start(line, kWindowNormalFocus);
-      ADD_FAILURE() << line;
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.Number(), FailureNumber::kNotFound) << line;
-    }
+    EXPECT_EQ(FailureOf([&] { programs.Start(line, kWindowNormalFocus); }), FailureNumber::kNotFound) << line;
   }
 }
 

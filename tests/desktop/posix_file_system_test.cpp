@@ -11,6 +11,7 @@
 
 #include "base/failure.h"
 #include "desktop/temporary_directory.h"
+#include "support/failure_of.h"
 
 namespace quorvale {
 namespace {
@@ -83,13 +84,7 @@ TEST_F(PosixFileSystemTest, GroupsByPatternAndSortsByUpperCase) {
 TEST_F(PosixFileSystemTest, ADirectoryThatIsNoneFails) {
   for (const std::string& path : {std::string("missing"), std::string("file.jpg"), std::string("loop.jpg"),
                                   std::string("pipe.jpg"), std::string(300, 'x'), std::string("dir.jpg\0x", 9)}) {
-    SCOPED_TRACE(path);
-    try {
-      Enumerate(path, {"*"});
-      ADD_FAILURE() << "no failure";
-    } catch (const Failure& failure) {
-      EXPECT_EQ(failure.Number(), FailureNumber::kNotFound);
-    }
+    EXPECT_EQ(FailureOf([&] { Enumerate(path, {"*"}); }), FailureNumber::kNotFound) << path;
   }
 }
 

@@ -94,60 +94,6 @@ TEST_F(SettingsFileTest, ProcessesWriteAtOnce) {
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
 
-TEST_F(SettingsFileTest, AKilledWriterLeavesWhatItHadWritten) {
-  int ends[2];
-  ASSERT_EQ(pipe(ends), 0);
-  const FileDescriptor reading(ends[0]);
-  pid_t child = 0;
-  {
-    const FileDescriptor writing(ends[1]);
-    child = Fork([&] {
-      SqliteRegistry registry(directory_.Path());
-      CRegSettings settings(registry);
-      for (int number = 0;; ++number) {
-        if (!settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) return 1;
-        if (write(writing.Get(), &number, sizeof number) != sizeof number) return 1;
-      }
-    });
-  }
-  int last = -1;
-  int number = 0;
-  while (read(reading.Get(), &number, sizeof number) == sizeof number) {
-    last = number;
-    if (number == 500) kill(child, SIGKILL);
-  }
-  EXPECT_TRUE(WIFSIGNALED(StatusOf(child)));
-  ASSERT_GE(last, 500);
-  SqliteRegistry registry(directory_.Path());
-  CRegSettings settings(registry);
-  for (number = 0; number <= last; ++number) EXPECT_EQ(settings.GetSetting("Options", KeyOf(number)), ValueOf(number));
-  EXPECT_THAT(settings.GetSetting("Options", KeyOf(last + 1), kMissing), testing::AnyOf(kMissing, ValueOf(last + 1)));
-  EXPECT_TRUE(settings.SaveSetting("Options", "After", "1"));
-  EXPECT_THAT(FilesAside(), testing::IsEmpty());
-}
-
-TEST_F(SettingsFileTest, AFullDiskCostsWritesOnly) {
-  ASSERT_TRUE(Save(KeyOf(0), ValueOf(0)));
-  const pid_t child = Fork([&] {
-    signal(SIGXFSZ, SIG_IGN);
-    const rlimit most{300'000, 300'000};
-    setrlimit(RLIMIT_FSIZE, &most);
-    SqliteRegistry registry(directory_.Path());
-    CRegSettings settings(registry);
-    int number = 1;
-    while (number < 2000 && settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) ++number;
-    if (number == 2000) return 1;
-    for (int i = 0; i < number; ++i) {
-      if (settings.GetSetting("Options", KeyOf(i)) != ValueOf(i)) return 2;
-    }
-    return 0;
-  });
-  EXPECT_EQ(StatusOf(child), 0);
-  EXPECT_EQ(Get(KeyOf(0)), ValueOf(0));
-  EXPECT_TRUE(Save("After", "1"));
-  EXPECT_THAT(FilesAside(), testing::IsEmpty());
-}
-
 // A list as OK saves it: all of it or nothing, under a kill and on a full disk.
 class SavedTogetherTest : public SettingsFileTest {
  protected:

@@ -22,14 +22,7 @@ class X11WindowsTest : public testing::Test {
     root_ = xcb_setup_roots_iterator(xcb_get_setup(program_.get())).data->root;
   }
 
-  xcb_atom_t Atom(const std::string& name) {
-    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(
-        program_.get(), xcb_intern_atom(program_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data()),
-        nullptr);
-    const xcb_atom_t atom = reply->atom;
-    std::free(reply);
-    return atom;
-  }
+  xcb_atom_t Atom(const std::string& name) { return quorvale::Atom(program_.get(), name); }
 
   xcb_window_t MakeWindow(xcb_window_t parent) {
     const xcb_window_t window = xcb_generate_id(program_.get());

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "base/ending.h"
+#include "base/failure.h"
 
 namespace quorvale {
 namespace {

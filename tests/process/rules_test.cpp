@@ -4,9 +4,8 @@
 
 #include <string>
 
-#include "base/ending.h"
 #include "base/failure.h"
-#include "process/collection.h"
+#include "process/show_state.h"
 
 namespace quorvale {
 namespace {

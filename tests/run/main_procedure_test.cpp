@@ -91,16 +91,6 @@ TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
   EXPECT_TRUE(ShowIsUp());
 }
 
-TEST_F(MainTest, AbortIgnoreAndNoAnswerLeaveNoShow) {
-  process.options.Set("TransSpeed", "99999999999");
-  for (const MessageBoxAnswer answer : {MessageBoxAnswer::kAbort, MessageBoxAnswer::kIgnore, MessageBoxAnswer::kNone}) {
-    desktop.boxes.Answer(answer);
-    Main(process, "/S");
-    EXPECT_EQ(process.app.Forms.Count(), 0);
-  }
-  EXPECT_EQ(desktop.boxes.shown.size(), 3U);
-}
-
 TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
   desktop.files.AddFile("C:\\WINDOWS\\SYSTEM\\Quorvale.SCR");
   desktop.files.SetShortName("C:\\WINDOWS\\SYSTEM\\Quorvale.SCR", "QUORVA~1.SCR");
@@ -132,10 +122,10 @@ TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-// A platform that notes what the set-up writes, in its order, and can fail where it can.
-class NotingRegistry : public MemoryRegistry {
+// Log what the set-up writes, in its order.
+class LoggingRegistry : public MemoryRegistry {
  public:
-  explicit NotingRegistry(CallLog& log) : log_(log) {}
+  explicit LoggingRegistry(CallLog& log) : log_(log) {}
   std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                               RegistryKey& key) override {
     section_ = path.substr(path.rfind('\\') + 1);
@@ -152,9 +142,9 @@ class NotingRegistry : public MemoryRegistry {
   std::string section_;
 };
 
-class NotingFiles : public MemoryFileSystem {
+class LoggingFiles : public MemoryFileSystem {
  public:
-  explicit NotingFiles(CallLog& log) : log_(log) {}
+  explicit LoggingFiles(CallLog& log) : log_(log) {}
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
                                  const std::string& file) override {
     log_.push_back(section + " " + key + " " + file);
@@ -194,8 +184,8 @@ class MainStepsTest : public HeadlessTest {
     return {registry, files, real.windows, real.sound, programs, host, real.password};
   }
 
-  NotingRegistry registry{desktop.calls};
-  NotingFiles files{desktop.calls};
+  LoggingRegistry registry{desktop.calls};
+  LoggingFiles files{desktop.calls};
   FailingPrograms programs{desktop.calls};
   FailingHost host{desktop.queue, desktop.calls};
   Process process{desktop, Services()};

@@ -64,26 +64,24 @@ TEST_F(RegSettingsTest, AValueOfAnotherTypeIsItsBytesLessTheLast) {
 
 TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {
   settings.SaveSetting("S", "a", "1");
-  const auto fail = [&](RegistryCall call, int count) {
+  const auto read = [&] { return settings.GetSetting("S", "a", "default") != "default"; };
+  const auto save = [&] { return settings.SaveSetting("S", "a", "2"); };
+  const auto delete_value = [&] { return settings.DeleteSetting("S", "a"); };
+  const auto delete_section = [&] { return settings.DeleteSetting("S"); };
+  const std::vector<std::tuple<RegistryCall, int, std::function<bool()>>> cases = {
+      {RegistryCall::kOpen, 1, read},
+      {RegistryCall::kQuery, 1, read},
+      {RegistryCall::kQuery, 2, read},
+      {RegistryCall::kCreate, 1, save},
+      {RegistryCall::kSet, 1, save},
+      {RegistryCall::kOpen, 1, delete_value},
+      {RegistryCall::kDeleteValue, 1, delete_value},
+      {RegistryCall::kDeleteKey, 1, delete_section}};
+  for (const auto& [call, count, run] : cases) {
     desktop.registry.failures.Forget();
     desktop.registry.failures.FailCall(call, count, kErrorAccessDenied);
-  };
-  fail(RegistryCall::kOpen, 1);
-  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
-  fail(RegistryCall::kQuery, 1);
-  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
-  fail(RegistryCall::kQuery, 2);
-  EXPECT_EQ(settings.GetSetting("S", "a", "default"), "default");
-  fail(RegistryCall::kCreate, 1);
-  EXPECT_FALSE(settings.SaveSetting("S", "a", "2"));
-  fail(RegistryCall::kSet, 1);
-  EXPECT_FALSE(settings.SaveSetting("S", "a", "2"));
-  fail(RegistryCall::kOpen, 1);
-  EXPECT_FALSE(settings.DeleteSetting("S", "a"));
-  fail(RegistryCall::kDeleteValue, 1);
-  EXPECT_FALSE(settings.DeleteSetting("S", "a"));
-  fail(RegistryCall::kDeleteKey, 1);
-  EXPECT_FALSE(settings.DeleteSetting("S"));
+    EXPECT_FALSE(run()) << static_cast<int>(call) << " " << count;
+  }
   desktop.registry.failures.Forget();
   EXPECT_EQ(settings.GetSetting("S", "a"), "1");
   EXPECT_EQ(desktop.registry.OpenKeys(), 0);

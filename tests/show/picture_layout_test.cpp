@@ -59,14 +59,6 @@ TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
   }
 }
 
-TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreen) {
-  Pictures({"picture 400 300 ff0000"});
-  MainForm& form = Start();
-  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
-  FirstTick();
-  ExpectRect(form.PicPreview.Bounds(), {750, 1125, 1500, 2250});
-}
-
 TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
   desktop.SetScreen(800, 600, 2);
   Pictures({"picture 400 300 ff0000"});
@@ -147,17 +139,18 @@ TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
   }
 }
 
-TEST_F(PictureLayoutTest, AFrameIsAsWideInASmallPreviewAsOnTheScreen) {
+TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreenWithAFrameOfTheSameWidth) {
   Pictures({"picture 400 300 ff0000"});
   process.options.Set("ShowFrame", "1");
   MainForm& form = Start();
   process.mode = RunMode::kPreview;
-  form.PicBase.Move(0, 0, 1500, 1125);  // an eighth: the picture is 750 by 562.5, at 375 and 281.25
+  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
   const DrawRecorder recorder(form.PicBase);
   FirstTick();
+  ExpectRect(form.PicPreview.Bounds(), {750, 1125, 1500, 2250});
   ASSERT_EQ(recorder.operations.size(), 1U);
-  EXPECT_FLOAT_EQ(recorder.operations[0].x1, 375 - 60);
-  EXPECT_FLOAT_EQ(recorder.operations[0].x2, 375 + 750 + 60);
+  EXPECT_FLOAT_EQ(recorder.operations[0].x1, 750 - 60);
+  EXPECT_FLOAT_EQ(recorder.operations[0].x2, 750 + 1500 + 60);
 }
 
 TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "base/ending.h"
 #include "base/failure.h"
 #include "playlist/list_entry.h"
 #include "process/process.h"

@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "base/ending.h"
 #include "base/failure.h"
 #include "support/headless_fixture.h"
 #include "toolkit/scripted_form.h"

@@ -1,7 +1,6 @@
 #include "transitions/run_transition.h"
 
 #include <cmath>
-#include <map>
 
 #include "support/show_fixture.h"
 #include "transitions/effects.h"
@@ -251,24 +250,6 @@ TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
     EXPECT_THROW(RunTransition(process, form_->PicPreview), ProcessEnded) << name;
     EXPECT_EQ(desktop.paced_runs.back().pumps, 5) << name;
   }
-}
-
-TEST_F(RunTransitionTest, RandomDrawsTheEndsHalfAsOftenAsTheRest) {
-  form_->PicBase.Move(0, 0, 0, 0);
-  std::map<std::string, int> counts;
-  constexpr int kDraws = 8000;
-  for (int seed = 0; seed < kDraws; ++seed) {
-    desktop.host.clock_seed = static_cast<std::uint64_t>(seed);
-    const std::vector<DrawOperation> operations = Run("Random");
-    // On a surface of no size the effects differ in kind and number of their shapes, not in direction.
-    ++counts[std::to_string(static_cast<int>(operations[0].kind)) + "x" + std::to_string(operations.size())];
-  }
-  EXPECT_NEAR(counts["1x1"], kDraws * 7 / 16, 200);  // four sweeps: a sixteenth and three eighths
-  EXPECT_NEAR(counts["1x2"], kDraws / 4, 200);       // two sandwiches
-  EXPECT_NEAR(counts["3x1"], kDraws / 8, 150);       // Spotlight
-  EXPECT_NEAR(counts["4x400"], kDraws / 8, 150);     // Bubbles
-  EXPECT_NEAR(counts["1x4"], kDraws / 16, 120);      // Shrinking Square
-  EXPECT_EQ(process.options.Get("SwapAffect", ""), "Random");
 }
 
 TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {

@@ -20,7 +20,6 @@
 #include "platform/desktop/toolkit/event_loop.h"
 #include "platform/desktop/toolkit/start_up.h"
 #include "platform/desktop/toolkit/x11_session.h"
-#include "process/end_saver.h"
 #include "process/process.h"
 #include "process/run_mode.h"
 #include "run/main_procedure.h"

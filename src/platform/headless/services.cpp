@@ -3,7 +3,6 @@
 #include <cmath>
 #include <utility>
 
-#include "base/ending.h"
 #include "base/failure.h"
 
 namespace quorvale {

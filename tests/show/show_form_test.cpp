@@ -1,4 +1,4 @@
-#include "show/start_show.h"
+#include "show/show_form.h"
 
 #include "playlist/media_collections.h"
 #include "support/show_fixture.h"

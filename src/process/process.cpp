@@ -1,8 +1,7 @@
-#include "process/end_saver.h"
+#include "process/process.h"
 
 #include <cstdlib>
 
-#include "process/process.h"
 #include "system/host_system.h"
 #include "system/window_system.h"
 

@@ -1,4 +1,4 @@
-#include "playlist/path_part.h"
+#include "base/paths.h"
 
 #include <array>
 

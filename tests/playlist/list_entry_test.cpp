@@ -1,10 +1,8 @@
+#include "playlist/list_entry.h"
+
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
 #include "base/text.h"
-#include "playlist/list_entry.h"
-#include "playlist/path_part.h"
-#include "playlist/token.h"
 
 namespace quorvale {
 namespace {
@@ -19,62 +17,7 @@ std::string Wide(int count) {
   return text;
 }
 
-TEST(PathToolsTest, PathPartSplitsAtTheEdges) {
-  struct Case {
-    PathSyntax syntax;
-    const char* path;
-    std::vector<std::string> parts;
-  };
-  const std::vector<Case> cases = {
-      {kWindows, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
-      {kWindows, "a.b.jpg", {"", "", "a", ".b"}},
-      {kWindows, "C:sea.bmp", {"C:", "", "sea", ".bmp"}},
-      {kWindows, "sea", {"", "", "sea", ""}},
-      {kWindows, "sea.", {"", "", "sea", ""}},
-      {kWindows, ".jpg", {"", "", "", ".jpg"}},
-      {kWindows, "C:\\pics\\", {"C:", "\\", "pics\\", ""}},
-      {kWindows, "C:\\pics\\.jpg", {"C:", "\\", "pics\\", ".jpg"}},
-      {kWindows, "C:\\a.b\\sea", {"C:", "\\a.b\\", "sea", ""}},
-      {kWindows, "C:\\a.b\\", {"C:", "\\", "a", ".b\\"}},
-      {kWindows, "", {"", "", "", ""}},
-      {kWindows, "a/b.jpg", {"", "", "a/b", ".jpg"}},
-      {kWindows, "\xC3\xA9:x.jpg", {"\xC3\xA9:", "", "x", ".jpg"}},
-      {kUnix, "/home/me/sea.bmp", {"", "/home/me/", "sea", ".bmp"}},
-      {kUnix, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
-      {kUnix, "/a.b/c", {"", "/a.b/", "c", ""}},
-  };
-  for (const Case& c : cases) {
-    for (std::int32_t part = 0; part < 4; ++part) {
-      EXPECT_EQ(PathPart(c.path, part, c.syntax), c.parts[static_cast<std::size_t>(part)]) << c.path << " " << part;
-    }
-  }
-  for (const std::int32_t part : {-1, 4}) {
-    try {
-      PathPart("x", part, kWindows);
-      ADD_FAILURE() << part;
-    } catch (const Failure& failure) {
-      EXPECT_EQ(static_cast<int>(failure.Number()), 1);
-    }
-  }
-}
-
-TEST(PathToolsTest, CutTokenCutsTextAndDelimiterOff) {
-  struct Case {
-    std::string text;
-    std::string token;
-    std::string rest;
-  };
-  for (const Case& c : {Case{"a;b", "a", "b"}, {"a;", "a", ""}, {";b", "", "b"}, {"ab", "ab", ""}, {"", "", ""}}) {
-    std::string text = c.text;
-    EXPECT_EQ(CutToken(text, ';'), c.token) << c.text;
-    EXPECT_EQ(text, c.rest) << c.text;
-  }
-  std::string from_system("C:\\WINDOWS\0junk\0", 16);
-  EXPECT_EQ(CutToken(from_system, '\0'), "C:\\WINDOWS");
-  EXPECT_EQ(from_system, std::string("junk\0", 5));
-}
-
-TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
+TEST(ListEntryTest, EntriesLeadBackToTheirPaths) {
   struct Case {
     PathSyntax syntax;
     std::string entry;
@@ -107,7 +50,7 @@ TEST(PathToolsTest, EntriesLeadBackToTheirPaths) {
   for (const Case& c : cases) EXPECT_EQ(EntryPath(c.entry, c.syntax), c.path);
 }
 
-TEST(PathToolsTest, AnEntryHasItsColumns) {
+TEST(ListEntryTest, AnEntryHasItsColumns) {
   const std::string entry = MakeListEntry("sea.bmp", "C:\\Pics\\");
   EXPECT_EQ(entry, "sea.bmp" + std::string(248, ' ') + "C:\\Pics\\" + std::string(249, ' '));
   for (const std::string& name : {std::string(), Wide(255), std::string(600, 'n'), std::string("\xFF\xFE")}) {

@@ -1,4 +1,4 @@
-#include "process/end_saver.h"
+#include "process/process.h"
 
 #include <algorithm>
 

@@ -1,0 +1,52 @@
+#include "base/paths.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/failure.h"
+#include "support/failure_of.h"
+
+namespace quorvale {
+namespace {
+
+constexpr PathSyntax kWindows{'\\'};
+constexpr PathSyntax kUnix{'/'};
+
+TEST(PathsTest, PathPartSplitsAtTheEdges) {
+  struct Case {
+    PathSyntax syntax;
+    const char* path;
+    std::vector<std::string> parts;
+  };
+  const std::vector<Case> cases = {
+      {kWindows, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
+      {kWindows, "a.b.jpg", {"", "", "a", ".b"}},
+      {kWindows, "C:sea.bmp", {"C:", "", "sea", ".bmp"}},
+      {kWindows, "sea", {"", "", "sea", ""}},
+      {kWindows, "sea.", {"", "", "sea", ""}},
+      {kWindows, ".jpg", {"", "", "", ".jpg"}},
+      {kWindows, "C:\\pics\\", {"C:", "\\", "pics\\", ""}},
+      {kWindows, "C:\\pics\\.jpg", {"C:", "\\", "pics\\", ".jpg"}},
+      {kWindows, "C:\\a.b\\sea", {"C:", "\\a.b\\", "sea", ""}},
+      {kWindows, "C:\\a.b\\", {"C:", "\\", "a", ".b\\"}},
+      {kWindows, "", {"", "", "", ""}},
+      {kWindows, "a/b.jpg", {"", "", "a/b", ".jpg"}},
+      {kWindows, "\xC3\xA9:x.jpg", {"\xC3\xA9:", "", "x", ".jpg"}},
+      {kUnix, "/home/me/sea.bmp", {"", "/home/me/", "sea", ".bmp"}},
+      {kUnix, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
+      {kUnix, "/a.b/c", {"", "/a.b/", "c", ""}},
+  };
+  for (const Case& c : cases) {
+    for (std::int32_t part = 0; part < 4; ++part) {
+      EXPECT_EQ(PathPart(c.path, part, c.syntax), c.parts[static_cast<std::size_t>(part)]) << c.path << " " << part;
+    }
+  }
+  for (const std::int32_t part : {-1, 4}) {
+    EXPECT_EQ(FailureOf([&] { PathPart("x", part, kWindows); }), FailureNumber::kInvalidArgument) << part;
+  }
+}
+
+}  // namespace
+}  // namespace quorvale
