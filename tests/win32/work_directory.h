@@ -10,7 +10,7 @@
 
 namespace quorvale {
 
-// A directory of a test's own beside the test program, gone with the object.
+// A temporary directory beside the test program. Removed with the object.
 class WorkDirectory {
  public:
   WorkDirectory()
@@ -24,7 +24,7 @@ class WorkDirectory {
   WorkDirectory(const WorkDirectory&) = delete;
   WorkDirectory& operator=(const WorkDirectory&) = delete;
 
-  // With its separator.
+  // Ends with a separator.
   const std::string& Path() const { return path_; }
   std::string Path(const std::string& name) const { return path_ + name; }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// The system's own header. Every file of this platform takes it from here, so that none of its macros
-// renames a function of ours.
+// Includes <windows.h> and undefines its macros that would rename our functions. Every file of this platform includes
+// this header instead.
 
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

@@ -1,4 +1,4 @@
-// Leaves word, "planted.txt", in its own directory whenever it is run or loaded. Made as a program and as a library.
+// Writes "planted.txt" in its own directory when it is run or loaded. Built as a program and as a library.
 
 #include <windows.h>
 

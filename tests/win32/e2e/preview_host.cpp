@@ -1,15 +1,15 @@
-// Stands for the system's dialog with the small monitor: starts the saver with "/P" and the handle of a window.
-//   preview_host desktop PROGRAM   the host is this process's desktop, where Wine shows what is in it
+// Plays the system's screen saver dialog: starts the saver with "/P" and the handle of a window.
+//   preview_host desktop PROGRAM   the host is this process's desktop, the only one whose children Wine draws
 //   preview_host window PROGRAM    the host is a window of this process
-//   preview_host close             sends what sits in this process's desktop its close message
-// The first two read commands from the standard input, "close", "destroy" and "quit" (which leaves the window to its
-// fate), and write what happens to the standard output or the file named by QUORVALE_HOST_LOG.
+//   preview_host close             sends the close message to the preview in this process's desktop
+// The first two read commands from standard input: "close", "destroy" and "quit", which ends the process at once. They
+// write what happens to the file named by QUORVALE_HOST_LOG.
 
 #include <windows.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <string>
 
@@ -19,15 +19,9 @@ constexpr int kWidth = 152;
 constexpr int kHeight = 112;
 constexpr wchar_t kPictureClass[] = L"QuorvaleWindow";
 
-std::FILE* OpenLog() {
-  const char* const path = std::getenv("QUORVALE_HOST_LOG");
-  return path != nullptr ? std::fopen(path, "w") : stdout;
-}
-
-void Say(const std::string& what) {
-  static std::FILE* const log = OpenLog();
-  std::fprintf(log, "%s\n", what.c_str());
-  std::fflush(log);
+void Say(const char* what) {
+  static std::ofstream log(std::getenv("QUORVALE_HOST_LOG"));
+  log << what << std::endl;
 }
 
 HWND MakeWindow() {
@@ -79,7 +73,7 @@ int RunHost(HWND host, HANDLE preview) {
   }
   DWORD code = 0;
   GetExitCodeProcess(preview, &code);
-  Say("ended " + std::to_string(code));
+  Say(("ended " + std::to_string(code)).c_str());
   return 0;
 }
 

@@ -1,10 +1,11 @@
-// Stands for the system's password library, and for a user who gets the password wrong the first time.
+// Plays the system's password library. The first question in a process is refused; then the answer is the owner's
+// handle.
 
 #include <windows.h>
 
 extern "C" __declspec(dllexport) BOOL WINAPI VerifyScreenSavePwd(HWND owner) {
-  // The library is loaded anew for each question, so the process has to remember.
-  const bool is_asked_again = GetEnvironmentVariableA("QUORVALE_ASKED", nullptr, 0) != 0;
+  // The library is loaded anew for each question, so a variable of the process remembers the first one.
+  const bool is_first = GetEnvironmentVariableA("QUORVALE_ASKED", nullptr, 0) == 0;
   SetEnvironmentVariableA("QUORVALE_ASKED", "yes");
-  return is_asked_again && IsWindow(owner) != 0 ? TRUE : FALSE;
+  return is_first ? FALSE : static_cast<BOOL>(reinterpret_cast<INT_PTR>(owner));
 }

@@ -39,26 +39,19 @@ class Configuration(WindowsTest):
     def saved(self):
         return list(self.session.read("PictureFiles").values())
 
-    def test_files_are_added_and_ok_stores_the_list(self):
-        self.add(self.red)
-        self.add(self.blue)
-        wait_until(lambda: RED in self.pixels((400, 180)), "the preview")
-        self.keep_screenshot("windows-configuration")
-        self.keys("Tab", "Return")
-        self.assertEqual(self.program.wait(timeout=10), 0)
-        self.assertEqual(self.saved(), [entry(self.red), entry(self.blue)])
-
-    def test_the_list_takes_keys(self):
+    def test_ok_stores_the_list_as_keys_have_changed_it(self):
         for path in (self.red, self.blue):
             self.add(path)
-        self.keys("shift+Tab", "Home", "Down", "alt+u")  # up goes the blue one, and Up is disabled
+        wait_until(lambda: RED in self.pixels((400, 180)), "the preview")
+        self.keep_screenshot("windows-configuration")
+        self.keys("shift+Tab", "Home", "Down", "alt+u")  # moves the blue one up, which disables Up
         self.keys("shift+Tab", "shift+Tab", "shift+Tab", "Home", "shift+End")
         self.keep_screenshot("windows-configuration-list")
         self.keys("Return")
-        self.program.wait(timeout=10)
+        self.assertEqual(self.program.wait(timeout=10), 0)
         self.assertEqual(self.saved(), [entry(self.blue), entry(self.red)])
 
-    def test_the_options_are_stored_by_ok_alone(self):
+    def test_only_ok_stores_the_options_and_about_closes_by_enter(self):
         for last, expected in (("Escape", "2"), ("Return", "7")):
             with self.subTest(last=last):
                 self.menu("Right", "Down", "o")
@@ -68,8 +61,13 @@ class Configuration(WindowsTest):
                 self.keys(last)
                 time.sleep(0.3)
                 self.assertEqual(self.session.read("Options")["Interval"], expected)
+        self.menu("Right", "Right", "Down", "Up", "Return")
+        self.session.wait_for_window("About Quorvale Customizable Screen Saver")
+        self.keep_screenshot("windows-about")
+        self.keys("Return", "Escape")
+        self.assertEqual(self.program.wait(timeout=10), 0)
 
-    def test_a_changed_list_asks_before_it_is_left(self):
+    def test_a_changed_list_asks_before_the_window_closes(self):
         self.add(self.red)
         self.keys("Escape")
         self.session.wait_for_window("Save Play List")
@@ -82,7 +80,7 @@ class Configuration(WindowsTest):
         self.assertEqual(self.program.wait(timeout=10), 0)
         self.assertEqual(self.saved(), [])
 
-    def test_a_list_is_saved_again_under_a_shorter_name(self):
+    def test_saves_a_list_under_a_shorter_name(self):
         self.add(self.red)
         for name in ("the first and longer name.qvl", "short.qvl"):
             path = os.path.join(self.session.folder, name)
@@ -93,17 +91,9 @@ class Configuration(WindowsTest):
             self.keys("Return")
             wait_until(lambda: os.path.exists(path), name)
 
-    def test_the_about_window_closes_by_enter(self):
-        self.menu("Right", "Right", "Down", "Up", "Return")
-        self.session.wait_for_window("About Quorvale Customizable Screen Saver")
-        self.keep_screenshot("windows-about")
-        self.keys("Return")
-        self.keys("Escape")
-        self.assertEqual(self.program.wait(timeout=10), 0)
-
 
 class LargeText(WindowsTest):
-    """Resolutions that ask for a larger window than the screen has room for."""
+    """At this resolution the window would be larger than the screen."""
     screen = (1366, 768)
     dpi = 144
 
@@ -115,7 +105,7 @@ class LargeText(WindowsTest):
     def set_dpi(self, dpi):
         self.session.run("wine", "reg", "add", DESKTOP, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
 
-    def test_the_window_lies_on_the_screen_as_a_whole(self):
+    def test_the_window_fits_the_screen(self):
         self.session.start("/c:1234")
         self.session.wait_for_window(TITLE)
         self.keep_screenshot(f"windows-configuration-{self.dpi}")

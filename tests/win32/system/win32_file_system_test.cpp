@@ -41,20 +41,20 @@ class Win32FileSystemTest : public testing::Test {
   Win32FileSystem files_;
 };
 
-TEST_F(Win32FileSystemTest, GivesPlainFilesByPatternInNameOrder) {
+TEST_F(Win32FileSystemTest, ListsPlainFilesByPatternInNameOrder) {
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.bmp", "*.jpg"}), ElementsAre("d.bmp", "A.JPG", "b.jpg", "fixed.jpg"));
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.jpeg", "*.wmf", "d.*"}), ElementsAre("c.jpeg", "d.bmp"));
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.wav"}), IsEmpty());
 }
 
-TEST_F(Win32FileSystemTest, ADirectoryThatIsNotThereFails) {
+TEST_F(Win32FileSystemTest, AMissingDirectoryFails) {
   for (const std::string& path : {directory_.Path("none\\"), directory_.Path("e.txt\\"), std::string("Z:\\none\\"),
                                   directory_.Path() + '\0' + "\\"}) {
     EXPECT_EQ(FailureOf([&] { Enumerate(path, {"*.jpg"}); }), FailureNumber::kNotFound) << path;
   }
 }
 
-TEST_F(Win32FileSystemTest, FindsTheNameThatStandsOnTheDisk) {
+TEST_F(Win32FileSystemTest, FindsNamesAsTheyAreOnDisk) {
   const struct {
     std::string path;
     int attributes;
@@ -82,7 +82,7 @@ TEST_F(Win32FileSystemTest, FindsTheNameThatStandsOnTheDisk) {
   for (const auto& [path, attributes, name] : cases) EXPECT_EQ(files_.FindFile(path, attributes), name) << path;
 }
 
-TEST_F(Win32FileSystemTest, AShortPathIsThatOfAnExistingFileThatFits) {
+TEST_F(Win32FileSystemTest, ShortPaths) {
   const std::string path = directory_.Path("b.jpg");
   const std::string short_path = files_.GetShortPathName(path, 250);
   EXPECT_FALSE(short_path.empty());
@@ -91,7 +91,7 @@ TEST_F(Win32FileSystemTest, AShortPathIsThatOfAnExistingFileThatFits) {
   EXPECT_EQ(files_.GetShortPathName(directory_.Path("none.jpg"), 250), "");
 }
 
-TEST_F(Win32FileSystemTest, WritesIniLinesWhereTheSystemKeepsThem) {
+TEST_F(Win32FileSystemTest, WritesIniLines) {
   const std::string own = directory_.Path("own.ini");
   for (const std::string& file : {own, std::string("SYSTEM.INI")}) {
     for (const char* value : {"C:\\one.scr", "C:\\two.scr"}) {
@@ -105,7 +105,7 @@ TEST_F(Win32FileSystemTest, WritesIniLinesWhereTheSystemKeepsThem) {
   EXPECT_FALSE(files_.WritePrivateProfileString("boot", "key", "value", directory_.Path("none\\own.ini")));
 }
 
-TEST_F(Win32FileSystemTest, WhatIsWrittenIsReadAsAWhole) {
+TEST_F(Win32FileSystemTest, ReadsWhatItWrote) {
   const std::string path = directory_.Path("list.qvl");
   for (const std::string& content : {std::string("one\r\n"), std::string(200'000, 'x'), std::string()}) {
     files_.WriteFile(path, content);
@@ -114,8 +114,8 @@ TEST_F(Win32FileSystemTest, WhatIsWrittenIsReadAsAWhole) {
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.qvl", "*.new"}), ElementsAre("list.qvl")) << "no draft stays";
 }
 
-// As one that its user may not write to: there is a directory where the draft would be.
-TEST_F(Win32FileSystemTest, AFolderThatTakesNoNewFilesKeepsItsOldOnesWritable) {
+// A directory has the name of the temporary file, so it can't be made.
+TEST_F(Win32FileSystemTest, WritesWhereNoNewFileCanBeMade) {
   const std::string path = directory_.Write("list.qvl", "a longer text");
   directory_.MakeDirectory(".quorvale-" + std::to_string(GetCurrentProcessId()) + ".new");
   files_.WriteFile(path, "one");
@@ -123,7 +123,7 @@ TEST_F(Win32FileSystemTest, AFolderThatTakesNoNewFilesKeepsItsOldOnesWritable) {
   EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path("new.qvl"), "x"); }), FailureNumber::kUnwritable);
 }
 
-TEST_F(Win32FileSystemTest, ALinkStaysALink) {
+TEST_F(Win32FileSystemTest, WritesThroughLinks) {
   const std::string path = directory_.Write("list.qvl", "old");
   const std::string link = directory_.Path("link.qvl");
   const bool is_made =
@@ -133,24 +133,26 @@ TEST_F(Win32FileSystemTest, ALinkStaysALink) {
   EXPECT_EQ(files_.ReadFile(path, std::string::npos), "new");
 }
 
-TEST_F(Win32FileSystemTest, WhatCannotBeReadOrWrittenSaysWhy) {
+TEST_F(Win32FileSystemTest, ReportsWhyAFileFails) {
   using enum FailureNumber;
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none"), std::string::npos); }), kNotFound);
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("none\\none"), std::string::npos); }), kNotFound);
-  EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path("directory.jpg"), std::string::npos); }), kUnreadable);
+  const std::pair<const char*, FailureNumber> unreadable[] = {
+      {"none", kNotFound}, {"none\\none", kNotFound}, {"directory.jpg", kUnreadable}};
+  for (const auto& [name, number] : unreadable) {
+    EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number) << name;
+  }
   for (const char* name : {"none\\list.qvl", "directory.jpg", "fixed.jpg"}) {
     EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path(name), "x"); }), kUnwritable) << name;
   }
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.new"}), IsEmpty());
 }
 
-TEST_F(Win32FileSystemTest, OlderTextKeepsItsLetters) {
+TEST_F(Win32FileSystemTest, ReadsOlderCodePages) {
   const std::string text = files_.FromOlderCodePage("caf\xE9");
   EXPECT_EQ(text, GetACP() == CP_UTF8 ? "caf\xC3\xA9" : "caf\xE9");
 }
 
 // Beyond what any older code page has, where the manifest's code page is understood.
-TEST_F(Win32FileSystemTest, NamesOfAllLanguagesArrive) {
+TEST_F(Win32FileSystemTest, TakesNamesOfAllLanguages) {
   if (GetACP() != CP_UTF8) GTEST_SKIP() << "this system does not make UTF-8 the code page";
   const std::string name = "\xD0\xBB\xD0\xB5\xD1\x81 \xE5\xB1\xB1 \xF0\x9F\x8C\x84.jpg";
   const std::string folder = directory_.MakeDirectory("\xE5\xB1\xB1") + "\\";

@@ -23,7 +23,7 @@ class Win32RegistryTest : public testing::Test {
   RegistryKey key_ = 0;
 };
 
-TEST_F(Win32RegistryTest, ATextCountsItsNulHoweverItWasStored) {
+TEST_F(Win32RegistryTest, ATextCountsItsNul) {
   const std::string columns(512, ' ');
   const struct {
     const char* name;
@@ -37,7 +37,7 @@ TEST_F(Win32RegistryTest, ATextCountsItsNulHoweverItWasStored) {
                {"long", std::string(20'000, 'x'), std::string(20'000, 'x')}};
   for (const auto& [name, stored, text] : cases) {
     SCOPED_TRACE(name);
-    // What stands behind it in memory is no part of it.
+    // The bytes behind it in memory are no part of it.
     const std::string behind = stored + "more";
     const auto length = static_cast<std::uint32_t>(stored.size());
     ASSERT_EQ(registry_.RegSetValueEx(key_, name, kRegSz, behind.data(), length), kErrorSuccess);
@@ -55,7 +55,7 @@ TEST_F(Win32RegistryTest, ATextCountsItsNulHoweverItWasStored) {
   }
 }
 
-TEST_F(Win32RegistryTest, NumbersAreTheirBytesAndNamesHaveNoCase) {
+TEST_F(Win32RegistryTest, ANumberIsItsBytesUntilItIsDeleted) {
   const std::string bytes("\x04\x03\x02\x01", 4);
   registry_.RegSetValueEx(key_, "Number", kRegDword, bytes.data(), 4);
   std::string read(8, '?');
@@ -64,9 +64,11 @@ TEST_F(Win32RegistryTest, NumbersAreTheirBytesAndNamesHaveNoCase) {
   EXPECT_EQ(registry_.RegQueryValueEx(key_, "nUMBER", type, read.data(), size), kErrorSuccess);
   EXPECT_EQ(type, kRegDword);
   EXPECT_EQ(read.substr(0, size), bytes);
+  EXPECT_EQ(registry_.RegDeleteValue(key_, "NUMBER"), kErrorSuccess);
+  EXPECT_EQ(registry_.RegQueryValueEx(key_, "Number", type, nullptr, size), kErrorFileNotFound);
 }
 
-TEST_F(Win32RegistryTest, WhatIsMissingOrHeldIsToldByItsNumber) {
+TEST_F(Win32RegistryTest, ErrorsHaveTheSystemsNumbers) {
   RegistryKey three = 0;
   ASSERT_EQ(
       registry_.RegCreateKeyEx(kHkeyCurrentUser, std::string(kTestKey) + "\\One\\Two\\Three", kKeyAllAccess, three),
@@ -88,14 +90,6 @@ TEST_F(Win32RegistryTest, WhatIsMissingOrHeldIsToldByItsNumber) {
   EXPECT_EQ(registry_.RegQueryValueEx(three, "", type, nullptr, size), kErrorKeyDeleted);
   EXPECT_EQ(registry_.RegCloseKey(three), kErrorSuccess);
   EXPECT_EQ(registry_.RegQueryValueEx(0, "", type, nullptr, size), kErrorInvalidHandle);
-}
-
-TEST_F(Win32RegistryTest, ADeletedValueIsGone) {
-  std::uint32_t type = 0;
-  std::uint32_t size = 0;
-  registry_.RegSetValueEx(key_, "value", kRegSz, "x", 1);
-  EXPECT_EQ(registry_.RegDeleteValue(key_, "VALUE"), kErrorSuccess);
-  EXPECT_EQ(registry_.RegQueryValueEx(key_, "value", type, nullptr, size), kErrorFileNotFound);
 }
 
 }  // namespace

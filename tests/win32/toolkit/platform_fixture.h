@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -18,7 +19,7 @@ class NoPictures : public PictureLoader {
   std::shared_ptr<Picture> Load(const std::string& /*path*/, const PicturePlace& /*place*/) override { return nullptr; }
 };
 
-// A show's window with one picture box in it, and what they are told.
+// A show's window with one picture box, and a log of the events that they report.
 class PlatformFixture : public testing::Test, private WindowEvents, private SurfaceEvents {
  protected:
   static constexpr PixelRect kBounds{0, 0, 200, 100};
@@ -58,7 +59,7 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
     return condition();
   }
 
-  // Runs events until the show has looked for the screen that it has got.
+  // Runs events until the show has found twice that it holds the screen.
   void Settle() {
     const ULONGLONG settled = GetTickCount64() + 1200;
     RunUntil([settled] { return GetTickCount64() >= settled; });
@@ -69,24 +70,28 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
   Surface surface_;
   std::unique_ptr<WindowPeer> window_;
   std::unique_ptr<SurfacePeer> box_;
-  std::vector<std::string> told_;
+  std::vector<std::string> log_;
   bool handlers_throw_ = false;
+  std::function<void()> on_deactivated_ = [] {};
 
  private:
-  void Tell(std::string what) {
-    told_.push_back(std::move(what));
+  void Log(std::string what) {
+    log_.push_back(std::move(what));
     if (handlers_throw_) throw std::runtime_error("A handler that fails");
   }
-  void OnKeyDown(int key) override { Tell("key " + std::to_string(key)); }
-  void OnMouseDown() override { Tell("form down"); }
-  void OnMouseMove() override { Tell("form move"); }
-  void OnCloseRequested() override { Tell("close"); }
-  void OnHelpRequested() override { Tell("help"); }
-  void OnDeactivated() override { Tell("deactivated"); }
-  void OnScreenChanged() override { Tell("screen"); }
-  void OnMouseDown(int x, int y) override { Tell("down " + std::to_string(x) + ' ' + std::to_string(y)); }
-  void OnMouseMove(int /*x*/, int /*y*/) override { Tell("move"); }
-  void OnScaleChanged() override { Tell("scale"); }
+  void OnKeyDown(int key) override { Log("key " + std::to_string(key)); }
+  void OnMouseDown() override { Log("form down"); }
+  void OnMouseMove() override { Log("form move"); }
+  void OnCloseRequested() override { Log("close"); }
+  void OnHelpRequested() override { Log("help"); }
+  void OnDeactivated() override {
+    on_deactivated_();
+    Log("deactivated");
+  }
+  void OnScreenChanged() override { Log("screen"); }
+  void OnMouseDown(int x, int y) override { Log("down " + std::to_string(x) + ' ' + std::to_string(y)); }
+  void OnMouseMove(int /*x*/, int /*y*/) override { Log("move"); }
+  void OnScaleChanged() override { Log("scale"); }
 };
 
 }  // namespace quorvale

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "platform/win32/system/system_text.h"
+#include "platform/win32/system/win32_programs.h"
 #include "platform/win32/widgets/native_control.h"
-#include "platform/win32/win32_platform.h"
 #include "toolkit/buttons.h"
 #include "toolkit/entry_fields.h"
 #include "toolkit/form.h"
@@ -28,48 +28,35 @@ using testing::ElementsAre;
 
 class Dialog : public Form {
  public:
-  explicit Dialog(Application& app)
-      : Form(app, "Dialog", WindowKind::kDialog, "Widgets"),
-        frame(*this, {.name = "frame", .caption = "Frame", .place = {0, 0, 4500, 3000}}, true),
-        first(*this, {.name = "first",
-                      .caption = "&First",
-                      .place = {150, 300, 1500, 300},
-                      .tab_index = 0,
-                      .container = &frame}),
-        second(*this, {.name = "second",
-                       .caption = "&Second",
-                       .place = {1800, 300, 1500, 300},
-                       .tab_index = 1,
-                       .container = &frame}),
-        last(*this,
-             {.name = "last", .caption = "&Last", .place = {150, 900, 1500, 300}, .tab_index = 6, .container = &frame}),
-        label(*this, {.name = "label", .caption = "&Text:", .place = {150, 3150, 900, 300}, .tab_index = 2}),
-        text(*this, {.name = "text", .place = {1200, 3150, 900, 300}, .tab_index = 3}, 4),
-        list(*this, {.name = "list", .place = {150, 3600, 3000, 1500}, .tab_index = 4}),
-        title(*this, {.name = "title", .place = {2250, 3075, 1500, 450}}, {.one_line = true}),
-        cancel(*this, {.name = "cancel", .caption = "Cancel", .place = {3300, 3600, 900, 300}, .tab_index = 5}),
-        line(*this, {.name = "line", .place = {3300, 4500, 900, 0}}, kBlack),
-        slider(*this, {.name = "slider", .place = {3300, 4050, 1200, 330}, .tool_tip = "Speed", .tab_index = 7}, 1, 20),
-        bar(*this, "bar") {
+  explicit Dialog(Application& app) : Form(app, "Dialog", WindowKind::kDialog, "Widgets") {
+    SetClientSize(4800, 5250);
     cancel.Cancel = true;
     cancel.Click = [this] { done.push_back("cancel"); };
     last.Click = [this] { done.push_back("last"); };
     bar.Add("menu", "&Menu").Add("item", "&Item", "Ctrl+I").Click = [this] { done.push_back("item"); };
   }
 
-  Frame frame;
-  OptionButton first;
-  OptionButton second;
-  Button last;
-  Label label;
-  TextBox text;
-  ListBox list;
-  Label title;
-  Button cancel;
-  Rule line;
-  Slider slider;
-  MenuBar bar;
+  HWND Handle() const { return reinterpret_cast<HWND>(Hwnd()); }
+
+  Frame frame{*this, {.name = "frame", .caption = "Frame", .place = {0, 0, 4500, 3000}}, true};
+  OptionButton first{*this, InFrame("&First", {150, 300, 1500, 300}, 0)};
+  OptionButton second{*this, InFrame("&Second", {1800, 300, 1500, 300}, 1)};
+  Button last{*this, InFrame("&Last", {150, 900, 1500, 300}, 6)};
+  Label label{*this, {.name = "label", .caption = "&Text:", .place = {150, 3150, 900, 300}, .tab_index = 2}};
+  TextBox text{*this, {.name = "text", .place = {1200, 3150, 900, 300}, .tab_index = 3}, 4};
+  ListBox list{*this, {.name = "list", .place = {150, 3600, 3000, 1500}, .tab_index = 4}};
+  Label title{*this, {.name = "title", .place = {2250, 3075, 1500, 450}}, {.one_line = true}};
+  Button cancel{*this, {.name = "cancel", .caption = "Cancel", .place = {3300, 3600, 900, 300}, .tab_index = 5}};
+  Rule line{*this, {.name = "line", .place = {3300, 4500, 900, 0}}, kBlack};
+  Slider slider{
+      *this, {.name = "slider", .place = {3300, 4050, 1200, 330}, .tool_tip = "Speed", .tab_index = 7}, 1, 20};
+  MenuBar bar{*this, "bar"};
   std::vector<std::string> done;
+
+ private:
+  WidgetDesign InFrame(const char* caption, TwipRect place, int tab_index) {
+    return {.name = caption, .caption = caption, .place = place, .tab_index = tab_index, .container = &frame};
+  }
 };
 
 // Into the first field that takes text.
@@ -84,7 +71,6 @@ BOOL CALLBACK Type(HWND window, LPARAM text) {
 class WidgetsTest : public testing::Test {
  protected:
   WidgetsTest() {
-    dialog_->SetClientSize(4800, 5250);
     dialog_->Show();
     app_.PumpEvents();
   }
@@ -127,7 +113,11 @@ class WidgetsTest : public testing::Test {
     }
     return FromWide(text.c_str());
   }
-  HWND Handle() const { return reinterpret_cast<HWND>(dialog_->Hwnd()); }
+  HWND Handle() const { return dialog_->Handle(); }
+
+  void AddItems(int count) const {
+    for (int i = 0; i < count; ++i) dialog_->list.AddItem("item " + std::to_string(i));
+  }
 
   NoPictures pictures_;
   Win32Platform platform_{{"Title", PixelKind::kLogical, {}}, pictures_};
@@ -135,7 +125,7 @@ class WidgetsTest : public testing::Test {
   std::shared_ptr<Dialog> dialog_ = std::make_shared<Dialog>(app_);
 };
 
-TEST_F(WidgetsTest, TabsThroughTheOrderOfTheIndicesWhateverTheFrame) {
+TEST_F(WidgetsTest, TabFollowsTheIndicesAcrossFrames) {
   dialog_->first.SetValue(true);
   dialog_->first.SetFocus();
   std::vector<std::string> order;
@@ -148,7 +138,7 @@ TEST_F(WidgetsTest, TabsThroughTheOrderOfTheIndicesWhateverTheFrame) {
   EXPECT_EQ(FocusText(), "&Last");
 }
 
-TEST_F(WidgetsTest, PressesButtonsAndMenuItemsByTheirKeys) {
+TEST_F(WidgetsTest, KeysPressButtonsAndMenuItems) {
   dialog_->list.SetFocus();
   Press(VK_ESCAPE);
   Press('I', VK_CONTROL);
@@ -159,15 +149,15 @@ TEST_F(WidgetsTest, PressesButtonsAndMenuItemsByTheirKeys) {
   EXPECT_THAT(dialog_->done, ElementsAre("cancel", "item", "last"));
 }
 
-TEST_F(WidgetsTest, LeavesAControlThatIsDisabledUnderTheFocus) {
+TEST_F(WidgetsTest, FocusLeavesADisabledControl) {
   dialog_->cancel.SetFocus();
   dialog_->cancel.SetEnabled(false);
   app_.PumpEvents();
   EXPECT_EQ(FocusText(), "&Last");
 }
 
-// What another thread or program sends runs inside the loop's wait and does not end it.
-TEST_F(WidgetsTest, EndsBeingModalAtACloseMessageThatIsSent) {
+// A message sent by another thread runs inside the loop's wait and does not end it.
+TEST_F(WidgetsTest, ASentCloseMessageEndsAModalWindow) {
   const UINT_PTR alarm = SetTimer(nullptr, 0, 5'000, nullptr);
   const ULONGLONG start = GetTickCount64();
   std::thread sender([window = Handle()] { SendMessageW(window, WM_CLOSE, 0, 0); });
@@ -177,7 +167,7 @@ TEST_F(WidgetsTest, EndsBeingModalAtACloseMessageThatIsSent) {
   KillTimer(nullptr, alarm);
 }
 
-TEST_F(WidgetsTest, TypesIntoATextBoxThroughItsFilter) {
+TEST_F(WidgetsTest, TextBoxFiltersKeys) {
   dialog_->text.KeyPress = [](int& code) {
     if (code != '7') code = 0;
   };
@@ -190,20 +180,20 @@ TEST_F(WidgetsTest, TypesIntoATextBoxThroughItsFilter) {
   EXPECT_EQ(dialog_->text.Text(), "17");
 }
 
-TEST_F(WidgetsTest, SelectsAllByCtrlA) {
+TEST_F(WidgetsTest, CtrlASelectsAll) {
   dialog_->text.SetText("1234");
   dialog_->text.SetFocus();
   Press('A', VK_CONTROL);
   EXPECT_EQ(SendMessageW(GetFocus(), EM_GETSEL, 0, 0), MAKELRESULT(0, 4));
-  for (const char* const item : {"one", "two", "three"}) dialog_->list.AddItem(item);
+  AddItems(3);
   app_.PumpEvents();
   dialog_->list.SetFocus();
   Press('A', VK_CONTROL);
   EXPECT_EQ(dialog_->list.SelCount(), 3);
 }
 
-TEST_F(WidgetsTest, FollowsTheItemThatTheProgramHasSelected) {
-  for (int i = 0; i < 100; ++i) dialog_->list.AddItem("item " + std::to_string(i));
+TEST_F(WidgetsTest, ListScrollsToTheSelectedItem) {
+  AddItems(100);
   for (const int moved : {50, 49, 99}) {
     for (int i = 0; i < 100; ++i) dialog_->list.SetSelected(i, i == moved);
     dialog_->list.SetList(moved, "item that moved");
@@ -211,7 +201,7 @@ TEST_F(WidgetsTest, FollowsTheItemThatTheProgramHasSelected) {
     EXPECT_EQ(AskList(LB_GETCARETINDEX), moved);
     EXPECT_THAT(moved - AskList(LB_GETTOPINDEX), testing::AllOf(testing::Ge(0), testing::Lt(10)));
   }
-  wchar_t text[80] = {};  // for screen readers
+  wchar_t text[80] = {};  // what screen readers get
   SendMessageW(ListWindow(), LB_GETTEXT, 99, reinterpret_cast<LPARAM>(text));
   EXPECT_STREQ(text, L"item that moved");
 }
@@ -235,6 +225,55 @@ TEST_F(WidgetsTest, TextThatDoesNotFitIsInTheToolTip) {
   }
 }
 
+TEST_F(WidgetsTest, AModalWindowDisablesTheOthers) {
+  const auto modal = std::make_shared<Dialog>(app_);
+  bool was_enabled = true;
+  const auto timer = platform_.CreateTimerPeer([&] {
+    was_enabled = IsWindowEnabled(Handle()) != 0;
+    modal->Unload();
+  });
+  timer->Set(20);
+  modal->ShowModal();
+  EXPECT_FALSE(was_enabled);
+  EXPECT_TRUE(IsWindowEnabled(Handle()));
+}
+
+TEST_F(WidgetsTest, LabelShowsItsColour) {
+  dialog_->label.SetBackColor(0x0080FF);
+  app_.PumpEvents();
+  const HDC context = GetDC(Handle());
+  EXPECT_EQ(GetPixel(context, 65, 225), 0x0080FFU);
+  ReleaseDC(Handle(), context);
+}
+
+// As far as the screen has room.
+TEST_F(WidgetsTest, GrowsWithTheResolutionOfAnotherMonitor) {
+  const auto widths = [this] {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    RECT box{};
+    GetWindowRect(ListWindow(), &box);
+    return std::pair(client.right, box.right - box.left);
+  };
+  const auto [client, box] = widths();
+  RECT wanted{40, 30, 1000, 700};
+  SendMessageW(Handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&wanted));
+  const auto [new_client, new_box] = widths();
+  EXPECT_GT(new_client, client);
+  EXPECT_NEAR(new_box * client, new_client * box, client);
+  RECT place{};
+  GetWindowRect(Handle(), &place);
+  EXPECT_EQ(place.left, 40);
+}
+
+TEST_F(WidgetsTest, SendKeysTypesBothCases) {
+  dialog_->text.SetFocus();
+  Win32Programs().SendKeys("Qu");
+  const ULONGLONG deadline = GetTickCount64() + 5'000;
+  while (dialog_->text.Text().size() < 2 && GetTickCount64() < deadline) app_.PumpEvents();
+  EXPECT_EQ(dialog_->text.Text(), "Qu");
+}
+
 // Screen readers find the names of all other controls in their windows.
 TEST_F(WidgetsTest, ScreenReadersGetTheNamesThatControlsDoNotShow) {
   std::vector<std::wstring> names;
@@ -242,7 +281,7 @@ TEST_F(WidgetsTest, ScreenReadersGetTheNamesThatControlsDoNotShow) {
   EXPECT_THAT(names, testing::UnorderedElementsAre(L"Text:", L"Speed", L""));
 }
 
-TEST_F(WidgetsTest, ShowsALineThatHasNoHeightAndTheTicksOfASlider) {
+TEST_F(WidgetsTest, LinesAndSliderTicksAreVisible) {
   RECT line{};
   GetClientRect(At(250, 300), &line);
   EXPECT_EQ(line.bottom, 1);
@@ -255,8 +294,8 @@ TEST_F(WidgetsTest, ShowsALineThatHasNoHeightAndTheTicksOfASlider) {
   EXPECT_LE(thumb.bottom, place.bottom - 4);
 }
 
-// Two thousand files, whose names take more than the 65,536 characters that the system's own callers give.
-TEST_F(WidgetsTest, TakesAsManyFilesAsTheUserChooses) {
+// The names of these two thousand files do not fit into a buffer of the usual 65,536 characters.
+TEST_F(WidgetsTest, FileDialogReturnsManyFiles) {
   std::wstring names;
   for (int i = 0; i < 2'000; ++i) names += L"\"a file with a name of some length " + std::to_wstring(i) + L".bmp\" ";
   static const std::wstring* typed = nullptr;
@@ -274,7 +313,7 @@ TEST_F(WidgetsTest, TakesAsManyFilesAsTheUserChooses) {
   EXPECT_EQ(std::count(chosen.begin(), chosen.end(), '\0'), 2'000);
 }
 
-TEST_F(WidgetsTest, TakesFilesThatAreDropped) {
+TEST_F(WidgetsTest, ListTakesDroppedFiles) {
   std::vector<std::string> dropped;
   dialog_->list.Dropped = [&](const std::vector<std::string>& paths) { dropped = paths; };
   constexpr wchar_t kPaths[] = L"C:\\one.bmp\0D:\\\u00E4.wav\0";
@@ -289,24 +328,24 @@ TEST_F(WidgetsTest, TakesFilesThatAreDropped) {
   EXPECT_THAT(dropped, ElementsAre("C:\\one.bmp", "D:\\\u00E4.wav"));
 }
 
-TEST_F(WidgetsTest, HoldsTenThousandItemsAndTheirSelection) {
+TEST_F(WidgetsTest, ListHoldsTenThousandItems) {
   const ULONGLONG start = GetTickCount64();
-  for (int i = 0; i < 10'000; ++i) dialog_->list.AddItem("item " + std::to_string(i));
+  AddItems(10'000);
   for (int i = 0; i < 10'000; ++i) dialog_->list.SetSelected(i, i / 100 % 2 == 1);
   app_.PumpEvents();
-  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETCOUNT, 0, 0), 10'000);
-  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSELCOUNT, 0, 0), 5'000);
+  EXPECT_EQ(AskList(LB_GETCOUNT), 10'000);
+  EXPECT_EQ(AskList(LB_GETSELCOUNT), 5'000);
   dialog_->list.RemoveItem(0);
   app_.PumpEvents();
-  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSEL, 99, 0), 1);
-  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETSEL, 199, 0), 0);
+  EXPECT_EQ(AskList(LB_GETSEL, 99), 1);
+  EXPECT_EQ(AskList(LB_GETSEL, 199), 0);
   dialog_->list.SetFocus();
   Press(VK_END);
   EXPECT_EQ(dialog_->list.SelCount(), 1);
   EXPECT_TRUE(dialog_->list.Selected(9'998));
   dialog_->list.Clear();
   app_.PumpEvents();
-  EXPECT_EQ(SendMessageW(ListWindow(), LB_GETCOUNT, 0, 0), 0);
+  EXPECT_EQ(AskList(LB_GETCOUNT), 0);
   EXPECT_LT(GetTickCount64() - start, 20'000U);
 }
 

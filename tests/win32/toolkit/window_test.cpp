@@ -15,15 +15,15 @@ using testing::IsEmpty;
 
 using WindowTest = PlatformFixture;
 
-TEST_F(WindowTest, HandsInputToTheFormOrItsPictureBox) {
+TEST_F(WindowTest, ReportsInputToFormOrBox) {
   Show();
-  told_.clear();
+  log_.clear();
   const struct {
     HWND window;
     UINT message;
     WPARAM first;
     LPARAM second;
-    std::vector<std::string> told;
+    std::vector<std::string> events;
   } cases[] = {
       {BoxWindow(), WM_KEYDOWN, VK_SPACE, 0, {"key 32"}},
       {BoxWindow(), WM_SYSKEYDOWN, VK_MENU, 0, {"key 18"}},
@@ -31,27 +31,28 @@ TEST_F(WindowTest, HandsInputToTheFormOrItsPictureBox) {
       {BoxWindow(), WM_CLOSE, 0, 0, {}},
       {FormWindow(), WM_RBUTTONDOWN, 0, 0, {"form down"}},
       {FormWindow(), WM_CLOSE, 0, 0, {"close"}},
+      {FormWindow(), WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480), {"screen"}},
   };
   for (const bool fails : {false, true}) {
     handlers_throw_ = fails;
     for (const auto& test : cases) {
       SCOPED_TRACE(test.message);
       SendMessageW(test.window, test.message, test.first, test.second);
-      EXPECT_EQ(told_, test.told);
-      told_.clear();
+      EXPECT_EQ(log_, test.events);
+      log_.clear();
       EXPECT_TRUE(IsWindow(test.window));
     }
   }
 }
 
-TEST_F(WindowTest, TakesNoMoveForOneThatLeavesThePointerWhereItWas) {
+TEST_F(WindowTest, IgnoresMovesToTheSamePlace) {
   Show();
-  told_.clear();
+  log_.clear();
   for (int i = 0; i < 3; ++i) SendMessageW(BoxWindow(), WM_MOUSEMOVE, 0, 0);
-  EXPECT_LE(told_.size(), 1U);
+  EXPECT_LE(log_.size(), 1U);
 }
 
-TEST_F(WindowTest, PresentsWhatIsDirtyInTheNextPass) {
+TEST_F(WindowTest, PresentsDirtyPixelsInTheNextPass) {
   Show();
   surface_.FillRect({10, 20, 30, 5}, ToPixel(0x0000FF));
   box_->Invalidate();
@@ -63,7 +64,7 @@ TEST_F(WindowTest, PresentsWhatIsDirtyInTheNextPass) {
   EXPECT_TRUE(surface_.Dirty().IsEmpty());
 }
 
-TEST_F(WindowTest, TellsOfTheLossOfTheScreenAndComesBackWhereTheFormStays) {
+TEST_F(WindowTest, ReportsALossOfTheScreenOnceAndComesBack) {
   Show();
   ASSERT_TRUE(RunUntil([] { return GetForegroundWindow() != nullptr; }));
   const std::vector<std::function<void()>> losses = {[this] { ShowWindow(FormWindow(), SW_MINIMIZE); },
@@ -72,44 +73,57 @@ TEST_F(WindowTest, TellsOfTheLossOfTheScreenAndComesBackWhereTheFormStays) {
   for (const auto& lose : losses) {
     SetForegroundWindow(FormWindow());
     Settle();
-    told_.clear();
+    log_.clear();
     lose();
-    EXPECT_TRUE(RunUntil([&] { return !told_.empty(); }));
-    EXPECT_EQ(told_.front(), "deactivated");
+    EXPECT_TRUE(RunUntil([&] { return !log_.empty(); }));
+    EXPECT_EQ(log_.front(), "deactivated");
     EXPECT_TRUE(IsWindowVisible(FormWindow()));
     EXPECT_FALSE(IsIconic(FormWindow()));
-    EXPECT_EQ(std::count(told_.begin(), told_.end(), "deactivated"), 1) << "one loss comes with several messages";
+    EXPECT_EQ(std::count(log_.begin(), log_.end(), "deactivated"), 1) << "one loss comes with several messages";
   }
   window_->SetVisible(false);
-  told_.clear();
+  log_.clear();
   SetForegroundWindow(GetDesktopWindow());
   platform_.PumpEvents();
-  EXPECT_THAT(told_, IsEmpty());
+  EXPECT_THAT(log_, IsEmpty());
 }
 
-// A box is the program's own, and what happened behind it counts once it has gone.
-TEST_F(WindowTest, TellsOfTheLossOfTheScreenOnlyOnceItsBoxHasGone) {
+// While the program's own box is there, it is what the user works with.
+TEST_F(WindowTest, ReportsALossBehindABoxOnceTheBoxHasGone) {
   Show();
   Settle();
-  told_.clear();
+  log_.clear();
   EnableWindow(FormWindow(), FALSE);
   SetForegroundWindow(GetDesktopWindow());
   platform_.PumpEvents();
-  EXPECT_THAT(told_, IsEmpty());
+  EXPECT_THAT(log_, IsEmpty());
   EnableWindow(FormWindow(), TRUE);
   platform_.PumpEvents();
-  EXPECT_THAT(told_, ElementsAre("deactivated"));
+  EXPECT_THAT(log_, ElementsAre("deactivated"));
 }
 
-TEST_F(WindowTest, TellsOfAnotherScreen) {
+// The password box disables and enables the window while the loss is being reported.
+TEST_F(WindowTest, ABoxOfTheHandlerIsNoSecondLoss) {
   Show();
-  told_.clear();
-  SendMessageW(FormWindow(), WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480));
-  EXPECT_THAT(told_, ElementsAre("screen"));
+  Settle();
+  log_.clear();
+  on_deactivated_ = [this] {
+    for (int boxes = 0; boxes < 2; ++boxes) {
+      EnableWindow(FormWindow(), FALSE);
+      SetForegroundWindow(GetDesktopWindow());
+      platform_.PumpEvents();
+      EnableWindow(FormWindow(), TRUE);
+      platform_.PumpEvents();
+    }
+  };
+  SetForegroundWindow(GetDesktopWindow());
+  EXPECT_TRUE(RunUntil([&] { return !log_.empty(); }));
+  Settle();
+  EXPECT_THAT(log_, ElementsAre("deactivated"));
 }
 
 // The system has few contexts, and a show presents for days.
-TEST_F(WindowTest, GivesBackTheContextOfEachFrame) {
+TEST_F(WindowTest, ReleasesTheContextOfEachFrame) {
   Show();
   std::set<HDC> contexts;
   for (int i = 0; i < 100; ++i) {
@@ -122,8 +136,8 @@ TEST_F(WindowTest, GivesBackTheContextOfEachFrame) {
   EXPECT_LT(contexts.size(), 10U);
 }
 
-// What the system does with a command passes this hook first.
-TEST_F(WindowTest, LetsTheSystemStartNoSaverAboveTheShow) {
+// The hook sees every system command that the window passes on.
+TEST_F(WindowTest, KeepsTheSystemFromStartingASaver) {
   static std::vector<WPARAM> commands;
   commands.clear();
   const HHOOK hook = SetWindowsHookExW(
@@ -141,7 +155,7 @@ TEST_F(WindowTest, LetsTheSystemStartNoSaverAboveTheShow) {
   EXPECT_THAT(commands, ElementsAre(SC_MONITORPOWER));
 }
 
-TEST_F(WindowTest, KeepsWhatIsOutOfSightDirty) {
+TEST_F(WindowTest, KeepsHiddenPixelsDirty) {
   Show();
   window_->SetVisible(false);
   surface_.FillRect({0, 0, 5, 5}, ToPixel(kWhite));
@@ -158,7 +172,7 @@ class PacedWindow : public WindowTest {
 
   static constexpr int kPasses = 20;
 
-  // Whether they take their length, 10 seconds. An empty pass can take 20 ms by itself on a busy machine.
+  // Paced passes take 10 seconds. On a busy machine an empty pass can take 20 ms by itself.
   static bool IsPaced(PacedRun& run) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < kPasses; ++i) run.PumpEvents();
@@ -166,7 +180,7 @@ class PacedWindow : public WindowTest {
   }
 };
 
-TEST_F(PacedWindow, PacesWhatIsSeenAndNothingElse) {
+TEST_F(PacedWindow, PacesOnlyWhatIsVisible) {
   Show();
   const auto run = platform_.OpenPacedRun(*box_);
   EXPECT_TRUE(IsPaced(*run));
@@ -174,8 +188,8 @@ TEST_F(PacedWindow, PacesWhatIsSeenAndNothingElse) {
   EXPECT_FALSE(IsPaced(*run));
 }
 
-// A box could wait half a minute for an effect that had begun inside it.
-TEST_F(PacedWindow, OwesNothingOnceTheBoxThatTheEffectBeganInHasItsAnswer) {
+// An effect that began inside a box could hold the box back for half a minute.
+TEST_F(PacedWindow, DoesNotPaceABoxThatHasItsAnswer) {
   Show();
   const auto run = platform_.OpenPacedRun(*box_);
   std::unique_ptr<TimerPeer> timer = platform_.CreateTimerPeer([&] {
@@ -193,7 +207,7 @@ TEST_F(PacedWindow, OwesNothingOnceTheBoxThatTheEffectBeganInHasItsAnswer) {
   EXPECT_TRUE(IsPaced(*run)) << "and it ends there";
 }
 
-TEST_F(WindowTest, ReportsTheMessagesThatWereChosenAndNoOthers) {
+TEST_F(WindowTest, HookReportsOnlyChosenMessages) {
   std::vector<int> arrived;
   auto hook = platform_.CreateMessageHookPeer([&](int message) { arrived.push_back(message); });
   hook->Watch(box_->Handle());
@@ -208,7 +222,7 @@ TEST_F(WindowTest, ReportsTheMessagesThatWereChosenAndNoOthers) {
   hook.reset();
 }
 
-TEST_F(WindowTest, FiresTimersAgainAndAgainUntilTheyAreStopped) {
+TEST_F(WindowTest, TimersRepeatUntilTheyAreStopped) {
   int fired = 0;
   const auto timer = platform_.CreateTimerPeer([&] { ++fired; });
   timer->Set(60'000);
@@ -221,7 +235,7 @@ TEST_F(WindowTest, FiresTimersAgainAndAgainUntilTheyAreStopped) {
   EXPECT_EQ(fired, fired_before);
 }
 
-TEST_F(WindowTest, DrawsTextInsideWhatItSaysHasChanged) {
+TEST_F(WindowTest, TextStaysInsideItsChangedArea) {
   const PixelView pixels = surface_.Pixels();
   const Font font{"MS Serif", 12};
   const PixelRect size = platform_.Text().Measure("Wager", font, 1);

@@ -7,10 +7,9 @@
 #include "platform/win32/toolkit/top_window.h"
 
 namespace quorvale {
-
 namespace {
 
-// Keeps one monitor black, and hands input on.
+// Keeps one monitor black, and passes input to the show's window.
 class Win32BlackWindow : public NativeWindow, public BlackWindow {
  public:
   explicit Win32BlackWindow(TopWindow& saver)
@@ -46,7 +45,7 @@ class Win32BlackWindow : public NativeWindow, public BlackWindow {
   TopWindow& saver_;
 };
 
-// The primary one is first: its corner is 0, 0.
+// Puts the primary monitor, whose corner is at 0, 0, first.
 BOOL CALLBACK AddMonitor(HMONITOR monitor, HDC /*context*/, RECT* /*area*/, LPARAM list) {
   MONITORINFO info{};
   info.cbSize = sizeof info;

@@ -10,7 +10,7 @@
 namespace quorvale {
 namespace {
 
-// The system finds letters that these faces lack in others.
+// The system takes missing letters from other fonts.
 GdiFont MakeFont(const Font& font, int height) {
   const bool is_serif = IsSerif(font);
   LOGFONTW description{};

@@ -69,7 +69,7 @@ void TopWindow::Appear() {
   black_windows_ = CoverOtherMonitors(*this);
   had_screen_ = false;
   CheckScreenSoon();
-  // The form may be busy for seconds before messages are handled again.
+  // Paint now, since the form may be busy for seconds before it handles messages.
   RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
