@@ -176,6 +176,10 @@ inline constexpr ControlText kSoundRandom{"Ra&ndom Order", "Randomize sounds in 
 inline constexpr ControlText kResetSoundList{"Reset Play List when Started",
                                              "When started, play your sounds from the beginning of the list"};
 
+inline constexpr ControlText kMorePage{"&More", "Set More Options"};
+inline constexpr ControlText kScaling{"P&roportions:",
+                                      "Show each picture whole, or let it fill the screen, without distorting it."};
+
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};
 inline constexpr ControlText kHelp{"&Help", "Displays publisher's information."};

@@ -5,6 +5,7 @@
 #include "base/strings.h"
 #include "config/application_info.h"
 #include "process/process.h"
+#include "settings/options.h"
 #include "system/programs.h"
 
 namespace quorvale {
@@ -29,6 +30,7 @@ OptionsForm::OptionsForm(Process& process)
   tabs_.Click = [this] { TabStrip1_Click(); };
   show_frame_.Click = [this] { UpdateFrameControls(); };
   stretch_.Click = [this] { UpdateFrameControls(); };
+  scaling_.Click = [this] { UpdateFrameControls(); };
   pick_back_colour_.Click = [this] { PickColour(back_colour_); };
   pick_frame_colour_.Click = [this] { PickColour(frame_colour_); };
   interval_.KeyPress = [this](int& code) { txtInterval_KeyPress(code); };
@@ -62,7 +64,9 @@ void OptionsForm::Warn(const std::string& text) {
 void OptionsForm::Form_Help() { process_.system.programs.WinHelp(Hwnd(), kHelpFile, kHelpContext, kHelpTopicOptions); }
 
 void OptionsForm::UpdateFrameControls() {
-  const bool is_stretched = stretch_.Value() == 1;
+  const bool is_scaled = scaling_.Text() != kScalings[0];
+  const bool is_stretched = stretch_.Value() == 1 && !is_scaled;
+  stretch_.SetEnabled(!is_scaled);
   show_frame_.SetEnabled(!is_stretched);
   const bool has_frame = show_frame_.Value() == 1 && !is_stretched;
   thickness_.SetEnabled(has_frame);

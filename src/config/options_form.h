@@ -49,6 +49,7 @@ class OptionsForm : public Form {
   TextBox& thickness_ = Find<TextBox>("txtFrameThickness");
   Button& pick_frame_colour_ = Find<Button>("cmdFrameColor");
   Label& frame_colour_ = Find<Label>("lblFrameColor");
+  DropDownList& scaling_ = Find<DropDownList>("cboScaling");
   Button& ok_ = Find<Button>("cmdOK");
   Button& cancel_ = Find<Button>("cmdCancel");
   CommonDialog colour_dialog_{*this, "cd1"};

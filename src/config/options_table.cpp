@@ -9,6 +9,7 @@
 #include <iterator>
 #include <map>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -70,7 +71,10 @@ OptionField FieldOf(const OptionRow* option, Label& swatch) {
 
 OptionField FieldOf(const OptionRow* option, DropDownList& list) {
   return {.option = option,
-          .show = [&list](const std::string& stored) { list.SetText(stored); },
+          .show =
+              [&list, option](const std::string& stored) {
+                list.SetText(option->kind == OptionKind::kChoice ? option->choices[option->ChoiceOf(stored)] : stored);
+              },
           .value = [&list] { return list.Text(); }};
 }
 
@@ -132,6 +136,7 @@ struct PageRow {
 constexpr PageRow kPages[] = {
     {texts::kPicturesPage, "Frame1(1)"},
     {texts::kSoundsPage, "Frame1(2)"},
+    {texts::kMorePage, "Frame1(3)"},
 };
 
 constexpr TwipRect kPagePlace = {216, 480, 5784, 3000};
@@ -141,6 +146,13 @@ std::vector<TabStrip::Tab> Tabs() {
   for (const PageRow& page : kPages) tabs.push_back({.caption = page.text.caption, .tool_tip = page.text.tip});
   return tabs;
 }
+
+// The page "More" is a column of rows, from 0 on: check boxes, or lists with their labels beside them.
+constexpr float MoreTop(int row) { return 120.0F + 390.0F * static_cast<float>(row); }
+constexpr TwipRect MoreLabel(int row) { return {120, MoreTop(row) + 42, 2280, 228}; }
+constexpr TwipRect MoreList(int row) { return {2460, MoreTop(row), 3144, 315}; }
+
+std::vector<std::string> Names(std::span<const char* const> choices) { return {choices.begin(), choices.end()}; }
 
 std::vector<std::string> EffectNames() {
   std::vector<std::string> names = {kNoEffect, kRandomEffect};
@@ -160,6 +172,7 @@ std::vector<ControlRow> Rows() {
   const Maker group = A<Frame>(true);
   const Maker page = A<Frame>(false);
   const Maker effects = A<DropDownList>(EffectNames());
+  const Maker scalings = A<DropDownList>(Names(kScalings));
   const Maker speed = A<Slider>(kSlowest, kFastest);
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
@@ -187,6 +200,9 @@ std::vector<ControlRow> Rows() {
       {"chkResetSoundList", "Frame1(2)", check_box, texts::kResetSoundList, {120, 570, 3600, 252}, &kResetSoundList},
       {"Frame1(2)", "", page, {}, kPagePlace},
       {"Frame4", "Frame1(1)", group, {}, {2940, 1830, 2724, 1128}},
+      {"lblScaling", "Frame1(3)", label, caption(texts::kScaling), MoreLabel(0)},
+      {"cboScaling", "Frame1(3)", scalings, tip(texts::kScaling.tip), MoreList(0), &kScaling},
+      {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},
       {"cmdHelp", "", button, texts::kHelp, {4998, 3648, 1095, 360}},
@@ -275,7 +291,12 @@ bool OptionsTable::Load(const Options& options) const { return LoadFields(fields
 bool OptionsTable::LoadUsable(const Options& options) const { return LoadFields(fields_, options, 0); }
 
 void OptionsTable::Save(Options& options) const {
-  for (const OptionField& field : fields_) options.SetText(*field.option, field.value());
+  for (const OptionField& field : fields_) {
+    const std::string value = field.value();
+    // A choice that is left as it was stays as it was in the store: there, or not.
+    if (field.option->kind == OptionKind::kChoice && value == options.Text(*field.option)) continue;
+    options.SetText(*field.option, value);
+  }
 }
 
 }  // namespace quorvale

@@ -1,5 +1,7 @@
 #include "settings/options.h"
 
+#include <algorithm>
+
 #include "base/numbers.h"
 
 namespace quorvale {
@@ -8,6 +10,11 @@ namespace {
 constexpr char kSection[] = "Options";
 
 }  // namespace
+
+std::size_t OptionRow::ChoiceOf(std::string_view text) const {
+  const auto found = std::ranges::find(choices, text);
+  return found == choices.end() ? 0 : static_cast<std::size_t>(found - choices.begin());
+}
 
 Colour Options::WipeColour() const { return static_cast<Colour>(RoundToInt32(StrictNumber(Get(kBackColor.key, "0")))); }
 

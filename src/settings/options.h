@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "settings/reg_settings.h"
 #include "toolkit/units.h"
@@ -13,6 +16,7 @@ enum class OptionKind {
   kNumber,  // as the user typed it
   kColour,  // 0x00BBGGRR
   kName,    // of an effect
+  kChoice,  // one of `choices`
   kOther,   // not in the dialog
 };
 
@@ -22,7 +26,20 @@ struct OptionRow {
   OptionKind kind;
   // The value when nothing is stored.
   const char* fallback;
+  // All values of a choice, in the order of its enumeration. The first is the fallback, also for any other text.
+  std::span<const char* const> choices = {};
+
+  // The place of `text` in `choices`.
+  std::size_t ChoiceOf(std::string_view text) const;
 };
+
+// How a picture is fitted to the screen.
+enum class Scaling {
+  kAsSet,  // by `Stretch`
+  kFit,    // as large as it can be seen whole
+  kFill,   // as small as it covers the screen, cut evenly
+};
+inline constexpr const char* kScalings[] = {"As Set Under Pictures", "Fit", "Fill"};
 
 // The options. The comments name the readers.
 
@@ -41,6 +58,7 @@ inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};      
 // The first tick of a process; any number other than 0 means on.
 inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
+inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
@@ -48,7 +66,7 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 // The options that the user sets in the dialog, in the order in which it reads and writes them.
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,  &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
-    &kTransSpeed, &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList,
+    &kTransSpeed, &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
 };
 
 // The position last shown or played in each list, from 1. Read and written by the tick.
@@ -77,6 +95,7 @@ class Options {
   Colour WipeColour() const;
   std::string SwapAffect() const { return Text(kSwapAffect); }
   std::int32_t TransSpeed() const;
+  Scaling ScalingChoice() const { return static_cast<Scaling>(Choice(kScaling)); }
   double FrameThickness() const { return Number(kFrameThickness); }
   Colour FrameColor() const { return ColourOf(kFrameColor); }
 
@@ -97,6 +116,7 @@ class Options {
  private:
   bool IsOn(const OptionRow& row) const;
   double Number(const OptionRow& row) const;
+  std::size_t Choice(const OptionRow& row) const { return row.ChoiceOf(Text(row)); }
   Colour ColourOf(const OptionRow& row) const;
 
   CRegSettings& settings_;

@@ -1,6 +1,8 @@
 #include "show/picture_layout.h"
 
+#include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "base/numbers.h"
@@ -20,6 +22,19 @@ constexpr double kFrameUnit = 20;
 constexpr double kPaneFrameUnit = 4;
 constexpr int kFramePen = 1;  // pixels
 
+// `size` enlarged or reduced in its proportions and centred in `room`: as large as it fits in, or as small as it covers
+// the room. The side that decides has the room's length exactly, so that no rounding leaves a gap.
+TwipRect Scaled(const TwipSize& size, const TwipRect& room, Scaling scaling) {
+  if (!(size.width > 0 && size.height > 0)) {
+    return {room.left + room.width / 2, room.top + room.height / 2, 0, 0};
+  }
+  const bool is_wider = size.width * room.height > size.height * room.width;
+  const bool by_width = is_wider == (scaling == Scaling::kFit);
+  const float width = by_width ? room.width : room.height / size.height * size.width;
+  const float height = by_width ? room.width / size.width * size.height : room.height;
+  return {room.left + (room.width - width) / 2, room.top + (room.height - height) / 2, width, height};
+}
+
 // One layout. Methods without a result consist of steps of the tick.
 class Layout {
  public:
@@ -32,6 +47,8 @@ class Layout {
 
   void PlaceNatural();
   void PlaceStretched();
+  // By `Fit` or `Fill`.
+  void PlaceScaled(Scaling scaling);
 
  private:
   std::string Path() const { return process_.show.PictureList.Item(picture_index_); }
@@ -43,13 +60,18 @@ class Layout {
   float CentredTop(float height) const { return (process_.app.Screen().Height - height) / 2 * RatioY(); }
   float CaptionTop() const { return PicBase_.Height() - PicBase_.TextHeight(PictureName()); }
 
+  std::int16_t FrameWidth() const;
+  TwipRect Room(float frame_width) const;
+  TwipRect ScaledBox(const TwipSize& natural, const TwipRect& room, Scaling scaling) const;
+  void MoveTo(const TwipRect& box);
+
   float ExpectedBottom() const;
   TwipRect ExpectedNaturalBox(const TwipSize& natural) const;
   TwipRect ExpectedStretchedBox() const;
 
   void MoveToCaption();
   void PrintCaption();
-  void DrawFrame(std::int16_t FrameWidth);
+  void DrawFrame(std::int16_t frame_width);
 
   Process& process_;
   PictureBox& PicBase_;
@@ -68,11 +90,8 @@ void Layout::PlaceNatural() {
   Step([&] { PicPreview_.SetHeight(imgFullSize_.Height() * RatioY()); });
   Step([&] { PicPreview_.SetWidth(imgFullSize_.Width() * RatioX()); });
   Step([&] { PicPreview_.SetPicture(imgFullSize_.GetPicture()); });
-  std::int16_t FrameWidth = 0;
-  Step([&] {
-    const double unit = process_.mode == RunMode::kConfiguration ? kPaneFrameUnit : kFrameUnit;
-    FrameWidth = RoundToInt16(process_.options.FrameThickness() * unit);
-  });
+  std::int16_t frame_width = 0;
+  Step([&] { frame_width = FrameWidth(); });
   if (HasCaption()) {
     MoveToCaption();
     // Compares the height, not the lower edge, so a centred picture may still overlap the file name.
@@ -80,7 +99,7 @@ void Layout::PlaceNatural() {
            [&] { Step([&] { PicPreview_.SetHeight(PicBase_.CurrentY() - PicPreview_.Top()); }); });
     PrintCaption();
   }
-  if (process_.options.ShowFrame()) DrawFrame(FrameWidth);
+  if (process_.options.ShowFrame()) DrawFrame(frame_width);
 }
 
 void Layout::PlaceStretched() {
@@ -96,6 +115,55 @@ void Layout::PlaceStretched() {
   MoveToCaption();
   Step([&] { PicPreview_.SetHeight(PicBase_.CurrentY()); });
   PrintCaption();
+}
+
+void Layout::PlaceScaled(Scaling scaling) {
+  std::int16_t frame_width = 0;
+  if (process_.options.ShowFrame()) Step([&] { frame_width = FrameWidth(); });
+  TwipRect room;
+  Step([&] { room = Room(frame_width); });
+  Step([&] {
+    const auto box = [&](const TwipSize& natural) { return ScaledBox(natural, room, scaling); };
+    const std::optional<TwipRect> part = scaling == Scaling::kFill ? std::optional(room) : std::nullopt;
+    imgFullSize_.SetPicture(PicBase_.LoadPicture(Path(), box, part));
+  });
+  Step([&] {
+    const TwipRect box = ScaledBox({imgFullSize_.Width(), imgFullSize_.Height()}, room, scaling);
+    const bool is_cut = scaling == Scaling::kFill && imgFullSize_.GetPicture() != nullptr;
+    MoveTo(is_cut ? room : box);
+    if (is_cut) PicPreview_.SetPictureBounds(box);
+  });
+  Step([&] { PicPreview_.SetPicture(imgFullSize_.GetPicture()); });
+  // Nothing of the last picture's frame or name stays beside the picture.
+  Step([&] { PicBase_.Cls(); });
+  if (HasCaption()) {
+    MoveToCaption();
+    PrintCaption();
+  }
+  if (process_.options.ShowFrame()) DrawFrame(frame_width);
+}
+
+std::int16_t Layout::FrameWidth() const {
+  const double unit = process_.mode == RunMode::kConfiguration ? kPaneFrameUnit : kFrameUnit;
+  return RoundToInt16(process_.options.FrameThickness() * unit);
+}
+
+// What a picture can take that leaves the file name its line, and the frame its width on each side.
+TwipRect Layout::Room(float frame_width) const {
+  const float bottom = HasCaption() ? std::max(0.0F, CaptionTop()) : PicBase_.Height();
+  const float width = std::min({frame_width, PicBase_.Width() / 2, bottom / 2});
+  return {width, width, PicBase_.Width() - 2 * width, bottom - 2 * width};
+}
+
+TwipRect Layout::ScaledBox(const TwipSize& natural, const TwipRect& room, Scaling scaling) const {
+  return Scaled({natural.width * RatioX(), natural.height * RatioY()}, room, scaling);
+}
+
+void Layout::MoveTo(const TwipRect& box) {
+  PicPreview_.SetLeft(box.left);
+  PicPreview_.SetTop(box.top);
+  PicPreview_.SetWidth(box.width);
+  PicPreview_.SetHeight(box.height);
 }
 
 // The lowest edge for a picture that will have a caption; infinity without one.
@@ -127,12 +195,12 @@ void Layout::PrintCaption() {
 }
 
 // Fills a box somewhat larger than the picture. The picture, shown later, covers all but the frame.
-void Layout::DrawFrame(std::int16_t FrameWidth) {
+void Layout::DrawFrame(std::int16_t frame_width) {
   Step([&] { PicBase_.SetDrawWidth(kFramePen); });
   Colour colour = kBlack;
   Step([&] { colour = process_.options.FrameColor(); });
   Step([&] {
-    const auto width = static_cast<float>(FrameWidth);
+    const auto width = static_cast<float>(frame_width);
     PicBase_.LineBox(PicPreview_.Left() - width, PicPreview_.Top() - width,
                      PicPreview_.Left() + PicPreview_.Width() + width, PicPreview_.Top() + PicPreview_.Height() + width,
                      colour);
@@ -143,7 +211,11 @@ void Layout::DrawFrame(std::int16_t FrameWidth) {
 
 void LayOutPicture(Process& process, ShowForm& form, std::int32_t PictureIndex) {
   Layout layout(process, form, PictureIndex);
-  if (process.options.Stretch()) {
+  form.PicPreview.SetPictureBounds(std::nullopt);
+  const Scaling scaling = process.options.ScalingChoice();
+  if (scaling != Scaling::kAsSet) {
+    layout.PlaceScaled(scaling);
+  } else if (process.options.Stretch()) {
     layout.PlaceStretched();
   } else {
     layout.PlaceNatural();

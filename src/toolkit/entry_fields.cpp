@@ -38,7 +38,10 @@ void DropDownList::SetText(const std::string& text) {
   UpdatePeer(WidgetAspect::kValue);
 }
 
-void DropDownList::UserChoose(int index) { index_ = std::clamp(index, -1, static_cast<int>(items_.size()) - 1); }
+void DropDownList::UserChoose(int index) {
+  index_ = std::clamp(index, -1, static_cast<int>(items_.size()) - 1);
+  Raise(Click);
+}
 
 std::unique_ptr<WidgetPeer> DropDownList::MakePeer(WidgetFactory& factory) {
   return factory.Make(Parent().Window(), *this);

@@ -40,6 +40,9 @@ class DropDownList : public Widget {
  public:
   DropDownList(Form& parent, WidgetDesign design, std::vector<std::string> items);
 
+  // Called when the user has chosen an item.
+  std::function<void()> Click;
+
   const std::vector<std::string>& Items() const { return items_; }
   // The chosen item's text, or empty when none is chosen.
   std::string Text() const;

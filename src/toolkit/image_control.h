@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "toolkit/control.h"
@@ -37,6 +38,11 @@ class ImageControl : public Control {
   void SetHeight(float height);
   TwipRect Bounds() const { return bounds_; }
 
+  // Where the whole picture lies if only the part inside the bounds is shown. Unless it is set, the picture has the
+  // control's bounds. Repaints nothing.
+  TwipRect PictureBounds() const { return picture_bounds_.value_or(bounds_); }
+  void SetPictureBounds(const std::optional<TwipRect>& bounds) { picture_bounds_ = bounds; }
+
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
@@ -52,6 +58,7 @@ class ImageControl : public Control {
   bool stretch_;
   bool visible_ = true;
   TwipRect bounds_;
+  std::optional<TwipRect> picture_bounds_;
   std::shared_ptr<Picture> picture_;
 };
 

@@ -79,11 +79,14 @@ void PictureBox::SetDrawWidth(int pixels) {
 }
 
 std::shared_ptr<Picture> PictureBox::LoadPicture(const std::string& path,
-                                                 const std::function<TwipRect(const TwipSize& natural)>& box) {
+                                                 const std::function<TwipRect(const TwipSize& natural)>& box,
+                                                 const std::optional<TwipRect>& part) {
   RequireLoaded();
   peer_->Present();
   const auto pixel_box = [box, scale = scale_](const TwipSize& natural) { return ToPixels(box(natural), scale); };
-  return App().GetPlatform().Pictures().Load(path, {.box = pixel_box, .clip = surface_.Bounds(), .scale = scale_});
+  const PixelRect bounds = surface_.Bounds();
+  const PixelRect clip = part ? Intersect(ToPixels(*part, scale_), bounds) : bounds;
+  return App().GetPlatform().Pictures().Load(path, {.box = pixel_box, .clip = clip, .scale = scale_});
 }
 
 std::unique_ptr<PacedRun> PictureBox::OpenPacedRun() {
@@ -155,10 +158,9 @@ void PictureBox::RepaintPixels(const PixelRect& area) {
   surface_.FillRect(inside, ToPixel(back_colour_));
   for (const ImageControl* const image : images_) {
     if (!image->Visible() || !image->GetPicture()) continue;
-    const PixelRect box = ToPixels(image->Bounds(), scale_);
-    const PixelRect seen = Intersect(box, inside);
+    const PixelRect seen = Intersect(ToPixels(image->Bounds(), scale_), inside);
     if (seen.IsEmpty()) continue;
-    image->GetPicture()->Paint(surface_.Pixels(), box, seen);
+    image->GetPicture()->Paint(surface_.Pixels(), ToPixels(image->PictureBounds(), scale_), seen);
     surface_.Changed(seen);
   }
   InvalidateIfDirty();

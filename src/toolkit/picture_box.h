@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -90,9 +91,11 @@ class PictureBox : public Control, private SurfaceEvents {
   float TextHeight(const std::string& text) const;
 
   // Loads a picture that will be shown in this box: `box` gives its place, in twips, from its natural
-  // size. What was drawn before is on the screen while the file is read. Fails as `PictureLoader`.
+  // size. Only `part` of this box will show it; without, all can. What was drawn before is on the screen while the file
+  // is read. Fails as `PictureLoader`.
   std::shared_ptr<Picture> LoadPicture(const std::string& path,
-                                       const std::function<TwipRect(const TwipSize& natural)>& box);
+                                       const std::function<TwipRect(const TwipSize& natural)>& box,
+                                       const std::optional<TwipRect>& part = {});
 
   // The pauses of one transition on this box.
   std::unique_ptr<PacedRun> OpenPacedRun();

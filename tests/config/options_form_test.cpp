@@ -113,6 +113,38 @@ TEST_F(OptionsFormTest, EachControlHasItsOwnKey) {
   EXPECT_EQ(form->Find<DropDownList>("cboAffect").Text(), "Shrinking Square");
 }
 
+// A store without the options of the page "More" stays without them until the user turns one on.
+TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
+  struct Case {
+    const char* key;
+    const char* list;
+    std::vector<std::string> items;
+  };
+  for (const Case& c : {Case{"Scaling", "cboScaling", {"As Set Under Pictures", "Fit", "Fill"}}}) {
+    EXPECT_EQ(Open().Find<DropDownList>(c.list).Items(), c.items);
+    Press("cmdOK");
+    EXPECT_EQ(process.options.Get(c.key, "none"), "none");
+    for (const int index : {1, 0}) {
+      Open().Find<DropDownList>(c.list).UserChoose(index);
+      Press("cmdOK");
+      EXPECT_EQ(process.options.Get(c.key, "none"), c.items[static_cast<std::size_t>(index)]);
+    }
+  }
+}
+
+// Fitted pictures have their frame whatever the stretching, which is out of effect then.
+TEST_F(OptionsFormTest, ScalingDisablesStretching) {
+  process.options.Set("ShowFrame", "1");
+  process.options.Set("Stretch", "1");
+  Open();
+  for (const int index : {1, 0, 2}) {
+    form->Find<DropDownList>("cboScaling").UserChoose(index);
+    EXPECT_EQ(Check("chkStretch").Enabled(), index == 0);
+    EXPECT_EQ(Check("chkShowFrame").Enabled(), index > 0);
+    EXPECT_EQ(Text("txtFrameThickness").Enabled(), index > 0);
+  }
+}
+
 TEST_F(OptionsFormTest, OkChecksTheRangesOfTheNumbers) {
   struct Case {
     const char* interval;
@@ -149,10 +181,11 @@ TEST_F(OptionsFormTest, OkChecksTheRangesOfTheNumbers) {
 TEST_F(OptionsFormTest, FailedCheckShowsThePageAndNeedsNoFocus) {
   Open();
   TabStrip& tabs = form->Find<TabStrip>("TabStrip1");
-  for (const int tab : {2, 2, 1, 2}) {
+  for (const int tab : {2, 2, 1, 3, 2}) {
     tabs.UserSelect(tab);
     EXPECT_EQ(form->Find<Frame>("Frame1(1)").Visible(), tab == 1);
     EXPECT_EQ(form->Find<Frame>("Frame1(2)").Visible(), tab == 2);
+    EXPECT_EQ(form->Find<Frame>("Frame1(3)").Visible(), tab == 3);
   }
   Text("txtFrameThickness").UserSetText("");
   Press("cmdOK");
@@ -185,7 +218,9 @@ TEST_F(OptionsFormTest, ShowsDamagedValuesAsFarAsItCan) {
                         {"TransSpeed", "21", "1"},
                         {"TransSpeed", "7.5", "8"},
                         {"FrameColor", "-1", "-1"},
-                        {"ShowFrame", "70000", "0"}}) {
+                        {"ShowFrame", "70000", "0"},
+                        {"Scaling", "Fill", "Fill"},
+                        {"Scaling", "Zoom", "As Set Under Pictures"}}) {
     SCOPED_TRACE(c.key + std::string(" ") + c.stored);
     desktop.boxes.shown.clear();
     const std::string before = process.options.Get(c.key, "");
@@ -268,8 +303,8 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
   });
-  EXPECT_EQ(*tab_order.rbegin(), 27);
-  EXPECT_THAT(tab_order, SizeIs(28));
+  EXPECT_EQ(*tab_order.rbegin(), 30);
+  EXPECT_THAT(tab_order, SizeIs(31));
 }
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {

@@ -44,10 +44,26 @@ TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
        "picture 400 1000 ff0000",
        {{"ShowFileName", "1"}},
        {3000, -3000, 6000, kCaptionTop + 3000}},
+      {"fit, enlarged", "picture 40 20 ff0000", {{"Scaling", "Fit"}}, {0, 1500, 12000, 6000}},
+      {"fit, reduced", "picture 600 6000 ff0000", {{"Scaling", "Fit"}}, {5550, 0, 900, 9000}},
+      {"fit wins over stretched",
+       "picture 30 30 ff0000",
+       {{"Scaling", "Fit"}, {"Stretch", "1"}},
+       {1500, 0, 9000, 9000}},
+      {"fit above its name",
+       "picture 100 581 ff0000",
+       {{"Scaling", "Fit"}, {"ShowFileName", "1"}},
+       {5250, 0, 1500, kCaptionTop}},
+      {"fit within its frame",
+       "picture 388 4 ff0000",
+       {{"Scaling", "Fit"}, {"ShowFrame", "1"}, {"FrameThickness", "9"}},
+       {180, 4440, 11640, 120}},
+      {"as set", "picture 400 200 ff0000", {{"Scaling", "As Set Under Pictures"}}, {3000, 3000, 6000, 3000}},
+      {"no such scaling", "picture 400 200 ff0000", {{"Scaling", "fit"}}, {3000, 3000, 6000, 3000}},
   };
   for (const LayoutCase& c : cases) {
     SCOPED_TRACE(c.what);
-    for (const char* option : {"Stretch", "ShowFileName"}) process.options.Set(option, "");
+    for (const char* option : {"Stretch", "ShowFileName", "Scaling", "ShowFrame"}) process.options.Set(option, "");
     for (const auto& [key, value] : c.options) process.options.Set(key, value);
     Pictures({c.picture});
     MainForm& form = Start();
@@ -57,6 +73,72 @@ TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
     form.Unload();
     process.show.StopRequested = false;
   }
+}
+
+// A picture that fills the screen reaches beyond its control. The loader hears which part of it will be seen.
+TEST_F(PictureLayoutTest, AFillingPictureIsCutEvenlyToWhatIsSeen) {
+  struct Case {
+    const char* picture;
+    std::vector<const char*> flags;
+    TwipRect seen;
+    PixelRect whole;
+  };
+  for (const Case& c :
+       {Case{"picture 1000 600 ff0000 00ff00 0000ff ffffff", {}, {0, 0, 12000, 9000}, {-100, 0, 1000, 600}},
+        Case{"picture 4 4 ff0000", {"Stretch"}, {0, 0, 12000, 9000}, {0, -100, 800, 800}},
+        Case{"picture 8 8 ff0000", {"ShowFileName"}, {0, 0, 12000, kCaptionTop}, {0, -110, 800, 801}},
+        Case{"picture 8 1 ff0000", {"ShowFrame"}, {60, 60, 11880, 8880}, {-1968, 4, 4736, 592}}}) {
+    SCOPED_TRACE(c.picture);
+    for (const char* option : {"Stretch", "ShowFileName", "ShowFrame"}) process.options.Set(option, "");
+    for (const char* flag : c.flags) process.options.Set(flag, "1");
+    process.options.Set("Scaling", "Fill");
+    Pictures({c.picture});
+    MainForm& form = Start();
+    FirstTick();
+    ExpectRect(form.PicPreview.Bounds(), c.seen);
+    EXPECT_EQ(desktop.pictures.loads.back().box, c.whole);
+    EXPECT_EQ(desktop.pictures.loads.back().clip, ToPixels(c.seen, 1));
+    EXPECT_EQ(ToPixels(form.PicPreview.PictureBounds(), 1), c.whole);
+    if (c.flags.empty()) {
+      // Stripes of 250 pixels, the first from 100 pixels left of the screen.
+      for (const auto& [x, colour] : {std::pair{149, 0xFF0000U}, {150, 0x00FF00U}, {399, 0x00FF00U}, {400, 0x0000FFU}})
+        EXPECT_EQ(At(x, 300), colour) << x;
+      process.options.Set("Scaling", "");
+      NextTick();
+      EXPECT_EQ(form.PicPreview.PictureBounds(), form.PicPreview.Bounds());
+    }
+    form.Unload();
+    process.show.StopRequested = false;
+  }
+}
+
+TEST_F(PictureLayoutTest, NothingOfTheLastPictureStaysBesideAFittedOne) {
+  Pictures({"picture 10 10 ff0000", "picture 10 20 ff0000", "damaged"});
+  process.options.Set("Scaling", "Fit");
+  process.options.Set("ShowFrame", "1");
+  process.options.Set("FrameColor", "&HFF00&");
+  MainForm& form = Start();
+  FirstTick();
+  EXPECT_EQ(At(102, 300), 0x00FF00U);
+  EXPECT_EQ(At(400, 3), 0x00FF00U);
+  NextTick();
+  EXPECT_EQ(At(102, 300), 0U);
+  const TwipRect place = form.PicPreview.Bounds();
+  NextTick();
+  ExpectRect(form.PicPreview.Bounds(), place);
+  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
+  process.options.Set("ShowFrame", "");
+  process.options.Set("LastPicture", "0");
+  NextTick();
+  ExpectRect(form.PicPreview.Bounds(), {375, 0, 2250, 4500});
+}
+
+TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreen) {
+  Pictures({"picture 400 300 ff0000"});
+  MainForm& form = Start();
+  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
+  FirstTick();
+  ExpectRect(form.PicPreview.Bounds(), {750, 1125, 1500, 2250});
 }
 
 TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
