@@ -179,6 +179,8 @@ inline constexpr ControlText kResetSoundList{"Reset Play List when Started",
 inline constexpr ControlText kMorePage{"&More", "Set More Options"};
 inline constexpr ControlText kScaling{"P&roportions:",
                                       "Show each picture whole, or let it fill the screen, without distorting it."};
+inline constexpr ControlText kCaptionText{"Text &below the Picture:",
+                                          "What stands at the bottom of the screen while the file name is shown."};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

@@ -173,6 +173,7 @@ std::vector<ControlRow> Rows() {
   const Maker page = A<Frame>(false);
   const Maker effects = A<DropDownList>(EffectNames());
   const Maker scalings = A<DropDownList>(Names(kScalings));
+  const Maker captions = A<DropDownList>(Names(kCaptionTexts));
   const Maker speed = A<Slider>(kSlowest, kFastest);
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
@@ -202,6 +203,8 @@ std::vector<ControlRow> Rows() {
       {"Frame4", "Frame1(1)", group, {}, {2940, 1830, 2724, 1128}},
       {"lblScaling", "Frame1(3)", label, caption(texts::kScaling), MoreLabel(0)},
       {"cboScaling", "Frame1(3)", scalings, tip(texts::kScaling.tip), MoreList(0), &kScaling},
+      {"lblCaptionText", "Frame1(3)", label, caption(texts::kCaptionText), MoreLabel(1)},
+      {"cboCaptionText", "Frame1(3)", captions, tip(texts::kCaptionText.tip), MoreList(1), &kCaptionText},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},

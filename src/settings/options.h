@@ -41,6 +41,10 @@ enum class Scaling {
 };
 inline constexpr const char* kScalings[] = {"As Set Under Pictures", "Fit", "Fill"};
 
+// What stands in the picture's bottom line.
+enum class CaptionText { kFileName, kDateTaken, kFileNameAndDate };
+inline constexpr const char* kCaptionTexts[] = {"File Name", "Date Taken", "File Name and Date"};
+
 // The options. The comments name the readers.
 
 inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
@@ -59,14 +63,16 @@ inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};      
 inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
+inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCaptionTexts[0], kCaptionTexts};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
 
 // The options that the user sets in the dialog, in the order in which it reads and writes them.
 inline constexpr const OptionRow* kDialogOptions[] = {
-    &kPicRandom,  &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
-    &kTransSpeed, &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
+    &kPicRandom, &kShowFileName, &kSoundRandom,    &kStretch,        &kInterval,
+    &kBackColor, &kSwapAffect,   &kTransSpeed,     &kFrameThickness, &kFrameColorInDialog,
+    &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,        &kCaptionText,
 };
 
 // The position last shown or played in each list, from 1. Read and written by the tick.
@@ -96,6 +102,7 @@ class Options {
   std::string SwapAffect() const { return Text(kSwapAffect); }
   std::int32_t TransSpeed() const;
   Scaling ScalingChoice() const { return static_cast<Scaling>(Choice(kScaling)); }
+  CaptionText CaptionChoice() const { return static_cast<CaptionText>(Choice(kCaptionText)); }
   double FrameThickness() const { return Number(kFrameThickness); }
   Colour FrameColor() const { return ColourOf(kFrameColor); }
 

@@ -21,6 +21,7 @@ namespace {
 constexpr double kFrameUnit = 20;
 constexpr double kPaneFrameUnit = 4;
 constexpr int kFramePen = 1;  // pixels
+constexpr char kBeforeDate[] = ", ";
 
 // `size` enlarged or reduced in its proportions and centred in `room`: as large as it fits in, or as small as it covers
 // the room. The side that decides has the room's length exactly, so that no rounding leaves a gap.
@@ -53,6 +54,7 @@ class Layout {
  private:
   std::string Path() const { return process_.show.PictureList.Item(picture_index_); }
   std::string PictureName() const { return PathPart(Path(), kPathName, process_.system.files.Syntax()); }
+  std::string Caption() const;
   bool HasCaption() const { return process_.options.ShowFileName(); }
   float RatioX() const { return PicBase_.Width() / process_.app.Screen().Width; }
   float RatioY() const { return PicBase_.Height() / process_.app.Screen().Height; }
@@ -182,16 +184,26 @@ TwipRect Layout::ExpectedStretchedBox() const {
   return {0, 0, PicBase_.Width(), HasCaption() && CaptionTop() >= 0 ? CaptionTop() : PicBase_.Height()};
 }
 
+// Without a date it is the name, or nothing. The line itself is kept in any case: whether a file has a date is known
+// only after the picture was decoded for its place above the line.
+std::string Layout::Caption() const {
+  const CaptionText choice = process_.options.CaptionChoice();
+  const auto& picture = PicPreview_.GetPicture();
+  const std::string date = choice == CaptionText::kFileName || !picture ? std::string() : picture->DateTaken();
+  if (choice == CaptionText::kDateTaken) return date;
+  return date.empty() ? PictureName() : PictureName() + kBeforeDate + date;
+}
+
 // Clears the surface and moves the drawing position to where the file name begins: centred in the bottom line.
 void Layout::MoveToCaption() {
   Step([&] { PicBase_.Cls(); });
-  Step([&] { PicBase_.SetCurrentX((PicBase_.Width() - PicBase_.TextWidth(PictureName())) / 2); });
+  Step([&] { PicBase_.SetCurrentX((PicBase_.Width() - PicBase_.TextWidth(Caption())) / 2); });
   Step([&] { PicBase_.SetCurrentY(CaptionTop()); });
 }
 
 void Layout::PrintCaption() {
   Step([&] { PicBase_.SetForeColor(kWhite); });
-  Step([&] { PicBase_.Print(PictureName()); });
+  Step([&] { PicBase_.Print(Caption()); });
 }
 
 // Fills a box somewhat larger than the picture. The picture, shown later, covers all but the frame.

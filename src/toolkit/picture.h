@@ -19,6 +19,9 @@ class Picture {
   // size comes from its header.
   virtual TwipSize NaturalSize(float scale) const = 0;
 
+  // The day on which the camera took it, such as "2026-05-17". Empty if the file does not say it.
+  virtual std::string DateTaken() const { return {}; }
+
   // Paints the picture, scaled to `box`, on the part of `target` inside `clip`. Transparent pixels leave the target
   // unchanged. If the picture proves to be damaged, paints what can be decoded.
   virtual void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) = 0;

@@ -120,7 +120,8 @@ TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
     const char* list;
     std::vector<std::string> items;
   };
-  for (const Case& c : {Case{"Scaling", "cboScaling", {"As Set Under Pictures", "Fit", "Fill"}}}) {
+  for (const Case& c : {Case{"Scaling", "cboScaling", {"As Set Under Pictures", "Fit", "Fill"}},
+                        Case{"CaptionText", "cboCaptionText", {"File Name", "Date Taken", "File Name and Date"}}}) {
     EXPECT_EQ(Open().Find<DropDownList>(c.list).Items(), c.items);
     Press("cmdOK");
     EXPECT_EQ(process.options.Get(c.key, "none"), "none");
@@ -303,8 +304,8 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
   });
-  EXPECT_EQ(*tab_order.rbegin(), 30);
-  EXPECT_THAT(tab_order, SizeIs(31));
+  EXPECT_EQ(*tab_order.rbegin(), 32);
+  EXPECT_THAT(tab_order, SizeIs(33));
 }
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {

@@ -182,6 +182,37 @@ TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
   EXPECT_EQ(At(393, 585), 0xFFFFFFU);
 }
 
+TEST_F(PictureLayoutTest, TheCaptionIsTheNameTheDateOrBoth) {
+  struct Case {
+    const char* choice;
+    const char* picture;
+    const char* text;
+  };
+  for (const char* scaling : {"", "Fit"}) {
+    for (const Case& c : {Case{"", "picture 4 3 ff0000 taken 2026-05-17", "P0"},
+                          {"Date taken", "picture 4 3 ff0000 taken 2026-05-17", "P0"},
+                          {"Date Taken", "picture 4 3 ff0000 taken 2026-05-17", "2026-05-17"},
+                          {"Date Taken", "picture 4 3 ff0000", ""},
+                          {"Date Taken", "damaged", ""},
+                          {"File Name and Date", "picture 4 3 ff0000 taken 2026-05-17", "P0, 2026-05-17"},
+                          {"File Name and Date", "picture 4 3 ff0000", "P0"}}) {
+      SCOPED_TRACE(testing::Message() << scaling << " " << c.choice << " " << c.picture);
+      Pictures({c.picture});
+      process.options.Set("Scaling", scaling);
+      process.options.Set("ShowFileName", "1");
+      process.options.Set("CaptionText", c.choice);
+      MainForm& form = Start();
+      const DrawRecorder recorder(form.PicBase);
+      FirstTick();
+      EXPECT_EQ(recorder.operations.back().text, c.text);
+      EXPECT_FLOAT_EQ(recorder.operations.back().y1, kCaptionTop);
+      EXPECT_FLOAT_EQ(recorder.operations.back().x1, 6000 - 60 * static_cast<float>(std::string(c.text).size()));
+      form.Unload();
+      process.show.StopRequested = false;
+    }
+  }
+}
+
 TEST_F(PictureLayoutTest, AFrameWithoutAColourIsBlack) {
   Pictures({"picture 400 300 ff0000"});
   process.options.Set("ShowFrame", "1");

@@ -30,13 +30,15 @@ constexpr Pixel kOpaque = 0xFF000000U;
 
 class StripedPicture : public Picture {
  public:
-  StripedPicture(int width, int height, std::vector<Pixel> colours)
-      : width_(width), height_(height), colours_(std::move(colours)) {}
+  StripedPicture(int width, int height, std::vector<Pixel> colours, std::string date_taken)
+      : width_(width), height_(height), colours_(std::move(colours)), date_taken_(std::move(date_taken)) {}
 
   TwipSize NaturalSize(float scale) const override {
     return {.width = static_cast<float>(width_) * kTwipsPerPixel / scale,
             .height = static_cast<float>(height_) * kTwipsPerPixel / scale};
   }
+
+  std::string DateTaken() const override { return date_taken_; }
 
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override {
     const PixelRect seen = Intersect(Intersect(box, clip), target.Bounds());
@@ -55,6 +57,7 @@ class StripedPicture : public Picture {
   int width_;
   int height_;
   std::vector<Pixel> colours_;
+  std::string date_taken_;
 };
 
 std::optional<Pixel> ParseColour(const std::string& text) {
@@ -73,13 +76,18 @@ std::shared_ptr<Picture> Decode(const std::string& content) {
   if (!(stream >> word >> width >> height) || word != "picture") return nullptr;
   if (width < 1 || height < 1 || width > kLargestSide || height > kLargestSide) return nullptr;
   std::vector<Pixel> colours;
+  std::string date_taken;
   while (stream >> word) {
+    if (word == "taken") {
+      stream >> date_taken;
+      break;
+    }
     const auto colour = ParseColour(word);
     if (!colour) return nullptr;
     colours.push_back(*colour);
   }
   if (colours.empty()) return nullptr;
-  return std::make_shared<StripedPicture>(width, height, std::move(colours));
+  return std::make_shared<StripedPicture>(width, height, std::move(colours), std::move(date_taken));
 }
 
 }  // namespace

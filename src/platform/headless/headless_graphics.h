@@ -19,7 +19,7 @@ class BlockTextPainter : public TextPainter {
 };
 
 // Loads pictures from text files: "picture WIDTH HEIGHT RRGGBB ...", in pixels, with one vertical stripe per colour.
-// All stripes have the same width. Any other content is a damaged picture.
+// All stripes have the same width. "taken DATE" may follow. Any other content is a damaged picture.
 class TextPictureLoader : public PictureLoader {
  public:
   explicit TextPictureLoader(const MemoryFileSystem& files) : files_(files) {}

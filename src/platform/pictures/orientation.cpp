@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstring>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -45,7 +47,11 @@ constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
 constexpr int kMostChunks = 100'000;
 
 constexpr std::uint16_t kOrientationTag = 0x0112;
-// Types of whole numbers. The standard asks for kShort.
+// The place of another directory, with what belongs to photos only.
+constexpr std::uint16_t kExifDirectoryTag = 0x8769;
+constexpr std::uint16_t kDateTimeOriginalTag = 0x9003;
+constexpr std::uint32_t kAscii = 2;
+// Types of whole numbers. The standard asks for kShort, and for kLong where a place is told.
 constexpr std::uint32_t kShort = 3;
 constexpr std::uint32_t kLong = 4;
 constexpr std::uint32_t kSignedShort = 8;
@@ -57,22 +63,61 @@ class TagBlock {
   explicit TagBlock(ByteSpan bytes)
       : bytes_(bytes), order_(!bytes.empty() && bytes[0] == 'M' ? std::endian::big : std::endian::little) {}
 
-  std::optional<int> Orientation() const {
-    const auto directory = Number(4, 4);
-    if (!directory) return std::nullopt;
-    const auto entries = Number(*directory, 2);
-    for (std::uint32_t i = 0; entries && i < *entries; ++i) {
-      const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
-      const auto tag = Number(entry, 2);
-      if (!tag) break;
-      if (*tag != kOrientationTag) continue;
+  std::optional<int> OrientationNumber() const {
+    std::optional<int> orientation;
+    ForEach(FirstDirectory(), kOrientationTag, [&](std::size_t entry) {
       const auto value = WholeNumber(entry);
-      if (value && *value >= 1 && *value <= 8) return static_cast<int>(*value);
-    }
-    return std::nullopt;
+      if (value && *value >= 1 && *value <= 8) orientation = static_cast<int>(*value);
+      return orientation.has_value();
+    });
+    return orientation;
+  }
+
+  std::string DateTaken() const {
+    std::string date;
+    ForEach(FirstDirectory(), kExifDirectoryTag, [&](std::size_t pointer) {
+      ForEach(WholeNumber(pointer), kDateTimeOriginalTag, [&](std::size_t entry) {
+        date = Date(entry);
+        return !date.empty();
+      });
+      return !date.empty();
+    });
+    return date;
   }
 
  private:
+  std::optional<std::uint32_t> FirstDirectory() const { return Number(4, 4); }
+
+  // Hands the places of a directory's entries with that tag to `visit`, until it returns true.
+  template <typename Visit>
+  void ForEach(const std::optional<std::uint32_t>& directory, std::uint16_t tag, const Visit& visit) const {
+    if (!directory) return;
+    const auto entries = Number(*directory, 2);
+    for (std::uint32_t i = 0; entries && i < *entries; ++i) {
+      const std::size_t entry = std::size_t{*directory} + 2 + std::size_t{12} * i;
+      const auto found = Number(entry, 2);
+      if (!found) break;
+      if (*found == tag && visit(entry)) break;
+    }
+  }
+
+  // The day of an entry such as "2026:05:17 14:03:22". Cameras whose clock was never set write blanks or zeros.
+  std::string Date(std::size_t entry) const {
+    constexpr std::string_view kShape = "dddd:dd:dd";
+    const auto place = Number(entry + 8, 4);
+    if (Number(entry + 2, 2) != kAscii || Number(entry + 4, 4).value_or(0) < kShape.size() || !place) return {};
+    if (*place > bytes_.size() || bytes_.size() - *place < kShape.size()) return {};
+    const ByteSpan text = bytes_.subspan(*place, kShape.size());
+    std::string date;
+    for (std::size_t i = 0; i < kShape.size(); ++i) {
+      const auto letter = static_cast<char>(text[i]);
+      const bool is_digit = letter >= '0' && letter <= '9';
+      if (kShape[i] == 'd' ? !is_digit : letter != ':') return {};
+      date += is_digit ? letter : '-';
+    }
+    return date.starts_with("0000") ? std::string() : date;
+  }
+
   // The first value of an entry.
   std::optional<std::uint32_t> WholeNumber(std::size_t entry) const {
     switch (Number(entry + 2, 2).value_or(0)) {
@@ -98,11 +143,15 @@ class TagBlock {
   std::endian order_;
 };
 
+CameraTags TagsIn(const TagBlock& block) {
+  return {.orientation = Orientation::FromExif(block.OrientationNumber().value_or(1)), .date_taken = block.DateTaken()};
+}
+
 // Reads an APP1 segment of a JPEG file, without marker and length. None if the segment is not Exif.
-std::optional<int> OrientationInSegment(ByteSpan segment) {
+std::optional<CameraTags> TagsInSegment(ByteSpan segment) {
   if (segment.size() <= kSignature.size()) return std::nullopt;
   if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;
-  return TagBlock(segment.subspan(kSignature.size())).Orientation().value_or(1);
+  return TagsIn(TagBlock(segment.subspan(kSignature.size())));
 }
 
 }  // namespace
@@ -136,7 +185,7 @@ void Orientation::PlaceRow(const Pixel* row, int y, const PixelView& shown_part)
   for (int i = 0; i < count; ++i) to[i * step] = row[i];
 }
 
-int JpegOrientation(ByteSource& bytes) {
+CameraTags JpegCameraTags(ByteSource& bytes) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
     std::array<std::uint8_t, kSegmentHead> head{};
@@ -150,14 +199,14 @@ int JpegOrientation(ByteSource& bytes) {
     if (head[1] == kApp1) {
       std::vector<std::uint8_t> data(length - 2);
       bytes.Copy(offset + kSegmentHead, data);
-      if (const auto orientation = OrientationInSegment(data)) return *orientation;
+      if (auto tags = TagsInSegment(data)) return std::move(*tags);
     }
     offset += 2 + length;
   }
-  return 1;
+  return {};
 }
 
-int PngOrientation(ByteSource& bytes) {
+CameraTags PngCameraTags(ByteSource& bytes) {
   std::size_t offset = kPngSignature;
   for (int chunk = 0; chunk < kMostChunks; ++chunk) {
     std::array<std::uint8_t, kChunkHead> head{};
@@ -167,11 +216,11 @@ int PngOrientation(ByteSource& bytes) {
       std::vector<std::uint8_t> data(std::min(length, kLongestExif));
       bytes.Copy(offset + kChunkHead, data);
       // Some programs put the signature of a JPEG segment in front.
-      return OrientationInSegment(data).value_or(TagBlock(data).Orientation().value_or(1));
+      return TagsInSegment(data).value_or(TagsIn(TagBlock(data)));
     }
     offset += kChunkFrame + length;
   }
-  return 1;
+  return {};
 }
 
 }  // namespace quorvale

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/pictures/byte_source.h"
 #include "toolkit/bitmap.h"
 #include "toolkit/units.h"
@@ -33,9 +35,15 @@ struct Orientation {
   void PlaceRow(const Pixel* row, int y, const PixelView& shown_part) const;
 };
 
-// The Exif number of a file's orientation, 1 to 8. 1 if the file has none or is damaged.
-int JpegOrientation(ByteSource& bytes);
+// What a camera stores beside the pixels, as Exif. Defaults stand for what a file lacks or is damaged.
+struct CameraTags {
+  Orientation orientation = {};
+  // The day of the photo, such as "2026-05-17".
+  std::string date_taken = {};
+};
+
+CameraTags JpegCameraTags(ByteSource& bytes);
 // From the chunk `eXIf`, which may come before the pixels or after them.
-int PngOrientation(ByteSource& bytes);
+CameraTags PngCameraTags(ByteSource& bytes);
 
 }  // namespace quorvale

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "platform/pictures/row_scaler.h"
@@ -98,7 +99,8 @@ void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part) {
   }
 }
 
-void BitmapPicture::Describe(PixelSize size, Orientation orientation) {
+void BitmapPicture::Describe(PixelSize size, Orientation orientation, std::string date_taken) {
+  date_taken_ = std::move(date_taken);
   size_ = orientation.Turn(size);
   orientation_ = orientation;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 
 #include "base/failure.h"
 #include "platform/pictures/orientation.h"
@@ -77,19 +78,21 @@ class RenderedPicture : public Picture {
 class BitmapPicture : public RenderedPicture {
  public:
   TwipSize NaturalSize(float scale) const override;
+  std::string DateTaken() const override { return date_taken_; }
 
  protected:
   // Starts decoding, for a box of that size as stored. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> Open(PixelSize stored_box) = 0;
 
   // To be called once. `size` is the size as stored.
-  void Describe(PixelSize size, Orientation orientation);
+  void Describe(PixelSize size, Orientation orientation, std::string date_taken = {});
 
  private:
   Rendering Make(PixelSize box, const PixelRect& part) override;
 
   PixelSize size_;
   Orientation orientation_;
+  std::string date_taken_;
 };
 
 }  // namespace quorvale

@@ -307,7 +307,8 @@ class JpegRows : public RowSource {
 class JpegPicture : public FilePicture {
  public:
   explicit JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
-    Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(JpegOrientation(File())));
+    const CameraTags tags = JpegCameraTags(File());
+    Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
   }
 
  protected:

@@ -179,7 +179,8 @@ class PngRows : public SequentialRows {
 class PngPicture : public FilePicture {
  public:
   explicit PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
-    Describe({decoder_->Width(), decoder_->Height()}, Orientation::FromExif(PngOrientation(File())));
+    const CameraTags tags = PngCameraTags(File());
+    Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
   }
 
  protected:

@@ -151,9 +151,9 @@ constexpr std::uint64_t kMostPixelsToByte = 4096;
 bool IsJpeg(ByteSpan bytes) { return ByteReader(bytes).U16() == 0xD8FF; }
 bool IsPng(ByteSpan bytes) { return ByteReader(bytes).U32() == 0x474E5089; }
 
-int StoredOrientation(ByteSpan bytes) {
+CameraTags ReadCameraTags(ByteSpan bytes) {
   MemoryBytes source(bytes);
-  return IsJpeg(bytes) ? JpegOrientation(source) : IsPng(bytes) ? PngOrientation(source) : 1;
+  return IsJpeg(bytes) ? JpegCameraTags(source) : IsPng(bytes) ? PngCameraTags(source) : CameraTags{};
 }
 
 void CheckSize(PixelSize size, ByteSpan bytes) {
@@ -228,7 +228,8 @@ WicPicture::WicPicture(std::vector<std::uint8_t> bytes)
   const bool on_canvas = canvas_.width > 0;
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
   CheckSize(size, bytes_);
-  Describe(size, Orientation::FromExif(StoredOrientation(bytes_)));
+  const CameraTags tags = ReadCameraTags(bytes_);
+  Describe(size, tags.orientation, tags.date_taken);
 }
 
 std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {
