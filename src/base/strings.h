@@ -179,6 +179,8 @@ inline constexpr ControlText kResetSoundList{"Reset Play List when Started",
 inline constexpr ControlText kMorePage{"&More", "Set More Options"};
 inline constexpr ControlText kScaling{"P&roportions:",
                                       "Show each picture whole, or let it fill the screen, without distorting it."};
+inline constexpr ControlText kFitBackdrop{"Bl&urred Picture beside a Fitted One",
+                                          "Fill the bars beside a picture that is shown whole."};
 inline constexpr ControlText kCaptionText{"Text &below the Picture:",
                                           "What stands at the bottom of the screen while the file name is shown."};
 

@@ -67,6 +67,7 @@ void OptionsForm::UpdateFrameControls() {
   const bool is_scaled = scaling_.Text() != kScalings[0];
   const bool is_stretched = stretch_.Value() == 1 && !is_scaled;
   stretch_.SetEnabled(!is_scaled);
+  backdrop_.SetEnabled(scaling_.ListIndex() == static_cast<int>(Scaling::kFit));
   show_frame_.SetEnabled(!is_stretched);
   const bool has_frame = show_frame_.Value() == 1 && !is_stretched;
   thickness_.SetEnabled(has_frame);

@@ -50,6 +50,7 @@ class OptionsForm : public Form {
   Button& pick_frame_colour_ = Find<Button>("cmdFrameColor");
   Label& frame_colour_ = Find<Label>("lblFrameColor");
   DropDownList& scaling_ = Find<DropDownList>("cboScaling");
+  CheckBox& backdrop_ = Find<CheckBox>("chkFitBackdrop");
   Button& ok_ = Find<Button>("cmdOK");
   Button& cancel_ = Find<Button>("cmdCancel");
   CommonDialog colour_dialog_{*this, "cd1"};

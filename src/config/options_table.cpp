@@ -150,6 +150,7 @@ std::vector<TabStrip::Tab> Tabs() {
 // The page "More" is a column of rows, from 0 on: check boxes, or lists with their labels beside them.
 constexpr float MoreTop(int row) { return 120.0F + 390.0F * static_cast<float>(row); }
 constexpr TwipRect MoreLabel(int row) { return {120, MoreTop(row) + 42, 2280, 228}; }
+constexpr TwipRect MoreCheck(int row) { return {120, MoreTop(row) + 30, 5484, 252}; }
 constexpr TwipRect MoreList(int row) { return {2460, MoreTop(row), 3144, 315}; }
 
 std::vector<std::string> Names(std::span<const char* const> choices) { return {choices.begin(), choices.end()}; }
@@ -203,8 +204,9 @@ std::vector<ControlRow> Rows() {
       {"Frame4", "Frame1(1)", group, {}, {2940, 1830, 2724, 1128}},
       {"lblScaling", "Frame1(3)", label, caption(texts::kScaling), MoreLabel(0)},
       {"cboScaling", "Frame1(3)", scalings, tip(texts::kScaling.tip), MoreList(0), &kScaling},
-      {"lblCaptionText", "Frame1(3)", label, caption(texts::kCaptionText), MoreLabel(1)},
-      {"cboCaptionText", "Frame1(3)", captions, tip(texts::kCaptionText.tip), MoreList(1), &kCaptionText},
+      {"chkFitBackdrop", "Frame1(3)", check_box, texts::kFitBackdrop, MoreCheck(1), &kFitBackdrop},
+      {"lblCaptionText", "Frame1(3)", label, caption(texts::kCaptionText), MoreLabel(2)},
+      {"cboCaptionText", "Frame1(3)", captions, tip(texts::kCaptionText.tip), MoreList(2), &kCaptionText},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},
@@ -294,10 +296,11 @@ bool OptionsTable::Load(const Options& options) const { return LoadFields(fields
 bool OptionsTable::LoadUsable(const Options& options) const { return LoadFields(fields_, options, 0); }
 
 void OptionsTable::Save(Options& options) const {
+  bool on_more_page = false;
   for (const OptionField& field : fields_) {
+    on_more_page = on_more_page || field.option == kFirstOnMorePage;
     const std::string value = field.value();
-    // A choice that is left as it was stays as it was in the store: there, or not.
-    if (field.option->kind == OptionKind::kChoice && value == options.Text(*field.option)) continue;
+    if (on_more_page && value == options.Text(*field.option)) continue;
     options.SetText(*field.option, value);
   }
 }

@@ -39,8 +39,8 @@ class OptionsTable {
   // The same, but never fails: every control that can't hold its value stays unchanged.
   bool LoadUsable(const Options& options) const;
 
-  // Stores the values of all controls without checking them, in the same order. A choice that is unchanged is not
-  // stored.
+  // Stores the values of all controls without checking them, in the same order. Those of the page "More"
+  // only if they have changed.
   void Save(Options& options) const;
 
  private:

@@ -63,6 +63,7 @@ inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};      
 inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
+inline constexpr OptionRow kFitBackdrop{"FitBackdrop", OptionKind::kFlag, "0"};                // the layout, with `Fit`
 inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCaptionTexts[0], kCaptionTexts};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
@@ -70,10 +71,14 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 
 // The options that the user sets in the dialog, in the order in which it reads and writes them.
 inline constexpr const OptionRow* kDialogOptions[] = {
-    &kPicRandom, &kShowFileName, &kSoundRandom,    &kStretch,        &kInterval,
-    &kBackColor, &kSwapAffect,   &kTransSpeed,     &kFrameThickness, &kFrameColorInDialog,
-    &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,        &kCaptionText,
+    &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
+    &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
+    &kFitBackdrop, &kCaptionText,
 };
+
+// From this one on they stand on the page "More". They are stored only when they change, so that the store stays as it
+// was while the user turns on none of them.
+inline constexpr const OptionRow* kFirstOnMorePage = &kScaling;
 
 // The position last shown or played in each list, from 1. Read and written by the tick.
 inline constexpr OptionRow kLastPicture{"LastPicture", OptionKind::kOther, "0"};
@@ -102,6 +107,7 @@ class Options {
   std::string SwapAffect() const { return Text(kSwapAffect); }
   std::int32_t TransSpeed() const;
   Scaling ScalingChoice() const { return static_cast<Scaling>(Choice(kScaling)); }
+  bool FitBackdrop() const { return IsOn(kFitBackdrop); }
   CaptionText CaptionChoice() const { return static_cast<CaptionText>(Choice(kCaptionText)); }
   double FrameThickness() const { return Number(kFrameThickness); }
   Colour FrameColor() const { return ColourOf(kFrameColor); }

@@ -66,6 +66,7 @@ class Layout {
   TwipRect Room(float frame_width) const;
   TwipRect ScaledBox(const TwipSize& natural, const TwipRect& room, Scaling scaling) const;
   void MoveTo(const TwipRect& box);
+  void PaintBackdrop(float frame_width);
 
   float ExpectedBottom() const;
   TwipRect ExpectedNaturalBox(const TwipSize& natural) const;
@@ -142,7 +143,19 @@ void Layout::PlaceScaled(Scaling scaling) {
     MoveToCaption();
     PrintCaption();
   }
+  if (scaling == Scaling::kFit && process_.options.FitBackdrop()) PaintBackdrop(frame_width);
   if (process_.options.ShowFrame()) DrawFrame(frame_width);
+}
+
+// The backdrop is drawn under the frame and ends above the file name's line. The picture is shown later, in the same
+// place.
+void Layout::PaintBackdrop(float frame_width) {
+  Step([&] {
+    const TwipRect room = Room(frame_width);
+    const auto& picture = imgFullSize_.GetPicture();
+    const TwipRect above_name = {0, 0, PicBase_.Width(), room.top + room.height + room.top};
+    if (picture) PicBase_.PaintBackdrop(*picture, PicPreview_.Bounds(), above_name);
+  });
 }
 
 std::int16_t Layout::FrameWidth() const {

@@ -6,6 +6,7 @@
 
 #include "base/failure.h"
 #include "toolkit/application.h"
+#include "toolkit/backdrop.h"
 #include "toolkit/form.h"
 #include "toolkit/image_control.h"
 
@@ -87,6 +88,19 @@ std::shared_ptr<Picture> PictureBox::LoadPicture(const std::string& path,
   const PixelRect bounds = surface_.Bounds();
   const PixelRect clip = part ? Intersect(ToPixels(*part, scale_), bounds) : bounds;
   return App().GetPlatform().Pictures().Load(path, {.box = pixel_box, .clip = clip, .scale = scale_});
+}
+
+void PictureBox::PaintBackdrop(Picture& picture, const TwipRect& box, const TwipRect& area) {
+  RequireLoaded();
+  const PixelRect covered = Intersect(ToPixels(area, scale_), surface_.Bounds());
+  const PixelRect whole = ToPixels(box, scale_);
+  const PixelRect seen = Intersect(whole, covered);
+  if (seen.IsEmpty() || seen == covered) return;
+  surface_.FillRect(seen, ToPixel(back_colour_));
+  picture.Paint(surface_.Pixels(), whole, seen);
+  quorvale::PaintBackdrop(surface_.Pixels(), seen, covered);
+  surface_.Changed(covered);
+  InvalidateIfDirty();
 }
 
 std::unique_ptr<PacedRun> PictureBox::OpenPacedRun() {

@@ -97,6 +97,9 @@ class PictureBox : public Control, private SurfaceEvents {
                                        const std::function<TwipRect(const TwipSize& natural)>& box,
                                        const std::optional<TwipRect>& part = {});
 
+  // Paints `picture` in `box`, and the rest of `area` with an enlarged and blurred copy of it.
+  void PaintBackdrop(Picture& picture, const TwipRect& box, const TwipRect& area);
+
   // The pauses of one transition on this box.
   std::unique_ptr<PacedRun> OpenPacedRun();
 

@@ -41,9 +41,13 @@ class OptionsFormTest : public HeadlessTest {
   Colour Swatch(const char* name) { return form->Find<Label>(name).BackColor(); }
   void Press(const char* name) { form->Find<Button>(name).UserClick(); }
 
+  // Of the pages "Pictures" and "Sounds".
   std::string Stored() {
     std::string values;
-    for (const OptionRow* option : kDialogOptions) values += process.options.Get(option->key, "none") + " ";
+    for (const OptionRow* option : kDialogOptions) {
+      if (option == kFirstOnMorePage) break;
+      values += process.options.Get(option->key, "none") + " ";
+    }
     return values;
   }
 
@@ -133,6 +137,19 @@ TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
   }
 }
 
+TEST_F(OptionsFormTest, BackdropIsStoredWhenItChanges) {
+  Open();
+  form->Find<DropDownList>("cboScaling").UserChoose(1);
+  Press("cmdOK");
+  EXPECT_EQ(process.options.Get("FitBackdrop", "none"), "none");
+  for (const char* value : {"1", "0"}) {
+    Open();
+    Check("chkFitBackdrop").UserClick();
+    Press("cmdOK");
+    EXPECT_EQ(process.options.Get("FitBackdrop", "none"), value);
+  }
+}
+
 // Fitted pictures have their frame whatever the stretching, which is out of effect then.
 TEST_F(OptionsFormTest, ScalingDisablesStretching) {
   process.options.Set("ShowFrame", "1");
@@ -141,6 +158,7 @@ TEST_F(OptionsFormTest, ScalingDisablesStretching) {
   for (const int index : {1, 0, 2}) {
     form->Find<DropDownList>("cboScaling").UserChoose(index);
     EXPECT_EQ(Check("chkStretch").Enabled(), index == 0);
+    EXPECT_EQ(Check("chkFitBackdrop").Enabled(), index == 1);
     EXPECT_EQ(Check("chkShowFrame").Enabled(), index > 0);
     EXPECT_EQ(Text("txtFrameThickness").Enabled(), index > 0);
   }
@@ -304,8 +322,8 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
   });
-  EXPECT_EQ(*tab_order.rbegin(), 32);
-  EXPECT_THAT(tab_order, SizeIs(33));
+  EXPECT_EQ(*tab_order.rbegin(), 33);
+  EXPECT_THAT(tab_order, SizeIs(34));
 }
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {

@@ -133,12 +133,34 @@ TEST_F(PictureLayoutTest, NothingOfTheLastPictureStaysBesideAFittedOne) {
   ExpectRect(form.PicPreview.Bounds(), {375, 0, 2250, 4500});
 }
 
-TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreen) {
-  Pictures({"picture 400 300 ff0000"});
-  MainForm& form = Start();
-  form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
+TEST_F(PictureLayoutTest, TheBackdropIsTheBlurredPictureBesideTheFittedOne) {
+  Pictures({"picture 100 200 ff0000 0000ff"});
+  for (const auto& [key, value] : {std::pair{"Scaling", "Fit"},
+                                   {"FitBackdrop", "1"},
+                                   {"ShowFrame", "1"},
+                                   {"ShowFileName", "1"},
+                                   {"FrameColor", "&HFF00&"}})
+    process.options.Set(key, value);
+  Start();
   FirstTick();
-  ExpectRect(form.PicPreview.Bounds(), {750, 1125, 1500, 2250});
+  // 287 pixels are the picture, with its frame of 4 pixels from 253 on. The backdrop shows the middle of its height.
+  for (const auto& [x, colour] : {std::pair{1, 0xFF0000U},
+                                  {200, 0xFF0000U},
+                                  {254, 0x00FF00U},
+                                  {258, 0xFF0000U},
+                                  {398, 0xFF0000U},
+                                  {402, 0x0000FFU},
+                                  {545, 0x00FF00U},
+                                  {600, 0x0000FFU}}) {
+    EXPECT_EQ(At(x, 300), colour) << x;
+  }
+  EXPECT_NE(At(250, 300), 0xFF0000U) << "blurred, the other colour reaches beyond the picture";
+  EXPECT_EQ(At(10, 580), 0xFF0000U);
+  EXPECT_EQ(At(10, 581), 0U) << "the line of the name";
+  for (const auto& [key, value] : {std::pair{"ShowFrame", ""}, {"ShowFileName", ""}, {"FitBackdrop", "0"}})
+    process.options.Set(key, value);
+  NextTick();
+  EXPECT_EQ(At(1, 300), 0U);
 }
 
 TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
