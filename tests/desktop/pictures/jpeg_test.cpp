@@ -102,6 +102,56 @@ TEST(PictureJpeg, FindsTheOrientationHoweverItIsStored) {
   EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel);
 }
 
+// A photo with camera data that lead to a second directory, and there to a date at `place`.
+Bytes WithDate(const std::string& text, bool big_endian, unsigned place = 44) {
+  Bytes data{'E', 'x', 'i', 'f', 0, 0, big_endian ? std::uint8_t{'M'} : std::uint8_t{'I'}};
+  data.push_back(data.back());
+  const auto put = [&](unsigned value, int size) {
+    for (int i = 0; i < size; ++i)
+      data.push_back(static_cast<std::uint8_t>(value >> 8U * static_cast<unsigned>(big_endian ? size - 1 - i : i)));
+  };
+  for (const auto& [value, size] : std::vector<std::pair<unsigned, int>>{{42, 2},
+                                                                         {8, 4},
+                                                                         {1, 2},
+                                                                         {0x8769, 2},
+                                                                         {4, 2},
+                                                                         {1, 4},
+                                                                         {26, 4},
+                                                                         {0, 4},
+                                                                         {1, 2},
+                                                                         {0x9003, 2},
+                                                                         {2, 2},
+                                                                         {20, 4},
+                                                                         {place, 4},
+                                                                         {0, 4}})
+    put(value, size);
+  data.insert(data.end(), text.begin(), text.end());
+  const auto length = static_cast<std::uint8_t>(data.size() + 2);
+  data.insert(data.begin(), {0xFF, 0xE1, 0, length});
+  Bytes bytes = MakeJpeg(MakeWaves(8, 8), {.name = ""});
+  bytes.insert(bytes.begin() + 2, data.begin(), data.end());
+  return bytes;
+}
+
+TEST(PictureJpeg, TellsTheDayOfThePhoto) {
+  const TemporaryDirectory folder;
+  struct Case {
+    Bytes bytes;
+    const char* day;
+  };
+  const std::string text = "2026:05:17 14:03:22";
+  for (const Case& c : {Case{WithDate(text, false), "2026-05-17"},
+                        {WithDate(text, true), "2026-05-17"},
+                        {WithDate("0000:00:00 00:00:00", true), ""},
+                        {WithDate("    :  :     :  :  ", false), ""},
+                        {WithDate("2026:05", false), ""},
+                        {WithDate(text, false, 0xFFFFFFFF), ""},
+                        {MakeJpeg(MakeWaves(8, 8), {.name = "", .exif = 6}), ""}}) {
+    Screen screen(8, 8);
+    EXPECT_EQ(Show(WritePicture(folder, "dated.jpg", c.bytes), screen.Bounds(), screen)->DateTaken(), c.day);
+  }
+}
+
 TEST(PictureJpeg, ShrinksToTheMean) {
   const TemporaryDirectory folder;
   const QImage waves = MakeWaves(801, 603);
