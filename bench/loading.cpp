@@ -22,6 +22,11 @@ namespace {
 
 constexpr int kPixelsToLoad = 100'000'000;  // for each figure
 
+// Short measurements scatter more, and can be repeated more often.
+int RoundsFor(const Bench& bench, const PictureSize& size) {
+  return bench.quick ? 3 : std::clamp(kPixelsToLoad / (size.width * size.height), 9, 31);
+}
+
 class LoadingRow {
  public:
   LoadingRow(Bench& bench, LiveShow& show, SharedWindow& window, std::string path)
@@ -42,7 +47,26 @@ class LoadingRow {
     return {t[0], t[2], t[1], t[3], t[4], t[5], t[0] / t[1], t[0] / t[3], t[2] / t[3], t[0] / t[5], t[2] / t[5]};
   }
 
+  // Stretched, and in the picture's proportions.
+  std::vector<double> MeasureScaling(int rounds) {
+    const std::vector<double> t = AlternatingMedians(rounds, {
+                                                                 [&] { return Ours("1"); },
+                                                                 [&] { return Scaled("Fit", "0"); },
+                                                                 [&] { return Scaled("Fill", "0"); },
+                                                                 [&] { return Scaled("Fit", "1"); },
+                                                             });
+    return {t[0], t[1], t[2], t[3], t[1] / t[0], t[2] / t[0], t[3] / t[1]};
+  }
+
  private:
+  double Scaled(const char* scaling, const char* backdrop) {
+    show_.Core().options.Set("Scaling", scaling);
+    show_.Core().options.Set("FitBackdrop", backdrop);
+    const double milliseconds = show_.Tick();
+    show_.Core().options.Set("Scaling", "");
+    return milliseconds;
+  }
+
   double Ours(const char* stretch) {
     show_.Core().options.Set("Stretch", stretch);
     return show_.Tick();
@@ -148,13 +172,18 @@ void MeasureLoading(Bench& bench) {
                                                                                               {"on:decode", 2},
                                                                                               {"off:decode", 2}});
   for (const PictureSize& size : kTestSizes) {
-    // Short measurements scatter more, and can be repeated more often.
-    const int rounds = bench.quick ? 3 : std::clamp(kPixelsToLoad / (size.width * size.height), 9, 31);
     LoadingRow row(bench, show, window, TestPicture(size, 0));
-    bench.report.Row(size.name, row.Measure(size, rounds));
+    bench.report.Row(size.name, row.Measure(size, RoundsFor(bench, size)));
   }
   Report::Remark("on, off: Stretch. yard: the least a program must do, to the same box; yard in: in the picture's");
   Report::Remark("proportions. decode/n: the library alone at the yardstick's scale; decode: in full. Medians.");
+  bench.report.Begin(
+      "The same in the picture's proportions, ms",
+      {{"stretch"}, {"fit"}, {"fill"}, {"backdrop"}, {"fit:stretch", 2}, {"fill:stretch", 2}, {"backdrop:fit", 2}});
+  for (const PictureSize& size : kTestSizes) {
+    LoadingRow row(bench, show, window, TestPicture(size, 0));
+    bench.report.Row(size.name, row.MeasureScaling(RoundsFor(bench, size)));
+  }
 }
 
 void MeasureMetafiles(Bench& bench) {
