@@ -108,8 +108,8 @@ void Spotlight(const EffectRun& run) {
   }
 }
 
-// Dots at random places on the picture, each one pixel wider than the one before. Even the last, large ones may leave
-// gaps, so the picture is removed at the end.
+// Random dots on the picture, which grow by a pixel each. Even the last, large ones may leave gaps, so the picture is
+// removed at the end.
 void Bubbles(const EffectRun& run) {
   constexpr int kDots = 400;
   ImageControl& PicPreview = run.PicPreview;
@@ -125,7 +125,7 @@ void Bubbles(const EffectRun& run) {
   PicPreview.SetPicture(nullptr);
 }
 
-constexpr std::array<Effect, 9> kEffects = {{
+constexpr auto kEffects = std::to_array<Effect>({
     {"Sweep Right", SweepRight},
     {"Sweep Left", SweepLeft},
     {"Sweep Down", SweepDown},
@@ -135,7 +135,7 @@ constexpr std::array<Effect, 9> kEffects = {{
     {"Horizontal Sandwich", HorizontalSandwich, 2},
     {"Vertical Sandwich", VerticalSandwich, 2},
     {"Shrinking Square", ShrinkingSquare, 4},
-}};
+});
 
 }  // namespace
 
