@@ -34,7 +34,6 @@ TEST(ReadInvocation, KnowsHowDaemonsCall) {
     const Invocation invocation = ReadInvocation(c.arguments, c.daemon_window);
     SCOPED_TRACE(c.text);
     EXPECT_EQ(invocation.text, c.text);
-    EXPECT_EQ(invocation.mode, RunModeOf(c.text));
     EXPECT_EQ(invocation.daemon_window, c.in_window);
   }
 }

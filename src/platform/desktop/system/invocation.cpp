@@ -29,14 +29,13 @@ Invocation ReadInvocation(const std::vector<std::string>& arguments, const char*
     const std::string_view argument = arguments[i];
     if (has_options && argument == kWindowId) {
       const std::string_view id = i + 1 < arguments.size() ? arguments[i + 1] : std::string_view();
-      return {"/P " + std::to_string(WindowId(id)), RunMode::kPreview, {}};
+      return {"/P " + std::to_string(WindowId(id)), {}};
     }
     if (has_options && argument == kRoot) is_in_root = true;
     if (i > 0) invocation.text += ' ';
     invocation.text += argument;
   }
-  if (is_in_root) return {"/S", RunMode::kShow, WindowId(daemon_window != nullptr ? daemon_window : "")};
-  invocation.mode = RunModeOf(invocation.text);
+  if (is_in_root) return {"/S", WindowId(daemon_window != nullptr ? daemon_window : "")};
   return invocation;
 }
 

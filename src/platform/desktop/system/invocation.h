@@ -5,15 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "process/run_mode.h"
-
 namespace quorvale {
 
 // The command line, with XScreenSaver's arguments translated to this program's own.
 struct Invocation {
   // The text for `Main`.
   std::string text;
-  RunMode mode = RunMode::kNone;
   // The window of a screen saver daemon in which the show has to run; 0 if the daemon named none.
   std::optional<std::uint32_t> daemon_window;
 };
