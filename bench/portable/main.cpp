@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/paths.h"
 #include "base/random.h"
 #include "measure.h"
 #include "platform/headless/headless_desktop.h"
@@ -33,8 +34,6 @@ constexpr int kHeight = 1080;
 constexpr int kFirstTick = 500;  // milliseconds
 constexpr PixelRect kScreen{.width = kWidth, .height = kHeight};
 
-std::string NameOf(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
-
 void MeasureDecoding(Report& report, PictureLoader& loader, const std::vector<std::string>& paths) {
   report.Begin("Loading and painting at 1920x1080, ms", {{"stretched"}, {"own size"}});
   Bitmap screen(kWidth, kHeight, 0);
@@ -48,7 +47,7 @@ void MeasureDecoding(Report& report, PictureLoader& loader, const std::vector<st
     });
   };
   for (const std::string& path : paths) {
-    report.Row(NameOf(path),
+    report.Row(path.substr(NameStart(path, "/\\")),
                AlternatingMedians(kRounds, {[&] { return load(path, true); }, [&] { return load(path, false); }}));
   }
 }

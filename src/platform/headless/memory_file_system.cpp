@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 namespace quorvale {
@@ -16,6 +17,8 @@ bool Finds(int mask, int attributes) { return (attributes & kLookedAt & ~mask) =
 Failure Unreadable(const std::string& path) {
   return {FailureNumber::kUnreadable, "Can't be read: " + path, "MemoryFileSystem"};
 }
+
+std::string_view SeparatorsOf(const PathSyntax& syntax) { return syntax.separator == '\\' ? "\\/" : "/"; }
 
 }  // namespace
 
@@ -174,12 +177,11 @@ std::string MemoryFileSystem::WithLongNames(const std::string& normalised) const
 }
 
 std::string MemoryFileSystem::ParentOf(const std::string& path) const {
-  return path.substr(0, path.size() - NameOf(path).size());
+  return path.substr(0, NameStart(path, SeparatorsOf(syntax_)));
 }
 
 std::string MemoryFileSystem::NameOf(const std::string& path) const {
-  const auto begin = std::find_if(path.rbegin(), path.rend(), [this](char c) { return IsSeparator(c); });
-  return {begin.base(), path.end()};
+  return path.substr(NameStart(path, SeparatorsOf(syntax_)));
 }
 
 const MemoryFileSystem::Entry* MemoryFileSystem::Find(const std::string& path) const {
