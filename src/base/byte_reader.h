@@ -11,7 +11,7 @@ namespace quorvale {
 
 using ByteSpan = std::span<const std::uint8_t>;
 
-// Reads the numbers of a file format in turn, little-endian unless told otherwise. A number that ends beyond the bytes
+// Reads the numbers of a file format in turn, little-endian unless set otherwise. A number that ends beyond the bytes
 // is 0.
 class ByteReader {
  public:

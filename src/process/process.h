@@ -35,7 +35,7 @@ struct Process {
   std::int32_t SystemHwnd = 0;
   // The dialog that is disabled while the configuration runs; 0 in other modes.
   WindowHandle ConfigDialogHwnd = 0;
-  // Twips per pixel of the screen.
+  // The screen's twips to the pixel.
   std::int16_t ScreenTwipsX = 0;
   std::int16_t ScreenTwipsY = 0;
   std::string SystemDirectory;

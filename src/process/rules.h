@@ -5,8 +5,8 @@
 
 namespace quorvale {
 
-// Runs one step of the slide tick. A show must go on, so a failure in `body` ends that step only and nobody hears of
-// it. Used in the tick's own body and nowhere else, so that a reader sees where a step begins and ends.
+// Runs one step of the slide tick. A show must go on, so a failure in `body` ends that step only and is not
+// reported. Used in the tick's own body and nowhere else, so that a reader sees where a step begins and ends.
 template <typename Body>
 void Step(Body&& body) {
   try {

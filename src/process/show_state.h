@@ -53,7 +53,7 @@ struct ShowState {
   // Mouse moves counted in the current interval (full-screen show).
   std::int32_t MouseMoveCount = 0;
 
-  // Non-zero if the user has set a saver password, and the system's family. Read once per show.
+  // Non-zero if a saver password is set, and the system's family. Read once per show.
   std::int16_t UsePassword = 0;
   std::int32_t PlatformId = 0;
 

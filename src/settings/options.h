@@ -59,7 +59,7 @@ inline constexpr OptionRow kTransSpeed{"TransSpeed", OptionKind::kNumber, "20"};
 inline constexpr OptionRow kFrameThickness{"FrameThickness", OptionKind::kNumber, "3"};    // the layout; 1 to 20
 inline constexpr OptionRow kFrameColor{"FrameColor", OptionKind::kColour, "&H00000000&"};  // the layout
 inline constexpr OptionRow kShowFrame{"ShowFrame", OptionKind::kFlag, ""};                 // the layout
-// The first tick of a process; any number other than 0 means on.
+// The process's first tick; any number other than 0 means on.
 inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
@@ -69,7 +69,7 @@ inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCap
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
 
-// The options that the user sets in the dialog, in the order in which it reads and writes them.
+// The options of the dialog, in its order of reading and writing.
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
     &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
@@ -83,7 +83,7 @@ inline constexpr const OptionRow* kFirstOnMorePage = &kScaling;
 // The position last shown or played in each list, from 1. Read and written by the tick.
 inline constexpr OptionRow kLastPicture{"LastPicture", OptionKind::kOther, "0"};
 inline constexpr OptionRow kLastSound{"LastSound", OptionKind::kOther, "0"};
-// The path of the current play list file. Used by the configuration window.
+// The play list file that the configuration window has open: its path.
 inline constexpr OptionRow kPlayList{"PlayList", OptionKind::kOther, ""};
 // The directory given to the set-up. Written only.
 inline constexpr OptionRow kInstallPath{"InstallPath", OptionKind::kOther, ""};

@@ -13,7 +13,7 @@ class SoundPlayer {
  public:
   virtual ~SoundPlayer() = default;
 
-  // Starts a wave file and returns at once. Stops a sound that is still playing. False, and silence, if the file can't
+  // Starts a wave file and returns at once. Ends the previous sound. False, and silence, if the file can't
   // be read, is not a wave file, or the machine has no sound device.
   virtual bool PlaySound(const std::string& path, std::uint32_t flags) = 0;
 };

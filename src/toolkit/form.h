@@ -54,7 +54,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
   float Width() const { return bounds_.width; }
   float Height() const { return bounds_.height; }
   void Move(float left, float top, float width, float height);
-  // Moves it to the middle of the primary monitor.
+  // Centres it on the primary monitor.
   void CenterOnScreen();
   // Sets the size of the area inside the frame and below the menu.
   void SetClientSize(float width, float height);

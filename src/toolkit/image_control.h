@@ -12,7 +12,7 @@
 
 namespace quorvale {
 
-// Shows a picture. It has no window of its own: its picture box paints it. On a form directly it is never painted and
+// Shows a picture. Its picture box paints it; it is no window. On a form directly it is never painted and
 // only measures pictures. Positions and sizes are in twips, relative to the container.
 class ImageControl : public Control {
  public:
