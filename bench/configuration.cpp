@@ -65,7 +65,7 @@ class LiveWindow {
     });
   }
 
-  // Lets the preview's timer fire. The time from its event until the picture is on the screen.
+  // Lets the preview's timer fire. The time from its event until the picture is shown.
   double Tick() {
     bool ticked = false;
     Stopwatch since_event;

@@ -89,7 +89,7 @@ class LiveShow {
   Process& Core() { return desktop_.core; }
   ShowForm& Form() { return *form_; }
 
-  // Lets the timer fire. Returns the milliseconds from its event until the picture is on the screen. Fails if it is not
+  // Lets the timer fire. Returns the milliseconds from its event until the picture is shown. Fails if it is not
   // there.
   double Tick();
 

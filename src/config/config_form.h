@@ -32,14 +32,14 @@ class ConfigForm : public ConfigControls {
  public:
   explicit ConfigForm(Process& process);
 
-  // The full path of the current play list file; empty if there is none. The frame's caption shows its name.
+  // The path of the play list file that is open; empty if none is. The frame's caption shows its name.
   const std::string& CurPlayList() const { return cur_play_list_; }
   void SetCurPlayList(std::string path);
-  // Whether the lists have changed since they were loaded from or saved to a play list file.
+  // Whether the lists differ from the play list file.
   bool PlayListDirty() const { return play_list_dirty_; }
   void SetPlayListDirty(bool dirty) { play_list_dirty_ = dirty; }
 
-  // Appends the stored lists to the list boxes and sets the current play list file.
+  // Fills the list boxes from the store and reads which play list file is open.
   void LoadPlayLists();
   // Stores both lists and the current play list file's path in one transaction. Stored entries that did not fit a list
   // box are kept after its items.

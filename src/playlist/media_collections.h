@@ -34,8 +34,8 @@ Collection FillFromSettings(CRegSettings& settings, FileSystem& files, const std
 void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::string& directory,
                        const std::string& mask);
 
-// Puts a collection into random order by drawing entries without replacement. The draw is uneven: the first and the
-// last of the remaining entries come up half as often as any other.
+// Puts a collection into random order by drawing entries without replacement. The draw is uneven: those at either
+// end of the remaining entries come up half as often as the others.
 void ShuffleCollection(Collection& collection, Random& random);
 
 }  // namespace quorvale

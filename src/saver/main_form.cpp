@@ -82,8 +82,8 @@ void MainForm::tmrSwitch_Timer() {
   if (!process_.show.StopRequested) SlideTick(process_, *this);
 }
 
-// Counts events, whatever their distance. The first event more than ten seconds after the start resets the count and
-// is not counted itself.
+// Counts events, whatever their distance. An event that comes over ten seconds after the first one sets the count to
+// zero.
 void MainForm::CountMouseMove() {
   ++process_.show.MouseMoveCount;
   if (process_.show.MouseMoveCount == kMovesThatEnd) Unload();

@@ -17,7 +17,7 @@ namespace {
 constexpr std::uint32_t kBufferSize = 255;
 constexpr std::uint32_t kLowWord = 0xFFFF;
 
-// The four bytes, the lowest first, in decimal with at least three digits.
+// The little-endian number of four bytes as decimal text, padded to three digits.
 std::string DwordText(const std::string& bytes) {
   const std::uint32_t value = ByteReader({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}).U32();
   std::ostringstream text;

@@ -73,7 +73,7 @@ void ShowNextPicture(Process& process, ShowForm& form) {
   Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
 }
 
-// Stops a sound that is still playing.
+// Ends the previous sound.
 void PlayNextSound(Process& process) {
   const std::int32_t SoundIndex =
       NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.SoundList.Count());

@@ -122,7 +122,7 @@ TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-// Log what the set-up writes, in its order.
+// Log the set-up's writes, in their order.
 class LoggingRegistry : public MemoryRegistry {
  public:
   explicit LoggingRegistry(CallLog& log) : log_(log) {}

@@ -70,7 +70,7 @@ bool MixRows(RowSource& source, int first, std::span<const float> weights, std::
   return true;
 }
 
-// `kTaps` is the number of weights if the compiler shall know it, or 0.
+// `kTaps` is the number of weights if it is known when compiling, else 0.
 template <std::size_t kTaps>
 void MixColumns(const ScaleAxis& across, const float* mix, float* scaled) {
   for (int x = 0; x < across.Count(); ++x, scaled += kChannels) {

@@ -150,7 +150,7 @@ class Canvas {
   void SetPixel(QPointF point, ColourReference colour);
   // Fills up to that colour, or all that has that colour.
   void FloodFill(QPointF point, ColourReference colour, bool up_to_colour);
-  // A rectangle between two corners, with a gradient along one axis.
+  // A gradient along one axis of the rectangle that these corners span.
   void GradientRect(std::span<const GradientVertex, 2> corners, bool vertical);
   void GradientTriangle(std::span<const GradientVertex, 3> corners);
   void Blit(const BlitRequest& request);

@@ -121,7 +121,7 @@ void EmrSetDibitsToDevice(const Playback& playback, ByteReader& reader) {
   const int first_row = reader.I32();
   const int rows = reader.I32();
   BlitRequest request;
-  // The size is in device pixels whatever the mapping, and the canvas wants logical units.
+  // The size is in device pixels whatever the mapping, but the canvas expects logical units.
   const QTransform map = playback.Map().ToDevice();
   if (!map.isInvertible()) return;
   const QPointF device = map.map(at);

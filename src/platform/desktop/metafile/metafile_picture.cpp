@@ -21,7 +21,7 @@ constexpr std::size_t kMostRecords = 2'000'000;
 // Bytes. The objects and images made from them take several times as much memory.
 constexpr std::size_t kLargestFile = std::size_t{64} << 20U;
 // Pictures are drawn at twice the size and averaged. That softens edges, and adjoining areas leave no seam as they
-// would with antialiasing. Large pictures are not, for want of memory.
+// would with antialiasing. Large pictures are drawn at their own size, to save memory.
 constexpr int kSamples = 2;
 constexpr std::int64_t kMostSampledPixels = std::int64_t{16} << 20U;
 

@@ -55,7 +55,7 @@ struct Pen {
   bool geometric = false;
   // Made by CreatePen, not ExtCreatePen: the background colour fills its gaps, and a wide one is solid.
   bool simple = true;
-  // Of PS_USERSTYLE: dashes and gaps by turns.
+  // Of PS_USERSTYLE: the lengths of dashes and gaps, alternating.
   std::vector<double> dashes{};
   Brush brush{.colour = 0};
 };
@@ -91,7 +91,7 @@ GdiObject StockObject(unsigned number);
 // The objects that the records of a file have made.
 class ObjectTable {
  public:
-  // Takes the first free index, as WMF requires.
+  // Adds it at the first free index, as WMF requires.
   void Add(GdiObject object);
   // Replaces what is at that index.
   void Set(std::uint32_t index, GdiObject object);
@@ -107,7 +107,7 @@ class ObjectTable {
   std::vector<Slot> slots_;
 };
 
-// What is no brush draws nothing.
+// A brush that draws nothing if the object is no brush.
 Brush BrushOf(const GdiObject& object);
 
 // Objects from the values that both formats store. Styles and hatches have their GDI numbers.

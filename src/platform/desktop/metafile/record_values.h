@@ -27,8 +27,8 @@ inline std::vector<QPointF> PointsOf16Bits(ByteReader& reader, std::size_t count
   return points;
 }
 
-// WMF stores the parameters of a function from the last to the first: y before x, bottom and right before top and
-// left.
+// WMF stores the parameters of a function in reverse order: y before x, bottom and right before top
+// and left.
 inline QPointF WmfPoint(ByteReader& reader) {
   const double y = reader.I16();
   const double x = reader.I16();

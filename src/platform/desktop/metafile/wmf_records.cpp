@@ -1,5 +1,5 @@
 // WMF records: state, clipping, shapes and text. Objects, regions and bitmaps are in wmf_object_records.cpp. A
-// function's parameters are stored from the last to the first.
+// function's parameters are stored in reverse order.
 
 #include <vector>
 

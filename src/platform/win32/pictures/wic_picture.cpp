@@ -28,7 +28,7 @@ namespace {
 
 using WicSource = ComPointer<IWICBitmapSource>;
 
-// Throws kBadPicture if a call has failed. Its text tells a lack of memory from other failures.
+// Throws kBadPicture if a call has failed. Its text distinguishes a lack of memory from other failures.
 void CheckPicture(HRESULT result) {
   if (SUCCEEDED(result)) return;
   const bool too_large = result == E_OUTOFMEMORY || result == WINCODEC_ERR_IMAGESIZEOUTOFRANGE;

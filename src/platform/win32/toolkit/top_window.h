@@ -77,7 +77,7 @@ class TopWindow : public NativeWindow {
   float scale_;
   HWND focus_ = nullptr;
   Icon icon_;
-  // The form wants the window on the screen.
+  // Whether the form has shown the window.
   bool is_shown_ = false;
   // The window has held the screen since it appeared, or since its last loss was reported.
   bool had_screen_ = false;

@@ -71,7 +71,7 @@ HWND TopmostDialog() {
 constexpr std::size_t kLeastRoom = 1U << 20U;
 constexpr std::size_t kMostRoom = 1U << 26U;
 
-// The filter as the dialog wants it: a list of NUL-terminated texts with one more NUL at its end.
+// The filter in the dialog's form: a list of NUL-terminated texts with one more NUL at its end.
 std::wstring FilterList(std::string text) {
   std::replace(text.begin(), text.end(), '|', '\0');
   return ToWide(text) + L'\0';
