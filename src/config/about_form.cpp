@@ -2,12 +2,11 @@
 
 #include <array>
 
+#include "base/application_info.h"
 #include "base/failure.h"
 #include "base/strings.h"
-#include "config/application_info.h"
 #include "config/artwork.h"
 #include "process/process.h"
-#include "settings/version_record.h"
 #include "system/file_system.h"
 #include "system/programs.h"
 #include "system/registry.h"

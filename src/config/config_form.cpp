@@ -5,11 +5,11 @@
 #include <memory>
 #include <utility>
 
+#include "base/application_info.h"
 #include "base/failure.h"
 #include "base/strings.h"
 #include "base/text.h"
 #include "config/about_form.h"
-#include "config/application_info.h"
 #include "config/artwork.h"
 #include "config/list_editing.h"
 #include "config/options_form.h"

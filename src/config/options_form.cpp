@@ -1,9 +1,9 @@
 #include "config/options_form.h"
 
+#include "base/application_info.h"
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "base/strings.h"
-#include "config/application_info.h"
 #include "process/process.h"
 #include "settings/options.h"
 #include "system/programs.h"

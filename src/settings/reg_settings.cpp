@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/application_info.h"
 #include "base/text.h"
-#include "settings/version_record.h"
 
 namespace quorvale {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "config/application_info.h"
+#include "base/application_info.h"
 #include "config/artwork.h"
 #include "process/process.h"
 #include "support/headless_fixture.h"

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "config/application_info.h"
+#include "base/application_info.h"
 #include "config/config_fixture.h"
 
 namespace quorvale {

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/application_info.h"
 #include "base/failure.h"
-#include "config/application_info.h"
 #include "process/process.h"
 #include "support/headless_fixture.h"
 #include "toolkit/dialog_rules.h"

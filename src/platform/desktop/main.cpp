@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/application_info.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/files.h"
@@ -24,7 +25,6 @@
 #include "process/run_mode.h"
 #include "run/main_procedure.h"
 #include "run/set_up.h"
-#include "settings/version_record.h"
 
 namespace quorvale {
 namespace {

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "base/application_info.h"
 #include "platform/desktop/system/files.h"
 #include "platform/desktop/system/sqlite_registry.h"
-#include "settings/version_record.h"
 #include "system/registry.h"
 
 namespace quorvale {

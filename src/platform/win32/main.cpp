@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/application_info.h"
 #include "base/failure.h"
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com.h"
@@ -17,7 +18,6 @@
 #include "process/process.h"
 #include "process/run_mode.h"
 #include "run/main_procedure.h"
-#include "settings/version_record.h"
 
 namespace quorvale {
 namespace {

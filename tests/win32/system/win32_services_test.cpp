@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "config/application_info.h"
+#include "base/application_info.h"
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/library_services.h"
 #include "platform/win32/system/modules.h"

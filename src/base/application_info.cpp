@@ -1,4 +1,4 @@
-#include "config/application_info.h"
+#include "base/application_info.h"
 
 namespace quorvale {
 
