@@ -101,6 +101,8 @@ void Main(Process& process, const std::string& text) {
   if (process.mode == RunMode::kConfiguration) Configure(process);
 }
 
+bool ShowsPictures(RunMode mode) { return mode == RunMode::kShow || mode == RunMode::kPreview; }
+
 std::int32_t SwitchHandle(const std::string& text) {
   constexpr double kOnePastTheLargest = 4294967296.0;
   const double number = std::nearbyint(LenientParse(Mid(text, 3)));

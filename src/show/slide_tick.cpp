@@ -47,7 +47,7 @@ void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std:
 void CloseOrphanedForm(Process& process) {
   if (process.mode == RunMode::kPreview || process.app.Forms.Count() != 1 || process.app.Forms[0].Visible()) return;
   const std::shared_ptr<Form> form = process.app.Forms[0].shared_from_this();
-  Step([&] { form->Find<Timer>("tmrSwitch").SetEnabled(false); });
+  Step([&] { dynamic_cast<ShowForm&>(*form).tmrSwitch.SetEnabled(false); });
   Step([&] { process.app.PumpEvents(); });
   Step([&] { form->Unload(); });
   process.show.StopRequested = true;

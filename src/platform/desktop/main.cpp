@@ -46,9 +46,6 @@ Slide-show screen saver. Without a switch it opens its configuration window.
 The command quorvale-settings reads and changes the settings from a terminal.
 )";
 
-// Modes with pictures on the screen. Their windows are measured in device pixels, and the dialogs in layout pixels.
-bool ShowsPictures(RunMode mode) { return mode == RunMode::kShow || mode == RunMode::kPreview; }
-
 bool NeedsDisplay(RunMode mode) { return ShowsPictures(mode) || mode == RunMode::kConfiguration; }
 
 int RunProgram(const std::string& text, const DesktopOptions& options) {

@@ -39,11 +39,10 @@ int RunProgram(const std::string& text) {
   const ComApartment components;
   // A show covers physical pixels. The configuration scales with the resolution.
   const RunMode mode = RunModeOf(text);
-  const bool is_show = mode == RunMode::kShow || mode == RunMode::kPreview;
   if (mode == RunMode::kPreview) AdoptHost(text);
   Win32Options options;
   options.application_title = kApplicationTitle;
-  options.pixels = is_show ? PixelKind::kPhysical : PixelKind::kLogical;
+  options.pixels = ShowsPictures(mode) ? PixelKind::kPhysical : PixelKind::kLogical;
   Win32PictureLoader pictures;
   Win32Platform platform(options, pictures);
   Win32Registry registry;
