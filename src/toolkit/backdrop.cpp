@@ -134,19 +134,26 @@ void PaintBackdrop(const PixelView& target, const PixelRect& picture, const Pixe
   const std::vector<Between> across = Places(area.width, picture.width * growth, cells.width);
   const std::vector<Between> down = Places(area.height, picture.height * growth, cells.height);
   const PixelRect kept = Intersect(picture, area);
+  const auto is_beside = [&kept](int y) { return y >= kept.top && y < kept.Bottom(); };
   std::vector<Pixel> line(static_cast<std::size_t>(cells.width) + 1);
   for (int y = area.top; y < area.Bottom(); ++y) {
     const Between& at = down[static_cast<std::size_t>(y - area.top)];
     for (int x = 0; x <= cells.width; ++x)
       line[static_cast<std::size_t>(x)] = Mix(cells.At(x, at.first), cells.At(x, at.first + 1), at.share);
+    const bool beside = is_beside(y);
+    // Every other row repeats the one above, which nobody sees in so soft a picture.
+    const bool repeats = (y - area.top) % 2 == 1 && beside == is_beside(y - 1);
     const auto fill = [&](int from, int to) {
+      if (repeats) {
+        std::copy(target.Row(y - 1) + from, target.Row(y - 1) + to, target.Row(y) + from);
+        return;
+      }
       for (int x = from; x < to; ++x) {
         const Between& place = across[static_cast<std::size_t>(x - area.left)];
         const Pixel* cell = line.data() + place.first;
         target.Row(y)[x] = Mix(cell[0], cell[1], place.share);
       }
     };
-    const bool beside = y >= kept.top && y < kept.Bottom();
     fill(area.left, beside ? kept.left : area.Right());
     if (beside) fill(kept.Right(), area.Right());
   }
