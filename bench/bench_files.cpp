@@ -114,17 +114,25 @@ std::string BenchDirectory(const std::string& name) {
   return path;
 }
 
-std::string DirectoryOfFiles(int count) {
+std::string DirectoryOfFiles(int count, int folders) {
   constexpr std::array<const char*, 10> kEndings = {".JPG", ".JPG", ".jpg",  ".JPG", ".txt",
                                                     ".JPG", ".jpg", ".jpeg", ".JPG", ".bmp"};
-  const std::string name = std::to_string(count) + "-files";
+  constexpr int kFoldersBeside = 50;
+  const std::string name =
+      std::to_string(count) + "-files" + (folders > 0 ? "-in-" + std::to_string(folders) : std::string());
   std::string finished = BuiltProgram("bench-files") + "/" + name;
   if (std::filesystem::exists(finished)) return finished;
   const std::string unfinished = BenchDirectory(name + "-unfinished");
   for (int i = 0; i < count; ++i) {
+    std::string directory = unfinished;
+    if (folders > 0) {
+      const int folder = i / (count / folders);
+      directory += "/" + std::to_string(folder / kFoldersBeside) + "/" + std::to_string(folder);
+      std::filesystem::create_directories(directory);
+    }
     char file[32];
     std::snprintf(file, sizeof file, "/IMG_%06d%s", i, kEndings[static_cast<std::size_t>(i) % kEndings.size()]);
-    std::ofstream{unfinished + file};
+    std::ofstream{directory + file};
   }
   std::filesystem::rename(unfinished, finished);
   return finished;

@@ -11,8 +11,9 @@ std::string BuiltProgram(const std::string& name);
 // The bench's own directory of that name, beside the built programs. The next run uses its files again.
 std::string BenchDirectory(const std::string& name);
 
-// A directory of that many empty files. By their names nine in ten are pictures.
-std::string DirectoryOfFiles(int count);
+// A directory of that many empty files, or a tree with as many in each of its folders. By their names nine in ten are
+// pictures.
+std::string DirectoryOfFiles(int count, int folders = 0);
 
 // Gives this process and the programs that it starts a new, empty settings store.
 void UseOwnSettings();

@@ -1,7 +1,9 @@
 #include <dirent.h>
+#include <fcntl.h>
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/random.h"
@@ -16,12 +18,14 @@ namespace quorvale {
 namespace {
 
 constexpr int kFiles = 100'000;
+constexpr int kFolders = 2000;
 constexpr int kEntries = 10'000;
 
+struct CloseDirectory {
+  void operator()(DIR* stream) const { closedir(stream); }
+};
+
 int CountByReaddir(const std::string& directory) {
-  struct CloseDirectory {
-    void operator()(DIR* stream) const { closedir(stream); }
-  };
   const std::unique_ptr<DIR, CloseDirectory> stream(opendir(directory.c_str()));
   int count = 0;
   while (stream && readdir(stream.get()) != nullptr) ++count;
@@ -44,6 +48,38 @@ void MeasureDirectory(Bench& bench, Process& core, int rounds) {
                                  });
   bench.report.Begin("A directory of 100,000 files, ms", {{"list"}, {"readdir"}, {"ratio", 2}, {"pictures", 0}});
   bench.report.Row("AddDirectoryFiles", {times[0], times[1], times[0] / times[1], static_cast<double>(found)});
+}
+
+// Takes over the descriptor.
+int CountTree(int directory) {
+  const std::unique_ptr<DIR, CloseDirectory> stream(fdopendir(directory));
+  int count = 0;
+  while (const dirent* const entry = stream ? readdir(stream.get()) : nullptr) {
+    if (entry->d_type == DT_REG) ++count;
+    const std::string_view name = entry->d_name;
+    if (entry->d_type != DT_DIR || name == "." || name == "..") continue;
+    count += CountTree(openat(dirfd(stream.get()), entry->d_name, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  }
+  return count;
+}
+
+void MeasureTree(Bench& bench, Process& core, int rounds) {
+  const std::string directory = DirectoryOfFiles(kFiles, kFolders) + "/";
+  int found = 0;
+  const auto list = [&] {
+    return MillisecondsOf([&] {
+      Collection collection;
+      AddTreeFiles(core.system.files, collection, directory, PictureMask());
+      found = collection.Count();
+    });
+  };
+  const auto plain = [&] {
+    return MillisecondsOf([&] { CountTree(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); });
+  };
+  const auto times = AlternatingMedians(rounds, {list, plain});
+  bench.report.Begin("A tree of 100,000 files in 2,000 folders, ms",
+                     {{"list"}, {"readdir"}, {"ratio", 2}, {"pictures", 0}});
+  bench.report.Row("AddTreeFiles", {times[0], times[1], times[0] / times[1], static_cast<double>(found)});
 }
 
 double MillisecondsToShuffle(int count) {
@@ -91,6 +127,7 @@ void MeasureLists(Bench& bench) {
   const int rounds = bench.quick ? 3 : 9;
   DesktopProcess process;
   MeasureDirectory(bench, process.core, rounds);
+  MeasureTree(bench, process.core, rounds);
   MeasureShuffling(bench, rounds);
   MeasureStore(bench, process.core, rounds);
 }

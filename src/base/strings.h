@@ -183,6 +183,8 @@ inline constexpr ControlText kFitBackdrop{"Bl&urred Picture beside a Fitted One"
                                           "Fill the bars beside a picture that is shown whole."};
 inline constexpr ControlText kCaptionText{"Text &below the Picture:",
                                           "What stands at the bottom of the screen while the file name is shown."};
+inline constexpr ControlText kSubFolders{"Include Sub-&Folders",
+                                         "Show and play what is in the folders inside a directory of the lists, too."};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

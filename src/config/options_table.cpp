@@ -207,6 +207,7 @@ std::vector<ControlRow> Rows() {
       {"chkFitBackdrop", "Frame1(3)", check_box, texts::kFitBackdrop, MoreCheck(1), &kFitBackdrop},
       {"lblCaptionText", "Frame1(3)", label, caption(texts::kCaptionText), MoreLabel(2)},
       {"cboCaptionText", "Frame1(3)", captions, tip(texts::kCaptionText.tip), MoreList(2), &kCaptionText},
+      {"chkSubFolders", "Frame1(3)", check_box, texts::kSubFolders, MoreCheck(3), &kSubFolders},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},

@@ -1,6 +1,7 @@
 #include "playlist/media_collections.h"
 
 #include <bit>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,13 +20,24 @@
 namespace quorvale {
 namespace {
 
-void AddEntry(FileSystem& files, Collection& collection, const std::string& entry, const std::string& mask) {
+std::vector<std::string> PatternsOf(std::string mask) {
+  std::vector<std::string> patterns;
+  for (std::string pattern = CutToken(mask, ';'); !pattern.empty(); pattern = CutToken(mask, ';')) {
+    patterns.push_back(std::move(pattern));
+  }
+  return patterns;
+}
+
+void AddEntry(FileSystem& files, Collection& collection, const std::string& entry, const std::string& mask,
+              bool sub_folders) {
   const PathSyntax syntax = files.Syntax();
   std::string path = EntryPath(entry, syntax);
-  if (!path.empty() && syntax.IsSeparator(path.back())) {
-    AddDirectoryFiles(files, collection, path, mask);
-  } else {
+  if (path.empty() || !syntax.IsSeparator(path.back())) {
     collection.Add(std::move(path));
+  } else if (sub_folders) {
+    AddTreeFiles(files, collection, path, mask);
+  } else {
+    AddDirectoryFiles(files, collection, path, mask);
   }
 }
 
@@ -68,34 +80,52 @@ std::string PictureMask() {
   return mask;
 }
 
-Collection FillFromList(FileSystem& files, const ListBox& list, const std::string& mask) {
+Collection FillFromList(FileSystem& files, const ListBox& list, const std::string& mask, bool sub_folders) {
   Collection collection;
-  for (int i = 0; i < list.ListCount(); ++i) AddEntry(files, collection, list.List(i), mask);
+  for (int i = 0; i < list.ListCount(); ++i) AddEntry(files, collection, list.List(i), mask, sub_folders);
   return collection;
 }
 
 Collection FillFromSettings(CRegSettings& settings, FileSystem& files, const std::string& section,
-                            const std::string& mask) {
+                            const std::string& mask, bool sub_folders) {
   Collection collection;
   for (int counter = 0;; ++counter) {
     const std::string entry =
         settings.GetSetting(section, kFileKeyPrefix + std::to_string(counter), kEndOfList, kHkeyCurrentUser);
     if (entry == kEndOfList) return collection;
-    AddEntry(files, collection, entry, mask);
+    AddEntry(files, collection, entry, mask, sub_folders);
   }
 }
 
 void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::string& directory,
                        const std::string& mask) {
-  std::vector<std::string> patterns;
-  std::string rest = mask;
-  for (std::string pattern = CutToken(rest, ';'); !pattern.empty(); pattern = CutToken(rest, ';')) {
-    patterns.push_back(pattern);
-  }
   try {
-    files.EnumerateFiles(directory, patterns, [&](const std::string& name) { collection.Add(directory + name); });
+    files.EnumerateFiles(directory, PatternsOf(mask),
+                         [&](const std::string& name) { collection.Add(directory + name); });
   } catch (const Failure&) {
     // The drive may be gone. The rest of the list plays.
+  }
+}
+
+void AddTreeFiles(FileSystem& files, Collection& collection, const std::string& directory, const std::string& mask) {
+  const std::vector<std::string> patterns = PatternsOf(mask);
+  const char separator = files.Syntax().separator;
+  std::set<DirectoryId> visited;
+  // The next one is at the back. Recursion could overflow the stack in a deep tree.
+  std::vector<std::string> pending = {directory};
+  while (!pending.empty()) {
+    const std::string folder = std::move(pending.back());
+    pending.pop_back();
+    try {
+      const DirectoryId id = files.IdOf(folder);
+      // Without numbers a loop of links ends where its path becomes too long.
+      if (id.number != 0 && !visited.insert(id).second) continue;
+      const std::vector<std::string> names =
+          files.EnumerateFolder(folder, patterns, [&](const std::string& name) { collection.Add(folder + name); });
+      for (auto name = names.rbegin(); name != names.rend(); ++name) pending.push_back(folder + *name + separator);
+    } catch (const Failure&) {
+      // It may be locked, or gone by now. The rest of the tree plays.
+    }
   }
 }
 

@@ -65,6 +65,8 @@ inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, 
 inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
 inline constexpr OptionRow kFitBackdrop{"FitBackdrop", OptionKind::kFlag, "0"};                // the layout, with `Fit`
 inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCaptionTexts[0], kCaptionTexts};
+// The show's start: directory entries stand for their sub-folders too.
+inline constexpr OptionRow kSubFolders{"SubFolders", OptionKind::kFlag, "0"};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
@@ -73,7 +75,7 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
     &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
-    &kFitBackdrop, &kCaptionText,
+    &kFitBackdrop, &kCaptionText,    &kSubFolders,
 };
 
 // From this one on they stand on the page "More". They are stored only when they change, so that the store stays as it
@@ -99,6 +101,7 @@ class Options {
   bool ShowFileName() const { return IsOn(kShowFileName); }
   bool Stretch() const { return IsOn(kStretch); }
   bool ShowFrame() const { return IsOn(kShowFrame); }
+  bool SubFolders() const { return IsOn(kSubFolders); }
   // Seconds.
   double Interval() const { return Number(kInterval); }
   Colour BackColor() const { return ColourOf(kBackColor); }

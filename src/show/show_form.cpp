@@ -47,16 +47,18 @@ ShowForm::ShowForm(Process& process, std::string name, WindowKind kind, std::str
 void InitShow(Process& process, ShowForm& form) {
   form.tmrSwitch.SetEnabled(false);
   FileSystem& files = process.system.files;
-  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, PictureMask());
-  process.show.SoundList = FillFromSettings(process.Settings, files, kSoundSection, kSoundMask);
+  const bool sub_folders = process.options.SubFolders();
+  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, PictureMask(), sub_folders);
+  process.show.SoundList = FillFromSettings(process.Settings, files, kSoundSection, kSoundMask, sub_folders);
   Begin(process, form);
 }
 
 void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const ListBox& sounds) {
   form.tmrSwitch.SetEnabled(false);
   FileSystem& files = process.system.files;
-  process.show.PictureList = FillFromList(files, pictures, PictureMask());
-  process.show.SoundList = FillFromList(files, sounds, kSoundMask);
+  const bool sub_folders = process.options.SubFolders();
+  process.show.PictureList = FillFromList(files, pictures, PictureMask(), sub_folders);
+  process.show.SoundList = FillFromList(files, sounds, kSoundMask, sub_folders);
   Begin(process, form);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -16,6 +17,15 @@ inline constexpr int kAttributeSystem = 4;
 inline constexpr int kAttributeDirectory = 16;
 inline constexpr int kAttributeArchive = 32;
 
+// Distinguishes a directory from all others, whichever path leads to it. A `number` of 0 means that the file system has
+// no such numbers.
+struct DirectoryId {
+  std::uint64_t volume = 0;
+  std::uint64_t number = 0;
+
+  auto operator<=>(const DirectoryId&) const = default;
+};
+
 // Access to files and directories. Paths are passed to the system unchanged.
 class FileSystem {
  public:
@@ -26,6 +36,15 @@ class FileSystem {
   // directories. Fails with kNotFound or kUnreadable, perhaps after some calls of `found`.
   virtual void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                               const std::function<void(const std::string& name)>& found) = 0;
+
+  // The same, and returns the names of the directories in `directory` in name order, those of links to directories
+  // among them. Skips hidden ones.
+  virtual std::vector<std::string> EnumerateFolder(const std::string& directory,
+                                                   const std::vector<std::string>& patterns,
+                                                   const std::function<void(const std::string& name)>& found) = 0;
+
+  // Links are followed. Fails with kNotFound or kUnreadable.
+  virtual DirectoryId IdOf(const std::string& directory) = 0;
 
   // The long name, without directory, of the file or directory at `path`; empty if there is none or `attributes`
   // excludes it. A path that ends in a separator names a directory, perhaps the root. Fails with kUnreadable if the

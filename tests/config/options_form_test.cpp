@@ -137,16 +137,18 @@ TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
   }
 }
 
-TEST_F(OptionsFormTest, BackdropIsStoredWhenItChanges) {
+TEST_F(OptionsFormTest, AFlagOfThePageMoreIsStoredWhenItChanges) {
   Open();
   form->Find<DropDownList>("cboScaling").UserChoose(1);
   Press("cmdOK");
-  EXPECT_EQ(process.options.Get("FitBackdrop", "none"), "none");
-  for (const char* value : {"1", "0"}) {
-    Open();
-    Check("chkFitBackdrop").UserClick();
-    Press("cmdOK");
-    EXPECT_EQ(process.options.Get("FitBackdrop", "none"), value);
+  for (const std::string key : {"FitBackdrop", "SubFolders"}) {
+    EXPECT_EQ(process.options.Get(key, "none"), "none");
+    for (const char* value : {"1", "0"}) {
+      Open();
+      Check(("chk" + key).c_str()).UserClick();
+      Press("cmdOK");
+      EXPECT_EQ(process.options.Get(key, "none"), value);
+    }
   }
 }
 
@@ -322,8 +324,8 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
   });
-  EXPECT_EQ(*tab_order.rbegin(), 33);
-  EXPECT_THAT(tab_order, SizeIs(34));
+  EXPECT_EQ(*tab_order.rbegin(), 34);
+  EXPECT_THAT(tab_order, SizeIs(35));
 }
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {

@@ -11,6 +11,7 @@
 
 #include "base/failure.h"
 #include "desktop/temporary_directory.h"
+#include "playlist/media_collections.h"
 #include "support/failure_of.h"
 
 namespace quorvale {
@@ -86,6 +87,28 @@ TEST_F(PosixFileSystemTest, ADirectoryThatIsNoneFails) {
                                   std::string("pipe.jpg"), std::string(300, 'x'), std::string("dir.jpg\0x", 9)}) {
     EXPECT_EQ(FailureOf([&] { Enumerate(path, {"*"}); }), FailureNumber::kNotFound) << path;
   }
+}
+
+TEST_F(PosixFileSystemTest, ATreeHasEachRealDirectoryOnce) {
+  std::filesystem::create_directories(directory_.Path("dir.jpg/Deep/deeper"));
+  std::filesystem::create_directory_symlink("../..", directory_.Path("dir.jpg/Deep/loop"));
+  for (const char* name : {"dir.jpg/b.jpg", "dir.jpg/Deep/c.jpg", "dir.jpg/Deep/deeper/d.jpg", ".hidden/e.jpg"}) {
+    directory_.Write(name, "");
+  }
+  const std::string root = directory_.Path() + "/";
+  std::vector<std::string> names;
+  const auto found = [&](const std::string& name) { names.push_back(name); };
+  EXPECT_THAT(files_.EnumerateFolder(root, {"*.jpg"}, found), ElementsAre("dir.jpg", "to-dir.jpg"));
+  EXPECT_THAT(names, ElementsAre("file.jpg", "to-file.jpg"));
+  EXPECT_EQ(files_.IdOf(root + "dir.jpg/"), files_.IdOf(root + "to-dir.jpg/"));
+  for (const std::string& path : {std::string("missing/"), std::string("file.jpg/"), std::string("dir.jpg\0x", 9)}) {
+    EXPECT_EQ(FailureOf([&] { files_.IdOf(root + path); }), FailureNumber::kNotFound) << path;
+  }
+
+  Collection tree;
+  AddTreeFiles(files_, tree, root, "*.jpg");
+  EXPECT_THAT(tree.TakeItems(), ElementsAre(root + "file.jpg", root + "to-file.jpg", root + "dir.jpg/b.jpg",
+                                            root + "dir.jpg/Deep/c.jpg", root + "dir.jpg/Deep/deeper/d.jpg"));
 }
 
 TEST_F(PosixFileSystemTest, FindsWhatTheMaskLetsItFind) {

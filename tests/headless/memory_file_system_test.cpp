@@ -41,6 +41,15 @@ TEST_F(MemoryFileSystemTest, ListsFilesByPatternAndThenByName) {
   EXPECT_THAT(Enumerate(R"(C:\Pics\folder.jpg\)", {"*"}), IsEmpty());
   EXPECT_THAT(Enumerate(R"(C:\Nothing\)", {"*"}), ElementsAre("failure 7"));
 
+  files.AddDirectory(R"(C:\Pics\hidden)", kAttributeHidden);
+  files.AddDirectory(R"(C:\Pics\system)", kAttributeSystem);
+  EXPECT_THAT(
+      files.EnumerateFolder(R"(C:\Pics\)", {"*.bmp"}, [](const std::string& name) { EXPECT_EQ(name, "c.bmp"); }),
+      ElementsAre("deeper", "folder.jpg", "system"));
+  EXPECT_EQ(files.IdOf(R"(C:\pics\deeper\)"), files.IdOf("C:/Pics/Deeper"));
+  EXPECT_NE(files.IdOf(R"(C:\Pics\)"), files.IdOf(R"(C:\Pics\deeper\)"));
+  EXPECT_THROW(files.IdOf(R"(C:\Pics\A.jpg)"), Failure);
+
   files.MakeUnreadable(R"(C:\Pics)", 2);
   EXPECT_THAT(Enumerate(R"(C:\Pics\)", {"*"}), ElementsAre("A.jpg", "b.JPG", "failure 8"));
   files.Remove(R"(C:\Pics\deeper)");

@@ -57,6 +57,32 @@ TEST_F(MediaCollectionsTest, ADirectoryThatCantBeReadCostsItsOwnFilesAlone) {
   EXPECT_THAT(PicturesOf({"C:\\d\\", "C:\\y.jpg"}), ElementsAre("C:\\d\\c.bmp", "C:\\y.jpg"));
 }
 
+TEST_F(MediaCollectionsTest, ATreeComesDepthFirstAndEachDirectoryOnce) {
+  for (const char* name :
+       {"b.jpg", "a.bmp", "B\\z.jpg", "B\\A\\x.jpg", "B\\loop\\x.jpg", "a\\1.gif", "a\\2.txt", "a_\\1.gif",
+        "again\\1.gif", "locked\\1.gif", "locked\\2.gif", "locked\\below\\1.gif", "z\\song.wav"}) {
+    desktop.files.AddFile(std::string("C:\\t\\") + name);
+  }
+  for (const int attribute : {kAttributeHidden, kAttributeSystem}) {
+    const std::string folder = "C:\\t\\z\\with attribute " + std::to_string(attribute);
+    desktop.files.AddDirectory(folder, attribute);
+    desktop.files.AddFile(folder + "\\x.jpg");
+  }
+  desktop.files.MakeSame("C:\\t\\B\\loop", "C:\\t");
+  desktop.files.MakeSame("C:\\t\\again", "C:\\t\\a");
+  desktop.files.MakeUnreadable("C:\\t\\locked", 1);
+  const auto tree = [&](const std::vector<std::string>& entries, const std::string& mask) {
+    Store("Trees", entries);
+    return FillFromSettings(process.Settings, desktop.files, "Trees", mask, true).TakeItems();
+  };
+  EXPECT_THAT(tree({"C:\\t\\", "C:\\t\\z\\x.txt"}, PictureMask()),
+              ElementsAre("C:\\t\\a.bmp", "C:\\t\\b.jpg", "C:\\t\\a\\1.gif", "C:\\t\\a_\\1.gif", "C:\\t\\B\\z.jpg",
+                          "C:\\t\\B\\A\\x.jpg", "C:\\t\\locked\\1.gif", "C:\\t\\z\\with attribute 4\\x.jpg",
+                          "C:\\t\\z\\x.txt"));
+  EXPECT_THAT(tree({"C:\\t\\", "C:\\gone\\", "C:\\t\\z\\"}, kSoundMask),
+              ElementsAre("C:\\t\\z\\song.wav", "C:\\t\\z\\song.wav"));
+}
+
 TEST_F(MediaCollectionsTest, AListBoxMayHoldTheEndMarkAndEverythingElse) {
   Form form(process.app, "Lists", WindowKind::kDialog, "Lists");
   ListBox list(form, {.name = "lstList"});

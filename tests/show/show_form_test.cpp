@@ -52,6 +52,21 @@ TEST_F(StartShowTest, InitShowTakesStoreOrListBoxes) {
   EXPECT_THAT(process.show.SoundList.TakeItems(), IsEmpty());
 }
 
+TEST_F(StartShowTest, SubFoldersAddsToBothLists) {
+  desktop.files.AddFile("C:\\d\\below\\b.jpg");
+  desktop.files.AddFile("C:\\d\\below\\b.wav");
+  for (const char* section : {"PictureFiles", "SoundFiles"}) Store(section, {"C:\\d\\"});
+  for (ListBox* list : {&form->pictures, &form->sounds}) list->AddItem(MakeListEntry("C:\\d\\", "C:\\d\\"));
+  for (const auto& [value, count] : {std::pair{"", 1}, {"0", 1}, {"2", 1}, {"on", 1}, {"1", 2}}) {
+    process.options.Set("SubFolders", value);
+    for (const bool from_store : {true, false}) {
+      from_store ? InitShow(process, *form) : InitShow(process, *form, form->pictures, form->sounds);
+      EXPECT_EQ(process.show.PictureList.Count(), count) << value;
+      EXPECT_EQ(process.show.SoundList.Count(), count) << value;
+    }
+  }
+}
+
 TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   InitShow(process, *form);
   EXPECT_EQ(process.show.TransitionSpeed, 20);

@@ -46,6 +46,27 @@ void MemoryFileSystem::EnumerateFiles(const std::string& directory, const std::v
   if (fails) throw Unreadable(directory);
 }
 
+std::vector<std::string> MemoryFileSystem::EnumerateFolder(const std::string& directory,
+                                                           const std::vector<std::string>& patterns,
+                                                           const std::function<void(const std::string& name)>& found) {
+  EnumerateFiles(directory, patterns, found);
+  std::vector<std::string> folders;
+  for (const Entry* const entry : EntriesOf(directory)) {
+    if (entry->IsDirectory() && Finds(kAttributeDirectory | kAttributeSystem, entry->attributes)) {
+      folders.push_back(entry->name);
+    }
+  }
+  return folders;
+}
+
+DirectoryId MemoryFileSystem::IdOf(const std::string& directory) {
+  const Entry* const entry = Find(directory);
+  if (entry == nullptr || !entry->IsDirectory()) {
+    throw Failure(FailureNumber::kNotFound, "No such directory: " + directory, "MemoryFileSystem");
+  }
+  return {.volume = 0, .number = entry->number};
+}
+
 std::string MemoryFileSystem::FindFile(const std::string& path, int attributes) {
   if (failures.Next(FileCall::kFind)) throw Unreadable(path);
   if (!path.empty() && IsSeparator(path.back())) {
@@ -122,6 +143,10 @@ void MemoryFileSystem::SetShortName(const std::string& path, const std::string& 
   tree_.at(Normalised(path)).short_name = name;
 }
 
+void MemoryFileSystem::MakeSame(const std::string& path, const std::string& other) {
+  tree_.at(Normalised(path)).number = tree_.at(Normalised(other)).number;
+}
+
 void MemoryFileSystem::Remove(const std::string& path) {
   const std::string gone = Normalised(path);
   std::erase_if(tree_, [&gone](const auto& item) { return item.first == gone || item.first.starts_with(gone + "/"); });
@@ -195,7 +220,7 @@ MemoryFileSystem::Entry& MemoryFileSystem::Add(const std::string& path, int attr
   const std::string parent = ParentOf(trimmed);
   if (!parent.empty() && Find(parent) == nullptr) AddDirectory(parent);
   Entry& entry = tree_[Normalised(trimmed)];
-  entry = {.name = NameOf(trimmed), .short_name = {}, .content = {}, .attributes = attributes};
+  entry = {.name = NameOf(trimmed), .short_name = {}, .content = {}, .attributes = attributes, .number = ++added_};
   return entry;
 }
 

@@ -23,6 +23,9 @@ class MemoryFileSystem : public FileSystem {
  public:
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                       const std::function<void(const std::string& name)>& found) override;
+  std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
+                                           const std::function<void(const std::string& name)>& found) override;
+  DirectoryId IdOf(const std::string& directory) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
@@ -41,6 +44,8 @@ class MemoryFileSystem : public FileSystem {
   void AddDirectory(const std::string& path, int attributes = kAttributeDirectory);
   // Sets the short form of the path's last element.
   void SetShortName(const std::string& path, const std::string& name);
+  // Makes both paths name one directory, as links do. Their contents stay apart.
+  void MakeSame(const std::string& path, const std::string& other);
   // Removes a file, or a directory with its contents.
   void Remove(const std::string& path);
 
@@ -64,6 +69,7 @@ class MemoryFileSystem : public FileSystem {
     std::string short_name;
     std::string content;
     int attributes = 0;
+    std::uint64_t number = 0;
     int readable_names = -1;  // -1: readable
 
     bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }
@@ -84,6 +90,7 @@ class MemoryFileSystem : public FileSystem {
 
   PathSyntax syntax_;
   Tree tree_;
+  std::uint64_t added_ = 0;
   std::vector<std::string> enumerated_;
   std::size_t most_read_ = 0;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> ini_;

@@ -47,6 +47,28 @@ TEST_F(Win32FileSystemTest, ListsPlainFilesByPatternInNameOrder) {
   EXPECT_THAT(Enumerate(directory_.Path(), {"*.wav"}), IsEmpty());
 }
 
+TEST_F(Win32FileSystemTest, FoldersHaveNamesAndIdentities) {
+  const std::string hidden = directory_.MakeDirectory("hidden");
+  const std::string system = directory_.MakeDirectory("Empty");
+  SetFileAttributesA(hidden.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+  SetFileAttributesA(system.c_str(), FILE_ATTRIBUTE_SYSTEM);
+  std::vector<std::string> names;
+  const auto found = [&](const std::string& name) { names.push_back(name); };
+  EXPECT_THAT(files_.EnumerateFolder(directory_.Path(), {"*.bmp"}, found), ElementsAre("directory.jpg", "Empty"));
+  EXPECT_THAT(names, ElementsAre("d.bmp"));
+  EXPECT_THAT(files_.EnumerateFolder(system + "\\", {"*"}, found), IsEmpty());
+  SetFileAttributesA(hidden.c_str(), FILE_ATTRIBUTE_NORMAL);
+  SetFileAttributesA(system.c_str(), FILE_ATTRIBUTE_NORMAL);
+
+  EXPECT_NE(files_.IdOf("C:\\").number, 0U);
+  EXPECT_NE(files_.IdOf(directory_.Path()), files_.IdOf(hidden + "\\"));
+  EXPECT_EQ(files_.IdOf(directory_.Path()), files_.IdOf(hidden + "\\..\\"));
+  EXPECT_EQ(files_.IdOf(directory_.Path("DIRECTORY.JPG\\")), files_.IdOf(directory_.Path("directory.jpg\\")));
+  for (const std::string& path : {directory_.Path("none\\"), directory_.Path() + '\0' + "\\"}) {
+    EXPECT_EQ(FailureOf([&] { files_.IdOf(path); }), FailureNumber::kNotFound) << path;
+  }
+}
+
 TEST_F(Win32FileSystemTest, AMissingDirectoryFails) {
   for (const std::string& path : {directory_.Path("none\\"), directory_.Path("e.txt\\"), std::string("Z:\\none\\"),
                                   directory_.Path() + '\0' + "\\"}) {

@@ -44,15 +44,33 @@ std::optional<mode_t> TypeOf(const std::string& path) {
   return std::nullopt;
 }
 
-bool IsPlainFile(int directory, const dirent& entry) {
-  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type == DT_REG;
+// DT_REG, DT_DIR or another. Links are followed. Only links take a system call, and what file systems that don't keep
+// the types have.
+int EntryType(int directory, const dirent& entry) {
+  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return entry.d_type;
   struct stat status {};
-  return fstatat(directory, entry.d_name, &status, 0) == 0 && S_ISREG(status.st_mode);
+  if (fstatat(directory, entry.d_name, &status, 0) != 0) return DT_UNKNOWN;
+  return IFTODT(status.st_mode);
 }
 
-bool MayBePlainFile(const dirent& entry) {
-  const bool is_hidden = entry.d_name[0] == '.';
-  return !is_hidden && (entry.d_type == DT_REG || entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN);
+// Adds the plain files of a directory to `files`, and its sub-folders to `folders` unless that is null.
+void ReadDirectory(const std::string& path, DirectoryListing& files, DirectoryListing* folders) {
+  if (path.find('\0') != std::string::npos) Fail(ENOENT, path);
+  const std::unique_ptr<DIR, DirectoryCloser> opened(opendir(path.c_str()));
+  if (opened == nullptr) Fail(errno, path);
+  while (true) {
+    errno = 0;
+    const dirent* const entry = readdir(opened.get());
+    if (entry == nullptr) break;
+    if (entry->d_name[0] == '.') continue;
+    const int type = folders != nullptr ? EntryType(dirfd(opened.get()), *entry) : entry->d_type;
+    if (type != DT_DIR) {
+      files.Add(entry->d_name, [&] { return type == DT_REG || EntryType(dirfd(opened.get()), *entry) == DT_REG; });
+    } else if (folders != nullptr) {
+      folders->Add(entry->d_name, [] { return true; });
+    }
+  }
+  if (errno != 0) Fail(errno, path);
 }
 
 bool IsHidden(std::string_view name) { return name.starts_with('.') && name != "." && name != ".."; }
@@ -71,19 +89,28 @@ PosixFileSystem::PosixFileSystem(std::string settings_directory, std::string sav
 
 void PosixFileSystem::EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                                      const std::function<void(const std::string& name)>& found) {
+  DirectoryListing files(patterns);
+  ReadDirectory(directory, files, nullptr);
+  files.Report(found);
+}
+
+std::vector<std::string> PosixFileSystem::EnumerateFolder(const std::string& directory,
+                                                          const std::vector<std::string>& patterns,
+                                                          const std::function<void(const std::string& name)>& found) {
+  DirectoryListing files(patterns);
+  DirectoryListing folders({"*"});
+  ReadDirectory(directory, files, &folders);
+  files.Report(found);
+  std::vector<std::string> names;
+  folders.Report([&names](const std::string& name) { names.push_back(name); });
+  return names;
+}
+
+DirectoryId PosixFileSystem::IdOf(const std::string& directory) {
+  struct stat status {};
   if (directory.find('\0') != std::string::npos) Fail(ENOENT, directory);
-  const std::unique_ptr<DIR, DirectoryCloser> opened(opendir(directory.c_str()));
-  if (opened == nullptr) Fail(errno, directory);
-  DirectoryListing listing(patterns);
-  while (true) {
-    errno = 0;
-    const dirent* entry = readdir(opened.get());
-    if (entry == nullptr) break;
-    if (!MayBePlainFile(*entry)) continue;
-    listing.Add(entry->d_name, [&] { return IsPlainFile(dirfd(opened.get()), *entry); });
-  }
-  if (errno != 0) Fail(errno, directory);
-  listing.Report(found);
+  if (stat(directory.c_str(), &status) != 0) Fail(errno, directory);
+  return {.volume = status.st_dev, .number = status.st_ino};
 }
 
 std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {

@@ -22,6 +22,11 @@ class PosixFileSystem : public FileSystem {
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                       const std::function<void(const std::string& name)>& found) override;
 
+  // A folder with a leading dot is hidden.
+  std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
+                                           const std::function<void(const std::string& name)>& found) override;
+  DirectoryId IdOf(const std::string& directory) override;
+
   // No wildcards. A directory whose path ends in a separator is not hidden.
   std::string FindFile(const std::string& path, int attributes) override;
 

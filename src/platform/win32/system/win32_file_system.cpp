@@ -30,6 +30,7 @@ class FileSearch {
     constexpr DWORD kMasked = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
     return (entry_.dwFileAttributes & kMasked & ~static_cast<DWORD>(attributes)) == 0;
   }
+  bool IsDirectory() const { return (entry_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
   void Next() { SetState(FindNextFileW(search_, &entry_) != 0); }
 
   // The system's error number if there is no entry, or no further one.
@@ -58,9 +59,20 @@ class FileSearch {
   DWORD error_ = ERROR_SUCCESS;
 };
 
+// Nothing found is no failure: the directory has no such entry.
+void CheckEnd(const FileSearch& search, const std::string& directory) {
+  if (search.Error() == ERROR_NO_MORE_FILES || search.Error() == ERROR_FILE_NOT_FOUND) return;
+  throw FileFailure(search.Error(), directory, FailureNumber::kUnreadable);
+}
+
 bool IsBefore(const std::wstring& a, const std::wstring& b) {
   return CompareStringOrdinal(a.c_str(), static_cast<int>(a.size()), b.c_str(), static_cast<int>(b.size()), TRUE) ==
          CSTR_LESS_THAN;
+}
+
+// NTFS returns names in order, FAT does not.
+void Sort(std::vector<std::wstring>& names) {
+  if (!std::is_sorted(names.begin(), names.end(), IsBefore)) std::sort(names.begin(), names.end(), IsBefore);
 }
 
 std::wstring InCodePage(const std::string& bytes, UINT code_page) {
@@ -99,14 +111,45 @@ void Win32FileSystem::EnumerateFiles(const std::string& directory, const std::ve
     for (; search.HasEntry(); search.Next()) {
       if (search.IsIncludedBy(kAttributeNormal)) names.emplace_back(search.Name());
     }
-    // NTFS returns names in order, FAT does not.
-    if (!std::is_sorted(names.begin(), names.end(), IsBefore)) std::sort(names.begin(), names.end(), IsBefore);
+    Sort(names);
     for (const std::wstring& name : names) found(FromWide(name));
-    // Nothing found is no failure: the directory has no such file.
-    if (search.Error() != ERROR_NO_MORE_FILES && search.Error() != ERROR_FILE_NOT_FOUND) {
-      throw FileFailure(search.Error(), directory, FailureNumber::kUnreadable);
-    }
+    CheckEnd(search, directory);
   }
+}
+
+std::vector<std::string> Win32FileSystem::EnumerateFolder(const std::string& directory,
+                                                          const std::vector<std::string>& patterns,
+                                                          const std::function<void(const std::string& name)>& found) {
+  EnumerateFiles(directory, patterns, found);
+  std::vector<std::wstring> names;
+  FileSearch search(directory + "*");
+  for (; search.HasEntry(); search.Next()) {
+    const std::wstring_view name = search.Name();
+    if (!search.IsDirectory() || !search.IsIncludedBy(kAttributeDirectory | kAttributeSystem)) continue;
+    if (name != L"." && name != L"..") names.emplace_back(name);
+  }
+  CheckEnd(search, directory);
+  Sort(names);
+  std::vector<std::string> folders;
+  folders.reserve(names.size());
+  for (const std::wstring& name : names) folders.push_back(FromWide(name));
+  return folders;
+}
+
+DirectoryId Win32FileSystem::IdOf(const std::string& directory) {
+  if (directory.find('\0') != std::string::npos) {
+    throw FileFailure(ERROR_INVALID_NAME, directory, FailureNumber::kUnreadable);
+  }
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  // The flag opens directories too.
+  const Handle opened(
+      CreateFileW(ToWide(directory).c_str(), 0, kShared, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (!opened.IsOpen() || GetFileInformationByHandle(opened.Get(), &information) == 0) {
+    throw FileFailure(GetLastError(), directory, FailureNumber::kUnreadable);
+  }
+  return {.volume = information.dwVolumeSerialNumber,
+          .number = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
 }
 
 std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {

@@ -10,6 +10,10 @@ class Win32FileSystem : public FileSystem {
  public:
   void EnumerateFiles(const std::string& directory, const std::vector<std::string>& patterns,
                       const std::function<void(const std::string& name)>& found) override;
+  // A folder with the hidden attribute is hidden. The system attribute alone marks those with an icon of their own.
+  std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
+                                           const std::function<void(const std::string& name)>& found) override;
+  DirectoryId IdOf(const std::string& directory) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   std::string ReadFile(const std::string& path, std::size_t most) override;
