@@ -82,6 +82,17 @@ void MeasureTree(Bench& bench, Process& core, int rounds) {
   bench.report.Row("AddTreeFiles", {times[0], times[1], times[0] / times[1], static_cast<double>(found)});
 }
 
+void MeasureDates(Bench& bench, Process& core, int rounds) {
+  Collection found;
+  AddTreeFiles(core.system.files, found, DirectoryOfFiles(kFiles, kFolders) + "/", "*");
+  const auto sort = [&] {
+    Collection collection = found;
+    return MillisecondsOf([&] { SortByDate(core.system.files, collection, true); });
+  };
+  bench.report.Begin("The order of 100,000 files by date, ms", {{"sort"}, {"files", 0}});
+  bench.report.Row("SortByDate", {AlternatingMedians(rounds, {sort})[0], static_cast<double>(found.Count())});
+}
+
 double MillisecondsToShuffle(int count) {
   std::vector<std::string> paths;
   paths.reserve(static_cast<std::size_t>(count));
@@ -128,6 +139,7 @@ void MeasureLists(Bench& bench) {
   DesktopProcess process;
   MeasureDirectory(bench, process.core, rounds);
   MeasureTree(bench, process.core, rounds);
+  MeasureDates(bench, process.core, rounds);
   MeasureShuffling(bench, rounds);
   MeasureStore(bench, process.core, rounds);
 }

@@ -185,6 +185,8 @@ inline constexpr ControlText kCaptionText{"Text &below the Picture:",
                                           "What stands at the bottom of the screen while the file name is shown."};
 inline constexpr ControlText kSubFolders{"Include Sub-&Folders",
                                          "Show and play what is in the folders inside a directory of the lists, too."};
+inline constexpr ControlText kOrder{"Or&der of the Pictures:",
+                                    "Sort the pictures by the dates of their files, unless their order is random."};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

@@ -175,6 +175,7 @@ std::vector<ControlRow> Rows() {
   const Maker effects = A<DropDownList>(EffectNames());
   const Maker scalings = A<DropDownList>(Names(kScalings));
   const Maker captions = A<DropDownList>(Names(kCaptionTexts));
+  const Maker orders = A<DropDownList>(Names(kOrders));
   const Maker speed = A<Slider>(kSlowest, kFastest);
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
@@ -208,6 +209,8 @@ std::vector<ControlRow> Rows() {
       {"lblCaptionText", "Frame1(3)", label, caption(texts::kCaptionText), MoreLabel(2)},
       {"cboCaptionText", "Frame1(3)", captions, tip(texts::kCaptionText.tip), MoreList(2), &kCaptionText},
       {"chkSubFolders", "Frame1(3)", check_box, texts::kSubFolders, MoreCheck(3), &kSubFolders},
+      {"lblOrder", "Frame1(3)", label, caption(texts::kOrder), MoreLabel(4)},
+      {"cboOrder", "Frame1(3)", orders, tip(texts::kOrder.tip), MoreList(4), &kOrder},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},

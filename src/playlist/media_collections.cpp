@@ -1,6 +1,9 @@
 #include "playlist/media_collections.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -127,6 +130,23 @@ void AddTreeFiles(FileSystem& files, Collection& collection, const std::string& 
       // It may be locked, or gone by now. The rest of the tree plays.
     }
   }
+}
+
+void SortByDate(FileSystem& files, Collection& collection, bool newest_first) {
+  struct DatedPath {
+    std::optional<std::int64_t> date;
+    std::string path;
+  };
+  std::vector<DatedPath> dated;
+  for (std::string& path : collection.TakeItems()) {
+    const std::optional<std::int64_t> date = files.ModifiedAt(path);
+    dated.push_back({date, std::move(path)});
+  }
+  std::ranges::stable_sort(dated, [newest_first](const DatedPath& a, const DatedPath& b) {
+    if (!a.date || !b.date) return a.date.has_value() && !b.date.has_value();
+    return newest_first ? *a.date > *b.date : *a.date < *b.date;
+  });
+  for (DatedPath& item : dated) collection.Add(std::move(item.path));
 }
 
 void ShuffleCollection(Collection& collection, Random& random) {

@@ -40,6 +40,10 @@ void AddDirectoryFiles(FileSystem& files, Collection& collection, const std::str
 // counts. A directory that can't be read is left out.
 void AddTreeFiles(FileSystem& files, Collection& collection, const std::string& directory, const std::string& mask);
 
+// Orders a collection by the date of the files. Files without a date come last. Those with the same date, and those
+// without one, keep their order.
+void SortByDate(FileSystem& files, Collection& collection, bool newest_first);
+
 // Puts a collection into random order by drawing entries without replacement. The draw is uneven: those at either
 // end of the remaining entries come up half as often as the others.
 void ShuffleCollection(Collection& collection, Random& random);

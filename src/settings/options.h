@@ -45,6 +45,14 @@ inline constexpr const char* kScalings[] = {"As Set Under Pictures", "Fit", "Fil
 enum class CaptionText { kFileName, kDateTaken, kFileNameAndDate };
 inline constexpr const char* kCaptionTexts[] = {"File Name", "Date Taken", "File Name and Date"};
 
+// Which pictures come first.
+enum class Order {
+  kAsListed,
+  kNewestFirst,  // by the date of the file
+  kOldestFirst,
+};
+inline constexpr const char* kOrders[] = {"As Listed", "Newest First", "Oldest First"};
+
 // The options. The comments name the readers.
 
 inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
@@ -67,6 +75,8 @@ inline constexpr OptionRow kFitBackdrop{"FitBackdrop", OptionKind::kFlag, "0"}; 
 inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCaptionTexts[0], kCaptionTexts};
 // The show's start: directory entries stand for their sub-folders too.
 inline constexpr OptionRow kSubFolders{"SubFolders", OptionKind::kFlag, "0"};
+// The show's start, unless `PicRandom` is on.
+inline constexpr OptionRow kOrder{"Order", OptionKind::kChoice, kOrders[0], kOrders};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
@@ -75,7 +85,7 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
     &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
-    &kFitBackdrop, &kCaptionText,    &kSubFolders,
+    &kFitBackdrop, &kCaptionText,    &kSubFolders,         &kOrder,
 };
 
 // From this one on they stand on the page "More". They are stored only when they change, so that the store stays as it
@@ -102,6 +112,7 @@ class Options {
   bool Stretch() const { return IsOn(kStretch); }
   bool ShowFrame() const { return IsOn(kShowFrame); }
   bool SubFolders() const { return IsOn(kSubFolders); }
+  Order OrderChoice() const { return static_cast<Order>(Choice(kOrder)); }
   // Seconds.
   double Interval() const { return Number(kInterval); }
   Colour BackColor() const { return ColourOf(kBackColor); }

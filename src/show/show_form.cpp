@@ -14,6 +14,12 @@ constexpr int kDesignInterval = 400;  // milliseconds
 
 constexpr int kFirstTickMilliseconds = 500;
 
+void SortPictures(Process& process) {
+  const Order order = process.options.OrderChoice();
+  if (order == Order::kAsListed) return;
+  SortByDate(process.system.files, process.show.PictureList, order == Order::kNewestFirst);
+}
+
 void Shuffle(Process& process, Collection& collection) {
   process.random.Seed(process.system.host.ClockSeed());
   ShuffleCollection(collection, process.random);
@@ -24,7 +30,11 @@ void Begin(Process& process, ShowForm& form) {
   const Colour background = process.options.BackColor();
   form.PicBase.SetBackColor(background);
   form.PicBase.SetFillColor(background);
-  if (process.options.PicRandom()) Shuffle(process, process.show.PictureList);
+  if (process.options.PicRandom()) {
+    Shuffle(process, process.show.PictureList);
+  } else {
+    SortPictures(process);
+  }
   if (process.options.SoundRandom()) Shuffle(process, process.show.SoundList);
   form.tmrSwitch.SetInterval(kFirstTickMilliseconds);
   form.tmrSwitch.SetEnabled(true);

@@ -125,7 +125,8 @@ TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
     std::vector<std::string> items;
   };
   for (const Case& c : {Case{"Scaling", "cboScaling", {"As Set Under Pictures", "Fit", "Fill"}},
-                        Case{"CaptionText", "cboCaptionText", {"File Name", "Date Taken", "File Name and Date"}}}) {
+                        Case{"CaptionText", "cboCaptionText", {"File Name", "Date Taken", "File Name and Date"}},
+                        Case{"Order", "cboOrder", {"As Listed", "Newest First", "Oldest First"}}}) {
     EXPECT_EQ(Open().Find<DropDownList>(c.list).Items(), c.items);
     Press("cmdOK");
     EXPECT_EQ(process.options.Get(c.key, "none"), "none");
@@ -324,8 +325,8 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
   });
-  EXPECT_EQ(*tab_order.rbegin(), 34);
-  EXPECT_THAT(tab_order, SizeIs(35));
+  EXPECT_EQ(*tab_order.rbegin(), 36);
+  EXPECT_THAT(tab_order, SizeIs(37));
 }
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {

@@ -1,5 +1,6 @@
 #include "platform/desktop/system/posix_file_system.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -109,6 +110,17 @@ TEST_F(PosixFileSystemTest, ATreeHasEachRealDirectoryOnce) {
   AddTreeFiles(files_, tree, root, "*.jpg");
   EXPECT_THAT(tree.TakeItems(), ElementsAre(root + "file.jpg", root + "to-file.jpg", root + "dir.jpg/b.jpg",
                                             root + "dir.jpg/Deep/c.jpg", root + "dir.jpg/Deep/deeper/d.jpg"));
+}
+
+TEST_F(PosixFileSystemTest, FilesHaveTheDateOfTheirLastChange) {
+  for (const auto& [name, seconds] : {std::pair{"early", 1}, {"late", 2'000'000'000}, {"before", -1}}) {
+    directory_.Write(name, "");
+    const timespec times[] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, {.tv_sec = seconds, .tv_nsec = 700}};
+    utimensat(AT_FDCWD, directory_.Path(name).c_str(), times, 0);
+    EXPECT_EQ(files_.ModifiedAt(directory_.Path(name)), seconds * std::int64_t{10'000'000} + 7);
+  }
+  EXPECT_EQ(files_.ModifiedAt(directory_.Path("to-file.jpg")), files_.ModifiedAt(directory_.Path("file.jpg")));
+  EXPECT_EQ(files_.ModifiedAt(directory_.Path("missing")), std::nullopt);
 }
 
 TEST_F(PosixFileSystemTest, FindsWhatTheMaskLetsItFind) {

@@ -83,6 +83,21 @@ TEST_F(MediaCollectionsTest, ATreeComesDepthFirstAndEachDirectoryOnce) {
               ElementsAre("C:\\t\\z\\song.wav", "C:\\t\\z\\song.wav"));
 }
 
+TEST_F(MediaCollectionsTest, DatesOrderAListAndFilesWithoutOneComeLast) {
+  const std::pair<const char*, std::int64_t> dates[] = {
+      {"C:\\d\\a.jpg", 2}, {"C:\\d\\c.bmp", -1}, {"C:\\d\\b.JPG", 2}, {"C:\\d\\f.gif", 3}};
+  for (const auto& [path, date] : dates) desktop.files.SetDate(path, date);
+  const auto sorted = [&](bool newest_first) {
+    Collection collection({"C:\\gone", "C:\\d\\b.JPG", "C:\\d\\c.bmp", "C:\\d\\e.txt", "C:\\d\\f.gif", "C:\\d\\a.jpg"});
+    SortByDate(desktop.files, collection, newest_first);
+    return collection.TakeItems();
+  };
+  EXPECT_THAT(sorted(true),
+              ElementsAre("C:\\d\\f.gif", "C:\\d\\b.JPG", "C:\\d\\a.jpg", "C:\\d\\c.bmp", "C:\\gone", "C:\\d\\e.txt"));
+  EXPECT_THAT(sorted(false),
+              ElementsAre("C:\\d\\c.bmp", "C:\\d\\b.JPG", "C:\\d\\a.jpg", "C:\\d\\f.gif", "C:\\gone", "C:\\d\\e.txt"));
+}
+
 TEST_F(MediaCollectionsTest, AListBoxMayHoldTheEndMarkAndEverythingElse) {
   Form form(process.app, "Lists", WindowKind::kDialog, "Lists");
   ListBox list(form, {.name = "lstList"});

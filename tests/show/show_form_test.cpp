@@ -67,6 +67,30 @@ TEST_F(StartShowTest, SubFoldersAddsToBothLists) {
   }
 }
 
+TEST_F(StartShowTest, OrderSortsThePicturesUnlessTheyAreRandom) {
+  std::vector<std::string> listed;
+  for (int i = 0; i < 20; ++i) {
+    listed.push_back("C:\\" + std::to_string(i));
+    desktop.files.AddFile(listed.back());
+    desktop.files.SetDate(listed.back(), i);
+  }
+  for (const char* section : {"PictureFiles", "SoundFiles"}) Store(section, listed);
+  const std::vector<std::string> reversed(listed.rbegin(), listed.rend());
+  for (const auto& [value, pictures] : {std::pair{"", listed}, {"newest first", listed}, {"Newest First", reversed}}) {
+    process.options.Set("Order", value);
+    InitShow(process, *form);
+    EXPECT_EQ(process.show.PictureList.TakeItems(), pictures) << value;
+    EXPECT_EQ(process.show.SoundList.TakeItems(), listed);
+  }
+  const auto random = [&](const char* order) {
+    process.options.Set("PicRandom", "1");
+    process.options.Set("Order", order);
+    InitShow(process, *form);
+    return process.show.PictureList.TakeItems();
+  };
+  EXPECT_EQ(random("Oldest First"), random("Newest First"));
+}
+
 TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   InitShow(process, *form);
   EXPECT_EQ(process.show.TransitionSpeed, 20);

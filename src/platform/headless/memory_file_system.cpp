@@ -67,6 +67,11 @@ DirectoryId MemoryFileSystem::IdOf(const std::string& directory) {
   return {.volume = 0, .number = entry->number};
 }
 
+std::optional<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) {
+  const Entry* const entry = Find(path);
+  return entry != nullptr ? entry->modified_at : std::nullopt;
+}
+
 std::string MemoryFileSystem::FindFile(const std::string& path, int attributes) {
   if (failures.Next(FileCall::kFind)) throw Unreadable(path);
   if (!path.empty() && IsSeparator(path.back())) {
@@ -141,6 +146,10 @@ void MemoryFileSystem::AddDirectory(const std::string& path, int attributes) {
 
 void MemoryFileSystem::SetShortName(const std::string& path, const std::string& name) {
   tree_.at(Normalised(path)).short_name = name;
+}
+
+void MemoryFileSystem::SetDate(const std::string& path, std::int64_t modified_at) {
+  tree_.at(Normalised(path)).modified_at = modified_at;
 }
 
 void MemoryFileSystem::MakeSame(const std::string& path, const std::string& other) {

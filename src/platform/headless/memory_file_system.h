@@ -26,6 +26,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
                                            const std::function<void(const std::string& name)>& found) override;
   DirectoryId IdOf(const std::string& directory) override;
+  std::optional<std::int64_t> ModifiedAt(const std::string& path) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
@@ -44,6 +45,8 @@ class MemoryFileSystem : public FileSystem {
   void AddDirectory(const std::string& path, int attributes = kAttributeDirectory);
   // Sets the short form of the path's last element.
   void SetShortName(const std::string& path, const std::string& name);
+  // Files have no date until they get one.
+  void SetDate(const std::string& path, std::int64_t modified_at);
   // Makes both paths name one directory, as links do. Their contents stay apart.
   void MakeSame(const std::string& path, const std::string& other);
   // Removes a file, or a directory with its contents.
@@ -70,6 +73,7 @@ class MemoryFileSystem : public FileSystem {
     std::string content;
     int attributes = 0;
     std::uint64_t number = 0;
+    std::optional<std::int64_t> modified_at = {};
     int readable_names = -1;  // -1: readable
 
     bool IsDirectory() const { return (attributes & kAttributeDirectory) != 0; }

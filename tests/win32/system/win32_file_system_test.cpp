@@ -69,6 +69,16 @@ TEST_F(Win32FileSystemTest, FoldersHaveNamesAndIdentities) {
   }
 }
 
+TEST_F(Win32FileSystemTest, FilesHaveTheDateOfTheirLastChange) {
+  const std::string path = directory_.Write("dated.jpg", "");
+  const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  const FILETIME time = {.dwLowDateTime = 50, .dwHighDateTime = 0x01D00000};
+  EXPECT_NE(SetFileTime(file, nullptr, nullptr, &time), 0);
+  CloseHandle(file);
+  EXPECT_EQ(files_.ModifiedAt(path), 0x01D0000000000032);
+  EXPECT_EQ(files_.ModifiedAt(directory_.Path("none")), std::nullopt);
+}
+
 TEST_F(Win32FileSystemTest, AMissingDirectoryFails) {
   for (const std::string& path : {directory_.Path("none\\"), directory_.Path("e.txt\\"), std::string("Z:\\none\\"),
                                   directory_.Path() + '\0' + "\\"}) {

@@ -4,9 +4,12 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -111,6 +114,15 @@ DirectoryId PosixFileSystem::IdOf(const std::string& directory) {
   if (directory.find('\0') != std::string::npos) Fail(ENOENT, directory);
   if (stat(directory.c_str(), &status) != 0) Fail(errno, directory);
   return {.volume = status.st_dev, .number = status.st_ino};
+}
+
+std::optional<std::int64_t> PosixFileSystem::ModifiedAt(const std::string& path) {
+  constexpr std::int64_t kUnitsPerSecond = 10'000'000;
+  constexpr std::int64_t kMostSeconds = std::numeric_limits<std::int64_t>::max() / kUnitsPerSecond - 1;
+  struct stat status {};
+  if (path.find('\0') != std::string::npos || stat(path.c_str(), &status) != 0) return std::nullopt;
+  const auto seconds = std::clamp<std::int64_t>(status.st_mtim.tv_sec, -kMostSeconds, kMostSeconds);
+  return seconds * kUnitsPerSecond + status.st_mtim.tv_nsec / 100;
 }
 
 std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {

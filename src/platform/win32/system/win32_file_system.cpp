@@ -152,6 +152,13 @@ DirectoryId Win32FileSystem::IdOf(const std::string& directory) {
           .number = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
 }
 
+std::optional<std::int64_t> Win32FileSystem::ModifiedAt(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  const bool is_cut = path.find('\0') != std::string::npos;
+  if (is_cut || GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) == 0) return std::nullopt;
+  return std::int64_t{data.ftLastWriteTime.dwHighDateTime} << 32 | data.ftLastWriteTime.dwLowDateTime;
+}
+
 std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
   if (path.ends_with('\\')) return (attributes & kAttributeDirectory) != 0 ? FindDirectory(path) : std::string();
   FileSearch search(path);
