@@ -51,7 +51,7 @@ constexpr std::uint16_t kOrientationTag = 0x0112;
 constexpr std::uint16_t kExifDirectoryTag = 0x8769;
 constexpr std::uint16_t kDateTimeOriginalTag = 0x9003;
 constexpr std::uint32_t kAscii = 2;
-// Types of whole numbers. The standard asks for kShort, and for kLong where a place is told.
+// Types of whole numbers. The standard asks for kShort, and for kLong for an offset.
 constexpr std::uint32_t kShort = 3;
 constexpr std::uint32_t kLong = 4;
 constexpr std::uint32_t kSignedShort = 8;
@@ -88,7 +88,7 @@ class TagBlock {
  private:
   std::optional<std::uint32_t> FirstDirectory() const { return Number(4, 4); }
 
-  // Hands the places of a directory's entries with that tag to `visit`, until it returns true.
+  // Passes the places of a directory's entries with that tag to `visit`, until it returns true.
   template <typename Visit>
   void ForEach(const std::optional<std::uint32_t>& directory, std::uint16_t tag, const Visit& visit) const {
     if (!directory) return;
