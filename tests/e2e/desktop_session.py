@@ -64,12 +64,11 @@ class Display:
             self.name = ":" + pipe.readline().strip()
         self.environment = dict(os.environ, DISPLAY=self.name, SDL_AUDIODRIVER="dummy", QT_QPA_PLATFORM="xcb")
         self.environment.pop("WAYLAND_DISPLAY", None)
-        self._manager = None
+        # Not the user's own configuration.
+        command = ["openbox", "--config-file", "/etc/xdg/openbox/rc.xml"]
+        quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        self._manager = subprocess.Popen(command, env=self.environment, **quiet) if window_manager else None
         if window_manager:
-            # Not the user's own configuration.
-            self._manager = subprocess.Popen(["openbox", "--config-file", "/etc/xdg/openbox/rc.xml"],
-                                             env=self.environment, stdout=subprocess.DEVNULL,
-                                             stderr=subprocess.DEVNULL)
             try:
                 wait_until(self._has_manager, "the window manager")
             except AssertionError:
@@ -186,6 +185,11 @@ class PictureTest(unittest.TestCase):
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
         return process
+
+    @staticmethod
+    def kill(program):
+        program.kill()
+        program.wait()
 
     def assert_ends(self, program):
         self.assertEqual(program.wait(timeout=10), 0)

@@ -36,8 +36,7 @@ class PreviewTest(ShowTest):
         return program.wait(timeout=15), program.stderr.read()
 
     def kill_host(self):
-        self.host.kill()
-        self.host.wait()
+        self.kill(self.host)
 
     def destroy_window(self):
         self.display.xdotool("windowclose", self.window)
@@ -93,11 +92,6 @@ class TheHostsEnd(PreviewTest):
                         self.wait_for_colour(BLACK, MIDDLE)
                     end()
                     self.assertEqual(self.end_of(program), QUIETLY)
-
-    def test_a_handle_that_is_no_window_ends_at_once(self):
-        for arguments in (["/P"], ["/P:123"], ["/P", "123"], ["/A", "5"]):
-            with self.subTest(arguments=arguments):
-                self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
 
 
 class AHundredRounds(PreviewTest):

@@ -21,13 +21,6 @@ class Pictures(ShowTest):
         self.wait_for_colour(GREEN, (300, 300))
         self.assertEqual(self.pixels((0, 0), (0, 599), (799, 0), (799, 599)), [GREEN, GREEN, RED, RED])
 
-    def test_a_frame_goes_around_a_small_picture(self):
-        self.session.play(self.session.picture("small.bmp", 400, 300, RED))
-        # 400 twips, 26 2/3 pixels.
-        self.start_show(ShowFrame="1", FrameThickness="20", FrameColor=str(0x00FF00))
-        self.assertEqual(self.pixels((200, 150), (599, 449), (199, 300), (175, 300), (172, 300), (400, 474), (400, 478)),
-                         [RED, RED, GREEN, GREEN, BLACK, GREEN, BLACK])
-
     def test_a_file_name_stands_under_a_stretched_picture(self):
         self.start_show(Stretch="1", ShowFileName="1")
         shot = self.display.screenshot()
@@ -35,8 +28,10 @@ class Pictures(ShowTest):
         self.assertGreater(sum(min(pixel) > 200 for pixel in bottom_line), 20)
         self.assertEqual(shot.pixel(1, 598), BLACK)
 
-    def test_one_that_is_deleted_under_the_show_is_passed_over(self):
-        self.session.play(self.red, self.blue, self.session.picture("green.bmp", 800, 600, GREEN))
+    def test_a_fifo_and_a_file_deleted_under_the_show_are_passed_over(self):
+        fifo = os.path.join(self.session.folder, "fifo.jpg")
+        os.mkfifo(fifo)
+        self.session.play(self.red, fifo, self.blue, self.session.picture("green.bmp", 800, 600, GREEN))
         program = self.start_show()
         os.remove(self.blue)
         self.wait_for_colour(GREEN)
@@ -84,9 +79,7 @@ class SecondCopy(ShowTest):
         self.assert_runs(first)
 
     def test_is_not_fooled_by_a_killed_run(self):
-        first = self.session.start_show()
-        first.kill()
-        first.wait()
+        self.kill(self.session.start_show())
         self.start_show()
 
     def test_has_a_show_of_its_own_on_another_display(self):
@@ -108,8 +101,7 @@ class Settings(ShowTest):
     def test_a_show_killed_in_the_middle_starts_again_where_it_was(self):
         first = self.session.start_show()
         self.session.wait_for_picture(1)
-        first.kill()
-        first.wait()
+        self.kill(first)
         self.session.start_show()
         self.wait_for_colour(BLUE)
 
@@ -121,14 +113,6 @@ class Settings(ShowTest):
         program = self.session.start_show()
         self.assert_runs(program)
         self.assert_ends_by_key(program)
-
-    def test_a_fifo_in_the_list_is_passed_over(self):
-        fifo = os.path.join(self.session.folder, "fifo.jpg")
-        os.mkfifo(fifo)
-        self.session.play(fifo, self.blue)
-        program = self.session.start_show()
-        self.wait_for_colour(BLUE)
-        self.assert_runs(program)
 
 
 class Sound(ShowTest):
@@ -153,8 +137,8 @@ class Sound(ShowTest):
 
 
 class OtherModes(ShowTest):
-    def test_text_that_is_no_mode_ends_quietly(self):
-        for arguments in (["/X"], ["/install", "x"]):
+    def test_text_that_is_no_mode_or_no_window_ends_at_once(self):
+        for arguments in (["/X"], ["/install", "x"], ["/P"], ["/P:123"], ["/P", "123"], ["/A", "5"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
 
