@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "base/failure.h"
 #include "support/failure_of.h"
 
@@ -15,12 +12,7 @@ constexpr PathSyntax kWindows{'\\'};
 constexpr PathSyntax kUnix{'/'};
 
 TEST(PathsTest, PathPartSplitsAtTheEdges) {
-  struct Case {
-    PathSyntax syntax;
-    const char* path;
-    std::vector<std::string> parts;
-  };
-  const std::vector<Case> cases = {
+  const std::tuple<PathSyntax, const char*, std::vector<std::string>> cases[] = {
       {kWindows, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
       {kWindows, "a.b.jpg", {"", "", "a", ".b"}},
       {kWindows, "C:sea.bmp", {"C:", "", "sea", ".bmp"}},
@@ -38,9 +30,9 @@ TEST(PathsTest, PathPartSplitsAtTheEdges) {
       {kUnix, "C:\\pics\\sea.bmp", {"C:", "\\pics\\", "sea", ".bmp"}},
       {kUnix, "/a.b/c", {"", "/a.b/", "c", ""}},
   };
-  for (const Case& c : cases) {
+  for (const auto& [syntax, path, parts] : cases) {
     for (std::int32_t part = 0; part < 4; ++part) {
-      EXPECT_EQ(PathPart(c.path, part, c.syntax), c.parts[static_cast<std::size_t>(part)]) << c.path << " " << part;
+      EXPECT_EQ(PathPart(path, part, syntax), parts[static_cast<std::size_t>(part)]) << path << " " << part;
     }
   }
   for (const std::int32_t part : {-1, 4}) {

@@ -2,20 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 namespace quorvale {
 namespace {
 
 TEST(TextTest, ColumnsAreCharactersAndMalformedBytesCountOneEach) {
-  struct Case {
-    std::string text;
-    std::size_t length;
-    std::string left2;
-    std::string mid3;
-  };
-  const std::vector<Case> cases = {
+  const std::tuple<std::string, std::size_t, std::string, std::string> cases[] = {
       {"abcd", 4, "ab", "cd"},
       {"a", 1, "a", ""},
       {"\xC3\xA9t\xC3\xA9", 3, "\xC3\xA9t", "\xC3\xA9"},
@@ -28,11 +19,11 @@ TEST(TextTest, ColumnsAreCharactersAndMalformedBytesCountOneEach) {
       {"\xED\xA0\x80", 3, "\xED\xA0", "\x80"},  // a surrogate
       {"\xE2\x82", 2, "\xE2\x82", ""},          // cut off
   };
-  for (const Case& c : cases) {
-    EXPECT_EQ(Length(c.text), c.length) << c.text;
-    EXPECT_EQ(Left(c.text, 2), c.left2) << c.text;
-    EXPECT_EQ(Mid(c.text, 3), c.mid3) << c.text;
-    EXPECT_EQ(Left(c.text, 1) + Mid(c.text, 2), c.text);
+  for (const auto& [text, length, left2, mid3] : cases) {
+    EXPECT_EQ(Length(text), length) << text;
+    EXPECT_EQ(Left(text, 2), left2) << text;
+    EXPECT_EQ(Mid(text, 3), mid3) << text;
+    EXPECT_EQ(Left(text, 1) + Mid(text, 2), text);
   }
 }
 
@@ -43,33 +34,26 @@ TEST(TextTest, TrimTakesSpacesAndNothingElse) {
 }
 
 TEST(TextTest, AnOverlayNeverChangesTheNumberOfCharacters) {
-  struct Case {
-    std::size_t column;
-    std::string piece;
-    std::string result;
-  };
-  for (const Case& c : {Case{1, "abc", "abc..."},
-                        {4, "abc", "...abc"},
-                        {5, "abc", "....ab"},
-                        {7, "abc", "......"},
-                        {2, "\xC3\xA9\xC3\xA9", ".\xC3\xA9\xC3\xA9..."},
-                        {1, "", "......"}}) {
+  const std::tuple<std::size_t, std::string, std::string> cases[] = {{1, "abc", "abc..."},
+                                                                     {4, "abc", "...abc"},
+                                                                     {5, "abc", "....ab"},
+                                                                     {7, "abc", "......"},
+                                                                     {2, "\xC3\xA9\xC3\xA9", ".\xC3\xA9\xC3\xA9..."},
+                                                                     {1, "", "......"}};
+  for (const auto& [column, piece, result] : cases) {
     std::string text(6, '.');
-    Overlay(text, c.column, c.piece);
-    EXPECT_EQ(text, c.result);
+    Overlay(text, column, piece);
+    EXPECT_EQ(text, result);
   }
 }
 
 TEST(TextTest, CutTokenCutsTextAndDelimiterOff) {
-  struct Case {
-    std::string text;
-    std::string token;
-    std::string rest;
-  };
-  for (const Case& c : {Case{"a;b", "a", "b"}, {"a;", "a", ""}, {";b", "", "b"}, {"ab", "ab", ""}, {"", "", ""}}) {
-    std::string text = c.text;
-    EXPECT_EQ(CutToken(text, ';'), c.token) << c.text;
-    EXPECT_EQ(text, c.rest) << c.text;
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"a;b", "a", "b"}, {"a;", "a", ""}, {";b", "", "b"}, {"ab", "ab", ""}, {"", "", ""}};
+  for (const auto& [from, token, rest] : cases) {
+    std::string text = from;
+    EXPECT_EQ(CutToken(text, ';'), token) << from;
+    EXPECT_EQ(text, rest) << from;
   }
   std::string from_system("C:\\WINDOWS\0junk\0", 16);
   EXPECT_EQ(CutToken(from_system, '\0'), "C:\\WINDOWS");

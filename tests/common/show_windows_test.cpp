@@ -1,10 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "common/logged_events.h"
 #include "platform/common/black_windows.h"
 #include "platform/common/mouse_input.h"

@@ -3,10 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "base/application_info.h"
 #include "config/artwork.h"
 #include "process/process.h"
@@ -82,13 +78,7 @@ TEST_F(AboutFormTest, SystemInfoStartsTheFirstToolFound) {
 }
 
 TEST_F(AboutFormTest, ReadsTextsAndNumbersOfTheRegistry) {
-  struct Case {
-    std::uint32_t type;
-    std::string bytes;
-    bool read;
-    std::string text;
-  };
-  const std::vector<Case> cases = {
+  const std::tuple<std::uint32_t, std::string, bool, std::string> cases[] = {
       {kRegSz, std::string("C:\\T\0", 5), true, "C:\\T"},
       {kRegSz, "", true, ""},
       {kRegSz, std::string(1023, 'x'), true, std::string(1023, 'x')},
@@ -97,11 +87,11 @@ TEST_F(AboutFormTest, ReadsTextsAndNumbersOfTheRegistry) {
       {kRegDword, "\xFF\xFF\xFF\xFF", true, "-1"},
       {3, "abc", true, "before"},
   };
-  for (const Case& c : cases) {
-    desktop.registry.SetValue(kHkeyLocalMachine, "Key", "Value", c.type, c.bytes);
+  for (const auto& [type, bytes, read, expected] : cases) {
+    desktop.registry.SetValue(kHkeyLocalMachine, "Key", "Value", type, bytes);
     std::string text = "before";
-    EXPECT_EQ(form->GetKeyValue(kHkeyLocalMachine, "Key", "Value", text), c.read) << c.bytes.size();
-    EXPECT_EQ(text, c.text) << c.bytes.size();
+    EXPECT_EQ(form->GetKeyValue(kHkeyLocalMachine, "Key", "Value", text), read) << bytes.size();
+    EXPECT_EQ(text, expected) << bytes.size();
   }
   std::string text = "before";
   EXPECT_FALSE(form->GetKeyValue(kHkeyLocalMachine, "No such key", "Value", text));

@@ -9,24 +9,20 @@ namespace quorvale {
 namespace {
 
 TEST_F(ConfigTest, CommandsFollowTheVisibleListAndItsSelection) {
-  struct Case {
-    const char* items;
-    std::vector<int> selected;
-    const char* enabled;
-  };
-  for (const Case& c : {Case{"", {}, ""},
-                        {"a", {}, ""},
-                        {"a", {0}, "C:\\Pics\\ remove"},
-                        {"a b c", {}, ""},
-                        {"a b c", {0}, "C:\\Pics\\ remove down"},
-                        {"a b c", {1}, "C:\\Pics\\ remove up down"},
-                        {"a b c", {2}, "C:\\Pics\\ remove up"},
-                        {"a b c", {0, 2}, " remove"}}) {
+  const std::tuple<const char*, std::vector<int>, const char*> cases[] = {{"", {}, ""},
+                                                                          {"a", {}, ""},
+                                                                          {"a", {0}, "C:\\Pics\\ remove"},
+                                                                          {"a b c", {}, ""},
+                                                                          {"a b c", {0}, "C:\\Pics\\ remove down"},
+                                                                          {"a b c", {1}, "C:\\Pics\\ remove up down"},
+                                                                          {"a b c", {2}, "C:\\Pics\\ remove up"},
+                                                                          {"a b c", {0, 2}, " remove"}};
+  for (const auto& [items, selected, expected] : cases) {
     for (const bool sounds : {false, true}) {
-      sounds ? OpenWith("x y", c.items) : OpenWith(c.items, "x y");
+      sounds ? OpenWith("x y", items) : OpenWith(items, "x y");
       Choose(sounds ? "mnuViewSounds" : "mnuViewPics");
       EXPECT_EQ(desktop.widgets.focused, sounds ? "OptSound" : "OptPicture");
-      Select(c.selected);
+      Select(selected);
       // A look at the other list changes nothing.
       (sounds ? form->view_pictures : form->view_sounds).UserClick();
       EXPECT_FALSE(form->list_buttons[kRemove].Enabled());
@@ -41,7 +37,7 @@ TEST_F(ConfigTest, CommandsFollowTheVisibleListAndItsSelection) {
         EXPECT_EQ(form->menus.Item(item).Enabled(), is_enabled);
         if (is_enabled) enabled += word;
       }
-      EXPECT_EQ(enabled, c.enabled);
+      EXPECT_EQ(enabled, expected);
       form->Unload();
     }
   }
@@ -169,29 +165,25 @@ TEST_F(ConfigTest, KeepsEntriesBeyondTheListBox) {
 }
 
 TEST_F(ConfigTest, ExitAsksToSaveChanges) {
-  struct Case {
-    bool dirty;
-    MessageBoxAnswer answer;
-    const char* save_as;  // what the dialog gives; empty is Cancel
-    bool closed;
-    const char* stored;
-  };
-  for (const Case& c : {Case{false, MessageBoxAnswer::kNone, "", true, "a b"},
-                        {true, MessageBoxAnswer::kYes, "C:\\l.qvl", true, "b"},
-                        {true, MessageBoxAnswer::kYes, "", false, "a b"},
-                        {true, MessageBoxAnswer::kYes, "C:\\Nowhere\\l.qvl", false, "a b"},
-                        {true, MessageBoxAnswer::kNo, "", true, "a b"},
-                        {true, MessageBoxAnswer::kCancel, "", false, "a b"}}) {
-    SCOPED_TRACE(std::to_string(static_cast<int>(c.answer)) + c.save_as);
+  // An empty name cancels the dialog.
+  const std::tuple<bool, MessageBoxAnswer, const char*, bool, const char*> cases[] = {
+      {false, MessageBoxAnswer::kNone, "", true, "a b"},
+      {true, MessageBoxAnswer::kYes, "C:\\l.qvl", true, "b"},
+      {true, MessageBoxAnswer::kYes, "", false, "a b"},
+      {true, MessageBoxAnswer::kYes, "C:\\Nowhere\\l.qvl", false, "a b"},
+      {true, MessageBoxAnswer::kNo, "", true, "a b"},
+      {true, MessageBoxAnswer::kCancel, "", false, "a b"}};
+  for (const auto& [dirty, answer, save_as, closed, stored] : cases) {
+    SCOPED_TRACE(std::to_string(static_cast<int>(answer)) + save_as);
     process.options.Set("PlayList", "");
     OpenWith("a b");
     Select({0});
-    if (c.dirty) Press(kRemove);
-    if (c.answer != MessageBoxAnswer::kNone) desktop.boxes.Answer(c.answer);
-    if (c.answer == MessageBoxAnswer::kYes) desktop.dialogs.AnswerFile(c.save_as);
+    if (dirty) Press(kRemove);
+    if (answer != MessageBoxAnswer::kNone) desktop.boxes.Answer(answer);
+    if (answer == MessageBoxAnswer::kYes) desktop.dialogs.AnswerFile(save_as);
     form->cancel.UserClick();
-    EXPECT_EQ(form->IsLoaded(), !c.closed);
-    EXPECT_EQ(Stored("PictureFiles"), c.stored);
+    EXPECT_EQ(form->IsLoaded(), !closed);
+    EXPECT_EQ(Stored("PictureFiles"), stored);
     EXPECT_EQ(desktop.boxes.Waiting(), 0);
     if (form->IsLoaded()) desktop.RequestClose(form->Hwnd());  // asks nothing
     EXPECT_FALSE(form->IsLoaded());

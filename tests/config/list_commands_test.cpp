@@ -67,14 +67,15 @@ TEST_F(ConfigTest, SplitsTheFileDialogsResult) {
     many_paths += "C:\\Pics\\picture " + std::to_string(i) + ".jpg|";
   }
   Open();
-  for (const auto& [chosen, separator, expected] :
-       {std::tuple<std::string, char, std::string>{"C:\\Pics\\a.b.bmp", '\\', "C:\\Pics\\a.b.bmp|"},
-        {"C:\\a.bmp", '\\', "C:\\a.bmp|"},
-        {"/pics/mine/.jpg", '/', "/pics/mine/.jpg|"},
-        {"C:\\Pics" + kNul + "b" + kNul + "a", '\\', "C:\\Pics\\b|C:\\Pics\\a|"},
-        {"C:\\" + kNul + "a" + kNul + "b", '\\', "C:\\\\a|C:\\\\b|"},
-        {"/pics" + kNul + "a" + kNul + "b", '/', "/pics/a|/pics/b|"},
-        {many, '\\', many_paths}}) {
+  const std::tuple<std::string, char, std::string> cases[] = {
+      {"C:\\Pics\\a.b.bmp", '\\', "C:\\Pics\\a.b.bmp|"},
+      {"C:\\a.bmp", '\\', "C:\\a.bmp|"},
+      {"/pics/mine/.jpg", '/', "/pics/mine/.jpg|"},
+      {"C:\\Pics" + kNul + "b" + kNul + "a", '\\', "C:\\Pics\\b|C:\\Pics\\a|"},
+      {"C:\\" + kNul + "a" + kNul + "b", '\\', "C:\\\\a|C:\\\\b|"},
+      {"/pics" + kNul + "a" + kNul + "b", '/', "/pics/a|/pics/b|"},
+      {many, '\\', many_paths}};
+  for (const auto& [chosen, separator, expected] : cases) {
     Collection names;
     std::string directory;
     form->file_dialog.FileName = chosen;

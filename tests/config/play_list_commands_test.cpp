@@ -79,10 +79,12 @@ TEST_F(PlayListCommandTest, DialogsHaveTheirTitleFilterAndFlags) {
   const std::string masks = "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf";
   const std::string add = "open|Select One or More Files to Add||";
   const std::string add_files = "|All Files(*.*)|*.*|0 281204 10000";
-  for (const auto& [item, expected] : {std::pair<const char*, std::string>{"mnuOpen", open_list},
-                                       {"mnuAddFiles", add + "Pictures (" + masks + ")|" + masks + add_files},
-                                       {"mnuSaveAs", save_list},
-                                       {"mnuMergeList", open_list}}) {
+  const std::pair<const char*, std::string> cases[] = {
+      {"mnuOpen", open_list},
+      {"mnuAddFiles", add + "Pictures (" + masks + ")|" + masks + add_files},
+      {"mnuSaveAs", save_list},
+      {"mnuMergeList", open_list}};
+  for (const auto& [item, expected] : cases) {
     Choose(item);
     const FileDialog& dialog = desktop.dialogs.files.back();
     std::ostringstream asked;

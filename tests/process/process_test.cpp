@@ -1,19 +1,24 @@
-#include "process/process.h"
+#include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include "base/failure.h"
+#include "process/process.h"
+#include "process/rules.h"
+#include "process/show_state.h"
 #include "support/show_fixture.h"
 
 namespace quorvale {
 namespace {
 
-using ::testing::ElementsAre;
+using testing::ElementsAre;
 
 class EndSaverTest : public ShowTest {};
 
 TEST_F(EndSaverTest, TheCursorIsDrivenPastWhateverCountItHad) {
-  for (const auto& [before, on, off] : std::vector<std::tuple<int, int, int>>{
-           {0, 6, -6}, {-6, 6, -7}, {-40, 6, -41}, {5, 6, -6}, {6, 7, -6}, {40, 41, -6}}) {
+  const std::tuple<int, int, int> cases[] = {{0, 6, -6}, {-6, 6, -7}, {-40, 6, -41},
+                                             {5, 6, -6}, {6, 7, -6},  {40, 41, -6}};
+  for (const auto& [before, on, off] : cases) {
     desktop.windows.cursor_count = before;
     ForceCursorOn(process);
     EXPECT_EQ(desktop.windows.cursor_count, on) << before;
@@ -45,6 +50,39 @@ TEST_F(EndSaverTest, NoFormUnloads) {
   EXPECT_EQ(process.app.Forms.Count(), 1);
   EXPECT_FALSE(process.show.StopRequested);
   EXPECT_EQ(desktop.host.ended, 1);
+}
+
+bool Fail() { throw Failure(FailureNumber::kInvalidValue, "No", "Test"); }
+
+TEST(RulesTest, AStepDropsAFailureAndNothingElse) {
+  std::string run;
+  Step([&] {
+    run += 'a';
+    Fail();
+    run += 'b';
+  });
+  Step([&] { run += 'c'; });
+  EXPECT_EQ(run, "ac");
+  EXPECT_THROW(Step([] { throw ProcessEnded(); }), ProcessEnded);
+}
+
+TEST(RulesTest, ABranchIsTakenWhenItsTestFails) {
+  std::string run;
+  const auto add = [&](char c) { return [&run, c] { run += c; }; };
+  StepIf([] { return true; }, add('a'));
+  StepIf([] { return false; }, add('b'));
+  StepIf(Fail, add('c'));
+  StepIf(Fail, add('d'), add('e'));
+  StepIf([] { return false; }, add('f'), add('g'));
+  EXPECT_EQ(run, "acdg");
+  EXPECT_THROW(StepIf([] { return true; }, Fail), Failure) << "the body is not covered";
+  EXPECT_THROW(StepIf([]() -> bool { throw ProcessEnded(); }, add('h')), ProcessEnded);
+}
+
+TEST(CollectionTest, PositionsCountFromOne) {
+  Collection collection({"a", "b"});
+  EXPECT_EQ(collection.Item(1) + collection.Item(2), "ab");
+  for (const int index : {-1, 0, 3}) EXPECT_THROW(collection.Item(index), Failure) << index;
 }
 
 }  // namespace

@@ -15,31 +15,27 @@ class MainTest : public ShowTest {
 };
 
 TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
-  struct Case {
-    const char* text;
-    RunMode mode;
-    bool show;
-    bool set_up;
-  };
-  for (const Case& c : {Case{"", RunMode::kConfiguration, false, false},
-                        {"/C:1234", RunMode::kConfiguration, false, false},
-                        {"/C /INSTALL C:\\x\\", RunMode::kConfiguration, false, false},
-                        {"/a /INSTALL C:\\x\\", RunMode::kPassword, false, false},
-                        {"/s", RunMode::kShow, true, false},
-                        {"/S/INSTALL C:\\", RunMode::kShow, true, false},
-                        {"/INSTALL C:\\x\\", RunMode::kNone, false, true},
-                        {" /INSTALL C:\\x\\", RunMode::kNone, false, true},
-                        {"run /INSTALL C:\\x\\", RunMode::kNone, false, true},
-                        {"/install C:\\x\\", RunMode::kNone, false, false},
-                        {"/X", RunMode::kNone, false, false},
-                        {"x", RunMode::kNone, false, false}}) {
-    SCOPED_TRACE(c.text);
+  const std::tuple<const char*, RunMode, bool, bool> cases[] = {
+      {"", RunMode::kConfiguration, false, false},
+      {"/C:1234", RunMode::kConfiguration, false, false},
+      {"/C /INSTALL C:\\x\\", RunMode::kConfiguration, false, false},
+      {"/a /INSTALL C:\\x\\", RunMode::kPassword, false, false},
+      {"/s", RunMode::kShow, true, false},
+      {"/S/INSTALL C:\\", RunMode::kShow, true, false},
+      {"/INSTALL C:\\x\\", RunMode::kNone, false, true},
+      {" /INSTALL C:\\x\\", RunMode::kNone, false, true},
+      {"run /INSTALL C:\\x\\", RunMode::kNone, false, true},
+      {"/install C:\\x\\", RunMode::kNone, false, false},
+      {"/X", RunMode::kNone, false, false},
+      {"x", RunMode::kNone, false, false}};
+  for (const auto& [text, mode, show, set_up] : cases) {
+    SCOPED_TRACE(text);
     HeadlessDesktop other;
     Process fresh(other, other.Services());
-    Main(fresh, c.text);
-    EXPECT_EQ(fresh.mode, c.mode);
-    EXPECT_EQ(fresh.app.Forms.Count(), c.show ? 1 : 0);
-    EXPECT_EQ(fresh.options.Get("InstallPath", "none"), c.set_up ? "C:\\x\\" : "none");
+    Main(fresh, text);
+    EXPECT_EQ(fresh.mode, mode);
+    EXPECT_EQ(fresh.app.Forms.Count(), show ? 1 : 0);
+    EXPECT_EQ(fresh.options.Get("InstallPath", "none"), set_up ? "C:\\x\\" : "none");
     EXPECT_EQ(fresh.SystemDirectory, "C:\\WINDOWS\\SYSTEM");
     EXPECT_EQ(fresh.ScreenTwipsX, 15);
     EXPECT_TRUE(other.boxes.shown.empty());
@@ -122,46 +118,15 @@ TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
-// Log the set-up's writes, in their order.
-class LoggingRegistry : public MemoryRegistry {
- public:
-  explicit LoggingRegistry(CallLog& log) : log_(log) {}
-  std::int32_t RegCreateKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
-                              RegistryKey& key) override {
-    section_ = path.substr(path.rfind('\\') + 1);
-    return MemoryRegistry::RegCreateKeyEx(hive, path, access, key);
-  }
-  std::int32_t RegSetValueEx(RegistryKey key, const std::string& name, std::uint32_t type, const char* data,
-                             std::uint32_t size) override {
-    log_.push_back(section_ + " " + name);
-    return MemoryRegistry::RegSetValueEx(key, name, type, data, size);
-  }
-
- private:
-  CallLog& log_;
-  std::string section_;
-};
-
-class LoggingFiles : public MemoryFileSystem {
- public:
-  explicit LoggingFiles(CallLog& log) : log_(log) {}
-  bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,
-                                 const std::string& file) override {
-    log_.push_back(section + " " + key + " " + file);
-    return MemoryFileSystem::WritePrivateProfileString(section, key, value, file);
-  }
-
- private:
-  CallLog& log_;
-};
-
 class FailingPrograms : public RecordedPrograms {
  public:
   explicit FailingPrograms(CallLog& log) : RecordedPrograms(log) {}
   void OpenDisplaySettings() override {
     RecordedPrograms::OpenDisplaySettings();
+    Opened();
     if (failures_left-- > 0) throw Failure(FailureNumber::kNotFound, "No such program", "Programs");
   }
+  std::function<void()> Opened = [] {};
   int failures_left = 0;
 };
 
@@ -181,22 +146,32 @@ class MainStepsTest : public HeadlessTest {
  protected:
   System Services() {
     const System real = desktop.Services();
-    return {registry, files, real.windows, real.sound, programs, host, real.password};
+    return {real.registry, real.files, real.windows, real.sound, programs, host, real.password};
   }
 
-  LoggingRegistry registry{desktop.calls};
-  LoggingFiles files{desktop.calls};
   FailingPrograms programs{desktop.calls};
   FailingHost host{desktop.queue, desktop.calls};
   Process process{desktop, Services()};
 };
 
-TEST_F(MainStepsTest, TheSetUpWritesInItsOrder) {
-  files.failures.FailEvery(FileCall::kWriteIni, 1);
-  Main(process, "/INSTALL C:\\x\\");
-  EXPECT_THAT(desktop.calls, ElementsAre("Options InstallPath", "PictureFiles File0", "PictureFiles File1",
-                                         "PictureFiles File2", "SoundFiles File0", "SoundFiles File1",
-                                         "boot SCRNSAVE.EXE SYSTEM.INI", "OpenDisplaySettings", "SendKeys Qu"));
+TEST_F(MainStepsTest, TheSetUpStoresBeforeItOpensTheSettingsAndIgnoresAFailedLine) {
+  desktop.files.AddFile("C:\\WINDOWS\\SYSTEM\\Quorvale.SCR");
+  const auto line = [&] { return desktop.files.IniLine("boot", "SCRNSAVE.EXE", "SYSTEM.INI").value_or(""); };
+  std::string line_at_first = "none";
+  desktop.registry.Called = [&](RegistryCall call) {
+    if (call == RegistryCall::kCommit && line_at_first == "none") line_at_first = line();
+  };
+  std::string stored;
+  programs.Opened = [&] {
+    stored = process.options.Get("InstallPath", "") + line();
+    desktop.files.failures.FailEvery(FileCall::kWriteIni, 1);
+  };
+  for (int run = 0; run < 2; ++run) {
+    Main(process, "/INSTALL C:\\x\\");
+    EXPECT_EQ(stored, "C:\\x\\C:\\WINDOWS\\SYSTEM\\Quorvale.SCR");
+    EXPECT_EQ(desktop.calls.back(), "SendKeys Qu");
+  }
+  EXPECT_EQ(line_at_first, "");
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
 
@@ -204,28 +179,28 @@ TEST_F(MainStepsTest, AFailedSaveOfTheSamplesIsReportedOnce) {
   for (const RegistryCall call : {RegistryCall::kBegin, RegistryCall::kSet, RegistryCall::kCommit}) {
     desktop.calls.clear();
     desktop.boxes.shown.clear();
-    registry.failures.FailEvery(call, kErrorWriteFault);
+    desktop.registry.failures.FailEvery(call, kErrorWriteFault);
     Main(process, "/INSTALL C:\\x\\");
     ASSERT_EQ(desktop.boxes.shown.size(), 1U);
     EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("The sample pictures were not added:"));
     EXPECT_EQ(process.options.Get("InstallPath", "none"), "none");
     EXPECT_EQ(desktop.calls.back(), "SendKeys Qu") << "the set-up goes on";
-    registry.failures.Forget();
+    desktop.registry.failures.Forget();
   }
 }
 
 TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
-  for (const auto& [text, path] :
-       std::vector<std::pair<std::string, std::string>>{{"/INSTALL C:\\Program Files\\x\\ ", "C:\\Program Files\\x\\"},
-                                                        {"/INSTALL=C:\\x\\", "C:\\x\\"},
-                                                        {"/INSTALL\xC3\xA9/x/", "/x/"},
-                                                        {"/INSTALL   /a /INSTALL b", "/a /INSTALL b"},
-                                                        {"/INSTALL\t\tx", "\tx"},
-                                                        {"/INSTALL  \"C:\\My x\\\" ", "C:\\My x\\"},
-                                                        {"/INSTALL \"/x", "\"/x"},
-                                                        {"/INSTALL \"", "\""},
-                                                        {"/INSTALLx", ""},
-                                                        {"/INSTALL", ""}}) {
+  const std::pair<std::string, std::string> cases[] = {{"/INSTALL C:\\Program Files\\x\\ ", "C:\\Program Files\\x\\"},
+                                                       {"/INSTALL=C:\\x\\", "C:\\x\\"},
+                                                       {"/INSTALL\xC3\xA9/x/", "/x/"},
+                                                       {"/INSTALL   /a /INSTALL b", "/a /INSTALL b"},
+                                                       {"/INSTALL\t\tx", "\tx"},
+                                                       {"/INSTALL  \"C:\\My x\\\" ", "C:\\My x\\"},
+                                                       {"/INSTALL \"/x", "\"/x"},
+                                                       {"/INSTALL \"", "\""},
+                                                       {"/INSTALLx", ""},
+                                                       {"/INSTALL", ""}};
+  for (const auto& [text, path] : cases) {
     Main(process, text);
     EXPECT_EQ(process.options.Get("InstallPath", "none"), path) << text;
   }
@@ -233,59 +208,54 @@ TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
 
 TEST_F(MainStepsTest, AFailedSetUpStepIsTheOnlyOneThatIsRepeatedOrLeftOut) {
   using Answer = MessageBoxAnswer;
-  for (const auto& [answer, opened, keys, stored] :
-       std::vector<std::tuple<Answer, int, int, int>>{{Answer::kAbort, 1, 0, 1},
-                                                      {Answer::kNone, 1, 0, 1},
-                                                      {Answer::kIgnore, 1, 1, 1},
-                                                      {Answer::kRetry, 2, 1, 1}}) {
+  const std::tuple<Answer, int, int, int> cases[] = {
+      {Answer::kAbort, 1, 0, 1}, {Answer::kNone, 1, 0, 1}, {Answer::kIgnore, 1, 1, 1}, {Answer::kRetry, 2, 1, 1}};
+  for (const auto& [answer, opened, keys, stored] : cases) {
     desktop.calls.clear();
+    desktop.registry.calls.clear();
     programs.failures_left = 1;
     desktop.boxes.Answer(answer);
     Main(process, "/INSTALL C:\\x\\");
     EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "OpenDisplaySettings"), opened);
     EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "SendKeys Qu"), keys);
-    EXPECT_EQ(std::count(desktop.calls.begin(), desktop.calls.end(), "Options InstallPath"), stored);
+    const auto& calls = desktop.registry.calls;
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), RegistryCall::kCommit), stored);
   }
 }
 
 TEST_F(MainStepsTest, AFailedStartUpStepGetsTheSameBox) {
   using Answer = MessageBoxAnswer;
-  struct Case {
-    std::vector<Answer> answers;
-    int asked;
-    RunMode mode;
-    const char* directory;
-    bool show;
-  };
-  for (const Case& c : {Case{{Answer::kAbort}, 1, RunMode::kNone, "", false},
-                        {{Answer::kNone}, 1, RunMode::kNone, "", false},
-                        {{Answer::kCancel}, 1, RunMode::kNone, "", false},
-                        {{Answer::kIgnore}, 1, RunMode::kShow, "", true},
-                        {{Answer::kRetry, Answer::kRetry}, 3, RunMode::kShow, "C:\\WINDOWS\\SYSTEM", true},
-                        {{Answer::kRetry, Answer::kAbort}, 2, RunMode::kNone, "", false}}) {
+  const std::tuple<std::vector<Answer>, int, RunMode, const char*, bool> cases[] = {
+      {{Answer::kAbort}, 1, RunMode::kNone, "", false},
+      {{Answer::kNone}, 1, RunMode::kNone, "", false},
+      {{Answer::kCancel}, 1, RunMode::kNone, "", false},
+      {{Answer::kIgnore}, 1, RunMode::kShow, "", true},
+      {{Answer::kRetry, Answer::kRetry}, 3, RunMode::kShow, "C:\\WINDOWS\\SYSTEM", true},
+      {{Answer::kRetry, Answer::kAbort}, 2, RunMode::kNone, "", false}};
+  for (const auto& [answers, asked, mode, directory, show] : cases) {
     Process fresh(desktop, Services());
     desktop.boxes.shown.clear();
     host.asked = 0;
-    host.failures_left = static_cast<int>(c.answers.size());
-    for (const Answer answer : c.answers) desktop.boxes.Answer(answer);
+    host.failures_left = static_cast<int>(answers.size());
+    for (const Answer answer : answers) desktop.boxes.Answer(answer);
     Main(fresh, "/S");
-    ASSERT_EQ(desktop.boxes.shown.size(), c.answers.size());
+    ASSERT_EQ(desktop.boxes.shown.size(), answers.size());
     EXPECT_EQ(desktop.boxes.shown[0].text,
               "The following error was encountered:\r8: Nowhere.Host\r"
               "Please report this error to the manufacturer.");
-    EXPECT_EQ(host.asked, c.asked);
+    EXPECT_EQ(host.asked, asked);
     EXPECT_EQ(fresh.ScreenTwipsX, 15);
-    EXPECT_EQ(fresh.mode, c.mode);
-    EXPECT_EQ(fresh.SystemDirectory, c.directory);
-    EXPECT_EQ(fresh.app.Forms.Count(), c.show ? 1 : 0);
+    EXPECT_EQ(fresh.mode, mode);
+    EXPECT_EQ(fresh.SystemDirectory, directory);
+    EXPECT_EQ(fresh.app.Forms.Count(), show ? 1 : 0);
   }
 }
 
 TEST_F(MainStepsTest, TheSystemDirectoryEndsAtANulOrAfter143Bytes) {
-  for (const auto& [given, taken] :
-       std::vector<std::pair<std::string, std::string>>{{"/usr/bin", "/usr/bin"},
-                                                        {std::string("C:\\W\0junk", 9), "C:\\W"},
-                                                        {std::string(200, 'd'), std::string(143, 'd')}}) {
+  const std::pair<std::string, std::string> cases[] = {{"/usr/bin", "/usr/bin"},
+                                                       {std::string("C:\\W\0junk", 9), "C:\\W"},
+                                                       {std::string(200, 'd'), std::string(143, 'd')}};
+  for (const auto& [given, taken] : cases) {
     host.system_directory = given;
     Main(process, "x");
     EXPECT_EQ(process.SystemDirectory, taken);

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <new>
-#include <string>
-#include <vector>
 
 #include "base/failure.h"
 #include "platform/headless/headless_desktop.h"
@@ -16,26 +14,23 @@ namespace {
 // Each step adds its letter; the second fails for as long as its failures last.
 TEST(ReportedStepsTest, TheAnswerSaysWhereTheStepsGoOn) {
   using Answer = MessageBoxAnswer;
-  struct Case {
-    std::vector<Answer> answers;
-    const char* run;
-    bool finished;
-  };
-  for (const Case& c : {Case{{}, "abc", true},
-                        {{Answer::kIgnore}, "abc", true},
-                        {{Answer::kRetry}, "abbc", true},
-                        {{Answer::kRetry, Answer::kIgnore}, "abbc", true},
-                        {{Answer::kRetry, Answer::kRetry, Answer::kRetry}, "abbbbc", true},
-                        {{Answer::kAbort}, "ab", false},
-                        {{Answer::kRetry, Answer::kAbort}, "abb", false},
-                        {{Answer::kNone}, "ab", false},
-                        {{Answer::kOk}, "ab", false},
-                        {{Answer::kYes}, "ab", false}}) {
+  const std::tuple<std::vector<Answer>, const char*, bool> cases[] = {
+      {{}, "abc", true},
+      {{Answer::kIgnore}, "abc", true},
+      {{Answer::kRetry}, "abbc", true},
+      {{Answer::kRetry, Answer::kIgnore}, "abbc", true},
+      {{Answer::kRetry, Answer::kRetry, Answer::kRetry}, "abbbbc", true},
+      {{Answer::kAbort}, "ab", false},
+      {{Answer::kRetry, Answer::kAbort}, "abb", false},
+      {{Answer::kNone}, "ab", false},
+      {{Answer::kOk}, "ab", false},
+      {{Answer::kYes}, "ab", false}};
+  for (const auto& [answers, steps, goes_on] : cases) {
     HeadlessDesktop desktop;
     Application app(desktop);
-    for (const Answer answer : c.answers) desktop.boxes.Answer(answer);
+    for (const Answer answer : answers) desktop.boxes.Answer(answer);
     std::string run;
-    std::size_t failures = c.answers.size();
+    std::size_t failures = answers.size();
     const bool finished = RunReportedSteps(app, {[&] { run += 'a'; },
                                                  [&] {
                                                    run += 'b';
@@ -43,9 +38,9 @@ TEST(ReportedStepsTest, TheAnswerSaysWhereTheStepsGoOn) {
                                                    failures = 0;
                                                  },
                                                  [&] { run += 'c'; }});
-    EXPECT_EQ(run, c.run);
-    EXPECT_EQ(finished, c.finished);
-    EXPECT_EQ(desktop.boxes.shown.size(), c.answers.size());
+    EXPECT_EQ(run, steps);
+    EXPECT_EQ(finished, goes_on);
+    EXPECT_EQ(desktop.boxes.shown.size(), answers.size());
   }
 }
 

@@ -115,7 +115,7 @@ TEST_F(ControlFormTest, AHandleThatIsNoWindowEndsAtTheFirstTick) {
 
 TEST_F(ControlFormTest, TheHandleIsTheNumberBehindTheSwitch) {
   constexpr std::int32_t kUnread = 77;  // too large for a handle: a box reports it
-  const std::vector<std::pair<std::string, std::int32_t>> cases = {
+  const std::pair<std::string, std::int32_t> cases[] = {
       {"/P 1234", 1234},
       {"/p1234", 1234},
       {"/P   12 x", 12},

@@ -51,12 +51,7 @@ TEST_F(MainFormTest, CoversTheScreenBeforeItReadsTheLists) {
 }
 
 TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
-  struct Case {
-    const char* what;
-    std::function<void()> act;
-    bool ends;
-  };
-  const std::vector<Case> cases = {
+  const std::tuple<const char*, std::function<void()>, bool> cases[] = {
       {"a key on the picture box", [&] { desktop.PressKey(Box(), 65); }, true},
       {"a key on the form", [&] { desktop.PressKey(form_->Hwnd(), 16); }, true},
       {"a press on the form", [&] { desktop.PressMouse(form_->Hwnd()); }, true},
@@ -74,17 +69,17 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
        },
        true},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+  for (const auto& [what, act, ends] : cases) {
+    SCOPED_TRACE(what);
     process.show.StopRequested = false;
     process.show.MouseMoveCount = 0;
     Start();
     FirstTick();
-    c.act();
-    EXPECT_EQ(form_->IsLoaded(), !c.ends);
-    EXPECT_EQ(process.app.Forms.Count(), c.ends ? 0 : 1);
-    EXPECT_EQ(process.show.StopRequested, c.ends);
-    EXPECT_EQ(desktop.windows.cursor_count, c.ends ? 6 : -6);
+    act();
+    EXPECT_EQ(form_->IsLoaded(), !ends);
+    EXPECT_EQ(process.app.Forms.Count(), ends ? 0 : 1);
+    EXPECT_EQ(process.show.StopRequested, ends);
+    EXPECT_EQ(desktop.windows.cursor_count, ends ? 6 : -6);
     form_->Unload();
     EXPECT_EQ(desktop.queue.RunningTimers(), 0);
   }

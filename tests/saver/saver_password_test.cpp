@@ -34,16 +34,10 @@ class SaverPasswordTest : public ShowTest {
 };
 
 TEST_F(SaverPasswordTest, IsAskedForOnlyWhereOneIsSetAndTheFamilyLeavesItToSavers) {
-  struct Case {
-    const char* what;
-    std::int32_t platform;
-    std::function<void()> set;
-    bool in_force;
-  };
   const auto number = [&](char low, char high) {
     desktop.registry.SetValue(kHkeyCurrentUser, kDesktopKey, kFlag, kRegDword, std::string{low, high, 0, 0});
   };
-  const std::vector<Case> cases = {
+  const std::tuple<const char*, std::int32_t, std::function<void()>, bool> cases[] = {
       {"no flag", 1, [] {}, false},
       {"text 1", 1, [&] { SetFlag("1"); }, true},
       {"text 1 on the family that locks itself", 2, [&] { SetFlag("1"); }, false},
@@ -55,17 +49,17 @@ TEST_F(SaverPasswordTest, IsAskedForOnlyWhereOneIsSetAndTheFamilyLeavesItToSaver
       {"number 0", 1, [&] { number(0, 0); }, false},
       {"number 1000, of which three digits count", 1, [&] { number('\xE8', 3); }, true},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
-    desktop.host.platform_id = c.platform;
+  for (const auto& [what, platform, set, in_force] : cases) {
+    SCOPED_TRACE(what);
+    desktop.host.platform_id = platform;
     desktop.calls.clear();
     desktop.password.user = [] { return 1; };
     process.show.StopRequested = false;
-    c.set();
+    set();
     Start();
     form_->Unload();
     EXPECT_FALSE(form_->IsLoaded());
-    if (c.in_force) {
+    if (in_force) {
       EXPECT_THAT(Calls(),
                   ElementsAre("SystemParametersInfo 97 1", "VerifyScreenSavePwd", "SystemParametersInfo 97 0"));
     } else {
@@ -126,7 +120,7 @@ TEST_F(SaverPasswordTest, AnEffectGoesOnAfterARefusalAndEndsTheProcessAfterTheAn
 TEST_F(SaverPasswordTest, ReadKeyValueGivesEmptyTextForWhatItCantRead) {
   SetFlag("1");
   desktop.registry.SetText(kHkeyCurrentUser, kDesktopKey, "Long", std::string(255, 'x'));
-  const std::vector<std::tuple<std::uint32_t, const char*, const char*, const char*>> cases = {
+  const std::tuple<std::uint32_t, const char*, const char*, const char*> cases[] = {
       {kHkeyCurrentUser, kDesktopKey, kFlag, "1"},    {0x80000007, kDesktopKey, kFlag, ""},
       {0x7FFFFFFF, kDesktopKey, kFlag, ""},           {kHkeyLocalMachine, kDesktopKey, kFlag, ""},
       {kHkeyCurrentUser, "Control Panel", kFlag, ""}, {kHkeyCurrentUser, kDesktopKey, "Other", ""},
@@ -139,8 +133,9 @@ TEST_F(SaverPasswordTest, ReadKeyValueGivesEmptyTextForWhatItCantRead) {
 }
 
 TEST_F(SaverPasswordTest, TheChangeSwitchOpensTheSystemsDialogAndEnds) {
-  for (const auto& [text, call] : std::vector<std::pair<std::string, std::string>>{
-           {"/A 77", "PwdChangePassword SCRSAVE 77"}, {"/a", "PwdChangePassword SCRSAVE 0"}}) {
+  const std::pair<std::string, std::string> cases[] = {{"/A 77", "PwdChangePassword SCRSAVE 77"},
+                                                       {"/a", "PwdChangePassword SCRSAVE 0"}};
+  for (const auto& [text, call] : cases) {
     Main(process, text);
     EXPECT_EQ(desktop.calls.back(), call);
     EXPECT_EQ(process.app.Forms.Count(), 0);

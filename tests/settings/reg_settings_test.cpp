@@ -68,15 +68,14 @@ TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {
   const auto save = [&] { return settings.SaveSetting("S", "a", "2"); };
   const auto delete_value = [&] { return settings.DeleteSetting("S", "a"); };
   const auto delete_section = [&] { return settings.DeleteSetting("S"); };
-  const std::vector<std::tuple<RegistryCall, int, std::function<bool()>>> cases = {
-      {RegistryCall::kOpen, 1, read},
-      {RegistryCall::kQuery, 1, read},
-      {RegistryCall::kQuery, 2, read},
-      {RegistryCall::kCreate, 1, save},
-      {RegistryCall::kSet, 1, save},
-      {RegistryCall::kOpen, 1, delete_value},
-      {RegistryCall::kDeleteValue, 1, delete_value},
-      {RegistryCall::kDeleteKey, 1, delete_section}};
+  const std::tuple<RegistryCall, int, std::function<bool()>> cases[] = {{RegistryCall::kOpen, 1, read},
+                                                                        {RegistryCall::kQuery, 1, read},
+                                                                        {RegistryCall::kQuery, 2, read},
+                                                                        {RegistryCall::kCreate, 1, save},
+                                                                        {RegistryCall::kSet, 1, save},
+                                                                        {RegistryCall::kOpen, 1, delete_value},
+                                                                        {RegistryCall::kDeleteValue, 1, delete_value},
+                                                                        {RegistryCall::kDeleteKey, 1, delete_section}};
   for (const auto& [call, count, run] : cases) {
     desktop.registry.failures.Forget();
     desktop.registry.failures.FailCall(call, count, kErrorAccessDenied);
@@ -105,23 +104,19 @@ TEST_F(RegSettingsTest, WhatIsMissingIsToldFromWhatCannotBeRead) {
 
 TEST_F(RegSettingsTest, WritesTogetherAreKeptTogetherOrNotAtAll) {
   settings.SaveSetting("S", "a", "old");
-  struct Case {
-    RegistryCall call;
-    int count;
-    bool kept;
-  };
-  for (const Case& c : {Case{RegistryCall::kBegin, 1, false}, Case{RegistryCall::kCreate, 2, false},
-                        Case{RegistryCall::kSet, 1, false}, Case{RegistryCall::kCommit, 1, false},
-                        Case{RegistryCall::kDeleteKey, 1, true}, Case{RegistryCall::kSet, 3, true}}) {
+  const std::tuple<RegistryCall, int, bool> cases[] = {
+      {RegistryCall::kBegin, 1, false},  {RegistryCall::kCreate, 2, false},   {RegistryCall::kSet, 1, false},
+      {RegistryCall::kCommit, 1, false}, {RegistryCall::kDeleteKey, 1, true}, {RegistryCall::kSet, 3, true}};
+  for (const auto& [call, count, kept] : cases) {
     desktop.registry.failures.Forget();
-    desktop.registry.failures.FailCall(c.call, c.count, kErrorWriteFault);
+    desktop.registry.failures.FailCall(call, count, kErrorWriteFault);
     EXPECT_EQ(settings.SaveTogether([&] {
       settings.DeleteSetting("S");
       settings.SaveSetting("S", "a", "new");
       settings.SaveSetting("S", "b", "new");
     }),
-              c.kept);
-    EXPECT_EQ(settings.GetSetting("S", "a") + settings.GetSetting("S", "b"), c.kept ? "newnew" : "old");
+              kept);
+    EXPECT_EQ(settings.GetSetting("S", "a") + settings.GetSetting("S", "b"), kept ? "newnew" : "old");
   }
   EXPECT_EQ(desktop.registry.single_writes, 1);
 }

@@ -8,12 +8,9 @@ namespace quorvale {
 namespace {
 
 TEST(LayoutScale, IsLimitedByTheScreen) {
-  const struct {
-    double wanted;
-    double room;
-    double scale;
-  } cases[] = {{1, 560, 1}, {1.5, 704, 1.5}, {2.25, 748, 1.7}, {1, 352, 0.8}, {1, 100, 0.6}, {0.9, 2000, 0.9}};
-  for (const auto& test : cases) EXPECT_DOUBLE_EQ(LayoutScale(test.wanted, test.room, 440), test.scale) << test.room;
+  const std::tuple<double, double, double> cases[] = {{1, 560, 1},   {1.5, 704, 1.5}, {2.25, 748, 1.7},
+                                                      {1, 352, 0.8}, {1, 100, 0.6},   {0.9, 2000, 0.9}};
+  for (const auto& [wanted, room, scale] : cases) EXPECT_DOUBLE_EQ(LayoutScale(wanted, room, 440), scale) << room;
 }
 
 TEST(WithoutMiddle, KeepsBothEnds) {

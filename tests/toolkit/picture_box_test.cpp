@@ -100,11 +100,7 @@ TEST_F(PictureBoxTest, RepaintsTheAreaOfAChangedImageOnly) {
   image.SetPicture(Load(1, 1, {"ff0000"}));
   image.SetVisible(true);
   const std::vector<int> columns{10, 20, 39, 40, 60};
-  const struct {
-    const char* change;
-    std::function<void()> make;
-    std::vector<Pixel> row;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, std::vector<Pixel>> cases[] = {
       {"nothing", [] {}, {kGreenRgb, kGreenRgb, kGreenRgb, kGreenRgb, kGreenRgb}},
       {"same place", [&] { image.SetLeft(300); }, {kGreenRgb, kGreenRgb, kGreenRgb, kGreenRgb, kGreenRgb}},
       {"hidden", [&] { image.SetVisible(false); }, {kGreenRgb, kBlackRgb, kBlackRgb, kGreenRgb, kGreenRgb}},

@@ -1,18 +1,11 @@
-#include "toolkit/surface.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <functional>
 #include <limits>
 #include <random>
-#include <string>
-#include <vector>
 
-#include "toolkit/band_form.h"
+#include "toolkit/surface.h"
 
 namespace quorvale {
 namespace {
@@ -20,6 +13,79 @@ namespace {
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
+
+// A set of pixels kept the plain way, to compare regions with.
+class PixelSet {
+ public:
+  PixelSet(int width, int height) : width_(width), bits_(static_cast<std::size_t>(width) * height) {}
+
+  void Set(int x, int y) { bits_[Index(x, y)] = true; }
+  bool Has(int x, int y) const { return bits_[Index(x, y)]; }
+  void Clear() { bits_.assign(bits_.size(), false); }
+
+  int Count(const PixelRect& rect) const {
+    int count = 0;
+    for (int y = rect.top; y < rect.Bottom(); ++y) {
+      for (int x = rect.left; x < rect.Right(); ++x) count += Has(x, y) ? 1 : 0;
+    }
+    return count;
+  }
+
+  // The longest runs of each row, from top to bottom.
+  std::vector<PixelRect> Spans() const {
+    std::vector<PixelRect> spans;
+    for (int y = 0; y < Height(); ++y) {
+      for (int x = 0; x < width_; ++x) {
+        if (!Has(x, y)) continue;
+        if (x > 0 && Has(x - 1, y)) {
+          ++spans.back().width;
+        } else {
+          spans.push_back({x, y, 1, 1});
+        }
+      }
+    }
+    return spans;
+  }
+
+  int Width() const { return width_; }
+  int Height() const { return width_ == 0 ? 0 : static_cast<int>(bits_.size()) / width_; }
+
+ private:
+  std::size_t Index(int x, int y) const { return static_cast<std::size_t>(y) * width_ + x; }
+
+  int width_;
+  std::vector<bool> bits_;
+};
+
+// Bands from top to bottom, rectangles that do not touch in each; all of `changed` in them, and in each
+// band at most a quarter of other pixels.
+void ExpectBandForm(const std::vector<PixelRect>& rects, const PixelSet& changed) {
+  int covered = 0;
+  int band_given = 0;
+  int band_changed = 0;
+  for (std::size_t i = 0; i < rects.size(); ++i) {
+    const PixelRect& rect = rects[i];
+    ASSERT_FALSE(rect.IsEmpty());
+    ASSERT_TRUE(rect.left >= 0 && rect.top >= 0 && rect.Right() <= changed.Width() &&
+                rect.Bottom() <= changed.Height());
+    const bool same_band = i > 0 && rect.top == rects[i - 1].top;
+    if (same_band) {
+      ASSERT_EQ(rect.height, rects[i - 1].height);
+      ASSERT_GT(rect.left, rects[i - 1].Right());
+    } else {
+      ASSERT_GE(rect.top, i > 0 ? rects[i - 1].Bottom() : 0);
+      band_given = 0;
+      band_changed = 0;
+    }
+    const int count = changed.Count(rect);
+    covered += count;
+    band_changed += count;
+    band_given += rect.width * rect.height;
+    const bool last_of_band = i + 1 == rects.size() || rects[i + 1].top != rect.top;
+    ASSERT_TRUE(!last_of_band || 4 * (band_given - band_changed) <= band_given);
+  }
+  ASSERT_EQ(covered, changed.Count({0, 0, changed.Width(), changed.Height()}));
+}
 
 constexpr Pixel kPaper = 0xFFFFFFFF;
 constexpr Pixel kInk = 0xFF000000;
@@ -40,14 +106,8 @@ std::vector<std::string> Look(const Surface& surface) {
   return rows;
 }
 
-struct ShapeCase {
-  const char* name;
-  std::function<void(Surface&)> draw;
-  std::vector<std::string> look;
-};
-
 TEST(Surface, ShapesCoverThePixelsWhoseCentresAreInside) {
-  const ShapeCase cases[] = {
+  const std::tuple<const char*, std::function<void(Surface&)>, std::vector<std::string>> cases[] = {
       {"an odd pen on a whole coordinate",
        [](Surface& s) { s.DrawLine(3, 0, 3, 4, 1, kInk); },
        {"...#....", "...#....", "...#....", "...#....", "...#...."}},
@@ -84,12 +144,12 @@ TEST(Surface, ShapesCoverThePixelsWhoseCentresAreInside) {
        [](Surface& s) { s.DrawLine(-1e300, 2, 1e300, 2, 32767, kInk); },
        {"########", "########", "########", "########", "########"}},
   };
-  for (const ShapeCase& each : cases) {
-    SCOPED_TRACE(each.name);
+  for (const auto& [name, draw, look] : cases) {
+    SCOPED_TRACE(name);
     Surface surface;
     surface.Resize(8, 5, kPaper);
-    each.draw(surface);
-    EXPECT_THAT(Look(surface), ElementsAreArray(each.look));
+    draw(surface);
+    EXPECT_THAT(Look(surface), ElementsAreArray(look));
   }
 }
 
@@ -262,6 +322,67 @@ TEST(Surface, ResizingMakesEverythingDirty) {
   surface.Resize(0, -4, kPaper);
   surface.DrawDot(0, 0, 30, kInk);
   EXPECT_THAT(surface.Dirty().Take(), IsEmpty());
+}
+
+TEST(DirtyRegion, JoinsSimilarRowsAndSmallGaps) {
+  const std::tuple<const char*, std::vector<PixelRect>, std::vector<PixelRect>> cases[] = {
+      {"a rectangle is one", {{3, 2, 10, 9}}, {{3, 2, 10, 9}}},
+      {"two that touch are one", {{3, 2, 10, 9}, {13, 2, 4, 9}}, {{3, 2, 14, 9}}},
+      {"two far apart share their bands", {{0, 0, 2, 4}, {9, 1, 2, 3}}, {{0, 0, 2, 1}, {0, 1, 2, 3}, {9, 1, 2, 3}}},
+      {"a gap of a quarter", {{0, 0, 3, 1}, {4, 0, 6, 1}}, {{0, 0, 10, 1}}},
+      {"a gap of more", {{0, 0, 3, 1}, {5, 0, 2, 1}}, {{0, 0, 3, 1}, {5, 0, 2, 1}}},
+      {"a shift that wastes a fifth", {{0, 0, 4, 1}, {1, 1, 4, 1}}, {{0, 0, 5, 2}}},
+      {"a shift that wastes a third", {{0, 0, 2, 1}, {1, 1, 2, 1}}, {{0, 0, 2, 1}, {1, 1, 2, 1}}},
+      {"an empty row parts bands", {{0, 0, 4, 2}, {0, 3, 4, 1}}, {{0, 0, 4, 2}, {0, 3, 4, 1}}},
+      {"columns that would run together",
+       {{0, 0, 10, 1}, {12, 0, 30, 1}, {0, 1, 11, 1}, {20, 1, 22, 1}, {0, 2, 12, 1}, {30, 2, 12, 1}},
+       {{0, 0, 42, 2}, {0, 2, 12, 1}, {30, 2, 12, 1}}},
+  };
+  for (const auto& [name, added, taken] : cases) {
+    SCOPED_TRACE(name);
+    DirtyRegion region;
+    region.Reset(64, 16);
+    for (const PixelRect& rect : added) region.Add(rect);
+    EXPECT_FALSE(region.IsEmpty());
+    EXPECT_THAT(region.Take(), ElementsAreArray(taken));
+    EXPECT_TRUE(region.IsEmpty());
+    EXPECT_THAT(region.Take(), IsEmpty());
+  }
+}
+
+TEST(DirtyRegion, CoversAllPixelsInAnyOrder) {
+  constexpr int width = 40;
+  constexpr int height = 12;
+  std::mt19937 random(7);
+  const auto up_to = [&random](int most) { return static_cast<int>(random() % static_cast<unsigned>(most + 1)); };
+  DirtyRegion region;
+  region.Reset(width, height);
+  for (int round = 0; round < 2000; ++round) {
+    PixelSet changed(width, height);
+    const int longest = 1 + up_to(width - 1);
+    for (int count = up_to(60); count >= 0; --count) {
+      const int y = up_to(height - 1);
+      const int left = up_to(width);
+      const int right = std::min(width, left + up_to(longest));
+      region.Add(y, left, right);
+      for (int x = left; x < right; ++x) changed.Set(x, y);
+    }
+    ASSERT_THAT(region.Spans(), ElementsAreArray(changed.Spans()));
+    ASSERT_EQ(region.IsEmpty(), changed.Spans().empty());
+    ExpectBandForm(region.Take(), changed);
+    if (testing::Test::HasFailure()) FAIL() << "round " << round;
+  }
+}
+
+TEST(DirtyRegion, IsEmptyAfterReset) {
+  DirtyRegion region;
+  EXPECT_TRUE(region.IsEmpty());
+  region.Reset(8, 8);
+  region.Add({0, 0, 8, 8});
+  region.Reset(4, 2);
+  EXPECT_TRUE(region.IsEmpty());
+  region.Add({0, 0, 4, 2});
+  EXPECT_THAT(region.Take(), ElementsAre(PixelRect{0, 0, 4, 2}));
 }
 
 }  // namespace

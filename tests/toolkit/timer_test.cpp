@@ -43,21 +43,17 @@ TEST_F(TimerTest, FiresWhileEnabledAndRestartsWhenSet) {
 
 TEST_F(TimerTest, RoundsOrRefusesTheInterval) {
   const double infinity = std::numeric_limits<double>::infinity();
-  const struct {
-    double given;
-    int kept;
-    bool fails;
-  } cases[] = {{0.5, 0, false},           {1.5, 2, false},          {2.5, 2, false},
-               {65'535.4, 65'535, false}, {65'535.5, 65'535, true}, {-0.4, 0, false},
-               {-0.6, 0, true},           {infinity, 0, true},      {std::nan(""), 0, true}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.given);
-    if (c.fails) {
-      EXPECT_EQ(FailureOf([&] { timer.SetInterval(c.given); }), FailureNumber::kInvalidValue);
+  const std::tuple<double, int, bool> cases[] = {
+      {0.5, 0, false},  {1.5, 2, false}, {2.5, 2, false},     {65'535.4, 65'535, false}, {65'535.5, 65'535, true},
+      {-0.4, 0, false}, {-0.6, 0, true}, {infinity, 0, true}, {std::nan(""), 0, true}};
+  for (const auto& [given, kept, fails] : cases) {
+    SCOPED_TRACE(given);
+    if (fails) {
+      EXPECT_EQ(FailureOf([&, to = given] { timer.SetInterval(to); }), FailureNumber::kInvalidValue);
     } else {
-      timer.SetInterval(c.given);
+      timer.SetInterval(given);
     }
-    EXPECT_EQ(timer.Interval(), c.kept);
+    EXPECT_EQ(timer.Interval(), kept);
   }
 }
 

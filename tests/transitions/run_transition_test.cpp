@@ -18,6 +18,9 @@ struct EffectCase {
   DrawOperation first;
   DrawOperation last;
   int pen_left;
+  // An operation of the third step, on a surface that is twice as large by then.
+  std::size_t next_step;
+  DrawOperation grown;
 };
 
 DrawOperation Bar(float x1, float y1, float x2, float y2) {
@@ -26,19 +29,22 @@ DrawOperation Bar(float x1, float y1, float x2, float y2) {
 
 const std::vector<EffectCase>& EffectCases() {
   // Spotlight takes the surface's own colours, here blue.
-  static const auto kDisc = [](float radius) {
+  static const auto kDisc = [](float radius, float x = 6000, float y = 4500) {
     return DrawOperation{
-        .kind = Kind::kCircle, .x1 = 6000, .y1 = 4500, .radius = radius, .draw_width = 5, .colour = 0xFF0000};
+        .kind = Kind::kCircle, .x1 = x, .y1 = y, .radius = radius, .draw_width = 5, .colour = 0xFF0000};
   };
   static const std::vector<EffectCase> kCases = {
-      {"Sweep Right", 401, 401, Bar(0, 0, 0, 9000), Bar(12000, 0, 12000, 9000), 30},
-      {"Sweep Left", 401, 401, Bar(12000, 0, 12000, 9000), Bar(0, 0, 0, 9000), 30},
-      {"Sweep Down", 451, 451, Bar(0, 0, 12000, 0), Bar(0, 9000, 12000, 9000), 30},
-      {"Sweep Up", 451, 451, Bar(0, 9000, 12000, 9000), Bar(0, 0, 12000, 0), 30},
-      {"Spotlight", 281, 281, kDisc(0), kDisc(8400), 5},
-      {"Horizontal Sandwich", 902, 451, Bar(0, 0, 12000, 0), Bar(0, 4500, 12000, 4500), 30},
-      {"Vertical Sandwich", 1202, 601, Bar(0, 0, 0, 9000), Bar(6000, 0, 6000, 9000), 30},
-      {"Shrinking Square", 904, 226, Bar(0, 0, 12000, 0), Bar(7500, 0, 7500, 9000), 30},
+      {"Sweep Right", 401, 401, Bar(0, 0, 0, 9000), Bar(12000, 0, 12000, 9000), 30, 2, Bar(60, 0, 60, 18000)},
+      {"Sweep Left", 401, 401, Bar(12000, 0, 12000, 9000), Bar(0, 0, 0, 9000), 30, 2, Bar(11940, 0, 11940, 18000)},
+      {"Sweep Down", 451, 451, Bar(0, 0, 12000, 0), Bar(0, 9000, 12000, 9000), 30, 2, Bar(0, 40, 24000, 40)},
+      {"Sweep Up", 451, 451, Bar(0, 9000, 12000, 9000), Bar(0, 0, 12000, 0), 30, 2, Bar(0, 8960, 24000, 8960)},
+      {"Spotlight", 281, 281, kDisc(0), kDisc(8400), 5, 2, kDisc(60, 12000, 9000)},
+      {"Horizontal Sandwich", 902, 451, Bar(0, 0, 12000, 0), Bar(0, 4500, 12000, 4500), 30, 5,
+       Bar(0, 17980, 24000, 17980)},
+      {"Vertical Sandwich", 1202, 601, Bar(0, 0, 0, 9000), Bar(6000, 0, 6000, 9000), 30, 5,
+       Bar(23980, 0, 23980, 18000)},
+      {"Shrinking Square", 904, 226, Bar(0, 0, 12000, 0), Bar(7500, 0, 7500, 9000), 30, 11,
+       Bar(23960, 0, 23960, 18000)},
   };
   return kCases;
 }
@@ -124,52 +130,30 @@ TEST_F(RunTransitionTest, BubblesAreDotsOnThePictureThatGrow) {
 }
 
 TEST_F(RunTransitionTest, OddSizesEndWhereTheStepsEnd) {
-  struct Case {
-    const char* name;
-    TwipSize size;
+  const std::tuple<const char*, TwipSize, std::vector<float>> cases[] = {
+      {"Sweep Right", {45, 30}, {0, 30}},
+      {"Sweep Left", {45, 30}, {45, 15}},
+      {"Vertical Sandwich", {45, 30}, {0, 45, 10, 35, 20, 25}},  // the half, 22.5, goes to 22
+      {"Sweep Right", {0, 0}, {0}},
+      {"Vertical Sandwich", {0, 0}, {0, 0}}};
+  for (const auto& [name, size, expected] : cases) {
+    SCOPED_TRACE(testing::Message() << name << " " << size.width);
+    form_->PicBase.Move(0, 0, size.width, size.height);
     std::vector<float> positions;
-  };
-  for (const Case& c : {Case{"Sweep Right", {45, 30}, {0, 30}},
-                        {"Sweep Left", {45, 30}, {45, 15}},
-                        {"Vertical Sandwich", {45, 30}, {0, 45, 10, 35, 20, 25}},  // the half, 22.5, goes to 22
-                        {"Sweep Right", {0, 0}, {0}},
-                        {"Vertical Sandwich", {0, 0}, {0, 0}}}) {
-    SCOPED_TRACE(testing::Message() << c.name << " " << c.size.width);
-    form_->PicBase.Move(0, 0, c.size.width, c.size.height);
-    std::vector<float> positions;
-    for (const DrawOperation& operation : Run(c.name)) positions.push_back(operation.x1);
-    EXPECT_EQ(positions, c.positions);
+    for (const DrawOperation& operation : Run(name)) positions.push_back(operation.x1);
+    EXPECT_EQ(positions, expected);
   }
 }
 
 // The number of steps is settled when an effect begins; each shape is drawn by the size of the moment.
 TEST_F(RunTransitionTest, ASurfaceThatGrowsInMidEffectGetsLargerShapesAndNoMoreSteps) {
-  struct Case {
-    const char* name;
-    std::size_t operations;
-    std::size_t looked_at;
-    DrawOperation shape;
-  };
-  const std::vector<Case> cases = {
-      {"Sweep Right", 401, 2, Bar(60, 0, 60, 18000)},
-      {"Sweep Left", 401, 2, Bar(11940, 0, 11940, 18000)},
-      {"Sweep Down", 451, 2, Bar(0, 40, 24000, 40)},
-      {"Sweep Up", 451, 2, Bar(0, 8960, 24000, 8960)},
-      {"Horizontal Sandwich", 902, 5, Bar(0, 17980, 24000, 17980)},
-      {"Vertical Sandwich", 1202, 5, Bar(23980, 0, 23980, 18000)},
-      {"Shrinking Square", 904, 11, Bar(23960, 0, 23960, 18000)},
-      {"Spotlight",
-       281,
-       2,
-       {.kind = Kind::kCircle, .x1 = 12000, .y1 = 9000, .radius = 60, .draw_width = 5, .colour = 0xFF0000}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
+  for (const EffectCase& effect : EffectCases()) {
+    SCOPED_TRACE(effect.name);
     form_->PicBase.Move(0, 0, 12000, 9000);
     desktop.queue.AtPump(4, [&] { form_->PicBase.Move(0, 0, 24000, 18000); });
-    const std::vector<DrawOperation> operations = Run(c.name);
-    ASSERT_EQ(operations.size(), c.operations);
-    EXPECT_EQ(operations[c.looked_at], c.shape);
+    const std::vector<DrawOperation> operations = Run(effect.name);
+    ASSERT_EQ(operations.size(), effect.operations);
+    EXPECT_EQ(operations[effect.next_step], effect.grown);
   }
 }
 
@@ -187,25 +171,21 @@ TEST_F(RunTransitionTest, APictureThatShrinksInMidEffectGetsTheRestOfTheBubbles)
 }
 
 TEST_F(RunTransitionTest, ThePauseFollowsSpeedAndMode) {
-  struct Case {
-    RunMode mode;
-    std::int32_t speed;
-    int pumps_a_step;
-  };
   form_->PicBase.Move(0, 0, 0, 0);  // one step
-  for (const Case& c : {Case{RunMode::kShow, 1, 382},
-                        {RunMode::kShow, 10, 202},
-                        {RunMode::kShow, 20, 2},
-                        {RunMode::kShow, 21, 1},
-                        {RunMode::kPreview, 1, 4001},
-                        {RunMode::kConfiguration, 10, 2201},
-                        {RunMode::kConfiguration, 20, 201},
-                        {RunMode::kPreview, 21, 1},
-                        {RunMode::kPreview, 40, 1}}) {
-    process.mode = c.mode;
-    process.show.TransitionSpeed = c.speed;
+  const std::tuple<RunMode, std::int32_t, int> cases[] = {{RunMode::kShow, 1, 382},
+                                                          {RunMode::kShow, 10, 202},
+                                                          {RunMode::kShow, 20, 2},
+                                                          {RunMode::kShow, 21, 1},
+                                                          {RunMode::kPreview, 1, 4001},
+                                                          {RunMode::kConfiguration, 10, 2201},
+                                                          {RunMode::kConfiguration, 20, 201},
+                                                          {RunMode::kPreview, 21, 1},
+                                                          {RunMode::kPreview, 40, 1}};
+  for (const auto& [mode, speed, pumps_a_step] : cases) {
+    process.mode = mode;
+    process.show.TransitionSpeed = speed;
     Run("Sweep Down");
-    EXPECT_EQ(PumpsOfLastRun(), c.pumps_a_step) << static_cast<int>(c.mode) << " " << c.speed;
+    EXPECT_EQ(PumpsOfLastRun(), pumps_a_step) << static_cast<int>(mode) << " " << speed;
   }
   process.show.TransitionSpeed = -2'000'000'000;
   EXPECT_THROW(Run("Sweep Down"), Failure);
