@@ -8,8 +8,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 #include "base/failure.h"
 #include "desktop/temporary_directory.h"
@@ -21,10 +19,7 @@ namespace quorvale {
 namespace {
 
 TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
-  const struct {
-    const char* text;
-    std::vector<std::string> expected;
-  } cases[] = {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
       {"", {}},
       {"  \t ", {}},
       {"a  b\tc ", {"a", "b", "c"}},
@@ -32,7 +27,7 @@ TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
       {R"(a\ $HOME 'b c' *;|)", {R"(a\)", "$HOME", "'b", "c'", "*;|"}},
       {R"("open ended)", {"open ended"}},
   };
-  for (const auto& c : cases) EXPECT_EQ(SplitCommandLine(c.text), c.expected) << c.text;
+  for (const auto& [text, expected] : cases) EXPECT_EQ(SplitCommandLine(text), expected) << text;
 }
 
 TEST(DesktopPrograms, StartsAProgramFromThePathAndDoesNotWait) {

@@ -23,16 +23,13 @@ using namespace std::string_literals;
 
 TEST(FileDialogFilters, MatchInEitherCase) {
   const QString kPictures = "Pictures (*.bmp;*.jpg)";
-  const struct {
-    std::string filter;
-    QStringList expected;
-  } cases[] = {
+  const std::pair<std::string, QStringList> cases[] = {
       {"", {}},
       {"Pictures (*.bmp;*.jpg)|*.bmp;*.jpg|All Files(*.*)|*.*",
        {kPictures + " (*.bmp *.BMP *.jpg *.JPG)", "All Files(*.*) (*)"}},
       {"Broken|*.a|Tail", {"Broken (*.a *.A)"}},
   };
-  for (const auto& c : cases) EXPECT_EQ(ToNameFilters(c.filter), c.expected) << c.filter;
+  for (const auto& [filter, expected] : cases) EXPECT_EQ(ToNameFilters(filter), expected) << filter;
 }
 
 TEST(FileDialogAnswers, ListSeveralFilesAfterTheirDirectory) {
@@ -42,10 +39,7 @@ TEST(FileDialogAnswers, ListSeveralFilesAfterTheirDirectory) {
     many << "/p/a long name of a file " + QString::number(i);
     long_answer += "\0a long name of a file "s + std::to_string(i);
   }
-  const struct {
-    QStringList paths;
-    std::string expected;
-  } cases[] = {
+  const std::pair<QStringList, std::string> cases[] = {
       {{}, ""},
       {{"/a/b.jpg"}, "/a/b.jpg"},
       {{"/a/b.jpg", "/a/c d.jpg"}, "/a\0b.jpg\0c d.jpg"s},
@@ -53,7 +47,7 @@ TEST(FileDialogAnswers, ListSeveralFilesAfterTheirDirectory) {
       {{"/a/b.jpg", "/d/c.jpg"}, "/a\0b.jpg\0../d/c.jpg"s},
       {many, long_answer},
   };
-  for (const auto& c : cases) EXPECT_EQ(ToAnswer(c.paths), c.expected);
+  for (const auto& [paths, expected] : cases) EXPECT_EQ(ToAnswer(paths), expected);
 }
 
 // Runs `user` on the open dialog.

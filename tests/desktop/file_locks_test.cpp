@@ -7,8 +7,6 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <functional>
-#include <string>
 
 #include "desktop/temporary_directory.h"
 

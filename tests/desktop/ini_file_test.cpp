@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <string>
 
 #include "desktop/temporary_directory.h"
 
@@ -12,11 +11,7 @@ namespace quorvale {
 namespace {
 
 TEST(SetIniValue, ChangesOneLineAndKeepsTheRest) {
-  const struct {
-    const char* name;
-    std::string before;
-    std::string after;
-  } cases[] = {
+  const std::tuple<const char*, std::string, std::string> cases[] = {
       {"new file", "", "[boot]\nKey=new\n"},
       {"other section", "[386enh]\nKey=1\n", "[386enh]\nKey=1\n[boot]\nKey=new\n"},
       {"no line end at the end", "[x]\na=1", "[x]\na=1\n[boot]\nKey=new\n"},
@@ -29,10 +24,10 @@ TEST(SetIniValue, ChangesOneLineAndKeepsTheRest) {
       {"carriage returns", "[boot]\r\nKey=1\r\n[y]\r\n", "[boot]\r\nKey=new\r\n[y]\r\n"},
       {"line before any section", "Key=1\n", "Key=1\n[boot]\nKey=new\n"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(SetIniValue(c.before, "boot", "Key", "new"), c.after);
-    EXPECT_EQ(SetIniValue(c.after, "boot", "Key", "new"), c.after);
+  for (const auto& [name, before, after] : cases) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(SetIniValue(before, "boot", "Key", "new"), after);
+    EXPECT_EQ(SetIniValue(after, "boot", "Key", "new"), after);
   }
 }
 

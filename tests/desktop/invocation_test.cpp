@@ -3,19 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace quorvale {
 namespace {
 
 TEST(ReadInvocation, KnowsHowDaemonsCall) {
-  const struct {
-    std::vector<std::string> arguments;
-    const char* daemon_window;
-    std::string text;
-    std::optional<std::uint32_t> in_window;
-  } cases[] = {
+  const std::tuple<std::vector<std::string>, const char*, std::string, std::optional<std::uint32_t>> cases[] = {
       {{}, nullptr, "", {}},
       {{"/S"}, "0x10", "/S", {}},
       {{"/INSTALL", "a", "--root"}, "0x10", "/INSTALL a --root", {}},
@@ -30,11 +23,11 @@ TEST(ReadInvocation, KnowsHowDaemonsCall) {
       {{"--window-id"}, nullptr, "/P 0", {}},
       {{"--window-id", "-1"}, nullptr, "/P 0", {}},
   };
-  for (const auto& c : cases) {
-    const Invocation invocation = ReadInvocation(c.arguments, c.daemon_window);
-    SCOPED_TRACE(c.text);
-    EXPECT_EQ(invocation.text, c.text);
-    EXPECT_EQ(invocation.daemon_window, c.in_window);
+  for (const auto& [arguments, daemon_window, text, in_window] : cases) {
+    const Invocation invocation = ReadInvocation(arguments, daemon_window);
+    SCOPED_TRACE(text);
+    EXPECT_EQ(invocation.text, text);
+    EXPECT_EQ(invocation.daemon_window, in_window);
   }
 }
 

@@ -41,11 +41,7 @@ Bytes Placeable(int right, int bottom, int units_to_inch) {
 
 TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
   const TemporaryDirectory folder;
-  const struct {
-    const char* what;
-    Bytes bytes;
-    TwipSize size;
-  } cases[] = {
+  const std::tuple<const char*, Bytes, TwipSize> cases[] = {
       {"placeable", Placeable(200, 100, 100) + kWmfHeader + kWmfBox + kWmfEnd, {2880, 1440}},
       {"placeable, no unit", Placeable(1440, 720, 0) + kWmfHeader + kWmfBox + kWmfEnd, {1440, 720}},
       {"placeable, upside down",
@@ -58,11 +54,11 @@ TEST(MetafilePicture, SizeComesFromTheHeaderTheWindowOrWhatIsDrawn) {
       {"what is drawn", kWmfHeader + kWmfBox + kWmfEnd, {31 * 15, 41 * 15}},
       {"frame", ReadSample("boxes.emf"), {200 * 15, 150 * 15}},
   };
-  for (const auto& test : cases) {
+  for (const auto& [what, bytes, expected] : cases) {
     Screen screen(40, 30);
-    const TwipSize size = Show(WritePicture(folder, "picture", test.bytes), screen.Bounds(), screen)->NaturalSize(2);
-    EXPECT_NEAR(size.width, test.size.width, 25) << test.what;
-    EXPECT_NEAR(size.height, test.size.height, 25) << test.what;
+    const TwipSize size = Show(WritePicture(folder, "picture", bytes), screen.Bounds(), screen)->NaturalSize(2);
+    EXPECT_NEAR(size.width, expected.width, 25) << what;
+    EXPECT_NEAR(size.height, expected.height, 25) << what;
   }
 }
 
@@ -77,11 +73,7 @@ TEST(MetafilePicture, FailsOnDamageBeforeTheFirstDrawing) {
   const std::size_t emf_drawn = 108 + 28 + 12 + 24 + 12 + 24;
   Bytes no_device = emf;
   std::fill_n(no_device.begin() + 72, 16, 0);
-  const struct {
-    const char* what;
-    Bytes bytes;
-    std::optional<FailureNumber> failure;
-  } cases[] = {
+  const std::tuple<const char*, Bytes, std::optional<FailureNumber>> cases[] = {
       {"whole", wmf, good},
       {"whole", emf, good},
       {"nothing drawn, but ended", kWmfHeader + WmfWindow(60, 40) + kWmfEnd, good},
@@ -93,8 +85,8 @@ TEST(MetafilePicture, FailsOnDamageBeforeTheFirstDrawing) {
       {"in the header", First(emf, 87), bad},
       {"no device", no_device, bad},
   };
-  for (const auto& test : cases) {
-    EXPECT_EQ(LoadFailure(WritePicture(folder, "picture", test.bytes)), test.failure) << test.what;
+  for (const auto& [what, bytes, failure] : cases) {
+    EXPECT_EQ(LoadFailure(WritePicture(folder, "picture", bytes)), failure) << what;
   }
 }
 

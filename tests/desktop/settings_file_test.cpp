@@ -9,12 +9,8 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdint>
 #include <ctime>
 #include <filesystem>
-#include <functional>
-#include <string>
-#include <vector>
 
 #include "desktop/temporary_directory.h"
 #include "platform/desktop/system/files.h"
@@ -48,15 +44,21 @@ int StatusOf(pid_t child) {
   return status;
 }
 
+// The settings of a directory.
+struct Store {
+  explicit Store(const std::string& directory) : registry(directory) {}
+
+  SqliteRegistry registry;
+  CRegSettings settings{registry};
+};
+
 class SettingsFileTest : public testing::Test {
  protected:
   bool Save(const std::string& key, const std::string& value) {
-    SqliteRegistry registry(directory_.Path());
-    return CRegSettings(registry).SaveSetting("Options", key, value);
+    return Store(directory_.Path()).settings.SaveSetting("Options", key, value);
   }
   std::string Get(const std::string& key) {
-    SqliteRegistry registry(directory_.Path());
-    return CRegSettings(registry).GetSetting("Options", key, kMissing);
+    return Store(directory_.Path()).settings.GetSetting("Options", key, kMissing);
   }
   std::vector<std::string> FilesAside() {
     std::vector<std::string> names;
@@ -78,13 +80,12 @@ TEST_F(SettingsFileTest, ProcessesWriteAtOnce) {
   std::vector<pid_t> children(kWriters);
   for (int writer = 0; writer < kWriters; ++writer) {
     children[writer] = Fork([&] {
-      SqliteRegistry registry(directory_.Path());
-      CRegSettings settings(registry);
+      Store store(directory_.Path());
       int failures = 0;
       for (int i = 0; i < kValues; ++i) {
         const int number = writer * kValues + i;
-        if (!settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) ++failures;
-        if (settings.GetSetting("Options", KeyOf(number)) != ValueOf(number)) ++failures;
+        if (!store.settings.SaveSetting("Options", KeyOf(number), ValueOf(number))) ++failures;
+        if (store.settings.GetSetting("Options", KeyOf(number)) != ValueOf(number)) ++failures;
       }
       return failures;
     });
@@ -105,13 +106,16 @@ class SavedTogetherTest : public SettingsFileTest {
       for (int i = 0; i < kEntries; ++i) settings.SaveSetting("List", KeyOf(i), ValueOf(round));
     });
   }
+  bool SaveList(int round) {
+    Store store(directory_.Path());
+    return SaveList(store.settings, round);
+  }
   // The round whose list is stored; -1 for anything but a whole list.
   int StoredRound() {
-    SqliteRegistry registry(directory_.Path());
-    CRegSettings settings(registry);
-    const std::string first = settings.GetSetting("List", KeyOf(0));
+    Store store(directory_.Path());
+    const std::string first = store.settings.GetSetting("List", KeyOf(0));
     for (int i = 1; i < kEntries; ++i) {
-      if (settings.GetSetting("List", KeyOf(i)) != first) return -1;
+      if (store.settings.GetSetting("List", KeyOf(i)) != first) return -1;
     }
     return first.empty() ? -1 : first[0] - 'a';
   }
@@ -119,15 +123,10 @@ class SavedTogetherTest : public SettingsFileTest {
 
 TEST_F(SavedTogetherTest, AKillLeavesTheOldListOrTheNew) {
   for (int milliseconds = 0; milliseconds < 40; milliseconds += 2) {
-    {
-      SqliteRegistry registry(directory_.Path());
-      CRegSettings settings(registry);
-      ASSERT_TRUE(SaveList(settings, 0));
-    }
+    ASSERT_TRUE(SaveList(0));
     const pid_t child = Fork([&]() -> int {
-      SqliteRegistry registry(directory_.Path());
-      CRegSettings settings(registry);
-      for (int round = 1;; round = round % 20 + 1) SaveList(settings, round);
+      Store store(directory_.Path());
+      for (int round = 1;; round = round % 20 + 1) SaveList(store.settings, round);
     });
     usleep(1000 * static_cast<unsigned>(milliseconds));
     kill(child, SIGKILL);
@@ -137,31 +136,25 @@ TEST_F(SavedTogetherTest, AKillLeavesTheOldListOrTheNew) {
 }
 
 TEST_F(SavedTogetherTest, AFullDiskOrALockLeavesTheOldList) {
-  {
-    SqliteRegistry registry(directory_.Path());
-    CRegSettings settings(registry);
-    ASSERT_TRUE(SaveList(settings, 3));
-  }
+  ASSERT_TRUE(SaveList(3));
   const pid_t child = Fork([&] {
     signal(SIGXFSZ, SIG_IGN);
     const rlimit most{100'000, 100'000};
     setrlimit(RLIMIT_FSIZE, &most);
-    SqliteRegistry registry(directory_.Path());
-    CRegSettings settings(registry);
-    if (SaveList(settings, 4)) return 1;
-    return settings.GetSetting("List", KeyOf(kEntries - 1)) == ValueOf(3) ? 0 : 2;
+    Store store(directory_.Path());
+    if (SaveList(store.settings, 4)) return 1;
+    return store.settings.GetSetting("List", KeyOf(kEntries - 1)) == ValueOf(3) ? 0 : 2;
   });
   EXPECT_EQ(StatusOf(child), 0);
   EXPECT_EQ(StoredRound(), 3);
 
   SqliteDatabase other(directory_.Path("settings.db"), SQLITE_OPEN_READWRITE);
   other.Execute("BEGIN IMMEDIATE");
-  SqliteRegistry registry(directory_.Path());
-  CRegSettings settings(registry);
-  EXPECT_FALSE(SaveList(settings, 5));
+  Store store(directory_.Path());
+  EXPECT_FALSE(SaveList(store.settings, 5));
   other.Execute("COMMIT");
   EXPECT_EQ(StoredRound(), 3);
-  EXPECT_TRUE(SaveList(settings, 5));
+  EXPECT_TRUE(SaveList(store.settings, 5));
   EXPECT_EQ(StoredRound(), 5);
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
@@ -170,13 +163,12 @@ TEST_F(SavedTogetherTest, AFullDiskOrALockLeavesTheOldList) {
 TEST_F(SavedTogetherTest, AListIsReplacedAsFastAsItIsStored) {
   std::clock_t fastest[2] = {};  // a first save, and one that replaces it
   for (int attempt = 0; attempt < 4; ++attempt) {
-    SqliteRegistry registry(directory_.Path(std::to_string(attempt)));
-    CRegSettings settings(registry);
+    Store store(directory_.Path(std::to_string(attempt)));
     for (std::clock_t& fast : fastest) {
       const std::clock_t start = std::clock();
-      ASSERT_TRUE(settings.SaveTogether([&] {
-        settings.DeleteSetting("List");
-        for (int i = 0; i < 3000; ++i) settings.SaveSetting("List", KeyOf(i), ValueOf(i + attempt));
+      ASSERT_TRUE(store.settings.SaveTogether([&] {
+        store.settings.DeleteSetting("List");
+        for (int i = 0; i < 3000; ++i) store.settings.SaveSetting("List", KeyOf(i), ValueOf(i + attempt));
       }));
       const std::clock_t taken = std::clock() - start;
       if (attempt == 0 || taken < fast) fast = taken;
@@ -201,39 +193,36 @@ TEST_F(SettingsFileTest, IsReadWhereNothingCanBeWritten) {
     const TemporaryDirectory place;
     const std::string directory = place.Path("100% mine? #1");
     std::filesystem::create_directory(directory);
+    std::vector<std::string> files{"/settings.db"};
+    if (with_log) files.emplace_back("/settings.db-wal");
     {
-      SqliteRegistry registry(directory_.Path());
-      ASSERT_TRUE(CRegSettings(registry).SaveSetting("Options", "Interval", with_log ? "8" : "7"));
-      if (!with_log) registry.Close();
-      for (const char* const name : {"/settings.db", "/settings.db-wal"}) {
-        if (with_log || std::string(name) == "/settings.db") {
-          std::filesystem::copy_file(directory_.Path() + name, directory + name);
-        }
-      }
+      Store store(directory_.Path());
+      ASSERT_TRUE(store.settings.SaveSetting("Options", "Interval", with_log ? "8" : "7"));
+      if (!with_log) store.registry.Close();
+      for (const std::string& name : files) std::filesystem::copy_file(directory_.Path() + name, directory + name);
     }
     const pid_t child = Fork([&] {
       if (getuid() == 0) {
-        for (const std::string& path : {place.Path(), directory, directory + "/settings.db"}) {
+        for (std::string& name : files) name = directory + name;
+        files.insert(files.end(), {place.Path(), directory});
+        for (const std::string& path : files) {
           if (chown(path.c_str(), 65534, 65534) != 0) return 1;
         }
-        if (with_log && chown((directory + "/settings.db-wal").c_str(), 65534, 65534) != 0) return 1;
         if (setgid(65534) != 0 || setuid(65534) != 0) return 2;
       }
       if (chmod(directory.c_str(), 0500) != 0) return 3;
-      SqliteRegistry registry(directory);
-      CRegSettings settings(registry);
+      Store store(directory);
       for (int i = 0; i < 2; ++i) {
-        if (settings.GetSetting("Options", "Interval", kMissing) != (with_log ? "8" : "7")) return 4;
-        if (settings.SaveSetting("Options", "Interval", "9")) return 5;
+        if (store.settings.GetSetting("Options", "Interval", kMissing) != (with_log ? "8" : "7")) return 4;
+        if (store.settings.SaveSetting("Options", "Interval", "9")) return 5;
       }
       // What has become writable is found again.
       chmod(directory.c_str(), 0700);
       usleep(1'100'000);
-      return settings.SaveSetting("Options", "Interval", "9") ? 0 : 6;
+      return store.settings.SaveSetting("Options", "Interval", "9") ? 0 : 6;
     });
     EXPECT_EQ(StatusOf(child) >> 8, 0);
-    SqliteRegistry registry(directory);
-    EXPECT_EQ(CRegSettings(registry).GetSetting("Options", "Interval", kMissing), "9");
+    EXPECT_EQ(Store(directory).settings.GetSetting("Options", "Interval", kMissing), "9");
   }
 }
 
@@ -242,10 +231,7 @@ TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
   const std::string sound = directory_.Read("settings.db");
   std::string broken_pages = sound;
   for (std::size_t at = 4096; at < sound.size(); at += 64) broken_pages[at] = '\x7f';
-  const struct {
-    const char* name;
-    std::string content;
-  } cases[] = {
+  const std::pair<const char*, std::string> cases[] = {
       {"no database at all", "these are no settings"},
       {"every page broken but the first", broken_pages},
       {"cut off", sound.substr(0, 12'288)},
@@ -253,14 +239,14 @@ TEST_F(SettingsFileTest, ADamagedFileIsSetAside) {
       {"header overwritten", std::string(200, '\0') + sound.substr(200)},
   };
   std::size_t aside = 0;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    directory_.Write("settings.db", c.content);
+  for (const auto& [name, content] : cases) {
+    SCOPED_TRACE(name);
+    directory_.Write("settings.db", content);
     EXPECT_EQ(Get(KeyOf(150)), kMissing);
     EXPECT_TRUE(Save("Interval", "7"));
     EXPECT_EQ(Get("Interval"), "7");
     EXPECT_EQ(FilesAside().size(), ++aside);
-    EXPECT_EQ(directory_.Read("settings.db.damaged-" + std::to_string(aside)), c.content);
+    EXPECT_EQ(directory_.Read("settings.db.damaged-" + std::to_string(aside)), content);
   }
 }
 
@@ -281,10 +267,9 @@ TEST_F(SettingsFileTest, AFileInUseStaysWhereItIs) {
   SqliteRegistry user(directory_.Path());
   ASSERT_EQ(CRegSettings(user).GetSetting("Options", "Interval"), "7");
   directory_.Write("settings.db", "these are no settings");
-  SqliteRegistry registry(directory_.Path());
-  CRegSettings settings(registry);
-  EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "8"));
-  EXPECT_EQ(settings.GetSetting("Options", "Interval", kMissing), kMissing);
+  Store store(directory_.Path());
+  EXPECT_FALSE(store.settings.SaveSetting("Options", "Interval", "8"));
+  EXPECT_EQ(store.settings.GetSetting("Options", "Interval", kMissing), kMissing);
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
 
@@ -293,14 +278,13 @@ TEST_F(SettingsFileTest, AHangingWriterCostsWritesOnly) {
   ASSERT_TRUE(Save("Interval", "7"));
   SqliteDatabase other(directory_.Path("settings.db"), SQLITE_OPEN_READWRITE);
   other.Execute("BEGIN IMMEDIATE");
-  SqliteRegistry registry(directory_.Path());
-  CRegSettings settings(registry);
+  Store store(directory_.Path());
   const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < 20; ++i) EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "8"));
+  for (int i = 0; i < 20; ++i) EXPECT_FALSE(store.settings.SaveSetting("Options", "Interval", "8"));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(6));
-  EXPECT_EQ(settings.GetSetting("Options", "Interval"), "7");
+  EXPECT_EQ(store.settings.GetSetting("Options", "Interval"), "7");
   other.Execute("COMMIT");
-  EXPECT_TRUE(settings.SaveSetting("Options", "Interval", "8"));
+  EXPECT_TRUE(store.settings.SaveSetting("Options", "Interval", "8"));
   EXPECT_THAT(FilesAside(), testing::IsEmpty());
 }
 
@@ -312,32 +296,25 @@ TEST_F(SettingsFileTest, WithoutAPlaceCallsFailAndNothingElseHappens) {
   for (const std::string& place : {std::string(), directory_.Path("file"), directory_.Path("file/below"),
                                    directory_.Path("taken"), directory_.Path("pipe"), std::string("/proc/quorvale")}) {
     SCOPED_TRACE(place);
-    SqliteRegistry registry(place);
-    CRegSettings settings(registry);
-    EXPECT_FALSE(settings.SaveSetting("Options", "Interval", "7"));
-    EXPECT_EQ(settings.GetSetting("Options", "Interval", kMissing), kMissing);
-    EXPECT_FALSE(settings.DeleteSetting("Options", "Interval"));
+    Store store(place);
+    EXPECT_FALSE(store.settings.SaveSetting("Options", "Interval", "7"));
+    EXPECT_EQ(store.settings.GetSetting("Options", "Interval", kMissing), kMissing);
+    EXPECT_FALSE(store.settings.DeleteSetting("Options", "Interval"));
   }
   EXPECT_TRUE(std::filesystem::is_directory(directory_.Path("taken/settings.db")));
 }
 
 TEST(SettingsLocation, FollowsTheEnvironment) {
-  const struct {
-    const char* config;
-    const char* home;
-    const char* expected;
-  } cases[] = {
-      {"/c", "/h", "/c/quorvale"},
-      {nullptr, "/h", "/h/.config/quorvale"},
-      {"", "/h", "/h/.config/quorvale"},
-      {"relative", "/h", "/h/.config/quorvale"},
-  };
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"/c", "/h", "/c/quorvale"},
+                                                                     {nullptr, "/h", "/h/.config/quorvale"},
+                                                                     {"", "/h", "/h/.config/quorvale"},
+                                                                     {"relative", "/h", "/h/.config/quorvale"}};
   // In a process of its own: the environment is everybody's.
   const pid_t child = Fork([&] {
-    for (const auto& c : cases) {
-      c.config != nullptr ? setenv("XDG_CONFIG_HOME", c.config, 1) : unsetenv("XDG_CONFIG_HOME");
-      setenv("HOME", c.home, 1);
-      if (SettingsDirectory() != c.expected) return 1;
+    for (const auto& [config, home, expected] : cases) {
+      config != nullptr ? setenv("XDG_CONFIG_HOME", config, 1) : unsetenv("XDG_CONFIG_HOME");
+      setenv("HOME", home, 1);
+      if (SettingsDirectory() != expected) return 1;
     }
     unsetenv("HOME");
     return SettingsDirectory().ends_with("/.config/quorvale") ? 0 : 2;

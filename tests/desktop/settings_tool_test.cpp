@@ -1,15 +1,10 @@
 // The built tool, run as a user runs it.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <string>
-#include <vector>
+#include <QProcess>
 
 #include "desktop/temporary_directory.h"
-#include "platform/desktop/system/files.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "settings/reg_settings.h"
 
@@ -27,34 +22,15 @@ void PrintTo(const Outcome& outcome, std::ostream* stream) { *stream << outcome.
 
 class SettingsToolTest : public testing::Test {
  protected:
-  Outcome Run(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "quorvale-settings");
-    std::vector<char*> pointers;
-    pointers.reserve(arguments.size() + 1);
-    for (std::string& argument : arguments) pointers.push_back(argument.data());
-    pointers.push_back(nullptr);
-    int ends[2];
-    if (pipe(ends) != 0) return {};
-    const FileDescriptor reading(ends[0]);
-    FileDescriptor writing(ends[1]);
-    const pid_t child = fork();
-    if (child == 0) {
-      dup2(writing.Get(), STDOUT_FILENO);
-      dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
-      setenv("XDG_CONFIG_HOME", directory_.Path().c_str(), 1);
-      execv(QUORVALE_SETTINGS_TOOL, pointers.data());
-      _exit(127);
-    }
-    writing = FileDescriptor();
-    Outcome outcome;
-    char buffer[4096];
-    for (ssize_t count = 0; (count = read(reading.Get(), buffer, sizeof buffer)) > 0;) {
-      outcome.output.append(buffer, static_cast<std::size_t>(count));
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFEXITED(status)) outcome.status = WEXITSTATUS(status);
-    return outcome;
+  Outcome Run(const QStringList& arguments) {
+    QProcess tool;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", QString::fromStdString(directory_.Path()));
+    tool.setProcessEnvironment(environment);
+    tool.start(QUORVALE_SETTINGS_TOOL, arguments);
+    tool.waitForFinished();
+    const bool is_done = tool.exitStatus() == QProcess::NormalExit;
+    return {is_done ? tool.exitCode() : -1, tool.readAllStandardOutput().toStdString()};
   }
 
   TemporaryDirectory directory_;
@@ -106,7 +82,7 @@ TEST_F(SettingsToolTest, AResetThatFailsDeletesNothing) {
 }
 
 TEST_F(SettingsToolTest, ReachesOtherKeys) {
-  const std::string key = R"(Control Panel\Desktop)";
+  const QString key = R"(Control Panel\Desktop)";
   EXPECT_EQ(Run({"--key", key, "set", "", "ScreenSaveUsePassword", "1"}).status, 0);
   EXPECT_EQ(Run({"--key", "Control Panel", "get", "Desktop", "ScreenSaveUsePassword"}), (Outcome{0, "1\n"}));
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 0);
@@ -116,10 +92,10 @@ TEST_F(SettingsToolTest, ReachesOtherKeys) {
 }
 
 TEST_F(SettingsToolTest, RefusesWhatMakesNoSense) {
-  const std::vector<std::vector<std::string>> cases = {
+  const QStringList cases[] = {
       {},        {"show"},       {"get", "Options"},    {"set", "Options", "Interval"}, {"reset", "Options"},
       {"--key"}, {"--key", "x"}, {"--key", "", "reset"}};
-  for (const auto& arguments : cases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << testing::PrintToString(arguments);
+  for (const auto& arguments : cases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << arguments.join(' ').toStdString();
   EXPECT_EQ(Run({"--help"}).status, 0);
   directory_.Write("quorvale", "a file where the directory should be");
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 1);

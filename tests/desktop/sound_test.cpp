@@ -6,12 +6,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
-#include <vector>
 
-#include "desktop/sound_capture.h"
+#include "desktop/sound_samples.h"
 #include "desktop/temporary_directory.h"
-#include "desktop/wave_writer.h"
 #include "platform/desktop/system/sdl_sound_player.h"
 
 namespace quorvale {
@@ -216,10 +213,7 @@ TEST_F(SoundTest, WhatIsNoSoundIsRefused) {
   setenv("SDL_AUDIODRIVER", "dummy", 1);
   const std::string riff = Steady(5000, 1000).Bytes();
   const std::string data = Pcm16(5000, 1000);
-  const struct {
-    const char* name;
-    std::string bytes;
-  } cases[] = {
+  const std::pair<const char*, std::string> cases[] = {
       {"empty", ""},
       {"text", std::string(5000, 'x')},
       {"cut in the format", riff.substr(0, 30)},
@@ -240,9 +234,9 @@ TEST_F(SoundTest, WhatIsNoSoundIsRefused) {
       {"unknown coding", WaveWriter().Format(0x31, 1, kRate, 65, 0).Chunk("data", data).Bytes()},
   };
   SdlSoundPlayer player;
-  for (const auto& c : cases) {
-    directory_.Write("sound.wav", c.bytes);
-    EXPECT_FALSE(player.PlaySound(Path("sound.wav"), kFlags)) << c.name;
+  for (const auto& [name, bytes] : cases) {
+    directory_.Write("sound.wav", bytes);
+    EXPECT_FALSE(player.PlaySound(Path("sound.wav"), kFlags)) << name;
   }
 
   mkfifo(Path("pipe").c_str(), S_IRUSR | S_IWUSR);

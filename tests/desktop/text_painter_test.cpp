@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <vector>
 
 namespace quorvale {
 namespace {
@@ -52,35 +51,30 @@ TEST(QtTextPainter, IsWiderForALongerTextAndEmptyForNone) {
 
 // Draws in the middle of a larger buffer, whose edge nothing may touch.
 TEST(QtTextPainter, DrawsOnlyInTheReportedArea) {
-  const struct {
-    const char* what;
-    int left;
-    int top;
-    bool is_seen;
-  } cases[] = {{"inside", 5, 5, true},
-               {"cut at left and top", -15, -8, true},
-               {"cut at right", 60, 5, true},
-               {"above", 5, -100, false},
-               {"far to the right", 4000, 5, false}};
+  const std::tuple<const char*, int, int, bool> cases[] = {{"inside", 5, 5, true},
+                                                           {"cut at left and top", -15, -8, true},
+                                                           {"cut at right", 60, 5, true},
+                                                           {"above", 5, -100, false},
+                                                           {"far to the right", 4000, 5, false}};
   QtTextPainter painter(kPixelsPerInch);
-  for (const auto& c : cases) {
+  for (const auto& [what, left, top, is_seen] : cases) {
     std::vector<Pixel> buffer(static_cast<std::size_t>(kWidth) * kHeight, kPaper);
     const PixelView target{&buffer[static_cast<std::size_t>(kEdge) * kWidth + kEdge], kWidth - 2 * kEdge,
                            kHeight - 2 * kEdge, kWidth};
-    const PixelRect changed = painter.Draw(target, c.left, c.top, "Wolken", kNames, 0x0000FF, 1);
-    EXPECT_EQ(Intersect(changed, target.Bounds()), changed) << c.what;
+    const PixelRect changed = painter.Draw(target, left, top, "Wolken", kNames, 0x0000FF, 1);
+    EXPECT_EQ(Intersect(changed, target.Bounds()), changed) << what;
     int inked = 0;
     for (int y = 0; y < kHeight; ++y) {
       for (int x = 0; x < kWidth; ++x) {
         if (buffer[static_cast<std::size_t>(y) * kWidth + x] == kPaper) continue;
         ++inked;
         const PixelRect pixel{x - kEdge, y - kEdge, 1, 1};
-        ASSERT_EQ(Intersect(pixel, changed), pixel) << c.what << " at " << x << ", " << y;
+        ASSERT_EQ(Intersect(pixel, changed), pixel) << what << " at " << x << ", " << y;
       }
     }
-    EXPECT_EQ(inked > 0, c.is_seen) << c.what;
-    if (c.is_seen) {
-      EXPECT_NE(std::find(buffer.begin(), buffer.end(), 0xFFFF0000), buffer.end()) << c.what;
+    EXPECT_EQ(inked > 0, is_seen) << what;
+    if (is_seen) {
+      EXPECT_NE(std::find(buffer.begin(), buffer.end(), 0xFFFF0000), buffer.end()) << what;
     }
   }
 }

@@ -13,7 +13,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
-#include <functional>
 
 #include "common/logged_events.h"
 #include "desktop/widget_form.h"
@@ -85,11 +84,7 @@ TEST_F(WidgetsTest, IgnoreTheFocusWithoutAWindow) {
 }
 
 TEST_F(WidgetsTest, ReportWhatTheUserDoes) {
-  const struct {
-    const char* what;
-    std::function<void()> act;
-    Strings log;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, Strings> cases[] = {
       {"a click", [&] { Click("cmdAdd"); }, {"cmdAdd"}},
       {"Enter is the default button", [&] { Press(Qt::Key_Return); }, {"OK"}},
       {"Enter on a button is that button", [&] { form_->cmdAdd.SetFocus(), Press(Qt::Key_Return); }, {"cmdAdd"}},
@@ -128,11 +123,11 @@ TEST_F(WidgetsTest, ReportWhatTheUserDoes) {
        [&] { Press(Qt::Key_F, Qt::AltModifier), Press(Qt::Key_M), Press(Qt::Key_D); },
        {"File opens", "530", "Deep"}},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    c.act();
+  for (const auto& [what, act, log] : cases) {
+    SCOPED_TRACE(what);
+    act();
     platform_.PumpEvents();
-    EXPECT_THAT(form_->log, ElementsAreArray(c.log));
+    EXPECT_THAT(form_->log, ElementsAreArray(log));
     Reopen();
   }
 }
@@ -253,11 +248,7 @@ class ListWidgetTest : public WidgetsTest {
 TEST_F(ListWidgetTest, SelectsAsWindowsDoes) {
   constexpr auto kShift = Qt::ShiftModifier;
   constexpr auto kCtrl = Qt::ControlModifier;
-  const struct {
-    const char* what;
-    std::function<void()> act;
-    std::vector<int> selected;
-  } cases[] = {
+  const std::tuple<const char*, std::function<void()>, std::vector<int>> cases[] = {
       {"a click", [&] { ClickItem(1), ClickItem(3); }, {3}},
       {"Ctrl", [&] { ClickItem(1), ClickItem(3, kCtrl), ClickItem(5, kCtrl), ClickItem(3, kCtrl); }, {1, 5}},
       {"Shift", [&] { ClickItem(4), ClickItem(2, kShift); }, {2, 3, 4}},
@@ -271,10 +262,10 @@ TEST_F(ListWidgetTest, SelectsAsWindowsDoes) {
       {"End", [&] { ClickItem(7), Press(Qt::Key_End, kShift); }, {7, 8, 9}},
       {"Ctrl+A", [&] { Press(Qt::Key_A, kCtrl); }, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    c.act();
-    EXPECT_EQ(Selected(), c.selected);
+  for (const auto& [what, act, selected] : cases) {
+    SCOPED_TRACE(what);
+    act();
+    EXPECT_EQ(Selected(), selected);
   }
 }
 

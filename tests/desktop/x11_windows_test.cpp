@@ -1,16 +1,45 @@
 #include "platform/desktop/system/x11_windows.h"
 
 #include <gtest/gtest.h>
+#include <xcb/xcb.h>
 
+#include <QProcess>
 #include <array>
 #include <cstdlib>
-#include <memory>
-#include <string>
-
-#include "desktop/x_server.h"
 
 namespace quorvale {
 namespace {
+
+// An X server for one test.
+class XServer {
+ public:
+  struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+  };
+  using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+  XServer() {
+    server_.start(QUORVALE_SCRIPTS "/virtual-display.sh", {"640x480"});
+    while (!server_.canReadLine() && server_.waitForReadyRead()) {
+    }
+    display_ = server_.readLine().trimmed().toStdString();
+  }
+  ~XServer() { Stop(); }
+
+  // False where Xvfb is missing.
+  bool Runs() const { return !display_.empty(); }
+  std::string Display() const { return ":" + display_; }
+  Connection Connect() const { return Connection(xcb_connect(Display().c_str(), nullptr)); }
+
+  void Stop() {
+    server_.terminate();
+    server_.waitForFinished();
+  }
+
+ private:
+  QProcess server_;
+  std::string display_;
+};
 
 class X11WindowsTest : public testing::Test {
  protected:
@@ -47,14 +76,7 @@ class X11WindowsTest : public testing::Test {
 
 TEST_F(X11WindowsTest, FindsExactTitlesAtTheTopAndInFrames) {
   const xcb_window_t frame = MakeWindow(MakeWindow(root_));
-  const struct {
-    const char* name;
-    const char* property;
-    const char* type;
-    const char* title;
-    xcb_window_t parent;
-    bool found;
-  } cases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*, xcb_window_t, bool> cases[] = {
       {"modern name", "_NET_WM_NAME", "UTF8_STRING", "The Title", root_, true},
       {"old name", "WM_NAME", "STRING", "The Title", root_, true},
       {"in a frame", "_NET_WM_NAME", "UTF8_STRING", "The Title", frame, true},
@@ -65,12 +87,12 @@ TEST_F(X11WindowsTest, FindsExactTitlesAtTheTopAndInFrames) {
       {"other case", "WM_NAME", "STRING", "the title", root_, false},
       {"the icon's", "WM_ICON_NAME", "STRING", "The Title", root_, false},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    const xcb_window_t window = MakeWindow(c.parent);
-    SetText(window, c.property, c.type, c.title);
+  for (const auto& [name, property, type, title, parent, found] : cases) {
+    SCOPED_TRACE(name);
+    const xcb_window_t window = MakeWindow(parent);
+    SetText(window, property, type, title);
     Settle();
-    EXPECT_EQ(FindTopLevelByTitle(asker_.get(), "The Title"), c.found ? window : 0);
+    EXPECT_EQ(FindTopLevelByTitle(asker_.get(), "The Title"), found ? window : 0);
     xcb_destroy_window(program_.get(), window);
   }
 }

@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
 #include "desktop/temporary_directory.h"
 
@@ -16,11 +13,7 @@ constexpr char kOurs[] = "mode:\t\tone\nselected:\t0\n";
 
 TEST(SelectSaver, PutsTheProgramFirstAndKeepsTheRest) {
   const std::string line = "programs:\tquorvale --root\t\\n";
-  const struct {
-    const char* name;
-    std::string before;
-    std::string after;
-  } cases[] = {
+  const std::tuple<const char*, std::string, std::string> cases[] = {
       {"new file", "", kOurs + line + "\n"},
       {"other settings and comments", "# mode: two\n!x\ntimeout:\t0:05:00\n",
        "# mode: two\n!x\ntimeout:\t0:05:00\n" + (kOurs + line) + "\n"},
@@ -38,45 +31,38 @@ TEST(SelectSaver, PutsTheProgramFirstAndKeepsTheRest) {
       {"a setting whose value is that of another", "programsx: mode: 1\n",
        "programsx: mode: 1\n" + (kOurs + line) + "\n"},
   };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(SelectSaver(c.before, "quorvale --root"), c.after);
-    EXPECT_EQ(SelectSaver(c.after, "quorvale --root"), c.after);
+  for (const auto& [name, before, after] : cases) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(SelectSaver(before, "quorvale --root"), after);
+    EXPECT_EQ(SelectSaver(after, "quorvale --root"), after);
   }
 }
 
-class SelectSaverOfUserTest : public testing::Test {
- protected:
-  std::string Read(const std::string& name) const {
-    std::ifstream file(home_.Path(name));
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  void Write(const std::string& text) const { std::ofstream(home_.Path(".xscreensaver")) << text; }
-
+struct SelectSaverOfUserTest : testing::Test {
   TemporaryDirectory home_;
 };
 
 TEST_F(SelectSaverOfUserTest, LeavesACopyOfWhatWasThere) {
-  Write("lock:\tTrue\n");
+  home_.Write(".xscreensaver", "lock:\tTrue\n");
   EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(Read(".xscreensaver"), SelectSaver("lock:\tTrue\n", "quorvale --root"));
+  EXPECT_EQ(home_.Read(".xscreensaver"), SelectSaver("lock:\tTrue\n", "quorvale --root"));
   // A second time there is nothing to change, and the copy is still the user's.
   EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(Read(".xscreensaver.before-quorvale"), "lock:\tTrue\n");
+  EXPECT_EQ(home_.Read(".xscreensaver.before-quorvale"), "lock:\tTrue\n");
 }
 
 TEST_F(SelectSaverOfUserTest, MakesAFileThatIsMissing) {
   EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(Read(".xscreensaver"), SelectSaver("", "quorvale --root"));
+  EXPECT_EQ(home_.Read(".xscreensaver"), SelectSaver("", "quorvale --root"));
   EXPECT_FALSE(std::filesystem::exists(home_.Path(".xscreensaver.before-quorvale")));
 }
 
 TEST_F(SelectSaverOfUserTest, LeavesAFileAloneThatCannotHoldTheCommand) {
-  Write("lock:\tTrue\n");
+  home_.Write(".xscreensaver", "lock:\tTrue\n");
   for (const char* command : {"/opt/a\nb/quorvale --root", "/opt/\"a\"/quorvale --root", "/a\\n/quorvale --root"}) {
     EXPECT_FALSE(SelectSaverOfUser(home_.Path(), command));
   }
-  EXPECT_EQ(Read(".xscreensaver"), "lock:\tTrue\n");
+  EXPECT_EQ(home_.Read(".xscreensaver"), "lock:\tTrue\n");
 }
 
 }  // namespace

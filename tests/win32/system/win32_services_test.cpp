@@ -141,10 +141,7 @@ TEST(Win32Programs, ReportsThatNothingOpensADocument) {
 }
 
 TEST(CommandLine, SkipsTheProgram) {
-  const struct {
-    const char* line;
-    const char* text;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {R"(C:\Windows\QUORVALE.SCR /s)", "/s"},
       {R"("C:\My files\Quorvale.scr" /p 1234)", "/p 1234"},
       {"C:\\B\xC3\xBC"
@@ -156,7 +153,7 @@ TEST(CommandLine, SkipsTheProgram) {
       {R"("C:\My files\Quorvale.scr)", ""},
       {"", ""},
   };
-  for (const auto& test : cases) EXPECT_EQ(SkipProgram(test.line), test.text) << test.line;
+  for (const auto& [line, text] : cases) EXPECT_EQ(SkipProgram(line), text) << line;
 }
 
 TEST(HelpPage, LiesBesideTheHelpFile) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "common/logged_events.h"
 #include "platform/win32/win32_platform.h"
 #include "toolkit/picture.h"
 #include "toolkit/surface.h"
@@ -20,7 +21,7 @@ class NoPictures : public PictureLoader {
 };
 
 // A show's window with one picture box, and a log of the events that they report.
-class PlatformFixture : public testing::Test, private WindowEvents, private SurfaceEvents {
+class PlatformFixture : public testing::Test, public LoggedEvents {
  protected:
   static constexpr PixelRect kBounds{0, 0, 200, 100};
 
@@ -70,28 +71,18 @@ class PlatformFixture : public testing::Test, private WindowEvents, private Surf
   Surface surface_;
   std::unique_ptr<WindowPeer> window_;
   std::unique_ptr<SurfacePeer> box_;
-  std::vector<std::string> log_;
   bool handlers_throw_ = false;
   std::function<void()> on_deactivated_ = [] {};
 
  private:
-  void Log(std::string what) {
-    log_.push_back(std::move(what));
+  void Log(const std::string& what) override {
+    LoggedEvents::Log(what);
     if (handlers_throw_) throw std::runtime_error("A handler that fails");
   }
-  void OnKeyDown(int key) override { Log("key " + std::to_string(key)); }
-  void OnMouseDown() override { Log("form down"); }
-  void OnMouseMove() override { Log("form move"); }
-  void OnCloseRequested() override { Log("close"); }
-  void OnHelpRequested() override { Log("help"); }
   void OnDeactivated() override {
     on_deactivated_();
-    Log("deactivated");
+    LoggedEvents::OnDeactivated();
   }
-  void OnScreenChanged() override { Log("screen"); }
-  void OnMouseDown(int x, int y) override { Log("down " + std::to_string(x) + ' ' + std::to_string(y)); }
-  void OnMouseMove(int /*x*/, int /*y*/) override { Log("move"); }
-  void OnScaleChanged() override { Log("scale"); }
 };
 
 }  // namespace quorvale

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <string_view>
 #include <thread>
-#include <utility>
 
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/system/win32_programs.h"
@@ -210,18 +209,14 @@ TEST_F(WidgetsTest, TextThatDoesNotFitIsInTheToolTip) {
   const HWND label = At(15, 215);
   const HWND title = At(155, 210);
   const std::string path = "C:\\a\\path & that\\is\\far\\too\\long\\for\\its\\label\\";
-  const struct {
-    Label& label;
-    HWND window;
-    std::string text;
-    bool fits;
-  } cases[] = {{dialog_->label, label, path, false},
-               {dialog_->label, label, "C:\\", true},
-               {dialog_->title, title, "Title in one line, not in two", false},
-               {dialog_->title, title, "Title", true}};
-  for (const auto& test : cases) {
-    test.label.SetCaption(LiteralCaption(test.text));
-    EXPECT_EQ(ToolTipOf(test.window), test.fits ? "" : test.text);
+  const std::tuple<Label&, HWND, std::string, bool> cases[] = {
+      {dialog_->label, label, path, false},
+      {dialog_->label, label, "C:\\", true},
+      {dialog_->title, title, "Title in one line, not in two", false},
+      {dialog_->title, title, "Title", true}};
+  for (const auto& [control, window, text, fits] : cases) {
+    control.SetCaption(LiteralCaption(text));
+    EXPECT_EQ(ToolTipOf(window), fits ? "" : text);
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
 #include <set>
 
 #include "win32/toolkit/platform_fixture.h"
@@ -17,39 +16,33 @@ using WindowTest = PlatformFixture;
 
 TEST_F(WindowTest, ReportsInputToFormOrBox) {
   Show();
-  log_.clear();
-  const struct {
-    HWND window;
-    UINT message;
-    WPARAM first;
-    LPARAM second;
-    std::vector<std::string> events;
-  } cases[] = {
+  log.clear();
+  const std::tuple<HWND, UINT, WPARAM, LPARAM, std::vector<std::string>> cases[] = {
       {BoxWindow(), WM_KEYDOWN, VK_SPACE, 0, {"key 32"}},
       {BoxWindow(), WM_SYSKEYDOWN, VK_MENU, 0, {"key 18"}},
-      {BoxWindow(), WM_LBUTTONDOWN, 0, MAKELPARAM(7, 9), {"down 7 9"}},
+      {BoxWindow(), WM_LBUTTONDOWN, 0, MAKELPARAM(7, 9), {"box press 7 9"}},
       {BoxWindow(), WM_CLOSE, 0, 0, {}},
-      {FormWindow(), WM_RBUTTONDOWN, 0, 0, {"form down"}},
+      {FormWindow(), WM_RBUTTONDOWN, 0, 0, {"form press"}},
       {FormWindow(), WM_CLOSE, 0, 0, {"close"}},
       {FormWindow(), WM_DISPLAYCHANGE, 32, MAKELPARAM(640, 480), {"screen"}},
   };
   for (const bool fails : {false, true}) {
     handlers_throw_ = fails;
-    for (const auto& test : cases) {
-      SCOPED_TRACE(test.message);
-      SendMessageW(test.window, test.message, test.first, test.second);
-      EXPECT_EQ(log_, test.events);
-      log_.clear();
-      EXPECT_TRUE(IsWindow(test.window));
+    for (const auto& [window, message, first, second, events] : cases) {
+      SCOPED_TRACE(message);
+      SendMessageW(window, message, first, second);
+      EXPECT_EQ(log, events);
+      log.clear();
+      EXPECT_TRUE(IsWindow(window));
     }
   }
 }
 
 TEST_F(WindowTest, IgnoresMovesToTheSamePlace) {
   Show();
-  log_.clear();
+  log.clear();
   for (int i = 0; i < 3; ++i) SendMessageW(BoxWindow(), WM_MOUSEMOVE, 0, 0);
-  EXPECT_LE(log_.size(), 1U);
+  EXPECT_LE(log.size(), 1U);
 }
 
 TEST_F(WindowTest, PresentsDirtyPixelsInTheNextPass) {
@@ -73,40 +66,40 @@ TEST_F(WindowTest, ReportsALossOfTheScreenOnceAndComesBack) {
   for (const auto& lose : losses) {
     SetForegroundWindow(FormWindow());
     Settle();
-    log_.clear();
+    log.clear();
     lose();
-    EXPECT_TRUE(RunUntil([&] { return !log_.empty(); }));
-    EXPECT_EQ(log_.front(), "deactivated");
+    EXPECT_TRUE(RunUntil([&] { return !log.empty(); }));
+    EXPECT_EQ(log.front(), "deactivated");
     EXPECT_TRUE(IsWindowVisible(FormWindow()));
     EXPECT_FALSE(IsIconic(FormWindow()));
-    EXPECT_EQ(std::count(log_.begin(), log_.end(), "deactivated"), 1) << "one loss comes with several messages";
+    EXPECT_EQ(std::count(log.begin(), log.end(), "deactivated"), 1) << "one loss comes with several messages";
   }
   window_->SetVisible(false);
-  log_.clear();
+  log.clear();
   SetForegroundWindow(GetDesktopWindow());
   platform_.PumpEvents();
-  EXPECT_THAT(log_, IsEmpty());
+  EXPECT_THAT(log, IsEmpty());
 }
 
 // While the program's own box is there, it is what the user works with.
 TEST_F(WindowTest, ReportsALossBehindABoxOnceTheBoxHasGone) {
   Show();
   Settle();
-  log_.clear();
+  log.clear();
   EnableWindow(FormWindow(), FALSE);
   SetForegroundWindow(GetDesktopWindow());
   platform_.PumpEvents();
-  EXPECT_THAT(log_, IsEmpty());
+  EXPECT_THAT(log, IsEmpty());
   EnableWindow(FormWindow(), TRUE);
   platform_.PumpEvents();
-  EXPECT_THAT(log_, ElementsAre("deactivated"));
+  EXPECT_THAT(log, ElementsAre("deactivated"));
 }
 
 // The password box disables and enables the window while the loss is being reported.
 TEST_F(WindowTest, ABoxOfTheHandlerIsNoSecondLoss) {
   Show();
   Settle();
-  log_.clear();
+  log.clear();
   on_deactivated_ = [this] {
     for (int boxes = 0; boxes < 2; ++boxes) {
       EnableWindow(FormWindow(), FALSE);
@@ -117,9 +110,9 @@ TEST_F(WindowTest, ABoxOfTheHandlerIsNoSecondLoss) {
     }
   };
   SetForegroundWindow(GetDesktopWindow());
-  EXPECT_TRUE(RunUntil([&] { return !log_.empty(); }));
+  EXPECT_TRUE(RunUntil([&] { return !log.empty(); }));
   Settle();
-  EXPECT_THAT(log_, ElementsAre("deactivated"));
+  EXPECT_THAT(log, ElementsAre("deactivated"));
 }
 
 // The system has few contexts, and a show presents for days.

@@ -35,16 +35,9 @@ void Pens(HDC dc, bool) {
 
 void ExtendedPen(HDC dc, DWORD style, DWORD width, LOGBRUSH brush, const std::vector<DWORD>& dashes = {}) {
   Use(dc, CreatePen(PS_SOLID, static_cast<int>(width), brush.lbColor));
-  std::vector<DWORD> record{0,
-                            0,
-                            0,
-                            0,
-                            style,
-                            width,
-                            brush.lbStyle,
-                            brush.lbColor,
-                            static_cast<DWORD>(brush.lbHatch),
-                            static_cast<DWORD>(dashes.size())};
+  std::vector<DWORD> record(4);
+  record.insert(record.end(), {style, width, brush.lbStyle, brush.lbColor, static_cast<DWORD>(brush.lbHatch),
+                               static_cast<DWORD>(dashes.size())});
   record.insert(record.end(), dashes.begin(), dashes.end());
   ExtendedPens().push_back(record);
 }
