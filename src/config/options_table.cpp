@@ -130,7 +130,7 @@ struct ControlRow {
 // A tab and the frame that it shows.
 struct PageRow {
   strings::ControlText text;
-  const char* frame;
+  const char* frame = nullptr;
 };
 
 constexpr PageRow kPages[] = {
