@@ -18,7 +18,7 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::nanoseconds;
 
-TEST(PaceAccount, SavesUpWhatPassesOweAndGivesNoCredit) {
+TEST(PaceAccount, AddsUpShortPassesAndGivesNoCredit) {
   const std::tuple<const char*, std::function<void(PaceAccount&)>, nanoseconds> cases[] = {
       {"too little to wait for", [](auto& a) { a.AddPass(999us, 0us); }, 0us},
       {"many passes",
@@ -68,7 +68,7 @@ struct ShortPasses : PacedRunTest {
   ShortPasses() : PacedRunTest({100us, 20ms}) {}
 };
 
-// What is owed at the end, less than a millisecond, is left out, and one overshoot may have been given back.
+// The rest at the end, less than a millisecond, is left out, and one overshoot may have been given back.
 TEST_F(ShortPasses, TakeTheirNominalLength) { EXPECT_GE(TimeOfPasses(200), 18ms); }
 
 TEST_F(ShortPasses, TakeLongerWhenTheyPresent) {
@@ -87,7 +87,7 @@ TEST_F(LongPasses, EndWithTheFirstEvent) {
   EXPECT_THAT(log, testing::ElementsAre("timer"));
 }
 
-TEST_F(LongPasses, OweNothingOutOfSightOrWithoutTheSurface) {
+TEST_F(LongPasses, TakeNoTimeOutOfSightOrWithoutTheSurface) {
   window_->SetVisible(false);
   EXPECT_LT(TimeOfPasses(100), 15s);
   window_->SetVisible(true);
@@ -98,7 +98,7 @@ TEST_F(LongPasses, OweNothingOutOfSightOrWithoutTheSurface) {
 }
 
 // A box waited up to 35 seconds for an effect that had begun inside it.
-TEST_F(LongPasses, OweNothingOnceTheBoxThatTheyBeganInHasItsAnswer) {
+TEST_F(LongPasses, TakeNoTimeOnceTheBoxThatTheyBeganInHasItsAnswer) {
   QTimer::singleShot(0, &FormWindow(), [this] {
     qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Ok)->click();
     EXPECT_LT(TimeOfPasses(100), 15s);

@@ -111,7 +111,7 @@ TEST_F(X11WindowsTest, WindowsThatComeAndGoDoNoHarm) {
   }
 }
 
-TEST_F(X11WindowsTest, TellsTheActiveWindowAndWhetherAWindowIsThere) {
+TEST_F(X11WindowsTest, FindsTheActiveWindowAndWhetherAWindowIsThere) {
   EXPECT_EQ(ActiveWindow(asker_.get()), 0);
   const xcb_window_t window = MakeWindow(root_);
   xcb_change_property(program_.get(), XCB_PROP_MODE_REPLACE, root_, Atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1,

@@ -24,7 +24,7 @@ struct LayoutCase {
 
 class PictureLayoutTest : public ShowTest {};
 
-TEST_F(PictureLayoutTest, PlacesThePictureAndTellsTheLoaderTheSamePlace) {
+TEST_F(PictureLayoutTest, PlacesThePictureWhereTheLoaderExpectsIt) {
   const std::vector<LayoutCase> cases = {
       {"centred", "picture 400 200 ff0000", {}, {3000, 3000, 6000, 3000}},
       {"of the screen's size", "picture 800 600 ff0000", {}, {0, 0, 12000, 9000}},

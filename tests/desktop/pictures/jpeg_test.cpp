@@ -133,7 +133,7 @@ Bytes WithDate(const std::string& text, bool big_endian, unsigned place = 44) {
   return bytes;
 }
 
-TEST(PictureJpeg, TellsTheDayOfThePhoto) {
+TEST(PictureJpeg, ReadsTheDayOfThePhoto) {
   const TemporaryDirectory folder;
   struct Case {
     Bytes bytes;
