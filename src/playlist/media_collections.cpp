@@ -123,9 +123,10 @@ void AddTreeFiles(FileSystem& files, Collection& collection, const std::string& 
       const DirectoryId id = files.IdOf(folder);
       // Without numbers a loop of links ends where its path becomes too long.
       if (id.number != 0 && !visited.insert(id).second) continue;
-      const std::vector<std::string> names =
+      std::vector<std::string> names =
           files.EnumerateFolder(folder, patterns, [&](const std::string& name) { collection.Add(folder + name); });
-      for (auto name = names.rbegin(); name != names.rend(); ++name) pending.push_back(folder + *name + separator);
+      std::reverse(names.begin(), names.end());
+      for (const std::string& name : names) pending.push_back(folder + name + separator);
     } catch (const Failure&) {
       // It may be locked, or gone by now. The rest of the tree plays.
     }

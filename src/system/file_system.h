@@ -1,10 +1,10 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "base/paths.h"
@@ -24,7 +24,10 @@ struct DirectoryId {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
 
-  auto operator<=>(const DirectoryId&) const = default;
+  bool operator==(const DirectoryId&) const = default;
+  bool operator<(const DirectoryId& other) const {
+    return std::tie(volume, number) < std::tie(other.volume, other.number);
+  }
 };
 
 // Access to files and directories. Paths are passed to the system unchanged.
