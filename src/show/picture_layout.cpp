@@ -202,7 +202,7 @@ TwipRect Layout::ExpectedStretchedBox() const {
 std::string Layout::Caption() const {
   const CaptionText choice = process_.options.CaptionChoice();
   const auto& picture = PicPreview_.GetPicture();
-  const std::string date = choice == CaptionText::kFileName || !picture ? std::string() : picture->DateTaken();
+  std::string date = choice == CaptionText::kFileName || !picture ? std::string() : picture->DateTaken();
   if (choice == CaptionText::kDateTaken) return date;
   return date.empty() ? PictureName() : PictureName() + kBeforeDate + date;
 }
