@@ -64,10 +64,11 @@ void OptionsForm::Warn(const std::string& text) {
 void OptionsForm::Form_Help() { process_.system.programs.WinHelp(Hwnd(), kHelpFile, kHelpContext, kHelpTopicOptions); }
 
 void OptionsForm::UpdateFrameControls() {
-  const bool is_scaled = scaling_.Text() != kScalings[0];
+  const auto scaling = static_cast<Scaling>(kScaling.ChoiceOf(scaling_.Text()));
+  const bool is_scaled = scaling != Scaling::kAsSet;
   const bool is_stretched = stretch_.Value() == 1 && !is_scaled;
   stretch_.SetEnabled(!is_scaled);
-  backdrop_.SetEnabled(scaling_.ListIndex() == static_cast<int>(Scaling::kFit));
+  backdrop_.SetEnabled(scaling == Scaling::kFit);
   show_frame_.SetEnabled(!is_stretched);
   const bool has_frame = show_frame_.Value() == 1 && !is_stretched;
   thickness_.SetEnabled(has_frame);

@@ -138,10 +138,11 @@ void Layout::PlaceScaled(Scaling scaling) {
   });
   Step([&] { PicPreview_.SetPicture(imgFullSize_.GetPicture()); });
   // Nothing of the last picture's frame or name stays beside the picture.
-  Step([&] { PicBase_.Cls(); });
   if (HasCaption()) {
     MoveToCaption();
     PrintCaption();
+  } else {
+    Step([&] { PicBase_.Cls(); });
   }
   if (scaling == Scaling::kFit && process_.options.FitBackdrop()) PaintBackdrop(frame_width);
   if (process_.options.ShowFrame()) DrawFrame(frame_width);
