@@ -41,7 +41,7 @@ EffectCost RunEffect(Bench& bench, LiveShow& show, const std::string& effect, in
   const double cpu = CpuSeconds(getpid());
   const double server = CpuSeconds(bench.display.Server());
   const Stopwatch watch;
-  RunTransition(core, show.Form().PicPreview);
+  RunTransition(core, show.Form().PicBase, show.Form().PicPreview);
   show.Present();
   cost.seconds = watch.Seconds();
   cost.cpu_seconds = CpuSeconds(getpid()) - cpu;

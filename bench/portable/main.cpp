@@ -74,7 +74,7 @@ void MeasureEffects(Report& report) {
       form->PicBase.SetFillColor(kBlack);
       form->PicBase.Cls();
       desktop.presentations.clear();
-      return MillisecondsOf([&] { RunTransition(process, form->PicPreview); });
+      return MillisecondsOf([&] { RunTransition(process, form->PicBase, form->PicPreview); });
     };
     report.Row(std::string(effect.name), AlternatingMedians(kRounds, {run}));
   }

@@ -53,12 +53,12 @@ void CloseOrphanedForm(Process& process) {
   process.show.StopRequested = true;
 }
 
-void WipePictureOnView(Process& process, ImageControl& PicPreview) {
+void WipePictureOnView(Process& process, ShowForm& form) {
   if (!process.show.TransitionArmed) {
     process.show.TransitionArmed = true;  // no picture is shown yet
     return;
   }
-  Step([&] { RunTransition(process, PicPreview); });
+  Step([&] { RunTransition(process, form.PicBase, form.PicPreview); });
   if (process.show.StopRequested) EndSaver(process);
 }
 
@@ -66,7 +66,7 @@ void ShowNextPicture(Process& process, ShowForm& form) {
   ImageControl& PicPreview = form.PicPreview;
   const std::int32_t PictureIndex =
       NextPosition(process.options, process.show, kResetPicList, kLastPicture, process.show.PictureList.Count());
-  WipePictureOnView(process, PicPreview);
+  WipePictureOnView(process, form);
   Step([&] { PicPreview.SetVisible(false); });
   LayOutPicture(process, form, PictureIndex);
   Step([&] { PicPreview.SetVisible(true); });

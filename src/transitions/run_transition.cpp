@@ -33,8 +33,7 @@ std::int32_t ComputeDelayCount(const Process& process) {
 
 }  // namespace
 
-void RunTransition(Process& process, ImageControl& PicPreview) {
-  PictureBox& PicBase = PicPreview.Container();
+void RunTransition(Process& process, PictureBox& PicBase, ImageControl& PicPreview) {
   std::string name = process.options.SwapAffect();
   const auto WipeColour = process.options.WipeColour();
   if (name == kNoEffect) return;

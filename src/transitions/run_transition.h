@@ -3,11 +3,12 @@
 namespace quorvale {
 
 class ImageControl;
+class PictureBox;
 struct Process;
 
-// Runs the effect that the option `SwapAffect` names on the picture box of `PicPreview`. It covers the old picture
+// Runs the effect that the option `SwapAffect` names on `PicBase`, which shows `PicPreview`. It covers the old picture
 // only; the new one is not loaded yet. Pumps events between steps, and ends the program if `StopRequested` is set.
 // Fails half-way when an option is not a number or the form is unloaded.
-void RunTransition(Process& process, ImageControl& PicPreview);
+void RunTransition(Process& process, PictureBox& PicBase, ImageControl& PicPreview);
 
 }  // namespace quorvale

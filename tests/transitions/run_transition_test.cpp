@@ -65,7 +65,7 @@ class RunTransitionTest : public ShowTest {
   std::vector<DrawOperation> Run(const std::string& name) {
     process.options.Set("SwapAffect", name);
     const DrawRecorder recorder(form_->PicBase);
-    RunTransition(process, form_->PicPreview);
+    RunTransition(process, form_->PicBase, form_->PicPreview);
     return recorder.operations;
   }
 
@@ -227,7 +227,7 @@ TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
     process.options.Set("SwapAffect", name);
     desktop.queue.AtPump(4, [&] { process.show.StopRequested = true; });  // in the second step's pause
     const DrawRecorder recorder(form_->PicBase);
-    EXPECT_THROW(RunTransition(process, form_->PicPreview), ProcessEnded) << name;
+    EXPECT_THROW(RunTransition(process, form_->PicBase, form_->PicPreview), ProcessEnded) << name;
     EXPECT_EQ(desktop.paced_runs.back().pumps, 5) << name;
   }
 }
@@ -250,7 +250,7 @@ TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
   const std::vector<DrawOperation> drawn = Run("Random");
   process.Settings.DeleteSetting("Options", "SwapAffect");
   const DrawRecorder recorder(form_->PicBase);
-  RunTransition(process, form_->PicPreview);
+  RunTransition(process, form_->PicBase, form_->PicPreview);
   EXPECT_EQ(recorder.operations, drawn) << "without a stored effect";
 }
 
