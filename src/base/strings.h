@@ -187,6 +187,9 @@ inline constexpr ControlText kSubFolders{"Include Sub-&Folders",
                                          "Show and play what is in the folders inside a directory of the lists, too."};
 inline constexpr ControlText kOrder{"Or&der of the Pictures:",
                                     "Sort the pictures by the dates of their files, unless their order is random."};
+inline constexpr ControlText kMoreKinds{
+    "More &Kinds of Pictures",
+    "Find PNG, WebP, HEIC, AVIF, JPEG XL and TIFF pictures in directories and file dialogs, too."};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

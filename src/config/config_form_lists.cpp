@@ -60,7 +60,7 @@ void ConfigForm::RunListCommand(int index) {
 
 void ConfigForm::AddFiles() {
   const bool pictures = view_pictures.Value();
-  const std::string mask = pictures ? PictureMask() : kSoundMask;
+  const std::string mask = pictures ? PictureMask(process_.options.MoreKinds()) : kSoundMask;
   SetUpFileDialog(texts::kSelectFiles, "",
                   strings::Fill(pictures ? texts::kPictureFilter : texts::kSoundFilter, {mask}),
                   kOfnHideReadOnly | kOfnAllowMultiSelect | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);

@@ -211,6 +211,7 @@ std::vector<ControlRow> Rows() {
       {"chkSubFolders", "Frame1(3)", check_box, texts::kSubFolders, MoreCheck(3), &kSubFolders},
       {"lblOrder", "Frame1(3)", label, caption(texts::kOrder), MoreLabel(4)},
       {"cboOrder", "Frame1(3)", orders, tip(texts::kOrder.tip), MoreList(4), &kOrder},
+      {"chkMoreKinds", "Frame1(3)", check_box, texts::kMoreKinds, MoreCheck(5), &kMoreKinds},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},

@@ -73,10 +73,10 @@ class Remaining {
 
 }  // namespace
 
-std::string PictureMask() {
+std::string PictureMask(bool more_kinds) {
   std::string mask;
   for (const PictureFormat& format : kPictureFormats) {
-    if (!format.listed) continue;
+    if (format.is_further_kind && !more_kinds) continue;
     if (!mask.empty()) mask += ';';
     mask += format.patterns;
   }

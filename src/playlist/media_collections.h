@@ -13,8 +13,8 @@ class ListBox;
 class Random;
 
 // The file patterns, separated by semicolons, by which a directory entry is expanded. Those for pictures come from
-// `kPictureFormats`.
-std::string PictureMask();
+// `kPictureFormats`, with `more_kinds` from all of its rows.
+std::string PictureMask(bool more_kinds = false);
 inline constexpr char kSoundMask[] = "*.wav";
 
 // Sections of the settings store that hold the play lists, under the keys File0, File1 and so on.

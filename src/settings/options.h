@@ -77,6 +77,8 @@ inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCap
 inline constexpr OptionRow kSubFolders{"SubFolders", OptionKind::kFlag, "0"};
 // The show's start, unless `PicRandom` is on.
 inline constexpr OptionRow kOrder{"Order", OptionKind::kChoice, kOrders[0], kOrders};
+// The show's start and the dialog for pictures: whether they include the kinds that `kPictureFormats` names as further.
+inline constexpr OptionRow kMoreKinds{"MoreKinds", OptionKind::kFlag, "0"};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
@@ -85,7 +87,7 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
     &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
-    &kFitBackdrop, &kCaptionText,    &kSubFolders,         &kOrder,
+    &kFitBackdrop, &kCaptionText,    &kSubFolders,         &kOrder,     &kMoreKinds,
 };
 
 // From this one on they stand on the page "More". They are stored only when they change, so that the store stays as it
@@ -112,6 +114,7 @@ class Options {
   bool Stretch() const { return IsOn(kStretch); }
   bool ShowFrame() const { return IsOn(kShowFrame); }
   bool SubFolders() const { return IsOn(kSubFolders); }
+  bool MoreKinds() const { return IsOn(kMoreKinds); }
   Order OrderChoice() const { return static_cast<Order>(Choice(kOrder)); }
   // Seconds.
   double Interval() const { return Number(kInterval); }

@@ -1,5 +1,6 @@
 #include "show/show_form.h"
 
+#include <string>
 #include <utility>
 
 #include "playlist/media_collections.h"
@@ -58,7 +59,8 @@ void InitShow(Process& process, ShowForm& form) {
   form.tmrSwitch.SetEnabled(false);
   FileSystem& files = process.system.files;
   const bool sub_folders = process.options.SubFolders();
-  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, PictureMask(), sub_folders);
+  const std::string mask = PictureMask(process.options.MoreKinds());
+  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, mask, sub_folders);
   process.show.SoundList = FillFromSettings(process.Settings, files, kSoundSection, kSoundMask, sub_folders);
   Begin(process, form);
 }
@@ -67,7 +69,8 @@ void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const L
   form.tmrSwitch.SetEnabled(false);
   FileSystem& files = process.system.files;
   const bool sub_folders = process.options.SubFolders();
-  process.show.PictureList = FillFromList(files, pictures, PictureMask(), sub_folders);
+  const std::string mask = PictureMask(process.options.MoreKinds());
+  process.show.PictureList = FillFromList(files, pictures, mask, sub_folders);
   process.show.SoundList = FillFromList(files, sounds, kSoundMask, sub_folders);
   Begin(process, form);
 }

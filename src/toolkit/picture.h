@@ -47,19 +47,29 @@ class PictureLoader {
   virtual std::shared_ptr<Picture> Load(const std::string& path, const PicturePlace& place) = 0;
 };
 
-// A picture format as lists, dialogs and help name it. Each platform has its own table of decoders.
+// A picture format as lists, dialogs and help name it. Each platform has decoders, which go by the content of a file
+// and not by its name.
 struct PictureFormat {
   std::string_view name;
   // File patterns, separated by semicolons: "*.jpg;*.jpeg".
   std::string_view patterns;
-  // Whether directory entries in a list include these files.
-  bool listed = true;
+  // Whether directory entries and the file dialog include these files only with the option `MoreKinds`.
+  bool is_further_kind = false;
 };
 
 // In the order of the picture mask.
 inline constexpr PictureFormat kPictureFormats[] = {
-    {"BMP", "*.bmp"}, {"GIF", "*.gif"}, {"JPEG", "*.jpg;*.jpeg"},
-    {"WMF", "*.wmf"}, {"EMF", "*.emf"}, {"PNG", "*.png", false},
+    {"BMP", "*.bmp"},
+    {"GIF", "*.gif"},
+    {"JPEG", "*.jpg;*.jpeg"},
+    {"WMF", "*.wmf"},
+    {"EMF", "*.emf"},
+    {"PNG", "*.png", true},
+    {"WebP", "*.webp", true},
+    {"HEIC", "*.heic;*.heif", true},
+    {"AVIF", "*.avif", true},
+    {"JPEG XL", "*.jxl", true},
+    {"TIFF", "*.tif;*.tiff", true},
 };
 
 }  // namespace quorvale

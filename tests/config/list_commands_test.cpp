@@ -55,8 +55,14 @@ TEST_F(ConfigTest, ListCommandsEditTheVisibleListAndRestartTheShow) {
       form->Unload();
     }
   }
-  EXPECT_THAT(desktop.dialogs.files[0].filter, ::testing::StartsWith("Pictures (*.bmp;*.gif;*.jpg"));
+  EXPECT_THAT(desktop.dialogs.files[0].filter,
+              ::testing::StartsWith("Pictures (*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf)|"));
   EXPECT_EQ(desktop.dialogs.files[1].filter, "Sounds (*.wav)|*.wav|All Files(*.*)|*.*");
+  process.options.Set("MoreKinds", "1");
+  Open();
+  Press(kAddFiles);
+  EXPECT_THAT(desktop.dialogs.files.back().filter,
+              HasSubstr("*.emf;*.png;*.webp;*.heic;*.heif;*.avif;*.jxl;*.tif;*.tiff)|"));
 }
 
 TEST_F(ConfigTest, SplitsTheFileDialogsResult) {

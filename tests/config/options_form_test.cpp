@@ -142,7 +142,7 @@ TEST_F(OptionsFormTest, AFlagOfThePageMoreIsStoredWhenItChanges) {
   Open();
   form->Find<DropDownList>("cboScaling").UserChoose(1);
   Press("cmdOK");
-  for (const std::string key : {"FitBackdrop", "SubFolders"}) {
+  for (const std::string key : {"FitBackdrop", "SubFolders", "MoreKinds"}) {
     EXPECT_EQ(process.options.Get(key, "none"), "none");
     for (const char* value : {"1", "0"}) {
       Open();

@@ -36,7 +36,9 @@ class MediaCollectionsTest : public HeadlessTest {
 };
 
 TEST_F(MediaCollectionsTest, DirectoriesComeInTheOrderOfTheMaskAndThenByName) {
-  EXPECT_EQ(PictureMask(), "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf");
+  const std::string mask = "*.bmp;*.gif;*.jpg;*.jpeg;*.wmf;*.emf";
+  EXPECT_EQ(PictureMask(), mask);
+  EXPECT_EQ(PictureMask(true), mask + ";*.png;*.webp;*.heic;*.heif;*.avif;*.jxl;*.tif;*.tiff");
   EXPECT_THAT(PicturesOf({"C:\\x.txt", MakeListEntry("C:\\d\\", "C:\\d\\"), "C:\\y.jpg"}),
               ElementsAre("C:\\x.txt", "C:\\d\\c.bmp", "C:\\d\\f.gif", "C:\\d\\a.jpg", "C:\\d\\b.JPG", "C:\\d\\d.jpeg",
                           "C:\\d\\y.wmf", "C:\\d\\z.emf", "C:\\y.jpg"));

@@ -67,6 +67,21 @@ TEST_F(StartShowTest, SubFoldersAddsToBothLists) {
   }
 }
 
+TEST_F(StartShowTest, MoreKindsAreFoundInDirectoriesAndTrees) {
+  for (const char* file : {"a.heic", "below\\b.JXL", "below\\c.tiff"})
+    desktop.files.AddFile(std::string("C:\\k\\") + file);
+  Store("PictureFiles", {"C:\\k\\", "C:\\k\\a.heic"});
+  for (const char* entry : {"C:\\k\\", "C:\\k\\a.heic"}) form->pictures.AddItem(entry);
+  for (const auto& [more_kinds, sub_folders, count] : {std::tuple{"0", "1", 1}, {"1", "0", 2}, {"1", "1", 4}}) {
+    process.options.Set("MoreKinds", more_kinds);
+    process.options.Set("SubFolders", sub_folders);
+    for (const bool from_store : {true, false}) {
+      from_store ? InitShow(process, *form) : InitShow(process, *form, form->pictures, form->sounds);
+      EXPECT_EQ(process.show.PictureList.Count(), count) << more_kinds << sub_folders;
+    }
+  }
+}
+
 TEST_F(StartShowTest, OrderSortsThePicturesUnlessTheyAreRandom) {
   std::vector<std::string> listed;
   for (int i = 0; i < 20; ++i) {

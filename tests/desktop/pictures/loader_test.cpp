@@ -120,7 +120,7 @@ TEST(PictureLoader, RecognisesContentWhateverTheName) {
   }
 }
 
-// Whoever adds a format adds a seed for the fuzzers, and its ending to the help if it is listed.
+// Whoever adds a format adds a seed for the fuzzers, and its endings to the help.
 TEST(PictureLoader, EveryFormatHasASeedAndAHelpEntry) {
   std::ifstream page(QUORVALE_HELP "/formats.html");
   const std::string help(std::istreambuf_iterator<char>(page), {});
@@ -129,14 +129,14 @@ TEST(PictureLoader, EveryFormatHasASeedAndAHelpEntry) {
     bool has_seed = false;
     for (std::string pattern; std::getline(patterns, pattern, ';');) {
       const std::string ending = pattern.substr(1);
-      EXPECT_EQ(help.find("<code>" + ending + "</code>") != std::string::npos, format.listed) << pattern;
+      EXPECT_NE(help.find("<code>" + ending + "</code>"), std::string::npos) << pattern;
       for (const char* folder : {QUORVALE_SEEDS "/picture", QUORVALE_METAFILES}) {
         for (const auto& file : std::filesystem::directory_iterator(folder)) {
           has_seed = has_seed || (file.path().extension() == ending && !LoadFailure(file.path()));
         }
       }
     }
-    EXPECT_TRUE(has_seed) << format.name;
+    EXPECT_TRUE(has_seed || format.is_further_kind) << format.name;
   }
 }
 

@@ -1,21 +1,18 @@
 #include "platform/desktop/pictures/picture_loader.h"
 
 #include <algorithm>
-#include <iterator>
 #include <new>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/desktop/metafile/metafile_picture.h"
 #include "platform/desktop/pictures/formats.h"
-#include "toolkit/picture.h"
 
 namespace quorvale {
 namespace {
 
-struct Format {
-  std::string_view name;
+// The names of the formats stand in `kPictureFormats`. A test ties both lists together.
+struct Decoder {
   bool (*recognises)(PictureFile& file);
   OpenedPicture (*opens)(std::unique_ptr<PictureFile> file);
 };
@@ -36,24 +33,18 @@ OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
 }
 
 // One player serves both kinds of metafile.
-constexpr Format kFormats[] = {
-    {"BMP", IsBmp, OpenBmp},           {"GIF", IsGif, OpenGif},           {"JPEG", IsJpeg, OpenJpeg},
-    {"WMF", IsMetafile, OpenMetafile}, {"EMF", IsMetafile, OpenMetafile}, {"PNG", IsPng, OpenPng},
+constexpr Decoder kDecoders[] = {
+    {IsBmp, OpenBmp}, {IsGif, OpenGif}, {IsJpeg, OpenJpeg}, {IsMetafile, OpenMetafile}, {IsPng, OpenPng},
 };
-
-// The rows are those of `kPictureFormats`.
-static_assert(std::equal(std::begin(kFormats), std::end(kFormats), std::begin(kPictureFormats),
-                         std::end(kPictureFormats),
-                         [](const Format& row, const PictureFormat& named) { return row.name == named.name; }));
 
 }  // namespace
 
 std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   try {
     auto file = std::make_unique<PictureFile>(path, reading_);
-    for (const Format& format : kFormats) {
-      if (!format.recognises(*file)) continue;
-      auto picture = format.opens(std::move(file));
+    for (const Decoder& decoder : kDecoders) {
+      if (!decoder.recognises(*file)) continue;
+      auto picture = decoder.opens(std::move(file));
       picture->Prepare(place);
       return picture;
     }
