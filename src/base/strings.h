@@ -190,6 +190,7 @@ inline constexpr ControlText kOrder{"Or&der of the Pictures:",
 inline constexpr ControlText kMoreKinds{
     "More &Kinds of Pictures",
     "Find PNG, WebP, HEIC, AVIF, JPEG XL and TIFF pictures in directories and file dialogs, too."};
+inline constexpr ControlText kMonitors{"Mo&nitors:", "Show pictures on all monitors, or leave all but one black."};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

@@ -176,6 +176,7 @@ std::vector<ControlRow> Rows() {
   const Maker scalings = A<DropDownList>(Names(kScalings));
   const Maker captions = A<DropDownList>(Names(kCaptionTexts));
   const Maker orders = A<DropDownList>(Names(kOrders));
+  const Maker monitors = A<DropDownList>(Names(kMonitorChoices));
   const Maker speed = A<Slider>(kSlowest, kFastest);
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
@@ -212,6 +213,8 @@ std::vector<ControlRow> Rows() {
       {"lblOrder", "Frame1(3)", label, caption(texts::kOrder), MoreLabel(4)},
       {"cboOrder", "Frame1(3)", orders, tip(texts::kOrder.tip), MoreList(4), &kOrder},
       {"chkMoreKinds", "Frame1(3)", check_box, texts::kMoreKinds, MoreCheck(5), &kMoreKinds},
+      {"lblMonitors", "Frame1(3)", label, caption(texts::kMonitors), MoreLabel(6)},
+      {"cboMonitors", "Frame1(3)", monitors, tip(texts::kMonitors.tip), MoreList(6), &kMonitors},
       {"Frame1(3)", "", page, {}, kPagePlace},
       {"cmdOK", "", button, texts::kOk, {2568, 3648, 1095, 360}},
       {"cmdCancel", "", button, texts::kCancel, {3783, 3648, 1095, 360}},

@@ -53,6 +53,13 @@ enum class Order {
 };
 inline constexpr const char* kOrders[] = {"As Listed", "Newest First", "Oldest First"};
 
+// Where the full-screen show has its pictures.
+enum class Monitors {
+  kPrimaryOnly,    // the others are black
+  kPictureOnEach,  // each has pictures of its own, by turns
+};
+inline constexpr const char* kMonitorChoices[] = {"Primary Only", "A Picture on Each"};
+
 // The options. The comments name the readers.
 
 inline constexpr OptionRow kPicRandom{"PicRandom", OptionKind::kFlag, ""};        // the show's start
@@ -79,6 +86,8 @@ inline constexpr OptionRow kSubFolders{"SubFolders", OptionKind::kFlag, "0"};
 inline constexpr OptionRow kOrder{"Order", OptionKind::kChoice, kOrders[0], kOrders};
 // The show's start and the dialog for pictures: whether they include the kinds that `kPictureFormats` names as further.
 inline constexpr OptionRow kMoreKinds{"MoreKinds", OptionKind::kFlag, "0"};
+// The start of the full-screen show.
+inline constexpr OptionRow kMonitors{"Monitors", OptionKind::kChoice, kMonitorChoices[0], kMonitorChoices};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
 inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
@@ -87,7 +96,7 @@ inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour
 inline constexpr const OptionRow* kDialogOptions[] = {
     &kPicRandom,   &kShowFileName,   &kSoundRandom,        &kStretch,   &kInterval,     &kBackColor,      &kSwapAffect,
     &kTransSpeed,  &kFrameThickness, &kFrameColorInDialog, &kShowFrame, &kResetPicList, &kResetSoundList, &kScaling,
-    &kFitBackdrop, &kCaptionText,    &kSubFolders,         &kOrder,     &kMoreKinds,
+    &kFitBackdrop, &kCaptionText,    &kSubFolders,         &kOrder,     &kMoreKinds,    &kMonitors,
 };
 
 // From this one on they stand on the page "More". They are stored only when they change, so that the store stays as it
@@ -116,6 +125,7 @@ class Options {
   bool SubFolders() const { return IsOn(kSubFolders); }
   bool MoreKinds() const { return IsOn(kMoreKinds); }
   Order OrderChoice() const { return static_cast<Order>(Choice(kOrder)); }
+  Monitors MonitorsChoice() const { return static_cast<Monitors>(Choice(kMonitors)); }
   // Seconds.
   double Interval() const { return Number(kInterval); }
   Colour BackColor() const { return ColourOf(kBackColor); }

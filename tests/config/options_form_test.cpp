@@ -126,7 +126,8 @@ TEST_F(OptionsFormTest, AChoiceIsStoredWhenItChanges) {
   };
   for (const Case& c : {Case{"Scaling", "cboScaling", {"As Set Under Pictures", "Fit", "Fill"}},
                         Case{"CaptionText", "cboCaptionText", {"File Name", "Date Taken", "File Name and Date"}},
-                        Case{"Order", "cboOrder", {"As Listed", "Newest First", "Oldest First"}}}) {
+                        Case{"Order", "cboOrder", {"As Listed", "Newest First", "Oldest First"}},
+                        Case{"Monitors", "cboMonitors", {"Primary Only", "A Picture on Each"}}}) {
     EXPECT_EQ(Open().Find<DropDownList>(c.list).Items(), c.items);
     Press("cmdOK");
     EXPECT_EQ(process.options.Get(c.key, "none"), "none");
