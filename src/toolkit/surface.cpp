@@ -162,6 +162,21 @@ void Surface::Changed(const PixelRect& rect) {
   dirty_.Add(inside);
 }
 
+std::optional<Pixel> Surface::SolidColour(const PixelRect& rect) const {
+  if (rect.IsEmpty()) return {};
+  const KnownRow& first = known_[static_cast<std::size_t>(rect.top)];
+  const auto is_solid = [&](Pixel colour) {
+    const auto begin = known_.begin() + rect.top;
+    return std::all_of(begin, begin + rect.height, [&](const KnownRow& row) {
+      return row.one.Covers(rect.left, rect.Right(), colour) || row.other.Covers(rect.left, rect.Right(), colour);
+    });
+  };
+  for (const Pixel colour : {first.one.colour, first.other.colour}) {
+    if (is_solid(colour)) return colour;
+  }
+  return {};
+}
+
 // Keeps the longer of what is left on the two sides.
 void Surface::KnownRun::Cut(int from, int to) {
   if (from >= right || to <= left) return;

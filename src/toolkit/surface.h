@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "toolkit/bitmap.h"
@@ -42,6 +43,9 @@ class Surface {
   // Makes all of `rect` dirty.
   void Changed(const PixelRect& rect);
 
+  // The one colour of all pixels in `rect`, which must be inside, as far as it is known without reading them.
+  std::optional<Pixel> SolidColour(const PixelRect& rect) const;
+
   DirtyRegion& Dirty() { return dirty_; }
 
  private:
@@ -52,6 +56,7 @@ class Surface {
     Pixel colour = 0;
 
     int Length() const { return right - left; }
+    bool Covers(int from, int to, Pixel other) const { return colour == other && left <= from && to <= right; }
     bool Meets(int from, int to, Pixel other) const { return colour == other && from <= right && left <= to; }
     void Cut(int from, int to);
   };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <random>
 
 #include "toolkit/surface.h"
@@ -273,6 +274,10 @@ class BothSurfaces {
     const PixelView view = surface.Pixels();
     ASSERT_EQ(std::vector<Pixel>(view.pixels, view.pixels + plain.pixels.size()), plain.pixels);
     ASSERT_THAT(surface.Dirty().Spans(), ElementsAreArray(plain.changed.Spans()));
+    const PixelRect rect = Intersect({Below(60), Below(40), 1 + Below(9), 1 + Below(9)}, surface.Bounds());
+    const std::optional<Pixel> solid = surface.SolidColour(rect);
+    for (int y = rect.top; solid && y < rect.Bottom(); ++y)
+      for (int x = rect.left; x < rect.Right(); ++x) ASSERT_EQ(surface.At(x, y), *solid) << x << ", " << y;
   }
 
   void Take() {
@@ -305,6 +310,18 @@ TEST(Surface, DrawsAndMarksTheSameAsAPlainSurface) {
       if (HasFailure()) return;
     }
   }
+}
+
+TEST(Surface, KnowsAreasOfOneColour) {
+  Surface surface;
+  surface.Resize(20, 10, kPaper);
+  surface.FillRect({5, 0, 10, 10}, kInk);
+  EXPECT_EQ(surface.SolidColour({5, 0, 10, 10}), kInk);
+  EXPECT_EQ(surface.SolidColour({4, 0, 10, 10}), std::nullopt);
+  surface.FillRect(surface.Bounds(), kRim);
+  EXPECT_EQ(surface.SolidColour(surface.Bounds()), kRim);
+  surface.Changed({9, 9, 1, 1});
+  EXPECT_EQ(surface.SolidColour(surface.Bounds()), std::nullopt);
 }
 
 TEST(Surface, ResizingMakesEverythingDirty) {

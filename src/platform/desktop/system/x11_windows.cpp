@@ -71,6 +71,19 @@ xcb_window_t FindTitle(xcb_connection_t* connection, const std::vector<xcb_windo
   return found;
 }
 
+// Of a screen's own visual, in which windows are created unless they ask for another.
+bool StoresColoursAsRgb(const xcb_screen_t& screen) {
+  constexpr std::uint32_t kRed = 0xFF0000;
+  constexpr std::uint32_t kBlue = 0xFF;
+  for (auto depth = xcb_screen_allowed_depths_iterator(&screen); depth.rem > 0; xcb_depth_next(&depth)) {
+    for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem > 0; xcb_visualtype_next(&visual)) {
+      if (visual.data->visual_id == screen.root_visual)
+        return visual.data->red_mask == kRed && visual.data->blue_mask == kBlue;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 xcb_atom_t Atom(xcb_connection_t* connection, std::string_view name) {
@@ -140,6 +153,17 @@ bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t 
   const xcb_void_cookie_t cookie = xcb_reparent_window_checked(connection, window, parent, 0, 0);
   const Owned<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
   return error == nullptr;
+}
+
+bool FillRectangles(xcb_connection_t* connection, std::uint32_t window, const std::vector<xcb_rectangle_t>& rects,
+                    std::uint32_t colour) {
+  if (!StoresColoursAsRgb(*xcb_setup_roots_iterator(xcb_get_setup(connection)).data)) return false;
+  const xcb_gcontext_t context = xcb_generate_id(connection);
+  xcb_create_gc(connection, context, window, XCB_GC_FOREGROUND, &colour);
+  xcb_poly_fill_rectangle(connection, window, context, static_cast<std::uint32_t>(rects.size()), rects.data());
+  xcb_free_gc(connection, context);
+  xcb_flush(connection);
+  return true;
 }
 
 void PaintBlack(xcb_connection_t* connection, std::uint32_t window) {

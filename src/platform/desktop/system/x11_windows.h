@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Requests to an X server about windows of any program. The caller owns the connection. After an error, such as a
 // window or a server that is gone, the result is as if nothing was found.
@@ -46,6 +47,10 @@ bool IsViewable(xcb_connection_t* connection, std::uint32_t window);
 
 // Makes a window a child of another, at its corner. False if one of them is gone.
 bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t parent);
+
+// Fills rectangles of the window, in pixels, with a colour 0xRRGGBB. False if the screen stores colours otherwise.
+bool FillRectangles(xcb_connection_t* connection, std::uint32_t window, const std::vector<xcb_rectangle_t>& rects,
+                    std::uint32_t colour);
 
 // Gives the window a black background and paints it.
 void PaintBlack(xcb_connection_t* connection, std::uint32_t window);

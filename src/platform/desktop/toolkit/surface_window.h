@@ -55,6 +55,7 @@ class SurfaceWindow : public QWindow, public Presenter {
   void PostPresent() override;
   void PrepareToShow() override;
   void Show(const std::vector<PixelRect>& dirty) override;
+  bool FillOnServer(const std::vector<PixelRect>& dirty) const;
   bool IsHostInSight() const;
   void UpdateRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
