@@ -1,7 +1,7 @@
 # For quorvale.sh: the Debian packages by what they are for, and the one function that installs.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev
-  libpng-dev libgif-dev libxcb1-dev fontconfig fonts-dejavu-core"
+  libpng-dev libgif-dev liblcms2-dev libxcb1-dev fontconfig fonts-dejavu-core"
 wayland_packages="qt6-wayland"
 # The show on a virtual display.
 screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"

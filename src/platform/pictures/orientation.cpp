@@ -185,6 +185,11 @@ void Orientation::PlaceRow(const Pixel* row, int y, const PixelView& shown_part)
   for (int i = 0; i < count; ++i) to[i * step] = row[i];
 }
 
+// Some programs put the signature in front where no format asks for it.
+CameraTags ExifCameraTags(std::span<const std::uint8_t> exif) {
+  return TagsInSegment(exif).value_or(TagsIn(TagBlock(exif)));
+}
+
 CameraTags JpegCameraTags(ByteSource& bytes) {
   std::size_t offset = 2;
   for (int segment = 0; segment < kMostSegments; ++segment) {
@@ -215,8 +220,7 @@ CameraTags PngCameraTags(ByteSource& bytes) {
     if (std::memcmp(&head[4], "eXIf", 4) == 0) {
       std::vector<std::uint8_t> data(std::min(length, kLongestExif));
       bytes.Copy(offset + kChunkHead, data);
-      // Some programs put the signature of a JPEG segment in front.
-      return TagsInSegment(data).value_or(TagsIn(TagBlock(data)));
+      return ExifCameraTags(data);
     }
     offset += kChunkFrame + length;
   }

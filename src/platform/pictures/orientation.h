@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 #include "platform/pictures/byte_source.h"
@@ -42,6 +44,8 @@ struct CameraTags {
   std::string date_taken = {};
 };
 
+// From a block of Exif data, with or without the signature of a JPEG segment in front.
+CameraTags ExifCameraTags(std::span<const std::uint8_t> exif);
 CameraTags JpegCameraTags(ByteSource& bytes);
 // From the chunk `eXIf`, which may come before the pixels or after them.
 CameraTags PngCameraTags(ByteSource& bytes);

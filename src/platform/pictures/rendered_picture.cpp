@@ -35,7 +35,8 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
   }
 }
 
-Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part) {
+Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
+                 const ColourConversion& convert) {
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   if (count > (kPictureMemoryLimit - std::min(source.Memory(), kPictureMemoryLimit)) / sizeof(Pixel))
     FailLoad("Picture too large");
@@ -55,7 +56,13 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   const ScaleAxis down(stored_box.height, stored.top, stored.height, source.Down().length, source.Down().count);
   if (!source.Start(across.Begin(), across.End(), down.Begin())) FailLoad("Damaged picture");
   int rows = 0;
+  std::vector<Pixel> converted(convert ? static_cast<std::size_t>(stored.width) : 0);
   ScaleRows(source, across, down, [&](const Pixel* row, int y) {
+    if (convert) {
+      std::copy_n(row, stored.width, converted.begin());
+      convert(converted);
+      row = converted.data();
+    }
     orientation.PlaceRow(row, y, rendering.View());
     ++rows;
   });
@@ -111,7 +118,7 @@ TwipSize BitmapPicture::NaturalSize(float scale) const {
 }
 
 Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part) {
-  return Render(*Open(orientation_.Turn(box)), orientation_, box, part);
+  return Render(*Open(orientation_.Turn(box)), orientation_, box, part, conversion_);
 }
 
 }  // namespace quorvale

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
+#include <utility>
 
 #include "base/failure.h"
 #include "platform/pictures/orientation.h"
@@ -45,10 +48,15 @@ struct Rendering {
   void Paint(const PixelView& target, int left, int top, const PixelRect& clip) const;
 };
 
+// Converts a row of a rendering to the colours of the screen. Colours are premultiplied.
+using ColourConversion = std::function<void(std::span<Pixel> row)>;
+
 // Renders a picture that is stored in `orientation`. For an empty part one row is decoded all the same, so that a
 // damaged picture fails wherever it will be shown. Fails with kBadPicture if no row can be decoded or it takes too much
-// memory. If damage begins later, the rest stays transparent.
-Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part);
+// memory. If damage begins later, the rest stays transparent. Colours are converted after scaling, when there are
+// fewest pixels; an empty conversion costs nothing.
+Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
+                 const ColourConversion& convert = {});
 
 // A picture that keeps its last rendering, and is rendered again for another size or part.
 class RenderedPicture : public Picture {
@@ -86,6 +94,8 @@ class BitmapPicture : public RenderedPicture {
 
   // To be called once. `size` is the size as stored.
   void Describe(PixelSize size, Orientation orientation, std::string date_taken = {});
+  // For a picture whose colours are not those of the screen.
+  void ConvertColours(ColourConversion conversion) { conversion_ = std::move(conversion); }
 
  private:
   Rendering Make(PixelSize box, const PixelRect& part) override;
@@ -93,6 +103,7 @@ class BitmapPicture : public RenderedPicture {
   PixelSize size_;
   Orientation orientation_;
   std::string date_taken_;
+  ColourConversion conversion_;
 };
 
 }  // namespace quorvale

@@ -25,7 +25,7 @@ constexpr std::ptrdiff_t kPngEnd = 12;
 
 // Compresses rows of `format` with the settings that `adjust` makes.
 Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
-               const std::function<void(jpeg_compress_struct&)>& adjust, int exif) {
+               const std::function<void(jpeg_compress_struct&)>& adjust, int exif, const Bytes& profile = {}) {
   jpeg_compress_struct encoder{};
   jpeg_error_mgr errors{};
   encoder.err = jpeg_std_error(&errors);
@@ -44,6 +44,12 @@ Bytes Compress(const QImage& image, J_COLOR_SPACE format, int channels,
   if (exif != 0) {
     const Bytes data = ExifData(exif);
     jpeg_write_marker(&encoder, JPEG_APP0 + 1, data.data(), static_cast<unsigned>(data.size()));
+  }
+  for (std::uint8_t piece = 0; piece < 2 && !profile.empty(); ++piece) {
+    Bytes data{'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0, static_cast<std::uint8_t>(piece + 1), 2};
+    const auto middle = profile.begin() + static_cast<std::ptrdiff_t>(profile.size() / 2);
+    data.insert(data.end(), piece == 0 ? profile.begin() : middle, piece == 0 ? middle : profile.end());
+    jpeg_write_marker(&encoder, JPEG_APP0 + 2, data.data(), static_cast<unsigned>(data.size()));
   }
   for (int y = 0; y < image.height(); ++y) {
     auto* row = const_cast<uchar*>(image.constScanLine(y));
@@ -100,7 +106,7 @@ Bytes MakeJpeg(const QImage& image, const JpegStyle& style) {
     encoder.restart_in_rows = style.restart_rows;
     if (style.progressive) jpeg_simple_progression(&encoder);
   };
-  return Compress(image.convertToFormat(QImage::Format_RGB32), JCS_EXT_BGRX, 4, adjust, style.exif);
+  return Compress(image.convertToFormat(QImage::Format_RGB32), JCS_EXT_BGRX, 4, adjust, style.exif, style.profile);
 }
 
 Bytes MakeInkJpeg(const QImage& inks) {

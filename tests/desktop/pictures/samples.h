@@ -33,7 +33,8 @@ struct JpegStyle {
   bool grey = false;
   bool progressive = false;
   int restart_rows = 0;
-  int exif = 0;  // orientation; 0: no camera data
+  int exif = 0;        // orientation; 0: no camera data
+  Bytes profile = {};  // written in two pieces
 };
 Bytes MakeJpeg(const QImage& image, const JpegStyle& style);
 // Four inks, inverted: 255 is no ink.

@@ -10,6 +10,7 @@
 
 #include <jpeglib.h>
 
+#include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
 
 namespace quorvale {
@@ -57,6 +58,7 @@ class JpegDecoder {
   // The same at a scale of `eighths`/8, 1 to 8.
   int ScaledWidth(int eighths) const { return Scaled(Width(), eighths); }
   int ScaledHeight(int eighths) const { return Scaled(Height(), eighths); }
+  bool HasInks() const { return decoder_.num_components == 4; }
   // The bytes that a picture of several scans takes before its first row.
   std::size_t Memory() const;
 
@@ -309,6 +311,8 @@ class JpegPicture : public FilePicture {
   explicit JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
     const CameraTags tags = JpegCameraTags(File());
     Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
+    // What four inks look like is mixed without a profile.
+    if (!decoder_->HasInks()) UseProfile(JpegProfile(File()));
   }
 
  protected:

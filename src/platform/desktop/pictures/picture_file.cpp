@@ -8,6 +8,9 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <utility>
+
+#include "platform/desktop/pictures/colour_profile.h"
 
 namespace quorvale {
 namespace {
@@ -52,6 +55,15 @@ std::span<const std::uint8_t> PictureFile::From(std::size_t offset) noexcept {
   return std::span<const std::uint8_t>(buffer_).subspan(std::min(offset - buffer_offset_, buffer_.size()));
 }
 
+std::span<const std::uint8_t> PictureFile::All() {
+  if (file_.IsOpen()) {
+    Read(0, size_);
+    size_ = buffer_.size();
+    file_.Close();
+  }
+  return buffer_;
+}
+
 bool PictureFile::BeginsWith(std::string_view bytes) noexcept {
   std::array<std::uint8_t, 8> start{};
   return bytes.size() <= start.size() && Copy(0, std::span(start).first(bytes.size())) &&
@@ -71,6 +83,12 @@ void PictureFile::Read(std::size_t offset, std::size_t count) {
     done += static_cast<std::size_t>(got);
   }
   buffer_.resize(done);
+}
+
+void FilePicture::UseProfile(std::span<const std::uint8_t> profile) {
+  if (auto colours = ColourProfile::Read(profile)) {
+    ConvertColours([colours = std::move(colours)](std::span<Pixel> row) { colours->ToScreen(row); });
+  }
 }
 
 }  // namespace quorvale

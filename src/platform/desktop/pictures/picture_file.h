@@ -34,8 +34,14 @@ class PictureFile : public ByteSource {
 
   std::size_t Size() const { return size_; }
 
+  // All bytes, valid while the file lives. A large file is held from then on, too.
+  std::span<const std::uint8_t> All();
+
   // Starts the time limit of reading. A few seconds later the file seems to end.
   void StartClock() { latest_ = std::chrono::steady_clock::now() + kTimeToRead; }
+
+  // Whether decoding takes so long that it should end with what there is.
+  bool IsOverdue() const { return std::chrono::steady_clock::now() > latest_ + kTimeToFinish; }
 
   std::span<const std::uint8_t> From(std::size_t offset) noexcept override;
 
@@ -44,6 +50,7 @@ class PictureFile : public ByteSource {
  private:
   // The show stands still meanwhile, so a large file on a slow disk is shown as far as it was read.
   static constexpr std::chrono::seconds kTimeToRead{3};
+  static constexpr std::chrono::seconds kTimeToFinish{1};
 
   void Read(std::size_t offset, std::size_t count);
 
@@ -62,6 +69,9 @@ class FilePicture : public BitmapPicture {
   explicit FilePicture(std::unique_ptr<PictureFile> file) : file_(std::move(file)) {}
 
   PictureFile& File() { return *file_; }
+
+  // Converts from the colours of an ICC profile, which may be empty or damaged.
+  void UseProfile(std::span<const std::uint8_t> profile);
 
   // Starts decoding, for a box of that size as stored. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) = 0;

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
 
 namespace quorvale {
@@ -14,6 +15,8 @@ namespace {
 
 // The most pixels that the format can pack into a byte.
 constexpr std::int64_t kPixelsToByte = 8300;
+
+constexpr png_byte kProfileChunk[] = {'i', 'C', 'C', 'P', 0};
 
 // Decodes a PNG file row by row. libpng fails by a long jump, which stays inside: the calls return false, and the
 // decoder can't be used after that.
@@ -32,6 +35,14 @@ class PngDecoder {
   bool HasAlpha() const {
     return (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0 ||
            png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+  }
+  std::span<const std::uint8_t> Profile() const {
+    png_charp name = nullptr;
+    int compression = 0;
+    png_bytep profile = nullptr;
+    png_uint_32 size = 0;
+    if (png_get_iCCP(png_, info_, &name, &compression, &profile, &size) == 0) return {};
+    return {profile, size};
   }
   bool IsInterlaced() const { return png_get_interlace_type(png_, info_) != PNG_INTERLACE_NONE; }
 
@@ -86,8 +97,11 @@ void PngDecoder::OnRead(png_structp png, png_bytep to, std::size_t count) {
 
 bool PngDecoder::ReadHeader() {
   return info_ != nullptr && Guarded([this] {
-           // Ignores all chunks but those of the pixels: compressed texts and profiles can take any amount of memory.
+           // Ignores all chunks but those of the pixels and the profile: compressed texts can take any amount of
+           // memory.
            png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+           png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_AS_DEFAULT, kProfileChunk, 1);
+           png_set_chunk_malloc_max(png_, kLongestProfile);
            png_read_info(png_, info_);
          });
 }
@@ -181,6 +195,7 @@ class PngPicture : public FilePicture {
   explicit PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
     const CameraTags tags = PngCameraTags(File());
     Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
+    UseProfile(decoder_->Profile());
   }
 
  protected:

@@ -1,0 +1,228 @@
+#include "platform/desktop/pictures/colour_profile.h"
+
+#include <lcms2.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <utility>
+
+#include "platform/pictures/row_source.h"
+
+namespace quorvale {
+namespace {
+
+struct CloseProfile {
+  void operator()(void* profile) const { cmsCloseProfile(profile); }
+};
+using Profile = std::unique_ptr<void, CloseProfile>;
+
+constexpr auto kPixelFormat = std::endian::native == std::endian::little ? TYPE_BGRA_8 : TYPE_ARGB_8;
+
+// Levels by which a profile that was written for sRGB may differ by rounding.
+constexpr int kRounding = 2;
+
+// A segment of a JPEG file begins with marker and length; the length counts itself.
+constexpr std::uint8_t kMarker = 0xFF;
+constexpr std::uint8_t kApp2 = 0xE2;
+constexpr std::uint8_t kStartOfScan = 0xDA;
+// A profile has up to 255 pieces, and other data may stand between them.
+constexpr int kMostSegments = 512;
+// The signature ends in a zero; the number of the piece, from 1, and the count of pieces follow.
+constexpr std::array<std::uint8_t, 12> kSignature{'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0};
+constexpr std::size_t kPieceHead = kSignature.size() + 2;
+
+Pixel Divided(Pixel level, Pixel alpha) { return std::min<Pixel>((level * 255U + alpha / 2) / alpha, 255U); }
+
+// Undoes `Premultiplied`.
+Pixel Unmultiplied(Pixel pixel) {
+  const Pixel alpha = pixel >> 24U;
+  if (alpha == 0 || alpha == 255U) return pixel;
+  const auto channel = [&](unsigned shift) { return Divided(pixel >> shift & 0xFFU, alpha) << shift; };
+  return alpha << 24U | channel(16) | channel(8) | channel(0);
+}
+
+// From XYZ to the linear light of sRGB, with the white D50 of profiles.
+constexpr float kToScreen[3][3] = {{3.1338561F, -1.6168667F, -0.4906146F},
+                                   {-0.9787684F, 1.9161415F, 0.0334540F},
+                                   {0.0719453F, -0.2289914F, 1.4052427F}};
+
+// Fine enough that no level of sRGB is left out near black, where its curve is steepest.
+constexpr int kLightSteps = 1 << 14;
+
+// The level in sRGB for each step of linear light.
+const std::array<std::uint8_t, kLightSteps + 1>& ScreenLevels() {
+  static const auto levels = [] {
+    std::array<std::uint8_t, kLightSteps + 1> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+      const double light = static_cast<double>(i) / kLightSteps;
+      const double level = light <= 0.0031308 ? 12.92 * light : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
+      table[i] = static_cast<std::uint8_t>(std::lround(255 * level));
+    }
+    return table;
+  }();
+  return levels;
+}
+
+// The profiles of cameras and screens: a curve for each channel, and the mixture of the primaries. The library would
+// take three times as long for a row.
+class MatrixConversion {
+ public:
+  // Curves and primaries come from the tags.
+  MatrixConversion(const std::array<const cmsToneCurve*, 3>& curves, const std::array<const cmsCIEXYZ*, 3>& primaries) {
+    for (std::size_t from = 0; from < 3; ++from) {
+      for (std::size_t level = 0; level < 256; ++level) {
+        light_[from][level] = cmsEvalToneCurveFloat(curves[from], static_cast<float>(level) / 255.0F);
+      }
+      const cmsCIEXYZ& primary = *primaries[from];
+      const float xyz[] = {static_cast<float>(primary.X), static_cast<float>(primary.Y), static_cast<float>(primary.Z)};
+      for (std::size_t to = 0; to < 3; ++to) {
+        for (std::size_t i = 0; i < 3; ++i) matrix_[to][from] += kToScreen[to][i] * xyz[i] * kLightSteps;
+      }
+    }
+  }
+
+  void operator()(std::span<Pixel> row) const {
+    const std::uint8_t* const levels = ScreenLevels().data();
+    const auto level = [levels](float light) {
+      // Written so that no number at all becomes black, too.
+      const float step = light > 0 ? light + 0.5F : 0.0F;
+      return Pixel{levels[static_cast<int>(step < kLightSteps ? step : kLightSteps)]};
+    };
+    for (Pixel& pixel : row) {
+      const float red = light_[0][pixel >> 16U & 0xFFU];
+      const float green = light_[1][pixel >> 8U & 0xFFU];
+      const float blue = light_[2][pixel & 0xFFU];
+      const auto mix = [&](const float(&weights)[3]) {
+        return level(weights[0] * red + weights[1] * green + weights[2] * blue);
+      };
+      pixel = 0xFF000000U | mix(matrix_[0]) << 16U | mix(matrix_[1]) << 8U | mix(matrix_[2]);
+    }
+  }
+
+ private:
+  float light_[3][256] = {};
+  // In steps of light.
+  float matrix_[3][3] = {};
+};
+
+ColourConversion ByMatrix(void* profile) {
+  std::array<const cmsToneCurve*, 3> curves{};
+  std::array<const cmsCIEXYZ*, 3> primaries{};
+  constexpr cmsTagSignature kCurves[] = {cmsSigRedTRCTag, cmsSigGreenTRCTag, cmsSigBlueTRCTag};
+  constexpr cmsTagSignature kPrimaries[] = {cmsSigRedColorantTag, cmsSigGreenColorantTag, cmsSigBlueColorantTag};
+  for (std::size_t i = 0; i < 3; ++i) {
+    curves[i] = static_cast<const cmsToneCurve*>(cmsReadTag(profile, kCurves[i]));
+    primaries[i] = static_cast<const cmsCIEXYZ*>(cmsReadTag(profile, kPrimaries[i]));
+    if (curves[i] == nullptr || primaries[i] == nullptr) return {};
+  }
+  return MatrixConversion(curves, primaries);
+}
+
+// Profiles of scanners and printers: tables of colours.
+ColourConversion ByTransform(void* profile) {
+  const Profile srgb(cmsCreate_sRGBProfile());
+  const std::shared_ptr<void> transform(
+      cmsCreateTransform(profile, kPixelFormat, srgb.get(), kPixelFormat, INTENT_PERCEPTUAL, cmsFLAGS_NOCACHE),
+      [](void* made) {
+        if (made != nullptr) cmsDeleteTransform(made);
+      });
+  if (!transform) return {};
+  return [transform](std::span<Pixel> row) {
+    cmsDoTransform(transform.get(), row.data(), row.data(), static_cast<cmsUInt32Number>(row.size()));
+  };
+}
+
+}  // namespace
+
+std::shared_ptr<const ColourProfile> ColourProfile::Read(std::span<const std::uint8_t> profile) {
+  if (profile.empty() || profile.size() > kLongestProfile) return nullptr;
+  const Profile from(cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size())));
+  if (!from || cmsGetColorSpace(from.get()) != cmsSigRgbData) return nullptr;
+  ColourConversion convert = cmsIsMatrixShaper(from.get()) != 0 ? ByMatrix(from.get()) : ByTransform(from.get());
+  if (!convert) return nullptr;
+  std::shared_ptr<const ColourProfile> colours(new ColourProfile(std::move(convert)));
+  return colours->ChangesColours() ? colours : nullptr;
+}
+
+// Tries colours all over the cube.
+bool ColourProfile::ChangesColours() const {
+  std::vector<Pixel> colours;
+  for (Pixel red = 0; red <= 255; red += 51) {
+    for (Pixel green = 0; green <= 255; green += 51) {
+      for (Pixel blue = 0; blue <= 255; blue += 51) colours.push_back(0xFF000000U | red << 16U | green << 8U | blue);
+    }
+  }
+  const std::vector<Pixel> before = colours;
+  ToScreen(colours);
+  const auto differs = [](Pixel a, Pixel b) {
+    for (const unsigned shift : {0U, 8U, 16U}) {
+      if (std::abs(static_cast<int>(a >> shift & 0xFFU) - static_cast<int>(b >> shift & 0xFFU)) > kRounding)
+        return true;
+    }
+    return false;
+  };
+  return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
+}
+
+std::vector<std::uint8_t> ColourProfile::DisplayP3() {
+  const cmsCIExyY white = {0.3127, 0.3290, 1};
+  const cmsCIExyYTRIPLE primaries = {{0.680, 0.320, 1}, {0.265, 0.690, 1}, {0.150, 0.060, 1}};
+  // The curve of sRGB: gamma, scale, offset, slope near black, and where it ends.
+  const double curve[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
+  const std::unique_ptr<cmsToneCurve, decltype(&cmsFreeToneCurve)> transfer(
+      cmsBuildParametricToneCurve(nullptr, 4, curve), &cmsFreeToneCurve);
+  cmsToneCurve* const transfers[] = {transfer.get(), transfer.get(), transfer.get()};
+  const Profile profile(cmsCreateRGBProfile(&white, &primaries, transfers));
+  cmsUInt32Number size = 0;
+  if (!profile || cmsSaveProfileToMem(profile.get(), nullptr, &size) == 0) return {};
+  std::vector<std::uint8_t> bytes(size);
+  if (cmsSaveProfileToMem(profile.get(), bytes.data(), &size) == 0) return {};
+  return bytes;
+}
+
+void ColourProfile::ToScreen(std::span<Pixel> row) const {
+  const bool is_opaque = std::ranges::all_of(row, [](Pixel pixel) { return pixel >> 24U == 255U; });
+  if (is_opaque) return convert_(row);
+  std::vector<Pixel> alpha(row.begin(), row.end());
+  std::ranges::transform(row, row.begin(), Unmultiplied);
+  convert_(row);
+  std::ranges::transform(row, alpha, row.begin(),
+                         [](Pixel pixel, Pixel old) { return Premultiplied(pixel, old >> 24U); });
+}
+
+std::vector<std::uint8_t> JpegProfile(ByteSource& bytes) {
+  std::vector<std::uint8_t> profile;
+  std::size_t offset = 2;
+  int last_piece = 0;
+  for (int segment = 0; segment < kMostSegments; ++segment) {
+    std::array<std::uint8_t, 4 + kPieceHead> head{};
+    const bool is_whole = bytes.Copy(offset, head);
+    if (head[0] != kMarker || head[1] == kStartOfScan || !is_whole) break;
+    if (head[1] == kMarker) {  // Any number of these may fill up before a marker.
+      ++offset;
+      continue;
+    }
+    const std::size_t length = std::size_t{head[2]} << 8U | head[3];
+    if (length < 2) break;
+    if (head[1] == kApp2 && length >= 2 + kPieceHead &&
+        std::equal(kSignature.begin(), kSignature.end(), std::next(head.begin(), 4))) {
+      // Every program writes the pieces in their order.
+      const int piece = head[4 + kSignature.size()];
+      const std::size_t count = length - 2 - kPieceHead;
+      if (piece != last_piece + 1 || profile.size() + count > kLongestProfile) return {};
+      last_piece = piece;
+      profile.resize(profile.size() + count);
+      if (!bytes.Copy(offset + head.size(), std::span(profile).last(count))) return {};
+      if (piece == head[5 + kSignature.size()]) return profile;
+    }
+    offset += 2 + length;
+  }
+  return {};
+}
+
+}  // namespace quorvale
