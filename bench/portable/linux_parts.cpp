@@ -3,6 +3,7 @@
 #include "bench_files.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/files.h"
+#include "platform/desktop/system/posix_file_system.h"
 #include "platform/desktop/system/sqlite_registry.h"
 #include "portable/platform_parts.h"
 
@@ -19,8 +20,11 @@ class LinuxParts : public PlatformParts {
     return *store_;
   }
 
+  FileSystem& Files() override { return files_; }
+
  private:
   DesktopPictureLoader pictures_;
+  PosixFileSystem files_{"", ""};
   std::unique_ptr<SqliteRegistry> store_;
 };
 

@@ -1,11 +1,13 @@
 // Measures decoding, the drawing of effects, and lists. Nothing here needs a screen, so that the figures of two
-// platforms can be compared. The arguments are the pictures to decode.
+// platforms can be compared. The arguments are the pictures to decode, and directories, each ending in "/", to list.
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -109,6 +111,28 @@ void MeasureLists(Report& report, Registry& registry) {
   settings.DeleteSetting(section);
 }
 
+// `SubFolders` and `Order`, beside the least that any program does to read the tree.
+void MeasureTree(Report& report, FileSystem& files, const std::string& directory) {
+  Collection found;
+  const auto list = [&] {
+    found = {};
+    return MillisecondsOf([&] { AddTreeFiles(files, found, directory, PictureMask()); });
+  };
+  const auto walk = [&] {
+    return MillisecondsOf([&] {
+      for (const auto& entry : std::filesystem::recursive_directory_iterator(directory)) (void)entry.is_directory();
+    });
+  };
+  const auto sort = [&] {
+    Collection sorted = found;
+    return MillisecondsOf([&] { SortByDate(files, sorted, true); });
+  };
+  report.Begin("A tree of files, ms", {{"list"}, {"walk"}, {"ratio", 2}, {"by date"}, {"pictures", 0}});
+  const std::vector<double> times = AlternatingMedians(kRounds, {list, walk, sort});
+  report.Row("AddTreeFiles, SortByDate",
+             {times[0], times[1], times[0] / times[1], times[2], static_cast<double>(found.Count())});
+}
+
 }  // namespace
 }  // namespace quorvale
 
@@ -117,9 +141,15 @@ int main(int argc, char** argv) {
   try {
     Report report("");
     const auto parts = MakePlatformParts();
-    MeasureDecoding(report, parts->Pictures(), {argv + 1, argv + argc});
+    std::vector<std::string> pictures;
+    std::vector<std::string> directories;
+    for (const std::string path : std::span(argv, static_cast<std::size_t>(argc)).subspan(1)) {
+      (path.ends_with('/') ? directories : pictures).push_back(path);
+    }
+    MeasureDecoding(report, parts->Pictures(), pictures);
     MeasureEffects(report);
     MeasureLists(report, parts->Store());
+    for (const std::string& directory : directories) MeasureTree(report, parts->Files(), directory);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "quorvale-portable-bench: %s\n", failure.what());
     return EXIT_FAILURE;

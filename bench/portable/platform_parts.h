@@ -4,6 +4,7 @@
 
 namespace quorvale {
 
+class FileSystem;
 class PictureLoader;
 class Registry;
 
@@ -13,6 +14,7 @@ class PlatformParts {
   virtual ~PlatformParts() = default;
   virtual PictureLoader& Pictures() = 0;
   virtual Registry& Store() = 0;
+  virtual FileSystem& Files() = 0;
 };
 
 // The parts of the platform that the bench is built for. On Linux the store is not the user's.

@@ -2,6 +2,7 @@
 
 #include "platform/win32/pictures/picture_loader.h"
 #include "platform/win32/system/com.h"
+#include "platform/win32/system/win32_file_system.h"
 #include "platform/win32/system/win32_registry.h"
 #include "portable/platform_parts.h"
 
@@ -12,11 +13,13 @@ class WindowsParts : public PlatformParts {
  public:
   PictureLoader& Pictures() override { return pictures_; }
   Registry& Store() override { return store_; }
+  FileSystem& Files() override { return files_; }
 
  private:
   ComApartment components_;
   Win32PictureLoader pictures_;
   Win32Registry store_;
+  Win32FileSystem files_;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -138,11 +139,11 @@ void SortByDate(FileSystem& files, Collection& collection, bool newest_first) {
     std::optional<std::int64_t> date;
     std::string path;
   };
+  std::vector<std::string> paths = collection.TakeItems();
+  const std::vector<std::optional<std::int64_t>> dates = files.DatesOf(paths);
   std::vector<DatedPath> dated;
-  for (std::string& path : collection.TakeItems()) {
-    const std::optional<std::int64_t> date = files.ModifiedAt(path);
-    dated.push_back({date, std::move(path)});
-  }
+  dated.reserve(paths.size());
+  for (std::size_t i = 0; i < paths.size(); ++i) dated.push_back({dates[i], std::move(paths[i])});
   std::ranges::stable_sort(dated, [newest_first](const DatedPath& a, const DatedPath& b) {
     if (!a.date || !b.date) return a.date.has_value() && !b.date.has_value();
     return newest_first ? *a.date > *b.date : *a.date < *b.date;

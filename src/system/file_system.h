@@ -50,9 +50,10 @@ class FileSystem {
   // Links are followed. Fails with kNotFound or kUnreadable.
   virtual DirectoryId IdOf(const std::string& directory) = 0;
 
-  // When the content of the file at `path` was last changed, in units of 100 nanoseconds. Only the order of the values
-  // counts. No value if there is no such file, or its date can't be read.
-  virtual std::optional<std::int64_t> ModifiedAt(const std::string& path) = 0;
+  // When the content of each of these files was last changed, in units of 100 nanoseconds. Only the order of the values
+  // counts. No value if there is no such file, or its date can't be read. Fastest where the files of a directory stand
+  // together.
+  virtual std::vector<std::optional<std::int64_t>> DatesOf(const std::vector<std::string>& paths) = 0;
 
   // The long name, without directory, of the file or directory at `path`; empty if there is none or `attributes`
   // excludes it. A path that ends in a separator names a directory, perhaps the root. Fails with kUnreadable if the

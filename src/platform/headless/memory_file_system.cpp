@@ -67,9 +67,13 @@ DirectoryId MemoryFileSystem::IdOf(const std::string& directory) {
   return {.volume = 0, .number = entry->number};
 }
 
-std::optional<std::int64_t> MemoryFileSystem::ModifiedAt(const std::string& path) {
-  const Entry* const entry = Find(path);
-  return entry != nullptr ? entry->modified_at : std::nullopt;
+std::vector<std::optional<std::int64_t>> MemoryFileSystem::DatesOf(const std::vector<std::string>& paths) {
+  std::vector<std::optional<std::int64_t>> dates;
+  for (const std::string& path : paths) {
+    const Entry* const entry = Find(path);
+    dates.push_back(entry != nullptr ? entry->modified_at : std::nullopt);
+  }
+  return dates;
 }
 
 std::string MemoryFileSystem::FindFile(const std::string& path, int attributes) {

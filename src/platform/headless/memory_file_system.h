@@ -26,7 +26,7 @@ class MemoryFileSystem : public FileSystem {
   std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
                                            const std::function<void(const std::string& name)>& found) override;
   DirectoryId IdOf(const std::string& directory) override;
-  std::optional<std::int64_t> ModifiedAt(const std::string& path) override;
+  std::vector<std::optional<std::int64_t>> DatesOf(const std::vector<std::string>& paths) override;
   std::string FindFile(const std::string& path, int attributes) override;
   std::string GetShortPathName(const std::string& path, std::uint32_t size) override;
   bool WritePrivateProfileString(const std::string& section, const std::string& key, const std::string& value,

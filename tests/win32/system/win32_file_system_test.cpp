@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/win32/windows_api.h"
+#include "playlist/media_collections.h"
 #include "support/failure_of.h"
 #include "win32/work_directory.h"
 
@@ -69,14 +70,85 @@ TEST_F(Win32FileSystemTest, FoldersHaveNamesAndIdentities) {
   }
 }
 
+// Links to folders, removed with the object. Wine makes none, but shows those of the system below it.
+class FolderLinks {
+ public:
+  explicit FolderLinks(const WorkDirectory& directory) : directory_(directory) {}
+  ~FolderLinks() {
+    for (const std::string& name : names_) {
+      is_below_ ? RunBelow("rm", name, false) : static_cast<void>(RemoveDirectoryA(directory_.Path(name).c_str()));
+    }
+  }
+  FolderLinks(const FolderLinks&) = delete;
+  FolderLinks& operator=(const FolderLinks&) = delete;
+
+  // False where no link can be made.
+  bool Make(const std::string& name, const std::string& target) {
+    constexpr DWORD kFlags = SYMBOLIC_LINK_FLAG_DIRECTORY | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE;
+    CreateSymbolicLinkA(directory_.Path(name).c_str(), target.c_str(), kFlags);
+    is_below_ = is_below_ || !IsThere(name);
+    if (is_below_) RunBelow("ln", "-s " + target + " " + name, true);
+    names_.push_back(name);
+    return IsThere(name);
+  }
+
+ private:
+  bool IsThere(const std::string& name) const {
+    return GetFileAttributesA(directory_.Path(name).c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+
+  // Runs a program of the system below Wine that makes or removes what its last argument names. Wine does not report
+  // its end.
+  void RunBelow(const std::string& program, const std::string& arguments, bool makes) const {
+    std::string command = program + " " + arguments;
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessA(("Z:\\bin\\" + program).c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       directory_.Path().c_str(), &start, &process) == 0) {
+      return;
+    }
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    const std::string name = arguments.substr(arguments.rfind(' ') + 1);
+    for (int i = 0; i < 200 && IsThere(name) != makes; ++i) Sleep(10);
+  }
+
+  const WorkDirectory& directory_;
+  std::vector<std::string> names_;
+  // Whether the links are those of the system below.
+  bool is_below_ = false;
+};
+
+TEST_F(Win32FileSystemTest, ATreeHasEachRealFolderOnce) {
+  directory_.MakeDirectory("inner");
+  directory_.Write("inner\\f.jpg", "");
+  FolderLinks links(directory_);
+  if (!links.Make("again", "inner") || !links.Make("loop", ".")) GTEST_SKIP() << "no links here";
+  Collection found;
+  AddTreeFiles(files_, found, directory_.Path(), "*.bmp;*.jpg");
+  std::vector<std::string> names;
+  for (const std::string& path : found.TakeItems()) names.push_back(path.substr(directory_.Path().size()));
+  EXPECT_THAT(names, ElementsAre("d.bmp", "A.JPG", "b.jpg", "fixed.jpg", "again\\f.jpg"));
+}
+
 TEST_F(Win32FileSystemTest, FilesHaveTheDateOfTheirLastChange) {
   const std::string path = directory_.Write("dated.jpg", "");
   const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   const FILETIME time = {.dwLowDateTime = 50, .dwHighDateTime = 0x01D00000};
   EXPECT_NE(SetFileTime(file, nullptr, nullptr, &time), 0);
   CloseHandle(file);
-  EXPECT_EQ(files_.ModifiedAt(path), 0x01D0000000000032);
-  EXPECT_EQ(files_.ModifiedAt(directory_.Path("none")), std::nullopt);
+  const std::vector<std::string> few = {path, directory_.Path("none"), directory_.Path("DATED.jpg"), path + '\0'};
+  std::vector<std::string> many(20, path);
+  many.insert(many.end(), few.begin(), few.end());
+  const std::optional<std::int64_t> date = 0x01D0000000000032;
+  // A few files are asked one by one, many by a search.
+  for (const auto& paths : {few, many}) {
+    auto dates = files_.DatesOf(paths);
+    EXPECT_EQ(dates.size(), paths.size());
+    dates.erase(dates.begin(), dates.end() - 4);
+    EXPECT_THAT(dates, ElementsAre(date, std::nullopt, date, std::nullopt)) << paths.size();
+  }
 }
 
 TEST_F(Win32FileSystemTest, AMissingDirectoryFails) {

@@ -78,6 +78,15 @@ void ReadDirectory(const std::string& path, DirectoryListing& files, DirectoryLi
 
 bool IsHidden(std::string_view name) { return name.starts_with('.') && name != "." && name != ".."; }
 
+std::optional<std::int64_t> DateOf(const std::string& path) {
+  constexpr std::int64_t kUnitsPerSecond = 10'000'000;
+  constexpr std::int64_t kMostSeconds = std::numeric_limits<std::int64_t>::max() / kUnitsPerSecond - 1;
+  struct stat status {};
+  if (path.find('\0') != std::string::npos || stat(path.c_str(), &status) != 0) return std::nullopt;
+  const auto seconds = std::clamp<std::int64_t>(status.st_mtim.tv_sec, -kMostSeconds, kMostSeconds);
+  return seconds * kUnitsPerSecond + status.st_mtim.tv_nsec / 100;
+}
+
 bool Exists(const std::string& path) {
   struct stat status {};
   return path.find('\0') == std::string::npos && stat(path.c_str(), &status) == 0;
@@ -116,13 +125,11 @@ DirectoryId PosixFileSystem::IdOf(const std::string& directory) {
   return {.volume = status.st_dev, .number = status.st_ino};
 }
 
-std::optional<std::int64_t> PosixFileSystem::ModifiedAt(const std::string& path) {
-  constexpr std::int64_t kUnitsPerSecond = 10'000'000;
-  constexpr std::int64_t kMostSeconds = std::numeric_limits<std::int64_t>::max() / kUnitsPerSecond - 1;
-  struct stat status {};
-  if (path.find('\0') != std::string::npos || stat(path.c_str(), &status) != 0) return std::nullopt;
-  const auto seconds = std::clamp<std::int64_t>(status.st_mtim.tv_sec, -kMostSeconds, kMostSeconds);
-  return seconds * kUnitsPerSecond + status.st_mtim.tv_nsec / 100;
+std::vector<std::optional<std::int64_t>> PosixFileSystem::DatesOf(const std::vector<std::string>& paths) {
+  std::vector<std::optional<std::int64_t>> dates;
+  dates.reserve(paths.size());
+  for (const std::string& path : paths) dates.push_back(DateOf(path));
+  return dates;
 }
 
 std::string PosixFileSystem::FindFile(const std::string& path, int attributes) {

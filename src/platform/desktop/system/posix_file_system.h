@@ -26,7 +26,7 @@ class PosixFileSystem : public FileSystem {
   std::vector<std::string> EnumerateFolder(const std::string& directory, const std::vector<std::string>& patterns,
                                            const std::function<void(const std::string& name)>& found) override;
   DirectoryId IdOf(const std::string& directory) override;
-  std::optional<std::int64_t> ModifiedAt(const std::string& path) override;
+  std::vector<std::optional<std::int64_t>> DatesOf(const std::vector<std::string>& paths) override;
 
   // No wildcards. A directory whose path ends in a separator is not hidden.
   std::string FindFile(const std::string& path, int attributes) override;

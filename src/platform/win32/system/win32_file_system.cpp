@@ -2,11 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "base/paths.h"
 #include "platform/win32/system/files.h"
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/windows_api.h"
+// Needs the header above.
+#include <shlwapi.h>
 
 namespace quorvale {
 namespace {
@@ -31,6 +41,8 @@ class FileSearch {
     return (entry_.dwFileAttributes & kMasked & ~static_cast<DWORD>(attributes)) == 0;
   }
   bool IsDirectory() const { return (entry_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+  bool IsLink() const { return (entry_.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0; }
+  const FILETIME& ModifiedAt() const { return entry_.ftLastWriteTime; }
   void Next() { SetState(FindNextFileW(search_, &entry_) != 0); }
 
   // The system's error number if there is no entry, or no further one.
@@ -93,6 +105,26 @@ UINT OlderCodePage() {
   return code_page == 0 || code_page == CP_UTF8 ? kWesternEuropean : code_page;
 }
 
+std::int64_t NumberOf(const FILETIME& time) {
+  return static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime);
+}
+
+std::optional<std::int64_t> DateOf(const std::string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  const bool is_cut = path.find('\0') != std::string::npos;
+  if (is_cut || GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) == 0) return std::nullopt;
+  return NumberOf(data.ftLastWriteTime);
+}
+
+// The dates by name. Links are left out, since theirs are not those of their files.
+std::unordered_map<std::wstring, std::int64_t> DatesIn(const std::string& directory) {
+  std::unordered_map<std::wstring, std::int64_t> dates;
+  for (FileSearch search(directory + "*"); search.HasEntry(); search.Next()) {
+    if (!search.IsLink()) dates.emplace(search.Name(), NumberOf(search.ModifiedAt()));
+  }
+  return dates;
+}
+
 // For a path that ends with a separator, or names a drive: the system's search finds neither.
 std::string FindDirectory(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(ToWide(path).c_str());
@@ -120,20 +152,33 @@ void Win32FileSystem::EnumerateFiles(const std::string& directory, const std::ve
 std::vector<std::string> Win32FileSystem::EnumerateFolder(const std::string& directory,
                                                           const std::vector<std::string>& patterns,
                                                           const std::function<void(const std::string& name)>& found) {
-  EnumerateFiles(directory, patterns, found);
-  std::vector<std::wstring> names;
+  // One search for all: on a network drive each one takes the server a pass over the directory.
+  std::vector<std::wstring> wide_patterns;
+  for (const std::string& pattern : patterns) wide_patterns.push_back(ToWide(pattern));
+  std::vector<std::vector<std::wstring>> files(patterns.size());
+  std::vector<std::wstring> folders;
   FileSearch search(directory + "*");
   for (; search.HasEntry(); search.Next()) {
     const std::wstring_view name = search.Name();
-    if (!search.IsDirectory() || !search.IsIncludedBy(kAttributeDirectory | kAttributeSystem)) continue;
-    if (name != L"." && name != L"..") names.emplace_back(name);
+    if (search.IsIncludedBy(kAttributeNormal)) {
+      for (std::size_t i = 0; i < files.size(); ++i) {
+        if (PathMatchSpecW(search.Name(), wide_patterns[i].c_str()) != FALSE) files[i].emplace_back(name);
+      }
+    } else if (search.IsDirectory() && search.IsIncludedBy(kAttributeDirectory | kAttributeSystem) && name != L"." &&
+               name != L"..") {
+      folders.emplace_back(name);
+    }
+  }
+  for (std::vector<std::wstring>& names : files) {
+    Sort(names);
+    for (const std::wstring& name : names) found(FromWide(name));
   }
   CheckEnd(search, directory);
-  Sort(names);
-  std::vector<std::string> folders;
-  folders.reserve(names.size());
-  for (const std::wstring& name : names) folders.push_back(FromWide(name));
-  return folders;
+  Sort(folders);
+  std::vector<std::string> names;
+  names.reserve(folders.size());
+  for (const std::wstring& name : folders) names.push_back(FromWide(name));
+  return names;
 }
 
 DirectoryId Win32FileSystem::IdOf(const std::string& directory) {
@@ -152,11 +197,27 @@ DirectoryId Win32FileSystem::IdOf(const std::string& directory) {
           .number = std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
 }
 
-std::optional<std::int64_t> Win32FileSystem::ModifiedAt(const std::string& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  const bool is_cut = path.find('\0') != std::string::npos;
-  if (is_cut || GetFileAttributesExW(ToWide(path).c_str(), GetFileExInfoStandard, &data) == 0) return std::nullopt;
-  return std::int64_t{data.ftLastWriteTime.dwHighDateTime} << 32 | data.ftLastWriteTime.dwLowDateTime;
+// Asking for each date by itself opens each file. A search of the directory has the dates of all.
+std::vector<std::optional<std::int64_t>> Win32FileSystem::DatesOf(const std::vector<std::string>& paths) {
+  constexpr std::size_t kFewFiles = 8;
+  std::vector<std::optional<std::int64_t>> dates;
+  dates.reserve(paths.size());
+  while (dates.size() < paths.size()) {
+    const std::string& first = paths[dates.size()];
+    const std::string directory = first.substr(0, NameStart(first, Syntax()));
+    const auto is_elsewhere = [&](const std::string& path) {
+      return !path.starts_with(directory) || NameStart(path, Syntax()) != directory.size();
+    };
+    const auto begin = paths.begin() + static_cast<std::ptrdiff_t>(dates.size());
+    const std::span together(begin, std::find_if(begin, paths.end(), is_elsewhere));
+    std::unordered_map<std::wstring, std::int64_t> known;
+    if (together.size() > kFewFiles) known = DatesIn(directory);
+    for (const std::string& path : together) {
+      const auto date = known.find(ToWide(path.substr(directory.size())));
+      dates.push_back(date != known.end() ? date->second : DateOf(path));
+    }
+  }
+  return dates;
 }
 
 std::string Win32FileSystem::FindFile(const std::string& path, int attributes) {
