@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "platform/win32/pictures/file_heads.h"
+#include "platform/win32/pictures/metafile_picture.h"
 #include "win32/pictures/picture_samples.h"
 #include "win32/work_directory.h"
 
@@ -212,6 +213,43 @@ TEST_F(PictureLoaderTest, AMetafileRestoresOnlyWhatItHasSaved) {
         ExpectQuarters(screen, {5, 7, kWidth, kHeight});
       }
     }
+  }
+}
+
+class CountingMetafile : public Metafile {
+ public:
+  explicit CountingMetafile(int& plays) : plays_(plays) {}
+  TwipSize NaturalSize() const override { return {600, 600}; }
+  void Play(HDC context, const PixelRect& box) const override {
+    ++plays_;
+    SetPixelV(context, box.left + 1, box.top + 1, RGB(255, 0, 0));
+  }
+
+ private:
+  int& plays_;
+};
+
+// As for a picture and its backdrop.
+TEST(MetafilePicture, IsPlayedOnceOnTheSameGround) {
+  int plays = 0;
+  MetafilePicture picture(std::make_unique<CountingMetafile>(plays));
+  const struct {
+    PixelRect box;
+    Pixel ground;
+    Pixel corner;
+    int plays;
+  } paints[] = {{{2, 2, 9, 9}, 0xFF102030, 0xFF102030, 1}, {{2, 2, 9, 9}, 0xFF102030, 0xFF102030, 1},
+                {{4, 1, 9, 9}, 0xFF102030, 0xFF102030, 1}, {{2, 2, 9, 8}, 0xFF102030, 0xFF102030, 2},
+                {{2, 2, 9, 8}, 0xFF000000, 0xFF000000, 3}, {{2, 2, 9, 8}, 0xFF000000, 0xFF123456, 4},
+                {{2, 2, 9, 8}, 0xFF000000, 0xFF123456, 5}, {{2, 2, 9, 8}, 0xFF000000, 0xFF000000, 6}};
+  for (const auto& paint : paints) {
+    Screen screen(20, 20);
+    std::fill(screen.pixels.begin(), screen.pixels.end(), paint.ground);
+    screen.View().Row(paint.box.top)[paint.box.left] = paint.corner;
+    picture.Paint(screen.View(), paint.box, screen.Bounds());
+    EXPECT_EQ(screen.At(paint.box.left + 1, paint.box.top + 1), 0xFFFF0000) << paint.plays;
+    EXPECT_EQ(screen.At(paint.box.left, paint.box.top), paint.corner) << paint.plays;
+    EXPECT_EQ(plays, paint.plays);
   }
 }
 

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
-#include "platform/pictures/rendered_picture.h"
 #include "platform/win32/toolkit/gdi.h"
 
 namespace quorvale {
@@ -240,6 +242,16 @@ std::unique_ptr<Metafile> OpenWindowsMetafile(ByteSpan bytes) {
   return std::make_unique<WindowsMetafile>(std::move(handle), window);
 }
 
+// The colour of a part of the target, which is not empty. No value if it has several.
+std::optional<Pixel> OnlyColour(const PixelView& target, const PixelRect& part) {
+  const Pixel first = target.Row(part.top)[part.left];
+  for (int y = part.top; y < part.Bottom(); ++y) {
+    const Pixel* const row = target.Row(y) + part.left;
+    if (std::any_of(row, row + part.width, [first](Pixel pixel) { return pixel != first; })) return std::nullopt;
+  }
+  return first;
+}
+
 }  // namespace
 
 std::unique_ptr<Metafile> OpenMetafile(ByteSpan bytes) {
@@ -252,6 +264,16 @@ TwipSize MetafilePicture::NaturalSize(float /*scale*/) const { return metafile_-
 void MetafilePicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {
   const PixelRect seen = Intersect(Intersect(box, target.Bounds()), clip);
   if (seen.IsEmpty()) return;
+  const std::optional<Pixel> ground = OnlyColour(target, seen);
+  if (!ground || ground != ground_ || !played_.Shows({box.width, box.height}, Within(box, seen))) {
+    played_ = Play(target, box, seen);
+  }
+  ground_ = ground;
+  played_.Paint(target, box.left, box.top, seen);
+  if (!ground) played_ = {};
+}
+
+Rendering MetafilePicture::Play(const PixelView& target, const PixelRect& box, const PixelRect& seen) const {
   const PixelBitmap bitmap(seen.width, seen.height);
   const PixelView& drawn = bitmap.Pixels();
   for (int y = 0; y < seen.height; ++y) std::copy_n(target.Row(seen.top + y) + seen.left, seen.width, drawn.Row(y));
@@ -260,11 +282,16 @@ void MetafilePicture::Paint(const PixelView& target, const PixelRect& box, const
   SetStretchBltMode(context.Get(), HALFTONE);
   metafile_->Play(context.Get(), {box.left - seen.left, box.top - seen.top, box.width, box.height});
   GdiFlush();
+  Rendering played;
+  played.box = {box.width, box.height};
+  played.part = Within(box, seen);
+  played.pixels = std::make_unique_for_overwrite<Pixel[]>(static_cast<std::size_t>(seen.width) *
+                                                          static_cast<std::size_t>(seen.height));
   for (int y = 0; y < seen.height; ++y) {
     const Pixel* from = drawn.Row(y);
-    std::transform(from, from + seen.width, target.Row(seen.top + y) + seen.left,
-                   [](Pixel pixel) { return pixel | 0xFF000000U; });
+    std::transform(from, from + seen.width, played.View().Row(y), [](Pixel pixel) { return pixel | 0xFF000000U; });
   }
+  return played;
 }
 
 }  // namespace quorvale
