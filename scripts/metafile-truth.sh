@@ -10,10 +10,9 @@ trap 'kill $virtual_display_programs 2>/dev/null || true; rm -rf "$work"' EXIT
 export WINEPREFIX=${WINEPREFIX:-$work/wine}
 source "$here/scripts/wine.sh"
 
-x86_64-w64-mingw32-g++ -std=c++20 -O1 -static -o "$work/make_truth.exe" "$here"/tests/desktop/metafiles/maker/*.cpp \
-  -lgdi32 -lmsimg32
+(cd "$here" && cmake --preset windows-64 -Wno-dev >/dev/null && cmake --build --preset windows-64 --target make_metafiles)
 mkdir "$work/made"
-(cd "$work/made" && wine "$work/make_truth.exe")
+(cd "$work/made" && wine "$here/build/windows-64/make_metafiles.exe")
 for picture in "$work"/made/*.ppm; do
   name=$(basename "$picture" .ppm)
   convert-im6.q16 "$picture" -define png:exclude-chunks=date,time "$here/tests/desktop/metafiles/$name.png"

@@ -1,7 +1,7 @@
 #!/bin/bash
 # Fetches pictures from other programs' packages and test suites, renders them as the program would, and puts them on
 # contact sheets. None of it belongs in the repository.
-#   scripts/real-pictures.sh FOLDER [EXTENSION...]     build/quorvale-render-pictures must have been built
+#   scripts/real-pictures.sh FOLDER [EXTENSION...]     build the target quorvale-render-pictures first
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 folder=$(realpath -m "${1:?a folder to work in}")

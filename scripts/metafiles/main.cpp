@@ -1,4 +1,4 @@
-// Makes the metafiles of the directory above with the functions of Windows, and the pictures that the Windows
+// Makes the metafiles of tests/desktop/metafiles with the functions of Windows, and the pictures that the Windows
 // players make of them. scripts/metafile-truth.sh builds and runs it.
 
 #include <cstddef>
