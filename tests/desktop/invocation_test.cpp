@@ -28,7 +28,10 @@ TEST(ReadInvocation, KnowsHowDaemonsCall) {
     SCOPED_TRACE(text);
     EXPECT_EQ(invocation.text, text);
     EXPECT_EQ(invocation.daemon_window, in_window);
+    EXPECT_FALSE(invocation.is_unknown);
   }
+  EXPECT_TRUE(ReadInvocation({"-root"}, nullptr).is_unknown);
+  EXPECT_FALSE(ReadInvocation({"--quiet", "/INSTALL", "a/"}, nullptr).is_unknown);
 }
 
 }  // namespace

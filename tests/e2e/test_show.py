@@ -141,6 +141,7 @@ class OtherModes(ShowTest):
         for arguments in (["/X"], ["/install", "x"], ["/P"], ["/P:123"], ["/P", "123"], ["/A", "5"]):
             with self.subTest(arguments=arguments):
                 self.assertEqual(self.session.start(*arguments).wait(timeout=10), 0)
+        self.assertEqual(self.session.start("--nonsense").wait(timeout=10), 2)
 
     def test_the_set_up_records_the_samples(self):
         folder = self.session.folder + "/"

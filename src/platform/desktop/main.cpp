@@ -30,6 +30,7 @@ namespace quorvale {
 namespace {
 
 constexpr std::uint32_t kLongestPath = 4096;
+constexpr int kUsageError = 2;
 
 constexpr char kUsage[] = R"(Usage: quorvale [SWITCH]
 
@@ -41,6 +42,7 @@ Slide-show screen saver. Without a switch it opens its configuration window.
   /INSTALL DIRECTORY/   list the samples of that directory, and set XScreenSaver up
   --root                the show in the window that XSCREENSAVER_WINDOW names
   --window-id WINDOW    the show in that window, in decimal or with 0x in front
+  --version             print the version
   --help                print this text
 
 The command quorvale-settings reads and changes the settings from a terminal.
@@ -81,8 +83,16 @@ int main(int argc, char** argv) {
     std::fputs(kUsage, stdout);
     return EXIT_SUCCESS;
   }
+  if (argc == 2 && argv[1] == std::string_view("--version")) {
+    std::printf("quorvale %d.%d.%d\n", kVersionMajor, kVersionMinor, kVersionRevision);
+    return EXIT_SUCCESS;
+  }
   const Invocation invocation = ReadInvocation({argv + 1, argv + argc}, std::getenv("XSCREENSAVER_WINDOW"));
   const std::string& text = invocation.text;
+  if (invocation.is_unknown) {
+    std::fprintf(stderr, "quorvale: %s: no such switch; quorvale --help lists them\n", text.c_str());
+    return kUsageError;
+  }
   if (invocation.daemon_window == 0U) {
     std::fputs("quorvale: XSCREENSAVER_WINDOW names no window to show anything in\n", stderr);
     return EXIT_FAILURE;

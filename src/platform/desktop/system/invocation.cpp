@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "run/set_up.h"
+
 namespace quorvale {
 namespace {
 
@@ -36,6 +38,7 @@ Invocation ReadInvocation(const std::vector<std::string>& arguments, const char*
     invocation.text += argument;
   }
   if (is_in_root) return {"/S", WindowId(daemon_window != nullptr ? daemon_window : "")};
+  invocation.is_unknown = invocation.text.starts_with('-') && invocation.text.find(kSetUpSwitch) == std::string::npos;
   return invocation;
 }
 

@@ -13,6 +13,8 @@ struct Invocation {
   std::string text;
   // The window of a screen saver daemon in which the show has to run; 0 if the daemon named none.
   std::optional<std::uint32_t> daemon_window;
+  // It begins with a minus but is no switch that the program knows, so nothing would run.
+  bool is_unknown = false;
 };
 
 // `--root` means the show in the window that the daemon's environment names. `--window-id N` (decimal, or hexadecimal
