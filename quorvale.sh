@@ -132,7 +132,9 @@ package() (
   build_program program
   umask 022
   desktop-file-validate packaging/*.desktop
+  appstreamcli validate --no-net packaging/quorvale.metainfo.xml
   cpack --config build/CPackConfig.cmake -B build/packages
+  lintian --fail-on error,warning build/packages/*.deb
   build windows-64 --target quorvale
   build windows-32 --target quorvale
   scripts/package-windows.sh

@@ -15,7 +15,7 @@ windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
 wine_packages="wine wine64"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
-package_packages="dpkg-dev desktop-file-utils"
+package_packages="dpkg-dev desktop-file-utils lintian appstream"
 
 # Installs those of the given packages that are missing, unless QUORVALE_INSTALL=no.
 need() {
