@@ -82,7 +82,7 @@ test_release() {
 
 # The cross-compiled tests under Wine, where there is one to be had.
 check_windows() {
-  if ! need $windows_packages $wine_packages; then
+  if ! need $windows_packages $wine_packages $installer_packages; then
     say "There is no Wine to install here: the tests of the Windows program are left out"
     return
   fi

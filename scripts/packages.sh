@@ -15,7 +15,8 @@ windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
 wine_packages="wine wine64"
 lint_packages="clang-format clang-tidy"
 bench_packages="feh"
-package_packages="dpkg-dev desktop-file-utils lintian appstream"
+installer_packages="nsis osslsigncode openssl"
+package_packages="dpkg-dev desktop-file-utils lintian appstream $installer_packages"
 
 # Installs those of the given packages that are missing, unless QUORVALE_INSTALL=no.
 need() {

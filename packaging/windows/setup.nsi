@@ -1,0 +1,130 @@
+; The installer for 64-bit Windows. scripts/package-windows.sh calls makensis with VERSION, ROOT (the project),
+; PROGRAM (Quorvale.scr) and OUTPUT. /S installs without a window. The program goes to System32, where Windows looks for savers.
+
+Target amd64-unicode
+Unicode true
+SetCompressor /SOLID lzma
+RequestExecutionLevel admin
+ManifestDPIAware true
+
+!include MUI2.nsh
+!include FileFunc.nsh
+!include LogicLib.nsh
+
+Name "Quorvale ${VERSION}"
+OutFile "${OUTPUT}"
+InstallDir "$PROGRAMFILES64\Quorvale"
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey ProductName "Quorvale"
+VIAddVersionKey FileDescription "Quorvale Setup"
+VIAddVersionKey FileVersion "${VERSION}"
+VIAddVersionKey LegalCopyright "The Quorvale developers"
+
+!define SAVER "$SYSDIR\Quorvale.scr"
+!define HELP "$WINDIR\Help\Quorvale"
+!define MENU "$SMPROGRAMS\Quorvale"
+!define SET_UP "${MENU}\Make Quorvale my screen saver.lnk"
+!define APPS "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvale"
+!define SETTINGS "Software\Halvern Inc.\Quorvale Customizable Screen Saver"
+!define DESKTOP "Control Panel\Desktop"
+
+!define MUI_ICON "${ROOT}/src/platform/win32/resources/quorvale.ico"
+!define MUI_UNICON "${MUI_ICON}"
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_TEXT "Make Quorvale my screen saver"
+!define MUI_FINISHPAGE_RUN_FUNCTION SetUpAsUser
+!insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE English
+
+; This program runs as the administrator. The shell starts what it opens as the user.
+Function SetUpAsUser
+  Exec '"$WINDIR\explorer.exe" "${SET_UP}"'
+FunctionEnd
+
+; A program that runs can't be replaced, but it can be renamed. What is left of it goes with the next start of Windows.
+!macro RemoveSaver
+  Delete "${SAVER}"
+  ${If} ${FileExists} "${SAVER}"
+    GetTempFileName $0 $SYSDIR
+    Delete $0
+    Rename "${SAVER}" $0
+    Delete /REBOOTOK $0
+  ${EndIf}
+!macroend
+
+Section
+  SetShellVarContext all
+  !insertmacro RemoveSaver
+  SetOutPath $SYSDIR
+  File "${PROGRAM}"
+  ; Nothing of an older version stays.
+  RMDir /r "$INSTDIR\samples"
+  SetOutPath "$INSTDIR\samples"
+  File /r "${ROOT}/assets/samples/*"
+  RMDir /r "${HELP}"
+  SetOutPath "${HELP}"
+  File /r "${ROOT}/help/*"
+  SetOutPath $INSTDIR
+  File /oname=License.txt "${ROOT}/LICENSE"
+  WriteUninstaller "$INSTDIR\Uninstall.exe"
+
+  CreateDirectory "${MENU}"
+  SetOutPath $SYSDIR
+  CreateShortcut "${MENU}\Quorvale.lnk" "${SAVER}" "/C"
+  CreateShortcut "${MENU}\Show.lnk" "${SAVER}" "/S"
+  CreateShortcut "${SET_UP}" "${SAVER}" "/INSTALL $INSTDIR\samples\"
+  CreateShortcut "${MENU}\Help.lnk" "${HELP}\index.html"
+  CreateShortcut "${MENU}\Uninstall.lnk" "$INSTDIR\Uninstall.exe"
+
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  WriteRegStr HKLM "${APPS}" DisplayName "Quorvale"
+  WriteRegStr HKLM "${APPS}" DisplayVersion "${VERSION}"
+  WriteRegStr HKLM "${APPS}" DisplayIcon "${SAVER}"
+  WriteRegStr HKLM "${APPS}" Publisher "The Quorvale developers"
+  WriteRegStr HKLM "${APPS}" InstallLocation "$INSTDIR"
+  WriteRegStr HKLM "${APPS}" UninstallString '"$INSTDIR\Uninstall.exe"'
+  WriteRegStr HKLM "${APPS}" QuietUninstallString '"$INSTDIR\Uninstall.exe" /S'
+  WriteRegDWORD HKLM "${APPS}" EstimatedSize $0
+  WriteRegDWORD HKLM "${APPS}" NoModify 1
+  WriteRegDWORD HKLM "${APPS}" NoRepair 1
+SectionEnd
+
+; Of every user who is logged on, the administrator among them.
+Section un.Saver
+  StrCpy $1 0
+  ${Do}
+    EnumRegKey $2 HKU "" $1
+    ${IfThen} $2 == "" ${|} ${ExitDo} ${|}
+    IntOp $1 $1 + 1
+    ReadRegStr $3 HKU "$2\${DESKTOP}" SCRNSAVE.EXE
+    ${GetFileName} $3 $3
+    ${If} $3 == "Quorvale.scr"
+      DeleteRegValue HKU "$2\${DESKTOP}" SCRNSAVE.EXE
+    ${EndIf}
+  ${Loop}
+  ; Windows maps this to the user's registry.
+  ReadINIStr $3 "$WINDIR\system.ini" boot SCRNSAVE.EXE
+  ${GetFileName} $3 $3
+  ${If} $3 == "Quorvale.scr"
+    DeleteINIStr "$WINDIR\system.ini" boot SCRNSAVE.EXE
+  ${EndIf}
+SectionEnd
+
+Section un.Files
+  SetShellVarContext all
+  !insertmacro RemoveSaver
+  RMDir /r "${HELP}"
+  RMDir /r "${MENU}"
+  RMDir /r "$INSTDIR"
+  DeleteRegKey HKLM "${APPS}"
+SectionEnd
+
+Section un.Settings
+  MessageBox MB_YESNO|MB_DEFBUTTON2 "Delete your play lists and options as well?" /SD IDNO IDNO keep
+  DeleteRegKey HKCU "${SETTINGS}"
+  keep:
+SectionEnd

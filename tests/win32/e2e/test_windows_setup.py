@@ -1,0 +1,69 @@
+"""The installer for Windows, under Wine."""
+
+import os
+import shutil
+import subprocess
+import unittest
+
+from test_windows_show import WindowsTest
+from wine_session import DESKTOP, PREFIX, PROGRAM, RED, SCRIPTS
+
+ROOT = os.path.dirname(SCRIPTS)
+C = os.path.join(PREFIX, "drive_c")
+SAVER = os.path.join(C, "windows", "system32", "Quorvale.scr")
+FOLDER = os.path.join(C, "Program Files", "Quorvale")
+HELP = os.path.join(C, "windows", "help", "Quorvale")
+APPS = r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvale"
+
+
+@unittest.skipUnless(shutil.which("makensis"), "the installer's compiler is not installed")
+class Installer(WindowsTest):
+    def make_setup(self, version):
+        path = os.path.join(self.session.folder, f"setup-{version}.exe")
+        subprocess.run(["makensis", "-V1", "-WX", "-NOCD", f"-DVERSION={version}", f"-DROOT={ROOT}",
+                        f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}",
+                        os.path.join(ROOT, "packaging", "windows", "setup.nsi")], check=True)
+        return path
+
+    def value(self, key, name):
+        lines = self.session.run("wine", "reg", "query", key, "/v", name).decode(errors="replace").splitlines()
+        return next((line.split(None, 2)[2].strip() for line in lines if line.split()[:1] == [name]), None)
+
+    def test_installs_over_a_running_show_and_leaves_nothing_behind(self):
+        self.session.run("wine", self.make_setup("1.9.0"), "/S")
+        self.assertTrue(os.path.exists(SAVER))
+        show = self.session.start_show(SAVER)
+        self.wait_for_colour(RED)
+        self.session.run("wine", self.make_setup("2.0.0"), "/S")
+        self.assert_runs(show)
+        self.assertEqual(self.value(APPS, "DisplayVersion"), "2.0.0")
+        self.assertGreater(int(self.value(APPS, "EstimatedSize"), 16), 1000)
+        for path in (os.path.join(FOLDER, "samples", "Sample1.jpg"), os.path.join(HELP, "index.html")):
+            self.assertTrue(os.path.exists(path), path)
+        self.assert_ends_by_key(show)
+
+        self.session.write({DESKTOP: {"SCRNSAVE.EXE": r"C:\windows\system32\Quorvale.scr"},
+                            "Options": {"Interval": "7"}})
+        self.session.run("wine", os.path.join(FOLDER, "Uninstall.exe"), "/S", "_?=" + r"C:\Program Files\Quorvale")
+        for path in (SAVER, os.path.join(FOLDER, "samples"), HELP):
+            self.assertFalse(os.path.exists(path), path)
+        self.assertIsNone(self.value(APPS, "DisplayVersion"))
+        self.assertIsNone(self.value(DESKTOP, "SCRNSAVE.EXE"))
+        self.assertEqual(self.session.read("Options")["Interval"], "7")
+
+    @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
+    def test_is_signed_with_a_certificate(self):
+        setup = self.make_setup("2.0.0")
+        key, certificate, both = (os.path.join(self.session.folder, name) for name in ("key", "cert.pem", "cert.p12"))
+        subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj", "/CN=Quorvale",
+                        "-addext", "extendedKeyUsage=codeSigning", "-keyout", key, "-out", certificate],
+                       check=True, stderr=subprocess.DEVNULL)
+        subprocess.run(["openssl", "pkcs12", "-export", "-inkey", key, "-in", certificate, "-out", both,
+                        "-passout", "pass:word"], check=True)
+        for named, status in (("", 1), (both, 0)):
+            environment = dict(os.environ, QUORVALE_CERTIFICATE=named, QUORVALE_CERTIFICATE_PASSWORD="word")
+            subprocess.run([os.path.join(SCRIPTS, "sign-windows.sh"), setup], env=environment, check=True,
+                           stdout=subprocess.DEVNULL)
+            verified = subprocess.run(["osslsigncode", "verify", "-CAfile", certificate, "-in", setup], check=False,
+                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            self.assertEqual(verified.returncode, status)
