@@ -6,6 +6,7 @@
 
 #include "desktop/pictures/samples.h"
 #include "platform/desktop/pictures/colour_profile.h"
+#include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
 namespace {

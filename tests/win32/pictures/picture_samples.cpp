@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 #include "platform/win32/pictures/picture_loader.h"
@@ -123,7 +124,34 @@ std::string MakeJpeg(int width, int height, const Colouring& colours, int orient
 
 std::string MakePng(int width, int height, const Colouring& colours, int orientation) {
   std::string bytes = Encode(GUID_ContainerFormatPng, width, height, colours);
-  return bytes.insert(kPngHeaderEnd, PngChunk("eXIf", ExifTags(orientation)));
+  return orientation == 0 ? bytes : bytes.insert(kPngHeaderEnd, PngChunk("eXIf", ExifTags(orientation)));
+}
+
+std::string MakeTiff(int width, int height, const Colouring& colours, int orientation) {
+  // All rows in one strip, then the depths of the three colours, and the tags.
+  std::string rows;
+  for (int i = 0; i < width * height; ++i) {
+    const std::string colour = Long(colours(i % width, i / width));
+    rows += {colour[2], colour[1], colour[0]};
+  }
+  const std::size_t depths = 8 + rows.size();
+  const struct {
+    int tag;
+    std::size_t count;
+    std::size_t value;
+  } tags[] = {{256, 1, static_cast<std::size_t>(width)},
+              {257, 1, static_cast<std::size_t>(height)},
+              {258, 3, depths},
+              {259, 1, 1},
+              {262, 1, 2},
+              {273, 1, 8},
+              {274, 1, static_cast<std::size_t>(orientation)},
+              {277, 1, 3},
+              {278, 1, static_cast<std::size_t>(height)},
+              {279, 1, rows.size()}};
+  std::string directory = Short(8) + Short(8) + Short(8) + Short(static_cast<int>(std::size(tags)));
+  for (const auto& [tag, count, value] : tags) directory += Short(tag) + Short(3) + Long(count) + Long(value);
+  return "II" + Short(42) + Long(depths + 6) + rows + directory + Long(0);
 }
 
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear) {
@@ -207,6 +235,56 @@ std::string WithRecords(const std::string& metafile, const std::vector<MetafileR
     bytes.replace(12, 4, Long(std::max<std::size_t>(longest, static_cast<std::uint8_t>(bytes[12]))));
   }
   return bytes;
+}
+
+std::vector<std::uint8_t> MakeProfile(const Primaries& primaries) {
+  const auto big = [](std::size_t number) {
+    const std::string bytes = Long(number);
+    return std::string(bytes.rbegin(), bytes.rend());
+  };
+  const auto fixed = [&](double number) { return big(static_cast<std::uint32_t>(std::lround(number * 65536))); };
+  // Where the curve is a power: (a x + b) ^ g, c x below d.
+  std::string curve = "para" + big(0) + std::string("\0\3\0\0", 4);
+  for (const double number : {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045}) curve += fixed(number);
+  std::string values = "XYZ " + big(0) + fixed(0.9642) + fixed(1) + fixed(0.8249) + curve;
+  const std::size_t first_value = 128 + 4 + 7 * 12;
+  std::string table = big(7) + "wtpt" + big(first_value) + big(20);
+  for (std::size_t i = 0; i < 3; ++i) {
+    const std::string colour(1, "rgb"[i]);
+    table += colour + "XYZ" + big(first_value + values.size()) + big(20);
+    table += colour + "TRC" + big(first_value + 20) + big(curve.size());
+    values += "XYZ " + big(0) + fixed(primaries[3 * i]) + fixed(primaries[3 * i + 1]) + fixed(primaries[3 * i + 2]);
+  }
+  std::string head = big(first_value + values.size()) + big(0) + big(0x04200000) + "mntrRGB XYZ ";
+  head.resize(36);
+  head += "acsp";
+  head.resize(68);
+  head += fixed(0.9642) + fixed(1) + fixed(0.8249);
+  head.resize(128);
+  const std::string bytes = head + table + values;
+  return {bytes.begin(), bytes.end()};
+}
+
+std::string WithProfile(std::string picture, const std::string& profile) {
+  const auto high_and_low = [](std::size_t number) { return Short(static_cast<int>(number)); };
+  if (picture[0] == '\xFF') {
+    const std::string data = std::string("ICC_PROFILE\0\1\1", 14) + profile;
+    const std::string length = high_and_low(data.size() + 2);
+    return picture.insert(2, std::string("\xFF\xE2") + length[1] + length[0] + data);
+  }
+  // One block that is stored as it is.
+  const std::string size = high_and_low(profile.size());
+  const std::string inverse = high_and_low(~profile.size());
+  std::uint32_t low = 1;
+  std::uint32_t high = 0;
+  for (const char c : profile) {
+    low = (low + static_cast<std::uint8_t>(c)) % 65521;
+    high = (high + low) % 65521;
+  }
+  const std::string sum = Long(high << 16U | low);
+  const std::string packed =
+      std::string("x\x01\x01", 3) + size + inverse + profile + std::string(sum.rbegin(), sum.rend());
+  return picture.insert(kPngHeaderEnd, PngChunk("iCCP", std::string("p\0\0", 3) + packed));
 }
 
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen) {

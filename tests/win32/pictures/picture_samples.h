@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -19,7 +20,8 @@ Pixel Quarters(int x, int y, int width, int height);
 std::string MakeBmp(int width, int height, const Colouring& colours);
 // `orientation` is the Exif number, 1 to 8. 0: no camera data.
 std::string MakeJpeg(int width, int height, const Colouring& colours, int orientation = 0);
-std::string MakePng(int width, int height, const Colouring& colours, int orientation);
+std::string MakePng(int width, int height, const Colouring& colours, int orientation = 0);
+std::string MakeTiff(int width, int height, const Colouring& colours, int orientation = 1);
 // A canvas with a picture of four quarters on a part of it. Where `is_clear`, it is transparent.
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear);
 // Metafiles of the quarters, with a size in millimetres, in a placeable header, or only in the records.
@@ -35,6 +37,16 @@ struct MetafileRecord {
 };
 enum class RecordPlace { kFirst, kLast };
 std::string WithRecords(const std::string& metafile, const std::vector<MetafileRecord>& records, RecordPlace place);
+
+// What red, green and blue of a colour space are made of: X, Y and Z of each.
+using Primaries = std::array<double, 9>;
+inline constexpr Primaries kSrgb{0.4361, 0.2225, 0.0139, 0.3851, 0.7169, 0.0971, 0.1431, 0.0606, 0.7139};
+inline constexpr Primaries kDisplayP3{0.5151, 0.2412, -0.0011, 0.2920, 0.6922, 0.0419, 0.1571, 0.0666, 0.7841};
+
+// An ICC profile with the transfer curve of sRGB.
+std::vector<std::uint8_t> MakeProfile(const Primaries& primaries);
+// A JPEG or PNG file of the functions above with that profile.
+std::string WithProfile(std::string picture, const std::string& profile);
 
 // A picture on a screen of one colour.
 struct Screen {

@@ -1,20 +1,15 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <utility>
 #include <vector>
 
-#include "platform/pictures/byte_source.h"
 #include "platform/pictures/rendered_picture.h"
 #include "toolkit/bitmap.h"
 
 namespace quorvale {
-
-// Longer profiles are ignored. Those of cameras and scanners take from 500 bytes to 2 MiB.
-inline constexpr std::size_t kLongestProfile = std::size_t{4} << 20U;
 
 // Converts pixels from the colours of an ICC profile to sRGB, those of the screen.
 class ColourProfile {
@@ -34,9 +29,5 @@ class ColourProfile {
   // Of opaque pixels.
   ColourConversion convert_;
 };
-
-// The ICC profile of a JPEG file, which may be spread over several segments. Empty without one, or if a piece is
-// missing.
-std::vector<std::uint8_t> JpegProfile(ByteSource& bytes);
 
 }  // namespace quorvale

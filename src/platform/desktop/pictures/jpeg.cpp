@@ -10,8 +10,8 @@
 
 #include <jpeglib.h>
 
-#include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
 namespace {

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
 namespace {

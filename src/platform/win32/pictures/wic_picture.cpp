@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <span>
 #include <utility>
 
 #include "base/byte_reader.h"
+#include "platform/pictures/embedded_profile.h"
 #include "platform/pictures/row_source.h"
+#include "platform/win32/pictures/colour_profile.h"
 
 // The interface of decoders that scale while they decode. The compiler's headers lack it. Components have no public
 // destructor.
@@ -156,6 +159,26 @@ CameraTags ReadCameraTags(ByteSpan bytes) {
   return IsJpeg(bytes) ? JpegCameraTags(source) : IsPng(bytes) ? PngCameraTags(source) : CameraTags{};
 }
 
+// The ICC profile in the file. Empty without one, or if it is too long.
+std::vector<std::uint8_t> ReadProfile(const WicFactory& factory, const WicFrame& frame, ByteSpan bytes) {
+  MemoryBytes source(bytes);
+  // Not all decoders of JPEG report it.
+  if (IsJpeg(bytes)) return JpegProfile(source);
+  ComPointer<IWICColorContext> context;
+  if (FAILED(factory->CreateColorContext(context.Out()))) return {};
+  IWICColorContext* first = context.Get();
+  UINT count = 0;
+  UINT size = 0;
+  auto type = WICColorContextUninitialized;
+  if (FAILED(frame->GetColorContexts(1, &first, &count)) || count == 0 || FAILED(context->GetType(&type)) ||
+      type != WICColorContextProfile || FAILED(context->GetProfileBytes(0, nullptr, &size)) || size > kLongestProfile) {
+    return {};
+  }
+  std::vector<std::uint8_t> profile(size);
+  if (FAILED(context->GetProfileBytes(size, profile.data(), &size))) return {};
+  return profile;
+}
+
 void CheckSize(PixelSize size, ByteSpan bytes) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
@@ -230,6 +253,9 @@ WicPicture::WicPicture(std::vector<std::uint8_t> bytes)
   CheckSize(size, bytes_);
   const CameraTags tags = ReadCameraTags(bytes_);
   Describe(size, tags.orientation, tags.date_taken);
+  if (const auto colours = ColourProfile::Read(ReadProfile(factory_, frame_, bytes_))) {
+    ConvertColours([colours](std::span<Pixel> row) { colours->ToScreen(row); });
+  }
 }
 
 std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {

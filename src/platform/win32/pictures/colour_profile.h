@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "base/byte_reader.h"
+#include "toolkit/bitmap.h"
+
+namespace quorvale {
+
+// Converts pixels from the colours of an ICC profile to sRGB, those of the screen. The system is asked for a grid of
+// colours once; those between are interpolated, which takes less time than asking for each.
+class ColourProfile {
+ public:
+  // Null if nothing has to be converted: the profile is empty, damaged, not one for RGB, or sRGB by its effect.
+  static std::shared_ptr<const ColourProfile> Read(ByteSpan profile);
+
+  // `row` is premultiplied.
+  void ToScreen(std::span<Pixel> row) const;
+
+ private:
+  // A colour as three lanes of 16 bits, so that one multiplication weighs all channels.
+  using Lanes = std::uint64_t;
+
+  ColourProfile() = default;
+  Pixel Converted(Pixel pixel) const;
+
+  // Blue changes fastest, then green.
+  std::vector<Lanes> grid_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,63 @@
+#include "platform/win32/pictures/colour_profile.h"
+
+#include <gtest/gtest.h>
+
+#include "win32/pictures/picture_samples.h"
+#include "win32/work_directory.h"
+
+namespace quorvale {
+namespace {
+
+// The last but one is half transparent.
+TEST(ColourProfile, ConvertsToTheScreen) {
+  const std::vector<std::uint8_t> bytes = MakeProfile(kDisplayP3);
+  const auto profile = ColourProfile::Read(bytes);
+  ASSERT_NE(profile, nullptr);
+  const struct {
+    Pixel stored;
+    Pixel shown;
+  } colours[] = {{0xFFFFFFFF, 0xFFFFFFFF},
+                 {0xFF000000, 0xFF000000},
+                 {0xFF808080, 0xFF808080},
+                 {0xFFEA3323, 0xFFFF0000},
+                 {0xFF8FB573, 0xFF84B66B},
+                 {0x80754830, 0x807C452B},
+                 {0, 0}};
+  for (const auto& [stored, shown] : colours) {
+    std::vector<Pixel> row = {stored, stored};
+    profile->ToScreen(row);
+    EXPECT_LE(Difference(row[1], shown), 6) << std::hex << stored << " becomes " << row[1];
+  }
+}
+
+// Red of sRGB, as Display P3 stores it.
+TEST(ColourProfile, OfAFileIsApplied) {
+  const WorkDirectory directory;
+  const auto colours = [](int, int) { return Pixel{0xFFEA3323}; };
+  const std::vector<std::uint8_t> profile = MakeProfile(kDisplayP3);
+  const std::string text(profile.begin(), profile.end());
+  const std::string cut = text.substr(0, 150);
+  for (const auto& [bytes, shown] : {std::pair{WithProfile(MakeJpeg(16, 16, colours), text), Pixel{0xFFFF0000}},
+                                     {WithProfile(MakePng(16, 16, colours), text), 0xFFFF0000},
+                                     {WithProfile(MakeJpeg(16, 16, colours), cut), 0xFFEA3323},
+                                     {WithProfile(MakePng(16, 16, colours), cut), 0xFFEA3323}}) {
+    Screen screen(16, 16);
+    Show(directory.Write("colours", bytes), screen.Bounds(), screen);
+    EXPECT_LE(Difference(screen.At(8, 8), shown), 8) << std::hex << screen.At(8, 8);
+  }
+}
+
+TEST(ColourProfile, IsIgnoredWhereItChangesNothing) {
+  std::vector<std::uint8_t> damaged = MakeProfile(kDisplayP3);
+  std::vector<std::uint8_t> grey = damaged;
+  std::copy_n("GRAY", 4, grey.begin() + 16);
+  EXPECT_EQ(ColourProfile::Read(MakeProfile(kSrgb)), nullptr);
+  EXPECT_EQ(ColourProfile::Read(grey), nullptr);
+  for (std::size_t size = 0; size < damaged.size(); size += 20) {
+    const auto profile = ColourProfile::Read(ByteSpan(damaged).first(size));
+    EXPECT_TRUE(profile == nullptr || size > 128) << size;
+  }
+}
+
+}  // namespace
+}  // namespace quorvale
