@@ -91,7 +91,7 @@ TEST_F(PictureLoaderTest, PicturesAreUpright) {
     SCOPED_TRACE(orientation);
     const bool is_turned = orientation >= 5 && orientation <= 8;
     const PixelRect box{0, 0, is_turned ? kHeight : kWidth, is_turned ? kWidth : kHeight};
-    for (const auto make : {MakeJpeg, MakePng}) {
+    for (const auto make : {MakeJpeg, MakePng, MakeTiff}) {
       const auto picture =
           Show(directory_.Write("photo", make(kWidth, kHeight, QuartersAt, orientation)), box, screen_);
       ExpectQuarters(screen_, box, quarters);
@@ -114,6 +114,20 @@ TEST(FileHeads, RecogniseSeveralScans) {
     EXPECT_EQ(HasSeveralScans(std::vector<std::uint8_t>(head.begin(), head.end())), test.has_several_scans)
         << int{test.frame} << ' ' << int{test.colours_in_first_scan};
   }
+}
+
+TEST(FileHeads, FindTagsOfWebp) {
+  const std::string exif = "II*tags!";
+  const auto find = [](std::string bytes) {
+    const std::vector<std::uint8_t> file(bytes.begin(), bytes.end());
+    const ByteSpan found = WebpExif(file);
+    return std::string(found.begin(), found.end());
+  };
+  const std::string start = std::string("RIFF\x80\0\0\0WEBPVP8X\3\0\0\0abc\0", 24);
+  EXPECT_EQ(find(start + std::string("EXIF\x08\0\0\0", 8) + exif), exif);
+  EXPECT_EQ(find(start + std::string("EXIF\x09\0\0\0", 8) + exif), "");
+  EXPECT_EQ(find(start + std::string("ALPH\xF8\xFF\xFF\xFF", 8) + exif), "");
+  EXPECT_EQ(find("RIFF"), "");
 }
 
 TEST_F(PictureLoaderTest, TransparentPixelsShowTheBackground) {

@@ -25,6 +25,11 @@ void SkipBlocks(ByteReader& reader) {
   while (const unsigned length = reader.U8()) reader.Skip(length);
 }
 
+// WebP, as numbers: "RIFF", "WEBP", "EXIF".
+constexpr std::uint32_t kRiff = 0x46464952;
+constexpr std::uint32_t kWebp = 0x50424557;
+constexpr std::uint32_t kExif = 0x46495845;
+
 }  // namespace
 
 GifCanvas ReadGifCanvas(ByteSpan bytes) {
@@ -73,6 +78,21 @@ bool HasSeveralScans(ByteSpan bytes) {
     reader.Seek(start + length);
   }
   return false;
+}
+
+ByteSpan WebpExif(ByteSpan bytes) {
+  ByteReader reader(bytes);
+  if (reader.U32() != kRiff || ByteReader(bytes, 8).U32() != kWebp) return {};
+  reader.Seek(12);
+  while (reader.Left() >= 8) {
+    const std::uint32_t name = reader.U32();
+    const std::size_t size = reader.U32();
+    if (name == kExif) return reader.Piece(reader.At(), size);
+    if (size > reader.Left()) break;
+    // Chunks begin at even offsets.
+    reader.Skip(size + size % 2);
+  }
+  return {};
 }
 
 }  // namespace quorvale

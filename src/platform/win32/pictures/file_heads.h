@@ -20,4 +20,7 @@ GifCanvas ReadGifCanvas(ByteSpan bytes);
 // Whether a JPEG file has several scans, which a decoder puts together in memory. False for any other file.
 bool HasSeveralScans(ByteSpan bytes);
 
+// The block of Exif data in a WebP file. Empty if there is none, and for any other file.
+ByteSpan WebpExif(ByteSpan bytes);
+
 }  // namespace quorvale

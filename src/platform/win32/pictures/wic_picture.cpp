@@ -10,6 +10,7 @@
 #include "platform/pictures/embedded_profile.h"
 #include "platform/pictures/row_source.h"
 #include "platform/win32/pictures/colour_profile.h"
+#include "platform/win32/pictures/decoding_time.h"
 
 // The interface of decoders that scale while they decode. The compiler's headers lack it. Components have no public
 // destructor.
@@ -41,11 +42,31 @@ void CheckPicture(HRESULT result) {
 // As many rows as a decoder of photos makes at once. Damage loses no more than this.
 constexpr int kBandRows = 16;
 
+// What the system decodes: the pixels have our format. The stream reads the file in place.
+struct WicDecoding {
+  PictureBytes file;
+  WicSource source;
+};
+
+// A band that is decoded while nobody waits for it any more owns all that it uses.
+struct BandCopy {
+  void Run() {
+    const auto stride = static_cast<UINT>(rows.Width) * static_cast<UINT>(sizeof(Pixel));
+    result = decoding->source->CopyPixels(&rows, stride, stride * static_cast<UINT>(rows.Height),
+                                          reinterpret_cast<BYTE*>(pixels.data()));
+  }
+
+  std::shared_ptr<WicDecoding> decoding;
+  WICRect rows{};
+  std::vector<Pixel> pixels;
+  HRESULT result = E_ABORT;
+};
+
 // The rows of a picture that the system decodes, in bands.
 class WicRows : public RowSource {
  public:
-  // The pixels of `source` have our format.
-  WicRows(WicSource source, Side across, Side down, bool opaque);
+  // Many decoders that do not `decode_by_rows` decode the whole picture for the first band.
+  WicRows(std::shared_ptr<WicDecoding> decoding, Side across, Side down, bool opaque, bool decode_by_rows);
 
   Side Across() const override { return across_; }
   Side Down() const override { return down_; }
@@ -62,18 +83,21 @@ class WicRows : public RowSource {
 
   void Read(Band& band, int number);
 
-  WicSource source_;
+  DecodingTime time_;
+  std::shared_ptr<WicDecoding> decoding_;
   Side across_;
   Side down_;
   bool opaque_;
+  // Whether the next band may take seconds.
+  bool may_be_slow_;
   int left_ = 0;
   int width_ = 0;
   // Used in turn, so that the last row of one stays while the next is read.
   std::array<Band, 2> bands_;
 };
 
-WicRows::WicRows(WicSource source, Side across, Side down, bool opaque)
-    : source_(std::move(source)), across_(across), down_(down), opaque_(opaque) {}
+WicRows::WicRows(std::shared_ptr<WicDecoding> decoding, Side across, Side down, bool opaque, bool decode_by_rows)
+    : decoding_(std::move(decoding)), across_(across), down_(down), opaque_(opaque), may_be_slow_(!decode_by_rows) {}
 
 bool WicRows::Start(int left, int right, int /*top*/) {
   left_ = left;
@@ -92,12 +116,19 @@ const Pixel* WicRows::Row(int y) {
 
 void WicRows::Read(Band& band, int number) {
   const int top = number * kBandRows;
-  const WICRect rows{left_, top, width_, std::min(kBandRows, down_.count - top)};
-  const auto stride = static_cast<UINT>(width_) * static_cast<UINT>(sizeof(Pixel));
-  const HRESULT result = source_->CopyPixels(&rows, stride, stride * static_cast<UINT>(rows.Height),
-                                             reinterpret_cast<BYTE*>(band.pixels.data()));
   band.number = number;
-  band.is_whole = SUCCEEDED(result);
+  band.is_whole = false;
+  if (!time_.IsLeft()) return;
+  BandCopy copy{decoding_, {left_, top, width_, std::min(kBandRows, down_.count - top)}, std::move(band.pixels)};
+  if (std::exchange(may_be_slow_, false)) {
+    const auto shared = std::make_shared<BandCopy>(std::move(copy));
+    if (!time_.Run([shared] { shared->Run(); })) return;
+    copy = std::move(*shared);
+  } else {
+    copy.Run();
+  }
+  band.pixels = std::move(copy.pixels);
+  band.is_whole = SUCCEEDED(copy.result);
 }
 
 // The rows of a transparent canvas with a picture on a part of it.
@@ -148,15 +179,28 @@ const Pixel* CanvasRows::Row(int y) {
   return row.data();
 }
 
-// No format packs more pixels into a byte. A file that claims more is damaged.
+// None of the older formats packs more pixels into a byte. A file that claims more is damaged.
 constexpr std::uint64_t kMostPixelsToByte = 4096;
 
 bool IsJpeg(ByteSpan bytes) { return ByteReader(bytes).U16() == 0xD8FF; }
 bool IsPng(ByteSpan bytes) { return ByteReader(bytes).U32() == 0x474E5089; }
 
+bool IsBmp(ByteSpan bytes) { return ByteReader(bytes).U16() == 0x4D42; }
+bool IsTiff(ByteSpan bytes) {
+  const std::uint32_t start = ByteReader(bytes).U32();
+  return start == 0x002A4949 || start == 0x2A004D4D;
+}
+
+// Decoders of these hold a few rows. All others may put the whole picture together in memory first.
+bool IsDecodedByRows(ByteSpan bytes) { return IsBmp(bytes) || (IsJpeg(bytes) && !HasSeveralScans(bytes)); }
+
+// HEIC and its relatives are turned by their decoder.
 CameraTags ReadCameraTags(ByteSpan bytes) {
   MemoryBytes source(bytes);
-  return IsJpeg(bytes) ? JpegCameraTags(source) : IsPng(bytes) ? PngCameraTags(source) : CameraTags{};
+  if (IsJpeg(bytes)) return JpegCameraTags(source);
+  if (IsPng(bytes)) return PngCameraTags(source);
+  // The tags of a TIFF file are those that Exif has taken over.
+  return ExifCameraTags(IsTiff(bytes) ? bytes : WebpExif(bytes));
 }
 
 // The ICC profile in the file. Empty without one, or if it is too long.
@@ -182,9 +226,10 @@ std::vector<std::uint8_t> ReadProfile(const WicFactory& factory, const WicFrame&
 void CheckSize(PixelSize size, ByteSpan bytes) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
-  if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
-  // Only photos of one scan are decoded without holding the whole picture.
-  if (IsJpeg(bytes) && !HasSeveralScans(bytes)) return;
+  if (IsBmp(bytes) || IsJpeg(bytes) || IsPng(bytes) || IsTiff(bytes) || ReadGifCanvas(bytes).width > 0) {
+    if (count / kMostPixelsToByte > bytes.size()) CheckPicture(WINCODEC_ERR_BADIMAGE);
+  }
+  if (IsJpeg(bytes) && IsDecodedByRows(bytes)) return;
   if (count > kPictureMemoryLimit / sizeof(Pixel)) CheckPicture(E_OUTOFMEMORY);
 }
 
@@ -243,17 +288,20 @@ WicFactory CreateWicFactory() {
 }
 
 WicPicture::WicPicture(std::vector<std::uint8_t> bytes)
-    : factory_(CreateWicFactory()), bytes_(std::move(bytes)), canvas_(ReadGifCanvas(bytes_)), frame_(OpenFrame()) {
+    : factory_(CreateWicFactory()),
+      file_(std::make_shared<const std::vector<std::uint8_t>>(std::move(bytes))),
+      canvas_(ReadGifCanvas(*file_)),
+      frame_(OpenFrame()) {
   UINT width = 0;
   UINT height = 0;
   CheckPicture(frame_->GetSize(&width, &height));
   frame_size_ = {static_cast<int>(width), static_cast<int>(height)};
   const bool on_canvas = canvas_.width > 0;
   const PixelSize size = on_canvas ? PixelSize{canvas_.width, canvas_.height} : frame_size_;
-  CheckSize(size, bytes_);
-  const CameraTags tags = ReadCameraTags(bytes_);
+  CheckSize(size, *file_);
+  const CameraTags tags = ReadCameraTags(*file_);
   Describe(size, tags.orientation, tags.date_taken);
-  if (const auto colours = ColourProfile::Read(ReadProfile(factory_, frame_, bytes_))) {
+  if (const auto colours = ColourProfile::Read(ReadProfile(factory_, frame_, *file_))) {
     ConvertColours([colours](std::span<Pixel> row) { colours->ToScreen(row); });
   }
 }
@@ -273,7 +321,9 @@ std::unique_ptr<RowSource> WicPicture::Open(PixelSize stored_box) {
   }
   const RowSource::Side across{static_cast<int>(width), frame_size_.width / static_cast<double>(divisor)};
   const RowSource::Side down{static_cast<int>(height), frame_size_.height / static_cast<double>(divisor)};
-  auto rows = std::make_unique<WicRows>(AsOurPixels(factory_, source), across, down, IsOpaque(factory_, frame));
+  auto decoding = std::make_shared<WicDecoding>(WicDecoding{file_, AsOurPixels(factory_, source)});
+  auto rows =
+      std::make_unique<WicRows>(std::move(decoding), across, down, IsOpaque(factory_, frame), IsDecodedByRows(*file_));
   const bool is_covered = canvas_.width == frame_size_.width && canvas_.height == frame_size_.height;
   if (canvas_.width == 0 || is_covered) return rows;
   return std::make_unique<CanvasRows>(std::move(rows), canvas_.width, canvas_.height, canvas_.first);
@@ -283,7 +333,7 @@ WicFrame WicPicture::OpenFrame() const {
   ComPointer<IWICStream> stream;
   CheckPicture(factory_->CreateStream(stream.Out()));
   // The stream only reads, though its parameter is not const.
-  CheckPicture(stream->InitializeFromMemory(const_cast<BYTE*>(bytes_.data()), static_cast<DWORD>(bytes_.size())));
+  CheckPicture(stream->InitializeFromMemory(const_cast<BYTE*>(file_->data()), static_cast<DWORD>(file_->size())));
   ComPointer<IWICBitmapDecoder> decoder;
   CheckPicture(factory_->CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand, decoder.Out()));
   WicFrame frame;

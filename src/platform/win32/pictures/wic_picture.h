@@ -17,6 +17,9 @@ namespace quorvale {
 using WicFactory = ComPointer<IWICImagingFactory>;
 using WicFrame = ComPointer<IWICBitmapFrameDecode>;
 
+// A whole file. Decoders that nobody waits for any more read it on.
+using PictureBytes = std::shared_ptr<const std::vector<std::uint8_t>>;
+
 // The system's picture decoders. Fails with kInternal on a system without them.
 WicFactory CreateWicFactory();
 
@@ -35,7 +38,7 @@ class WicPicture : public BitmapPicture {
   // Outlives the decoders.
   ComApartment apartment_;
   WicFactory factory_;
-  std::vector<std::uint8_t> bytes_;
+  PictureBytes file_;
   PixelSize frame_size_;
   GifCanvas canvas_;
   // Used by the first `Open`.
