@@ -1,38 +1,21 @@
 #include "platform/desktop/metafile/header.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/desktop/metafile/record_values.h"
+#include "platform/pictures/metafile_head.h"
 #include "platform/pictures/rendered_picture.h"
 
 namespace quorvale::metafile {
 namespace {
 
-// META_PLACEABLE, META_HEADER.
-constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
-constexpr std::size_t kPlaceableSize = 22;
-constexpr std::size_t kWmfHeaderSize = 18;
 // EMR_HEADER.
-constexpr std::uint32_t kEmfSignature = 0x464D4520;
 constexpr std::size_t kEmfHeaderSize = 88;
-constexpr double kTwipsPerInch = 1440;
 constexpr double kPixelsPerInch = 96;
 constexpr double kMillimetresPerInch = 25.4;
 // Twips. Larger than every screen, and small enough for all that is computed from it.
 constexpr double kLongestSide = 3e6;
-
-bool IsWmfHeader(ByteReader reader) {
-  const unsigned type = reader.U16();
-  const unsigned words = reader.U16();
-  const unsigned version = reader.U16();
-  return (type == 1 || type == 2) && words == kWmfHeaderSize / 2 && (version == 0x100 || version == 0x300) &&
-         reader.Size() >= kWmfHeaderSize;
-}
-
-bool IsPlaceable(ByteSpan bytes) { return ByteReader(bytes).U32() == kPlaceableKey; }
-bool IsEmf(ByteSpan bytes) {
-  return ByteReader(bytes).U32() == EMR_HEADER && ByteReader(bytes, 40).U32() == kEmfSignature;
-}
 
 [[noreturn]] void Fail() { FailLoad("Damaged metafile"); }
 
@@ -40,22 +23,19 @@ float Side(double twips) { return static_cast<float>(std::clamp(twips, 1.0, kLon
 
 Header ReadWmf(ByteSpan bytes) {
   Header header;
-  const bool placeable = IsPlaceable(bytes);
-  header.first_record = placeable ? kPlaceableSize : 0;
-  if (bytes.size() < header.first_record || !IsWmfHeader(ByteReader(bytes.subspan(header.first_record)))) Fail();
-  header.first_record += kWmfHeaderSize;
+  const bool is_placeable = IsPlaceableHead(bytes);
+  header.first_record = is_placeable ? kPlaceableHeadSize : 0;
+  if (bytes.size() < header.first_record || !IsWmfHead(bytes.subspan(header.first_record))) Fail();
+  header.first_record += kWmfHeadSize;
   SetWmfSize(header, kPixelsPerInch, kPixelsPerInch);
-  if (!placeable) return header;
-  ByteReader reader(bytes, 6);
-  const double left = reader.I16();
-  const double top = reader.I16();
-  const double right = reader.I16();
-  const double bottom = reader.I16();
-  const double units_per_inch = reader.U16();
-  if (left == right || top == bottom) return header;
-  header.window = QRectF(left, top, right - left, bottom - top);
-  const double pixels_per_unit = kPixelsPerInch / (units_per_inch == 0 ? kTwipsPerInch : units_per_inch);
-  SetWmfSize(header, std::abs(right - left) * pixels_per_unit, std::abs(bottom - top) * pixels_per_unit);
+  if (!is_placeable) return header;
+  const PlaceableHead head = ReadPlaceableHead(bytes);
+  if (head.left == head.right || head.top == head.bottom) return header;
+  const int width = head.right - head.left;
+  const int height = head.bottom - head.top;
+  header.window = QRectF(head.left, head.top, width, height);
+  const double pixels_per_unit = kPixelsPerInch / head.units_per_inch;
+  SetWmfSize(header, std::abs(width) * pixels_per_unit, std::abs(height) * pixels_per_unit);
   return header;
 }
 
@@ -93,9 +73,9 @@ Header ReadEmf(ByteSpan bytes) {
 
 }  // namespace
 
-bool HasHeader(ByteSpan bytes) { return IsPlaceable(bytes) || IsEmf(bytes) || IsWmfHeader(ByteReader(bytes)); }
+bool HasHeader(ByteSpan bytes) { return IsPlaceableHead(bytes) || IsEmfHead(bytes) || IsWmfHead(bytes); }
 
-Header ReadHeader(ByteSpan bytes) { return IsEmf(bytes) ? ReadEmf(bytes) : ReadWmf(bytes); }
+Header ReadHeader(ByteSpan bytes) { return IsEmfHead(bytes) ? ReadEmf(bytes) : ReadWmf(bytes); }
 
 void SetWmfSize(Header& header, double width, double height) {
   const double twips_per_pixel = kTwipsPerInch / kPixelsPerInch;

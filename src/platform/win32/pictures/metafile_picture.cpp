@@ -10,6 +10,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/pictures/metafile_head.h"
 #include "platform/win32/toolkit/gdi.h"
 
 namespace quorvale {
@@ -112,7 +113,7 @@ class EnhancedMetafile : public Metafile {
 };
 
 std::unique_ptr<Metafile> OpenEnhancedMetafile(ByteSpan bytes) {
-  if (ByteReader(bytes).U32() != EMR_HEADER || ByteReader(bytes, 40).U32() != ENHMETA_SIGNATURE) return nullptr;
+  if (!IsEmfHead(bytes)) return nullptr;
   EnhancedHandle handle;
   if (IsWhole(bytes)) handle.reset(SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data()));
   if (!handle) FailLoad("Damaged metafile");
@@ -121,10 +122,6 @@ std::unique_ptr<Metafile> OpenEnhancedMetafile(ByteSpan bytes) {
 
 // Windows metafiles, with a header that says their size or without.
 
-constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
-constexpr std::size_t kPlaceableSize = 22;
-constexpr std::size_t kHeaderSize = 18;
-constexpr double kTwipsPerInch = 1440;
 // The units of a file that does not say.
 constexpr double kUnitsPerInch = 96;
 
@@ -142,25 +139,8 @@ struct Window {
   double units_per_inch = kUnitsPerInch;
 };
 
-bool IsHeader(ByteSpan bytes) {
-  ByteReader reader(bytes);
-  const unsigned type = reader.U16();
-  const unsigned words = reader.U16();
-  const unsigned version = reader.U16();
-  return bytes.size() >= kHeaderSize && (type == 1 || type == 2) && words == kHeaderSize / 2 &&
-         (version == 0x100 || version == 0x300);
-}
-
-Window ReadPlaceable(ByteSpan bytes) {
-  ByteReader reader(bytes, 6);
-  Window window;
-  window.left = reader.I16();
-  window.top = reader.I16();
-  window.width = reader.I16() - window.left;
-  window.height = reader.I16() - window.top;
-  const unsigned units = reader.U16();
-  window.units_per_inch = units == 0 ? kTwipsPerInch : units;
-  return window;
+Window WindowOf(const PlaceableHead& head) {
+  return {head.left, head.top, head.right - head.left, head.bottom - head.top, head.units_per_inch};
 }
 
 // Reads origin and size from the first records that set them. False unless every record lies within the file and the
@@ -228,16 +208,16 @@ class WindowsMetafile : public Metafile {
 
 // Null and failures as of `OpenMetafile`.
 std::unique_ptr<Metafile> OpenWindowsMetafile(ByteSpan bytes) {
-  const bool is_placeable = ByteReader(bytes).U32() == kPlaceableKey && bytes.size() > kPlaceableSize;
-  const ByteSpan plain = is_placeable ? bytes.subspan(kPlaceableSize) : bytes;
-  if (!IsHeader(plain)) return nullptr;
+  const bool is_placeable = IsPlaceableHead(bytes) && bytes.size() > kPlaceableHeadSize;
+  const ByteSpan plain = is_placeable ? bytes.subspan(kPlaceableHeadSize) : bytes;
+  if (!IsWmfHead(plain)) return nullptr;
   Window window;
   PlainHandle handle;
-  if (ReadRecords(plain.subspan(kHeaderSize), window)) {
+  if (ReadRecords(plain.subspan(kWmfHeadSize), window)) {
     handle.reset(SetMetaFileBitsEx(static_cast<UINT>(plain.size()), plain.data()));
   }
   if (!handle) FailLoad("Damaged metafile");
-  if (is_placeable) window = ReadPlaceable(bytes);
+  if (is_placeable) window = WindowOf(ReadPlaceableHead(bytes));
   if (window.width == 0 || window.height == 0) window = {};
   return std::make_unique<WindowsMetafile>(std::move(handle), window);
 }

@@ -1,6 +1,7 @@
 #include "platform/win32/system/files.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "platform/win32/system/system_text.h"
@@ -46,8 +47,8 @@ std::wstring BehindLinks(const std::wstring& path) {
 class DraftFile {
  public:
   explicit DraftFile(const std::wstring& path)
-      : name_(path.substr(0, path.find_last_of(L"\\/:") + 1) + L".quorvale-" + std::to_wstring(GetCurrentProcessId()) +
-              L".new"),
+      : name_(std::filesystem::path(path).replace_filename(L".quorvale-" + std::to_wstring(GetCurrentProcessId()) +
+                                                           L".new")),
         file_(OpenNew(name_)) {}
   ~DraftFile() {
     const bool is_ours = file_.IsOpen();
