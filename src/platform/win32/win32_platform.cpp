@@ -7,7 +7,6 @@
 #include "platform/win32/toolkit/surface_window.h"
 #include "platform/win32/toolkit/top_window.h"
 #include "platform/win32/widgets/dialog_window.h"
-#include "platform/win32/widgets/system_dialogs.h"
 
 namespace quorvale {
 namespace {
@@ -72,7 +71,7 @@ std::string Win32Platform::ShowFileDialog(WindowPeer& owner, const FileDialog& d
 }
 
 Colour Win32Platform::ShowColourDialog(WindowPeer& owner, Colour start) {
-  return ShowWin32ColourDialog(WindowOf(owner).Window(), start);
+  return ShowWin32ColourDialog(WindowOf(owner).Window(), start, own_colours_);
 }
 
 std::string Win32Platform::BrowseForFolder(WindowPeer& owner, const std::string& title) {

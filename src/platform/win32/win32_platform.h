@@ -7,6 +7,7 @@
 #include "platform/win32/toolkit/event_loop.h"
 #include "platform/win32/toolkit/resolution.h"
 #include "platform/win32/toolkit/text_painter.h"
+#include "platform/win32/widgets/system_dialogs.h"
 #include "platform/win32/widgets/widget_factory.h"
 #include "toolkit/platform.h"
 
@@ -50,6 +51,8 @@ class Win32Platform : public Platform {
   EventWait wait_;
   EndedLoops ended_loops_;
   Win32WidgetFactory widgets_;
+  // As long as the program runs.
+  OwnColours own_colours_ = EmptyOwnColours();
 };
 
 }  // namespace quorvale

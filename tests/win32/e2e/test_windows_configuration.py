@@ -33,6 +33,14 @@ class Configuration(WindowsTest):
     def add(self, path):
         self.choose_file("alt+f", "Select One or More Files to Add", path)
 
+    def test_adds_a_folder(self):
+        # Wine has a title of its own for the dialog.
+        self.choose_file("alt+t", "Select Folder", self.session.folder)
+        self.session.wait_for_window(TITLE)
+        self.keys("Tab", "Return")
+        self.assertEqual(self.program.wait(timeout=10), 0)
+        self.assertEqual([text.split()[0] for text in self.saved()], [windows_path(self.session.folder) + "\\"])
+
     def menu(self, *keys):
         self.keys("F10", *keys)
 

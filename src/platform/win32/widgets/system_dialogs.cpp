@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "base/failure.h"
+#include "platform/win32/system/com.h"
 #include "platform/win32/system/system_text.h"
 
 namespace quorvale {
@@ -111,6 +112,19 @@ DWORD AskForFiles(HWND owner, const FileDialog& dialog, std::wstring& path) {
   return error;
 }
 
+// The dialog of systems that lack the one below.
+std::string BrowseFolderTree(HWND owner, const std::string& title) {
+  const std::wstring wide_title = ToWide(title);
+  BROWSEINFOW request{};
+  request.hwndOwner = owner;
+  request.lpszTitle = wide_title.c_str();
+  request.ulFlags = BIF_RETURNONLYFSDIRS;
+  const std::unique_ptr<ITEMIDLIST, FreeTaskMemory> chosen(SHBrowseForFolderW(&request));
+  std::array<wchar_t, MAX_PATH> path{};
+  if (!chosen || SHGetPathFromIDListW(chosen.get(), path.data()) == 0) return {};
+  return FromWide(path.data());
+}
+
 }  // namespace
 
 MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title,
@@ -151,9 +165,7 @@ std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog) {
   }
 }
 
-Colour ShowWin32ColourDialog(HWND owner, Colour start) {
-  std::array<COLORREF, 16> own_colours{};
-  own_colours.fill(kWhite);
+Colour ShowWin32ColourDialog(HWND owner, Colour start, OwnColours& own_colours) {
   CHOOSECOLORW request{};
   request.lStructSize = sizeof request;
   request.hwndOwner = owner;
@@ -164,15 +176,22 @@ Colour ShowWin32ColourDialog(HWND owner, Colour start) {
 }
 
 std::string BrowseWin32Folder(HWND owner, const std::string& title) {
-  const std::wstring wide_title = ToWide(title);
-  BROWSEINFOW request{};
-  request.hwndOwner = owner;
-  request.lpszTitle = wide_title.c_str();
-  request.ulFlags = BIF_RETURNONLYFSDIRS;
-  const std::unique_ptr<ITEMIDLIST, FreeTaskMemory> chosen(SHBrowseForFolderW(&request));
-  std::array<wchar_t, MAX_PATH> path{};
-  if (!chosen || SHGetPathFromIDListW(chosen.get(), path.data()) == 0) return {};
-  return FromWide(path.data());
+  ComPointer<IFileOpenDialog> dialog;
+  if (FAILED(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(dialog.Out())))) {
+    return BrowseFolderTree(owner, title);
+  }
+  dialog->SetTitle(ToWide(title).c_str());
+  FILEOPENDIALOGOPTIONS options = 0;
+  ComPointer<IShellItem> chosen;
+  wchar_t* path = nullptr;
+  const bool has_answer =
+      SUCCEEDED(dialog->GetOptions(&options)) &&
+      // The dialog must not change the current directory, as for files.
+      SUCCEEDED(dialog->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR)) &&
+      SUCCEEDED(dialog->Show(owner)) && SUCCEEDED(dialog->GetResult(chosen.Out())) &&
+      SUCCEEDED(chosen->GetDisplayName(SIGDN_FILESYSPATH, &path));
+  const std::unique_ptr<wchar_t, FreeTaskMemory> owned(path);
+  return has_answer ? FromWide(path) : std::string();
 }
 
 }  // namespace quorvale

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "platform/common/pacing.h"
@@ -9,6 +10,14 @@
 
 namespace quorvale {
 
+// The places for the user's own colours in the colour dialog.
+using OwnColours = std::array<COLORREF, 16>;
+inline OwnColours EmptyOwnColours() {
+  OwnColours colours;
+  colours.fill(kWhite);
+  return colours;
+}
+
 // Shows the box above all windows of the program and waits for the answer. An empty title is replaced by
 // `application_title`.
 MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& application_title,
@@ -16,7 +25,8 @@ MessageBoxAnswer ShowWin32MessageBox(const MessageBox& box, const std::string& a
 
 // The system's dialogs, modal to `owner`. They return what `Platform` says.
 std::string ShowWin32FileDialog(HWND owner, const FileDialog& dialog);
-Colour ShowWin32ColourDialog(HWND owner, Colour start);
+// The colours that the user mixes are kept in `own_colours`.
+Colour ShowWin32ColourDialog(HWND owner, Colour start, OwnColours& own_colours);
 std::string BrowseWin32Folder(HWND owner, const std::string& title);
 
 }  // namespace quorvale
