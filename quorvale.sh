@@ -99,6 +99,7 @@ check() {
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
   run_tests build/sanitize -L '^(core|pictures|fuzz)$'
   check_windows
+  soak 2
   lint_code
   say "Under the sanitizers:"
   count_of build/sanitize
@@ -111,6 +112,13 @@ check() {
 lint() {
   need $build_packages $whole_packages $sanitize_packages $windows_packages $lint_packages
   lint_code
+}
+
+soak() {
+  need $build_packages $whole_packages $screen_packages $test_packages
+  build release --target quorvale quorvale-settings preview_host
+  say "Showing pictures among trouble, in every mode"
+  python3 scripts/soak.py build "$@"
 }
 
 # "windows" is a table of its own: the Windows program's code beside the Linux program's.
@@ -146,6 +154,7 @@ case "${1:-}" in
   check) check ;;
   build) build_program program ;;
   configure) build_program program && build/quorvale /C ;;
+  soak) soak "${2:-10}" "${@:3}" ;;
   bench) bench "${@:2}" ;;
   package) package ;;
   lint) lint ;;
@@ -155,11 +164,12 @@ Usage: ./quorvale.sh COMMAND. Each command builds first what it needs, and insta
 with QUORVALE_INSTALL=no in the environment it names that and stops.
   show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
   test       build for release, and run the tests: headless, desktop and end to end
-  check      what CI runs beside: sanitizers, fuzzing, Windows under Wine, and lint
+  check      what CI runs beside: sanitizers, fuzzing, Windows under Wine, two minutes of soak, and lint
+  soak       [MINUTES [SEED]] shows pictures among trouble in every mode, and says whether it held
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine
-  package    make a Debian package and a zip for Windows in build/packages
+  package    make a Debian package, an installer and a zip for Windows in build/packages
   lint       check format and code
 TEXT
     [ -z "${1:-}" ] || exit 2
