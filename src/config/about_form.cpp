@@ -32,18 +32,6 @@ constexpr char kToolsKey[] = R"(SOFTWARE\Microsoft\Shared Tools Location)";
 constexpr char kInfoFolderValue[] = "MSINFO";
 constexpr char kInfoProgram[] = "\\MSINFO32.EXE";
 
-// A little-endian 32-bit number in decimal. Missing bytes count as 0.
-std::string DecimalOf(const std::string& bytes) {
-  constexpr std::size_t kNumberSize = 4;
-  std::uint32_t number = 0;
-  std::uint32_t shift = 0;
-  for (const char byte : bytes.substr(0, kNumberSize)) {
-    number |= static_cast<std::uint32_t>(static_cast<unsigned char>(byte)) << shift;
-    shift += 8;
-  }
-  return std::to_string(static_cast<std::int32_t>(number));
-}
-
 }  // namespace
 
 AboutForm::AboutForm(Process& process)
@@ -120,7 +108,7 @@ bool AboutForm::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, c
   std::string value(buffer.data(), size);
   if (value.ends_with('\0')) value.pop_back();
   if (type == kRegSz) KeyVal = value;
-  if (type == kRegDword) KeyVal = DecimalOf(value);
+  if (type == kRegDword) KeyVal = std::to_string(static_cast<std::int32_t>(DwordOf(value)));
   return true;
 }
 

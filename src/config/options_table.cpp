@@ -33,8 +33,8 @@ constexpr int kNumberLength = 2;
 constexpr int kSlowest = 1;
 constexpr int kFastest = 20;
 
-// The number of options, from the first, for which `Load` fails.
-constexpr std::size_t kFailingOptions = 6;
+// The last of the options for which `Load` fails. Those behind it only keep what their controls show.
+constexpr const OptionRow* kLastFailing = &kBackColor;
 
 // The number with up to 15 digits, as in "5", "0.5" and "1E+20".
 std::string NumberText(double number) {
@@ -228,21 +228,21 @@ std::size_t Rank(const OptionField& field) {
   return static_cast<std::size_t>(std::ranges::find(kDialogOptions, field.option) - std::begin(kDialogOptions));
 }
 
-// Passes on failures of the first `failing` options and ignores those of the others. False if the store can't be read.
-bool LoadFields(const std::vector<OptionField>& fields, const Options& options, std::size_t failing) {
+// Where `failing`, passes on failures up to `kLastFailing`; ignores all others. False if the store can't be read.
+bool LoadFields(const std::vector<OptionField>& fields, const Options& options, bool failing) {
   bool was_read = true;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const OptionField& field = fields[i];
+  for (const OptionField& field : fields) {
     std::string stored;
     if (!options.Read(*field.option, stored)) was_read = false;
     try {
       field.show(stored);
     } catch (const Failure& failure) {
-      if (i < failing) {
+      if (failing) {
         throw Failure(failure.Number(), std::string(field.option->key) + ": " + failure.Description(),
                       failure.Source());
       }
     }
+    failing = failing && field.option != kLastFailing;
   }
   return was_read;
 }
@@ -299,9 +299,9 @@ class OptionsTable::Builder {
 
 OptionsTable::OptionsTable(Form& form) { const Builder builder(*this, form); }
 
-bool OptionsTable::Load(const Options& options) const { return LoadFields(fields_, options, kFailingOptions); }
+bool OptionsTable::Load(const Options& options) const { return LoadFields(fields_, options, true); }
 
-bool OptionsTable::LoadUsable(const Options& options) const { return LoadFields(fields_, options, 0); }
+bool OptionsTable::LoadUsable(const Options& options) const { return LoadFields(fields_, options, false); }
 
 void OptionsTable::Save(Options& options) const {
   bool on_more_page = false;

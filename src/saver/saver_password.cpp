@@ -1,10 +1,7 @@
 #include "saver/saver_password.h"
 
 #include <algorithm>
-#include <iomanip>
-#include <sstream>
 
-#include "base/byte_reader.h"
 #include "base/numbers.h"
 #include "process/process.h"
 #include "system/host_system.h"
@@ -16,14 +13,7 @@ namespace {
 
 constexpr std::uint32_t kBufferSize = 255;
 constexpr std::uint32_t kLowWord = 0xFFFF;
-
-// The little-endian number of four bytes as decimal text, padded to three digits.
-std::string DwordText(const std::string& bytes) {
-  const std::uint32_t value = ByteReader({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}).U32();
-  std::ostringstream text;
-  text << std::setw(3) << std::setfill('0') << value;
-  return text.str();
-}
+constexpr std::size_t kDigits = 3;
 
 }  // namespace
 
@@ -59,7 +49,10 @@ std::string ReadKeyValue(Registry& registry, std::uint32_t hive, const std::stri
   std::uint32_t type = 0;
   std::uint32_t size = kBufferSize;
   if (registry.RegQueryValueEx(key.Get(), name, type, buffer.data(), size) != kErrorSuccess || size == 0) return {};
-  if (type == kRegDword) buffer = DwordText(buffer);
+  if (type == kRegDword) {
+    buffer = std::to_string(DwordOf(buffer));
+    if (buffer.size() < kDigits) buffer.insert(0, kDigits - buffer.size(), '0');
+  }
   return buffer.substr(0, std::min<std::size_t>(size - 1, buffer.size()));
 }
 

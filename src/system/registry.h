@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -26,6 +27,15 @@ inline constexpr std::int32_t kErrorWriteFault = 29;
 inline constexpr std::int32_t kErrorReadFault = 30;
 inline constexpr std::int32_t kErrorMoreData = 234;
 inline constexpr std::int32_t kErrorKeyDeleted = 1018;  // the open key has been deleted since
+
+// The number that a kRegDword value holds: its first four bytes, the lowest first. Missing bytes count as 0.
+inline std::uint32_t DwordOf(const std::string& value) {
+  std::uint32_t number = 0;
+  for (std::size_t i = 0; i < sizeof number && i < value.size(); ++i) {
+    number |= static_cast<std::uint32_t>(static_cast<unsigned char>(value[i])) << 8 * i;
+  }
+  return number;
+}
 
 // An open key; 0 is none.
 using RegistryKey = std::uint64_t;
