@@ -31,6 +31,9 @@ struct Process {
   ShowState show;
 
   RunMode mode = RunMode::kNone;
+  // This show runs on a further monitor, beside another process's on the primary one, which plays the sounds. Screen
+  // saver daemons start one process a monitor.
+  bool beside_primary = false;
   // The window handle that follows "/P" or "/A"; 0 in other modes.
   std::int32_t SystemHwnd = 0;
   // The dialog that is disabled while the configuration runs; 0 in other modes.

@@ -32,7 +32,7 @@ class Collection {
   std::vector<std::string> items_;
 };
 
-// The state that a show keeps from tick to tick. A process has one show.
+// The state that a show keeps from tick to tick, whatever the number of its forms. A process has one show.
 struct ShowState {
   Collection PictureList;
   Collection SoundList;
@@ -44,7 +44,7 @@ struct ShowState {
   bool StopRequested = false;
   // The user is editing a list in the configuration window: ticks do nothing.
   bool PreviewSuspended = false;
-  // Set by the first picture, which has nothing to wipe away.
+  // Set by the first picture, which has nothing to wipe away. For the show's first form; others have their own.
   bool TransitionArmed = false;
   // Set by the first tick. From then on the options that restart a list have no effect.
   bool FirstTickOver = false;

@@ -14,12 +14,16 @@ namespace {
 
 constexpr int kMovesThatEnd = 10;
 constexpr double kCountSeconds = 10.0;
-constexpr float kFontPoints = 12;
+
+WindowKind KindOf(const Options& options) {
+  return options.MonitorsChoice() == Monitors::kPictureOnEach ? WindowKind::kSharedSaver : WindowKind::kSaver;
+}
 
 }  // namespace
 
 MainForm::MainForm(Process& process)
-    : ShowForm(process, "MainForm", WindowKind::kSaver, kMainFormCaption, {"MS Serif", kFontPoints}) {
+    : ShowForm(process, "MainForm", KindOf(process.options), kMainFormCaption, SaverFont()),
+      monitors_(process, *this, {.Ended = [this] { Unload(); }, .MouseMove = [this] { CountMouseMove(); }}) {
   PicBase.KeyDown = [this](int /*key*/) { Unload(); };
   PicBase.MouseMove = [this] { CountMouseMove(); };
   PicPreview.MouseMove = [this] { CountMouseMove(); };
@@ -36,8 +40,17 @@ void MainForm::Form_Load() {
   Window().SetVisible(true);
   // An event may have ended the show and unloaded the form.
   if (!IsLoaded()) return;
+  FollowMonitors();
+  if (!IsLoaded()) return;
+  // It is the show on the primary monitor that begins the lists anew.
+  if (process_.beside_primary) process_.show.FirstTickOver = true;
   InitShow(process_, *this);
+  FollowMonitors();
   ForceCursorOff(process_);
+}
+
+void MainForm::FollowMonitors() {
+  if (Kind() == WindowKind::kSharedSaver) monitors_.Follow();
 }
 
 // The flag is set first, so that a tick which is pumping events further up the stack sees it. It also keeps new ticks
@@ -55,6 +68,7 @@ void MainForm::Form_QueryUnload(bool& cancel) {
 void MainForm::Form_Unload() {
   ForceCursorOn(process_);
   ReportSaverRunning(process_, false);
+  monitors_.Close();
   tmrSwitch.SetEnabled(false);
 }
 
@@ -76,10 +90,11 @@ void MainForm::Form_ScreenChange() {
   const ScreenSize screen = App().Screen();
   Move(0, 0, screen.Width, screen.Height);
   PicBase.Move(0, 0, screen.Width, screen.Height);
+  FollowMonitors();
 }
 
 void MainForm::tmrSwitch_Timer() {
-  if (!process_.show.StopRequested) SlideTick(process_, *this);
+  if (!process_.show.StopRequested) monitors_.AllTurns().Take(tmrSwitch, [this] { SlideTick(process_, *this); });
 }
 
 // Counts events, whatever their distance. An event that comes over ten seconds after the first one sets the count to

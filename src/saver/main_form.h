@@ -2,7 +2,9 @@
 
 #include <cstdint>
 
+#include "saver/monitor_forms.h"
 #include "show/show_form.h"
+#include "toolkit/platform.h"
 
 namespace quorvale {
 
@@ -10,7 +12,8 @@ namespace quorvale {
 inline constexpr char kMainFormCaption[] = "Screen Saver Main Form";
 
 // The full-screen show's window. Covers the screen, hides the cursor and decides when the show ends: at a key, a mouse
-// button, or the tenth mouse move within ten seconds. Slides and sounds are the tick's business.
+// button, or the tenth mouse move within ten seconds. Slides and sounds are the tick's business. With the option
+// `Monitors` the other monitors have forms of their own, otherwise the platform keeps them black.
 class MainForm : public ShowForm {
  public:
   explicit MainForm(Process& process);
@@ -28,9 +31,11 @@ class MainForm : public ShowForm {
 
  private:
   void CountMouseMove();
+  void FollowMonitors();
 
   // Start of the current count of mouse moves, in seconds since midnight; 0 if there is none.
   std::int32_t FirstMoveTime_ = 0;
+  MonitorForms monitors_;
 };
 
 }  // namespace quorvale

@@ -44,6 +44,7 @@ class Layout {
         PicBase_(form.PicBase),
         PicPreview_(form.PicPreview),
         imgFullSize_(form.imgFullSize),
+        screen_(form.Screen()),
         picture_index_(PictureIndex) {}
 
   void PlaceNatural();
@@ -56,10 +57,10 @@ class Layout {
   std::string PictureName() const { return PathPart(Path(), kPathName, process_.system.files.Syntax()); }
   std::string Caption() const;
   bool HasCaption() const { return process_.options.ShowFileName(); }
-  float RatioX() const { return PicBase_.Width() / process_.app.Screen().Width; }
-  float RatioY() const { return PicBase_.Height() / process_.app.Screen().Height; }
-  float CentredLeft(float width) const { return (process_.app.Screen().Width - width) / 2 * RatioX(); }
-  float CentredTop(float height) const { return (process_.app.Screen().Height - height) / 2 * RatioY(); }
+  float RatioX() const { return PicBase_.Width() / screen_.Width; }
+  float RatioY() const { return PicBase_.Height() / screen_.Height; }
+  float CentredLeft(float width) const { return (screen_.Width - width) / 2 * RatioX(); }
+  float CentredTop(float height) const { return (screen_.Height - height) / 2 * RatioY(); }
   float CaptionTop() const { return PicBase_.Height() - PicBase_.TextHeight(PictureName()); }
 
   std::int16_t FrameWidth() const;
@@ -80,6 +81,7 @@ class Layout {
   PictureBox& PicBase_;
   ImageControl& PicPreview_;
   ImageControl& imgFullSize_;
+  ScreenSize screen_;
   std::int32_t picture_index_;
 };
 

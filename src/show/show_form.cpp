@@ -26,19 +26,26 @@ void Shuffle(Process& process, Collection& collection) {
   ShuffleCollection(collection, process.random);
 }
 
-// The part that does not depend on where the lists come from.
-void Begin(Process& process, ShowForm& form) {
-  const Colour background = process.options.BackColor();
+void SetBackground(ShowForm& form, Colour background) {
   form.PicBase.SetBackColor(background);
   form.PicBase.SetFillColor(background);
+}
+
+void StartTimer(ShowForm& form) {
+  form.tmrSwitch.SetInterval(kFirstTickMilliseconds);
+  form.tmrSwitch.SetEnabled(true);
+}
+
+// The part that does not depend on where the lists come from.
+void Begin(Process& process, ShowForm& form) {
+  SetBackground(form, process.options.BackColor());
   if (process.options.PicRandom()) {
     Shuffle(process, process.show.PictureList);
   } else {
     SortPictures(process);
   }
   if (process.options.SoundRandom()) Shuffle(process, process.show.SoundList);
-  form.tmrSwitch.SetInterval(kFirstTickMilliseconds);
-  form.tmrSwitch.SetEnabled(true);
+  StartTimer(form);
   process.show.TransitionSpeed = process.options.TransSpeed();
 }
 
@@ -54,6 +61,11 @@ ShowForm::ShowForm(Process& process, std::string name, WindowKind kind, std::str
   imgFullSize.SetVisible(false);
   tmrSwitch.Elapsed = [this] { tmrSwitch_Timer(); };
 }
+
+bool& ShowForm::TransitionArmed() { return process_.show.TransitionArmed; }
+
+// Settings dialogs expect a silent preview.
+bool ShowForm::PlaysSounds() const { return process_.mode != RunMode::kPreview && !process_.beside_primary; }
 
 void InitShow(Process& process, ShowForm& form) {
   form.tmrSwitch.SetEnabled(false);
@@ -73,6 +85,11 @@ void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const L
   process.show.PictureList = FillFromList(files, pictures, mask, sub_folders);
   process.show.SoundList = FillFromList(files, sounds, kSoundMask, sub_folders);
   Begin(process, form);
+}
+
+void JoinShow(ShowForm& form, const ShowForm& first) {
+  SetBackground(form, first.PicBase.BackColor());
+  StartTimer(form);
 }
 
 }  // namespace quorvale

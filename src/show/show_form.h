@@ -23,6 +23,13 @@ class ShowForm : public Form {
   // Never shown. Measures pictures: it always has its picture's natural size.
   ImageControl imgFullSize;
 
+  // What the form covers when it is not a miniature: the primary monitor, or its own.
+  virtual ScreenSize Screen() const { return App().Screen(); }
+  // Whether a picture has been shown, which the next transition wipes away.
+  virtual bool& TransitionArmed();
+  // Whether its ticks play the sounds.
+  virtual bool PlaysSounds() const;
+
  protected:
   ShowForm(Process& process, std::string name, WindowKind kind, std::string caption, Font font);
 
@@ -38,5 +45,8 @@ void InitShow(Process& process, ShowForm& form);
 
 // The same for the lists in two list boxes.
 void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const ListBox& sounds);
+
+// Lets `form` take part in the show that has been started on `first`. Its first tick, too, comes after 500 ms.
+void JoinShow(ShowForm& form, const ShowForm& first);
 
 }  // namespace quorvale

@@ -42,6 +42,27 @@ void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std:
   }
 }
 
+// The next position in the list of pictures, stored at once and together with the reading: where each monitor has
+// pictures of its own, no two may show the same one, not even if they belong to different processes.
+std::int32_t ClaimNextPicture(Process& process) {
+  ShowState& show = process.show;
+  std::int32_t position = 0;
+  const auto next = [&] {
+    position = NextPosition(process.options, show, kResetPicList, kLastPicture, show.PictureList.Count());
+  };
+  const bool is_stored = process.Settings.SaveTogether([&] {
+    next();
+    process.options.SetText(kLastPicture, std::to_string(position));
+  });
+  if (is_stored) {
+    show.UnstoredPositions.erase(kLastPicture.key);
+  } else {
+    next();
+    show.UnstoredPositions[kLastPicture.key] = std::to_string(position);
+  }
+  return position;
+}
+
 // If the only loaded form is hidden, the user can't close it, so it is unloaded and the show ends. The preview's form
 // is always hidden and is exempt.
 void CloseOrphanedForm(Process& process) {
@@ -54,8 +75,8 @@ void CloseOrphanedForm(Process& process) {
 }
 
 void WipePictureOnView(Process& process, ShowForm& form) {
-  if (!process.show.TransitionArmed) {
-    process.show.TransitionArmed = true;  // no picture is shown yet
+  if (!form.TransitionArmed()) {
+    form.TransitionArmed() = true;  // no picture is shown yet
     return;
   }
   Step([&] { RunTransition(process, form.PicBase, form.PicPreview); });
@@ -64,13 +85,15 @@ void WipePictureOnView(Process& process, ShowForm& form) {
 
 void ShowNextPicture(Process& process, ShowForm& form) {
   ImageControl& PicPreview = form.PicPreview;
-  const std::int32_t PictureIndex =
-      NextPosition(process.options, process.show, kResetPicList, kLastPicture, process.show.PictureList.Count());
+  const bool is_shared = process.mode == RunMode::kShow && process.options.MonitorsChoice() == Monitors::kPictureOnEach;
+  const std::int32_t PictureIndex = is_shared ? ClaimNextPicture(process)
+                                              : NextPosition(process.options, process.show, kResetPicList, kLastPicture,
+                                                             process.show.PictureList.Count());
   WipePictureOnView(process, form);
   Step([&] { PicPreview.SetVisible(false); });
   LayOutPicture(process, form, PictureIndex);
   Step([&] { PicPreview.SetVisible(true); });
-  Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
+  if (!is_shared) Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
 }
 
 // Ends the previous sound.
@@ -101,7 +124,7 @@ void SlideTick(Process& process, ShowForm& form) {
   } else {
     ShowNoPicture(form);
   }
-  if (process.show.SoundList.Count() >= 1 && process.mode != RunMode::kPreview) PlayNextSound(process);
+  if (process.show.SoundList.Count() >= 1 && form.PlaysSounds()) PlayNextSound(process);
   Step([&] { form.tmrSwitch.SetInterval(process.options.Interval() * kMillisecondsPerSecond); });
   process.show.FirstTickOver = true;
 }

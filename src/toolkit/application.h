@@ -22,7 +22,7 @@ struct ScreenSize {
   float TwipsPerPixelY = kTwipsPerPixel;
 };
 
-// The loaded forms, in the order in which they were loaded.
+// The loaded forms, in the order in which they were loaded, without those of the kind `kMonitor`.
 class FormList {
  public:
   int Count() const { return static_cast<int>(forms_.size()); }

@@ -33,7 +33,7 @@ void Form::Load() {
     if (icon_) window_->SetIcon(icon_);
     SendBounds();
     for (Control* const control : controls_) control->CreatePeer();
-    application_.Forms.forms_.push_back(self);
+    if (kind_ != WindowKind::kMonitor) application_.Forms.forms_.push_back(self);
     Form_Load();
   } catch (...) {
     Destroy();
@@ -219,8 +219,8 @@ void Form::Destroy() {
   for (Control* const control : controls_) control->ReleasePeer();
   application_.KeepUntilIdle(std::move(window_));
   application_.KeepUntilIdle(self);
-  std::erase(application_.Forms.forms_, self);
-  if (application_.Forms.Count() == 0 && application_.LastFormGone) application_.LastFormGone();
+  const bool was_listed = std::erase(application_.Forms.forms_, self) > 0;
+  if (was_listed && application_.Forms.Count() == 0 && application_.LastFormGone) application_.LastFormGone();
 }
 
 }  // namespace quorvale

@@ -17,7 +17,8 @@ class Control;
 class Widget;
 
 // A top-level window with controls and event handlers. Create it with `std::make_shared`; it is loaded, perhaps shown,
-// and unloaded once. `Application::Forms` owns it while it is loaded. After that, its methods and those of its controls
+// and unloaded once. `Application::Forms` owns it while it is loaded; only a form of the kind `kMonitor` is not listed
+// there, and has an owner of its own. After that, its methods and those of its controls
 // fail with kNotLoaded.
 //
 // Left, Top, Width and Height are in twips, from the corner of the primary monitor. Those of a dialog count
@@ -31,6 +32,7 @@ class Form : public std::enable_shared_from_this<Form>, private WindowEvents {
 
   Application& App() const { return application_; }
   const std::string& Name() const { return name_; }
+  WindowKind Kind() const { return kind_; }
 
   // Creates the windows of the form and its controls and runs the load handler. If the handler fails, the form is
   // removed again and the failure passed on. Does nothing on a loaded form.

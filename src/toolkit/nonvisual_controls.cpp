@@ -9,6 +9,7 @@
 namespace quorvale {
 namespace {
 
+constexpr int kShortestInterval = 1;
 constexpr int kLongestInterval = 65'535;
 
 // Marks a handler as running for the time of its scope.
@@ -43,6 +44,13 @@ void Timer::SetInterval(double milliseconds) {
   Restart();
 }
 
+void Timer::FireSoon() {
+  RequireLoaded();
+  if (!enabled_) return;
+  is_early_ = true;
+  peer_->Set(kShortestInterval);
+}
+
 void Timer::CreatePeer() {
   peer_ = App().GetPlatform().CreateTimerPeer([this] { Fire(); });
   Restart();
@@ -57,13 +65,17 @@ void Timer::ReleasePeer() {
 void Timer::Fire() {
   // The platform may deliver an event that was due before the timer was stopped.
   if (!Parent().IsLoaded() || !enabled_ || running_ || !Elapsed) return;
+  if (is_early_) Restart();
   App().Dispatch([this, form = Parent().shared_from_this()] {
     const Running running(running_);
     Elapsed();
   });
 }
 
-void Timer::Restart() { peer_->Set(enabled_ ? interval_ : 0); }
+void Timer::Restart() {
+  is_early_ = false;
+  peer_->Set(enabled_ ? interval_ : 0);
+}
 
 void MessageHook::SetHwnd(WindowHandle window) {
   RequireLoaded();

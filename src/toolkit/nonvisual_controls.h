@@ -27,6 +27,9 @@ class Timer : public Control {
   int Interval() const { return interval_; }
   void SetInterval(double milliseconds);
 
+  // Fires as soon as the event queue comes to it, and then again after the interval. Does nothing while disabled.
+  void FireSoon();
+
  protected:
   void CreatePeer() override;
   void ReleasePeer() override;
@@ -37,6 +40,7 @@ class Timer : public Control {
 
   bool enabled_ = false;
   bool running_ = false;
+  bool is_early_ = false;
   int interval_;
   std::unique_ptr<TimerPeer> peer_;
 };

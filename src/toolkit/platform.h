@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "system/window_system.h"
 #include "toolkit/bitmap.h"
@@ -37,7 +38,8 @@ class WindowEvents {
   // box closes if it still applies.
   virtual void OnDeactivated() = 0;
   // For saver windows: the primary monitor or its size changed; `Platform::Screen` has the new size. The platform
-  // itself takes care of windows on other monitors. Not sent while there is no monitor.
+  // itself takes care of black windows on other monitors. A shared saver is also told when other monitors come, go or
+  // change. Not sent while there is no monitor.
   virtual void OnScreenChanged() = 0;
 };
 
@@ -127,10 +129,14 @@ class PacedRun {
 };
 
 enum class WindowKind {
-  kSaver,   // no border; while it is visible, other monitors are black and input there goes to it
-  kHidden,  // never shown
-  kDialog,  // a fixed dialog frame without minimise and maximise boxes
+  kSaver,        // no border; while it is visible, other monitors are black and input there goes to it
+  kSharedSaver,  // the same, but windows of the next kind cover other monitors
+  kMonitor,      // covers one of `Platform::FurtherMonitors`, above all others, and does not take the focus
+  kHidden,       // never shown
+  kDialog,       // a fixed dialog frame without minimise and maximise boxes
 };
+
+inline bool IsSaver(WindowKind kind) { return kind == WindowKind::kSaver || kind == WindowKind::kSharedSaver; }
 
 struct ScreenInfo {
   // The primary monitor, in the toolkit's pixels.
@@ -145,6 +151,9 @@ class Platform {
   virtual ~Platform() = default;
 
   virtual ScreenInfo Screen() = 0;
+  // The places of the monitors beside the primary one that a show may cover, in the toolkit's pixels, from the corner
+  // of the primary monitor. Of monitors that mirror each other only one.
+  virtual std::vector<PixelRect> FurtherMonitors() = 0;
 
   // Windows start hidden. `events` must outlive the peer.
   virtual std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) = 0;

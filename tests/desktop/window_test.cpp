@@ -109,6 +109,23 @@ TEST_F(WindowTest, KeepsOtherMonitorsBlackAndReportsTheirInput) {
   EXPECT_FALSE(other.isNull()) << "it may be delivering the event that ends the show";
 }
 
+TEST_F(WindowTest, SharesOtherMonitorsWithWindowsOfTheirOwn) {
+  window_.reset();
+  window_ = platform_.CreateWindowPeer(WindowKind::kSharedSaver, *this);
+  window_->SetBounds(kMonitor);
+  Show();
+  EXPECT_EQ(OtherMonitorsWindow(), nullptr);
+  const std::vector<PixelRect> places = platform_.FurtherMonitors();
+  ASSERT_THAT(places, ElementsAre(PixelRect{800, 0, 640, 480}));
+  const auto other = platform_.CreateWindowPeer(WindowKind::kMonitor, *this);
+  other->SetBounds(places[0]);
+  other->SetVisible(true);
+  ASSERT_NE(OtherMonitorsWindow(), nullptr);
+  PressKey(*OtherMonitorsWindow(), Qt::Key_Control);
+  EXPECT_THAT(log, ElementsAre("key 17"));
+  EXPECT_TRUE(OtherMonitorsWindow()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+}
+
 TEST_F(WindowTest, IsFoundByItsTitleAndByOtherRunsOnlyWhileItShows) {
   TitleLock other_run("offscreen ");
   EXPECT_EQ(platform_.Windows().FindWindow("Fixture"), window_->Handle());

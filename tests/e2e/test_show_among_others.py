@@ -182,16 +182,36 @@ class Screens(ShowTest):
             self.assert_runs(program)
         self.assert_ends_by_key(program)
 
-    def test_with_other_monitors_show_the_show_on_the_primary_one_alone(self):
-        program = self.start_show()
+    def plug(self):
         self.xrandr("--setmonitor", "Left", "400/100x600/150+0+0", "screen")
         self.xrandr("--setmonitor", "*Right", "400/100x600/150+400+0", "none")
-        self.wait_for_cover(((400, 0), (799, 599)))
-        self.wait_for_cover(((0, 0), (399, 599)), ((BLACK,),))
+
+    def unplug(self):
         self.xrandr("--delmonitor", "Right")
         self.xrandr("--delmonitor", "Left")
+
+    def test_with_other_monitors_show_the_show_on_the_primary_one_alone(self):
+        program = self.start_show()
+        self.plug()
+        self.wait_for_cover(((400, 0), (799, 599)))
+        self.wait_for_cover(((0, 0), (399, 599)), ((BLACK,),))
+        self.unplug()
         self.wait_for_cover(((0, 0), (799, 599)))
         self.assert_runs(program)
+
+    def test_with_other_monitors_may_have_a_picture_on_each(self):
+        program = self.start_show(Monitors="A Picture on Each")
+        corners = (0, 0), (399, 599), (400, 0), (799, 599)
+        both = [RED, RED, BLUE, BLUE], [BLUE, BLUE, RED, RED]
+        for change in self.plug, self.unplug, self.plug:
+            change()
+            if change == self.plug:
+                wait_until(lambda: self.pixels(*corners) in both, "a picture on each")
+            else:
+                self.wait_for_cover(corners)
+        self.assert_runs(program)
+        self.display.xdotool("mousemove", 200, 300, "click", 1)
+        self.assert_ends(program)
 
 
 class ScreensWithoutManager(Screens):

@@ -78,6 +78,14 @@ class InTheDaemonsWindow(DaemonTest):
         self.assertEqual(self.pixels((400, 0), (799, 599), (600, 300)), [BLACK] * 3)
         self.assert_ends_in(0.25, program)
 
+    def test_each_of_two_windows_may_have_pictures_of_the_same_list(self):
+        self.session.options(Monitors="A Picture on Each", Stretch="1")
+        programs = [self.start_in(self.daemon_window(f"400x600+{left}+0")[1]) for left in (0, 400)]
+        both = [RED, RED, BLUE, BLUE], [BLUE, BLUE, RED, RED]
+        wait_until(lambda: self.pixels((0, 0), (399, 599), (400, 0), (799, 599)) in both, "a picture in each")
+        for program in programs:
+            self.assert_ends_in(0.25, program)
+
     def test_a_daemon_that_is_killed_takes_the_show_along(self):
         for geometry, in_sight in (("800x600+0+0", RED), ("400x300+10+10", BLACK)):
             with self.subTest(geometry=geometry):

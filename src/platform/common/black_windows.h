@@ -8,6 +8,10 @@
 
 namespace quorvale {
 
+// The places of the monitors that a show has beside the primary one, which is first of `monitors`. Mirrors are left
+// out: a monitor with the corner of another one shows what that one does.
+std::vector<PixelRect> FurtherMonitorsOf(const std::vector<PixelRect>& monitors);
+
 // The window that keeps one monitor black. It hands input on to the show's window.
 class BlackWindow {
  public:

@@ -92,9 +92,16 @@ ScreenInfo DesktopPlatform::Screen() {
   const QScreen* const screen = QGuiApplication::primaryScreen();
   if (screen == nullptr) return {};
   const double ratio = ToolkitPixelRatio(options_.pixels, screen->devicePixelRatio());
-  return {.width = static_cast<int>(std::lround(screen->geometry().width() * ratio)),
-          .height = static_cast<int>(std::lround(screen->geometry().height() * ratio)),
+  const QRect shown = ShownMonitor(options_.daemon_window);
+  return {.width = static_cast<int>(std::lround(shown.width() * ratio)),
+          .height = static_cast<int>(std::lround(shown.height() * ratio)),
           .scale = static_cast<float>(ToolkitScale(options_.pixels, screen->devicePixelRatio()))};
+}
+
+// A daemon opens a window on each monitor and starts a show in each.
+std::vector<PixelRect> DesktopPlatform::FurtherMonitors() {
+  if (options_.daemon_window.handle != 0) return {};
+  return quorvale::FurtherMonitors(options_.pixels);
 }
 
 std::unique_ptr<WindowPeer> DesktopPlatform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/common/pacing.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/file_locks.h"
 #include "platform/desktop/toolkit/event_loop.h"
+#include "platform/desktop/toolkit/monitors.h"
 #include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/toolkit/text_painter.h"
 #include "platform/desktop/toolkit/window_system.h"
@@ -23,8 +25,7 @@ struct DesktopOptions {
   PassLengths pass_lengths;
   // Without a display, message boxes are written to the terminal, since nobody could close them.
   bool has_display = true;
-  // The window of a screen saver daemon in which the show runs, or 0.
-  WindowHandle daemon_window = 0;
+  DaemonWindow daemon_window = {};
 };
 
 // The Linux desktop, by Qt. Needs a QApplication that outlives it.
@@ -33,6 +34,7 @@ class DesktopPlatform : public Platform {
   explicit DesktopPlatform(DesktopOptions options);
 
   ScreenInfo Screen() override;
+  std::vector<PixelRect> FurtherMonitors() override;
   std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
   std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
   std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
@@ -53,7 +55,7 @@ class DesktopPlatform : public Platform {
  private:
   DesktopOptions options_;
   TitleLock titles_;
-  QtWindowSystem windows_{titles_, options_.daemon_window != 0};
+  QtWindowSystem windows_{titles_, options_.daemon_window.handle != 0};
   DesktopPictureLoader pictures_;
   QtTextPainter text_;
   EventLoop loop_;

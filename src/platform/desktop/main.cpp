@@ -25,6 +25,8 @@
 #include "process/run_mode.h"
 #include "run/main_procedure.h"
 #include "run/set_up.h"
+#include "settings/options.h"
+#include "settings/reg_settings.h"
 
 namespace quorvale {
 namespace {
@@ -48,6 +50,12 @@ Slide-show screen saver. Without a switch it opens its configuration window.
 The command quorvale-settings reads and changes the settings from a terminal.
 )";
 
+bool EachMonitorHasPictures() {
+  SqliteRegistry registry(SettingsDirectory());
+  CRegSettings settings(registry);
+  return Options(settings).MonitorsChoice() == Monitors::kPictureOnEach;
+}
+
 bool NeedsDisplay(RunMode mode) { return ShowsPictures(mode) || mode == RunMode::kConfiguration; }
 
 int RunProgram(const std::string& text, const DesktopOptions& options) {
@@ -63,6 +71,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   QtPrograms programs;
   DesktopPassword password;
   Process process(platform, {registry, files, platform.Windows(), sound, programs, host, password});
+  process.beside_primary = options.daemon_window.is_beside_primary;
   const EndingSignals signals([&process] {
     // `EndSaver` runs a pass, which must not start another slide.
     process.show.StopRequested = true;
@@ -100,7 +109,7 @@ int main(int argc, char** argv) {
   const RunMode mode = RunModeOf(text);
   DesktopOptions options;
   options.application_title = kApplicationTitle;
-  options.daemon_window = invocation.daemon_window.value_or(0);
+  options.daemon_window.handle = invocation.daemon_window.value_or(0);
   options.pixels = ShowsPictures(mode) ? PixelKind::kPhysical : PixelKind::kLogical;
   if (options.pixels == PixelKind::kPhysical) options.text_scale = TurnScalingOff();
   // A preview's host may be gone at any moment. Qt would then print a warning for each drawing call.
@@ -123,8 +132,10 @@ int main(int argc, char** argv) {
   int qt_argc = 1;
   const QApplication application(qt_argc, argv);
   probe.reset();
-  if (options.daemon_window != 0 && !HoldsPrimaryMonitor(options.daemon_window)) {
-    return KeepBlack(options.daemon_window);
+  const WindowHandle daemon_window = options.daemon_window.handle;
+  if (daemon_window != 0 && !HoldsPrimaryMonitor(daemon_window)) {
+    if (X11Connection() == nullptr || !EachMonitorHasPictures()) return KeepBlack(daemon_window);
+    options.daemon_window.is_beside_primary = true;
   }
   return RunProgram(text, options);
 }

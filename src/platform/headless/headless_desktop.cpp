@@ -146,9 +146,26 @@ std::unique_ptr<PacedRun> HeadlessDesktop::OpenPacedRun(SurfacePeer& surface) {
 
 void HeadlessDesktop::SetScreen(int width, int height, float scale) {
   screen_ = {.width = width, .height = height, .scale = scale};
-  for (const auto& [handle, window] : windows.All()) {
-    if (window.surface_events != nullptr) window.surface_events->OnScaleChanged();
-    if (window.events != nullptr && window.kind == WindowKind::kSaver) window.events->OnScreenChanged();
+  NotifyOfScreen();
+}
+
+void HeadlessDesktop::SetFurtherMonitors(std::vector<PixelRect> monitors) {
+  further_monitors_ = std::move(monitors);
+  NotifyOfScreen();
+}
+
+// A notified form may make and remove windows.
+void HeadlessDesktop::NotifyOfScreen() {
+  std::vector<WindowHandle> handles;
+  for (const auto& [handle, window] : windows.All()) handles.push_back(handle);
+  for (const WindowHandle handle : handles) {
+    const HeadlessWindow* const window = windows.Find(handle);
+    if (window == nullptr) continue;
+    if (window->surface_events != nullptr) {
+      window->surface_events->OnScaleChanged();
+    } else if (window->events != nullptr && IsSaver(window->kind)) {
+      window->events->OnScreenChanged();
+    }
   }
 }
 

@@ -40,6 +40,7 @@ class HeadlessDesktop : public Platform {
   System Services();
 
   ScreenInfo Screen() override { return screen_; }
+  std::vector<PixelRect> FurtherMonitors() override { return further_monitors_; }
   std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
   std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
   std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
@@ -78,6 +79,8 @@ class HeadlessDesktop : public Platform {
 
   // 800 by 600 pixels at scale 1 at first. All picture boxes and saver windows are notified.
   void SetScreen(int width, int height, float scale = 1);
+  // The further monitors; none at first. Saver windows are notified, as for `SetScreen`.
+  void SetFurtherMonitors(std::vector<PixelRect> monitors);
 
   // Delivers input to the window of a form or picture box at once. Positions are in toolkit pixels. A disabled window
   // gets no input; the result is false then. Fails with kInvalidArgument if there is no such window.
@@ -103,7 +106,10 @@ class HeadlessDesktop : public Platform {
   void Present(WindowHandle window);
   void PresentAll();
 
+  void NotifyOfScreen();
+
   ScreenInfo screen_{.width = 800, .height = 600, .scale = 1};
+  std::vector<PixelRect> further_monitors_;
   BlockTextPainter text_;
   std::vector<Hook*> hooks_;
 };

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/win32/toolkit/black_window.h"
 #include "platform/win32/toolkit/message_peers.h"
 #include "platform/win32/toolkit/surface_window.h"
 #include "platform/win32/toolkit/top_window.h"
@@ -27,6 +28,9 @@ ScreenInfo Win32Platform::Screen() {
   };
   return {.width = toolkit_pixels(SM_CXSCREEN), .height = toolkit_pixels(SM_CYSCREEN), .scale = scale};
 }
+
+// A show's toolkit pixels are device pixels.
+std::vector<PixelRect> Win32Platform::FurtherMonitors() { return FurtherMonitorsOf(AllMonitors()); }
 
 std::unique_ptr<WindowPeer> Win32Platform::CreateWindowPeer(WindowKind kind, WindowEvents& events) {
   if (kind == WindowKind::kDialog) {

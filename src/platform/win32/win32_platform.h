@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/common/pacing.h"
 #include "platform/win32/system/win32_window_system.h"
@@ -26,6 +27,7 @@ class Win32Platform : public Platform {
   Win32Platform(Win32Options options, PictureLoader& pictures);
 
   ScreenInfo Screen() override;
+  std::vector<PixelRect> FurtherMonitors() override;
   std::unique_ptr<WindowPeer> CreateWindowPeer(WindowKind kind, WindowEvents& events) override;
   std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
   std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;

@@ -123,6 +123,16 @@ class Monitors(WindowsTest):
                 self.display.xdotool("mousemove", other + 200, 300, "click", 1)
                 self.assert_ends(program)
 
+    def test_others_may_have_pictures_of_their_own(self):
+        self.session.options(Monitors="A Picture on Each", Stretch="1")
+        self.arrange(0, 400)
+        program = self.session.start_show()
+        both = [RED, RED, BLUE, BLUE], [BLUE, BLUE, RED, RED]
+        wait_until(lambda: self.pixels((0, 0), (399, 599), (400, 0), (799, 599)) in both, "a picture on each")
+        self.keep_screenshot("windows-picture-on-each")
+        self.display.xdotool("mousemove", 600, 300, "click", 1)
+        self.assert_ends(program)
+
 
 class Front(WindowsTest):
     """Keys go to the program that is in front, so a show that is not would hide where they go."""

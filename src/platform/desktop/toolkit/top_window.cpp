@@ -25,12 +25,8 @@ namespace {
 // The time that a window manager needs to fit a full-screen window to another screen.
 constexpr auto kManagersTurn = std::chrono::milliseconds(150);
 
-QRect PrimaryMonitor() {
-  const QScreen* const primary = QGuiApplication::primaryScreen();
-  return primary != nullptr ? primary->geometry() : QRect();
-}
-
-Qt::WindowFlags FlagsOf(bool is_in_daemon) {
+Qt::WindowFlags FlagsOf(WindowKind kind, bool is_in_daemon) {
+  if (kind == WindowKind::kMonitor) return MonitorWindowFlags();
   if (is_in_daemon) return Qt::Window | Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint;
   // Topmost from the start: when flags change on X11, Qt makes a new window with another handle and without the
   // children.
@@ -42,34 +38,63 @@ Qt::WindowFlags FlagsOf(bool is_in_daemon) {
 
 }  // namespace
 
-TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window)
+// A window manager would place it where it likes, or give it the focus.
+Qt::WindowFlags MonitorWindowFlags() {
+  const Qt::WindowFlags flags =
+      Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+  return X11Connection() != nullptr ? flags | Qt::X11BypassWindowManagerHint : flags;
+}
+
+TopWindow::TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, const DaemonWindow& daemon)
     : kind_(kind),
       pixels_(pixels),
       events_(events),
-      daemon_window_(daemon_window),
+      daemon_(daemon),
       focus_watch_(*this, [this] { Deliver([this] { events_.OnDeactivated(); }); }),
-      monitor_(PrimaryMonitor()) {
+      monitor_(ShownMonitor(daemon)) {
   setSurfaceType(QSurface::RasterSurface);
-  setFlags(FlagsOf(daemon_window_ != 0));
+  setFlags(FlagsOf(kind, daemon.handle != 0));
   create();
   WatchMonitors();
-  if (daemon_window_ == 0) {
+  if (daemon_.handle == 0) {
     if (X11Connection() != nullptr) ShowOnAllDesktops(X11Connection(), static_cast<std::uint32_t>(winId()));
     return;
   }
   mouse_.SetEnabled(false);
   // By the server and not by Qt, which would send messages to another program's window that it takes for a parent.
-  Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_window_));
+  Reparent(X11Connection(), static_cast<std::uint32_t>(winId()), static_cast<std::uint32_t>(daemon_.handle));
 }
 
 void TopWindow::SetBounds(const PixelRect& bounds) {
+  if (kind_ == WindowKind::kMonitor) {
+    if (QScreen* const monitor = MonitorAt(bounds, pixels_)) place_ = monitor->geometry();
+    if (isVisible()) CoverMonitor();
+    return;
+  }
   const QRect rect = ToQtPixels(bounds, ToolkitPixelRatio(pixels_, devicePixelRatio()));
-  place_ = rect.translated(PrimaryCorner());
+  place_ = rect.translated(ShownCorner());
   if (isVisible() && windowState() == Qt::WindowFullScreen) {
     QTimer::singleShot(kManagersTurn, this, [this] { FitFullScreen(); });
   } else {
     setGeometry(place_);
   }
+}
+
+void TopWindow::CoverMonitor() {
+  if (X11Connection() != nullptr) {
+    setGeometry(place_);
+    show();
+    raise();
+    return;
+  }
+  for (QScreen* const monitor : QGuiApplication::screens()) {
+    if (monitor->geometry() != place_ || monitor == screen()) continue;
+    // A full-screen window on Wayland stays on the monitor where it appeared.
+    hide();
+    setScreen(monitor);
+  }
+  setGeometry(place_);
+  showFullScreen();
 }
 
 // A window manager fits a full-screen window to its monitor, but does not move it when another becomes the primary one.
@@ -109,25 +134,26 @@ void TopWindow::FollowMonitorsSoon() {
 void TopWindow::FollowMonitors() {
   follow_is_posted_ = false;
   Q_EMIT MonitorsChanged();
-  const QRect monitor = PrimaryMonitor();
-  if (kind_ != WindowKind::kSaver || monitor.isEmpty() || monitor == monitor_) return;
+  const QRect monitor = ShownMonitor(daemon_);
+  if (!IsSaver(kind_) || monitor.isEmpty()) return;
+  if (kind_ != WindowKind::kSharedSaver && monitor == monitor_) return;
   monitor_ = monitor;
   Deliver([this] { events_.OnScreenChanged(); });
 }
 
 // In the coordinates of the window's parent.
-QPoint TopWindow::PrimaryCorner() const {
-  const QPoint corner = PrimaryMonitor().topLeft();
+QPoint TopWindow::ShownCorner() const {
+  const QPoint corner = ShownMonitor(daemon_).topLeft();
   int x = 0;
   int y = 0;
-  if (daemon_window_ != 0) ReadWindowPlace(X11Connection(), static_cast<std::uint32_t>(daemon_window_), x, y);
+  if (daemon_.handle != 0) ReadWindowPlace(X11Connection(), static_cast<std::uint32_t>(daemon_.handle), x, y);
   return corner - QPoint(x, y);
 }
 
 void TopWindow::Appear() {
-  if (daemon_window_ != 0) {
+  if (daemon_.handle != 0) {
     // If the daemon's window is gone, this one would appear on the screen itself.
-    if (WindowExists(X11Connection(), static_cast<std::uint32_t>(daemon_window_))) {
+    if (WindowExists(X11Connection(), static_cast<std::uint32_t>(daemon_.handle))) {
       show();
     } else {
       CloseSoon();
@@ -135,14 +161,18 @@ void TopWindow::Appear() {
     return;
   }
   mouse_.SetPointer(ToPosition(QCursor::pos()));
-  if (kind_ == WindowKind::kSaver && !flags().testFlag(Qt::X11BypassWindowManagerHint)) {
+  if (kind_ == WindowKind::kMonitor) {
+    CoverMonitor();
+    return;
+  }
+  if (IsSaver(kind_) && !flags().testFlag(Qt::X11BypassWindowManagerHint)) {
     showFullScreen();
   } else {
     show();
   }
   Raise();
   requestActivate();
-  if (kind_ == WindowKind::kSaver) focus_watch_.Start();
+  if (IsSaver(kind_)) focus_watch_.Start();
 }
 
 void TopWindow::Disappear() {
@@ -152,7 +182,7 @@ void TopWindow::Disappear() {
 
 // Other window systems order their windows themselves, and Qt would print a warning.
 void TopWindow::Raise() {
-  if (X11Connection() != nullptr && daemon_window_ == 0) raise();
+  if (X11Connection() != nullptr && daemon_.handle == 0) raise();
 }
 
 void TopWindow::OfferFocus(SurfaceWindow& surface) {
@@ -193,7 +223,7 @@ bool TopWindow::nativeEvent(const QByteArray& kind, void* message, qintptr* /*re
   switch (static_cast<const xcb_generic_event_t*>(message)->response_type & kEventBits) {
     case XCB_DESTROY_NOTIFY:
       // The daemon's window is gone, and with it this one. Qt does not notice.
-      if (daemon_window_ != 0) CloseSoon();
+      if (daemon_.handle != 0) CloseSoon();
       break;
     case XCB_FOCUS_OUT:
     case XCB_UNMAP_NOTIFY:

@@ -7,6 +7,7 @@
 
 #include "platform/common/mouse_input.h"
 #include "platform/desktop/toolkit/focus_watch.h"
+#include "platform/desktop/toolkit/monitors.h"
 #include "platform/desktop/toolkit/pixels.h"
 #include "system/window_system.h"
 #include "toolkit/platform.h"
@@ -19,15 +20,18 @@ class SurfaceWindow;
 
 inline MouseInput::Position ToPosition(const QPointF& point) { return {point.x(), point.y()}; }
 
+// The flags of a window that covers a monitor beside the primary one and leaves the focus where it is.
+Qt::WindowFlags MonitorWindowFlags();
+
 // The window of a show's form. It gets the keys for the whole form and passes them to the picture box that has the
 // focus. What its picture boxes leave free is black.
 class TopWindow : public QWindow {
   Q_OBJECT
 
  public:
-  // With a `daemon_window`, which belongs to another program, the window is a child of that one and takes no input. If
-  // that one goes, this one asks to be closed.
-  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, WindowHandle daemon_window = 0);
+  // In the window of a `daemon`, which belongs to another program, the window is a child of that one and takes no
+  // input. If that one goes, this one asks to be closed.
+  TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events, const DaemonWindow& daemon = {});
 
   PixelKind Pixels() const { return pixels_; }
 
@@ -67,26 +71,27 @@ class TopWindow : public QWindow {
  private:
   QList<SurfaceWindow*> Surfaces() const;
   QRegion Uncovered() const;
-  QPoint PrimaryCorner() const;
+  QPoint ShownCorner() const;
   void CloseSoon();
   void WatchMonitors();
   void FollowMonitorsSoon();
   void FollowMonitors();
   void FitFullScreen();
+  void CoverMonitor();
   bool Fits() const;
 
   WindowKind kind_;
   PixelKind pixels_;
   WindowEvents& events_;
   MouseInput mouse_{events_};
-  WindowHandle daemon_window_;
+  DaemonWindow daemon_;
   QBackingStore buffer_{this};
   QPointer<SurfaceWindow> focus_;
   FocusWatch focus_watch_;
   bool follow_is_posted_ = false;
   // Where the window belongs.
   QRect place_;
-  // The primary monitor as the form knows it.
+  // The monitor that the show is on, as the form knows it.
   QRect monitor_;
 };
 

@@ -12,7 +12,6 @@
 #include <QString>
 #include <QThread>
 #include <QTimer>
-#include <vector>
 
 #include "platform/common/deliver.h"
 #include "platform/desktop/toolkit/x11_session.h"
@@ -22,33 +21,23 @@ namespace {
 
 constexpr int kLongestWait = 500;  // milliseconds
 
-PixelRect ToRect(const QRect& rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
-
-// Qt lists the primary one first.
-std::vector<PixelRect> Monitors() {
-  std::vector<PixelRect> monitors;
-  for (const QScreen* const monitor : QGuiApplication::screens()) monitors.push_back(ToRect(monitor->geometry()));
-  return monitors;
-}
-
 // Passes input on to the show's window.
 class QtBlackWindow : public QWindow, public BlackWindow {
  public:
   explicit QtBlackWindow(TopWindow& saver) : saver_(saver) {
     setSurfaceType(QSurface::RasterSurface);
-    setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
-    // A window manager would place it where it likes, or give it the focus.
-    if (X11Connection() != nullptr) setFlag(Qt::X11BypassWindowManagerHint);
+    setFlags(MonitorWindowFlags());
   }
 
   void Cover(const PixelRect& monitor) override {
+    const QRect place(monitor.left, monitor.top, monitor.width, monitor.height);
     for (QScreen* const candidate : QGuiApplication::screens()) {
-      if (ToRect(candidate->geometry()) != monitor || screen() == candidate) continue;
+      if (candidate->geometry() != place || screen() == candidate) continue;
       // A full-screen window on Wayland stays on the monitor where it appeared.
       hide();
       setScreen(candidate);
     }
-    setGeometry(monitor.left, monitor.top, monitor.width, monitor.height);
+    setGeometry(place);
     if (X11Connection() != nullptr) {
       show();
     } else {
@@ -99,11 +88,12 @@ void WaitUntilPainted(const QWindow& window) {
 }  // namespace
 
 QtWindowPeer::QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles,
-                           WindowHandle daemon_window)
-    : covers_screen_(kind == WindowKind::kSaver && daemon_window == 0),
+                           const DaemonWindow& daemon)
+    : kind_(kind),
+      covers_screen_(IsSaver(kind) && daemon.handle == 0),
       events_(events),
       titles_(titles),
-      window_(kind, pixels, events, daemon_window) {
+      window_(kind, pixels, events, daemon) {
   QObject::connect(&window_, &TopWindow::MonitorsChanged, &window_, [this] {
     if (black_windows_) black_windows_->CoverMonitors();
   });
@@ -128,6 +118,7 @@ void QtWindowPeer::SetVisible(bool visible) {
     ShowSaver();
   } else {
     window_.Appear();
+    if (kind_ == WindowKind::kMonitor) WaitUntilPainted(window_);
   }
 }
 
@@ -138,8 +129,10 @@ void QtWindowPeer::ShowSaver() {
     return;
   }
   window_.Appear();
-  black_windows_ =
-      std::make_unique<BlackWindows>(Monitors, [this] { return std::make_unique<QtBlackWindow>(window_); });
+  if (kind_ == WindowKind::kSaver) {
+    black_windows_ =
+        std::make_unique<BlackWindows>(AllMonitors, [this] { return std::make_unique<QtBlackWindow>(window_); });
+  }
   WaitUntilPainted(window_);
 }
 

@@ -10,12 +10,13 @@
 
 namespace quorvale {
 
-// The window of a show's form. While a saver window is visible it claims its title and the other monitors are black.
+// The window of a show's form. While a saver window is visible it claims its title and the other monitors are black,
+// or are left to windows of the kind `kMonitor`.
 class QtWindowPeer : public WindowPeer {
  public:
-  // `titles` outlives the peer. In a `daemon_window` nothing is claimed and no other monitor covered: the daemon
+  // `titles` outlives the peer. In the window of a `daemon` nothing is claimed and no other monitor covered: the daemon
   // decides how many shows run and what the other monitors show.
-  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles, WindowHandle daemon_window);
+  QtWindowPeer(WindowKind kind, PixelKind pixels, WindowEvents& events, TitleLock& titles, const DaemonWindow& daemon);
   ~QtWindowPeer() override;
   QtWindowPeer(const QtWindowPeer&) = delete;
   QtWindowPeer& operator=(const QtWindowPeer&) = delete;
@@ -32,6 +33,7 @@ class QtWindowPeer : public WindowPeer {
  private:
   void ShowSaver();
 
+  WindowKind kind_;
   bool covers_screen_;
   WindowEvents& events_;
   TitleLock& titles_;

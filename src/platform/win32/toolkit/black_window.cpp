@@ -1,7 +1,5 @@
 #include "platform/win32/toolkit/black_window.h"
 
-#include <vector>
-
 #include "platform/common/deliver.h"
 #include "platform/win32/toolkit/native_window.h"
 #include "platform/win32/toolkit/top_window.h"
@@ -12,8 +10,7 @@ namespace {
 // Keeps one monitor black, and passes input to the show's window.
 class Win32BlackWindow : public NativeWindow, public BlackWindow {
  public:
-  explicit Win32BlackWindow(TopWindow& saver)
-      : NativeWindow(WS_POPUP, WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, nullptr), saver_(saver) {}
+  explicit Win32BlackWindow(TopWindow& saver) : NativeWindow(WS_POPUP, kMonitorExtendedStyle, nullptr), saver_(saver) {}
 
   void Cover(const PixelRect& monitor) override {
     SetWindowPos(Window(), HWND_TOPMOST, monitor.left, monitor.top, monitor.width, monitor.height,
@@ -45,7 +42,6 @@ class Win32BlackWindow : public NativeWindow, public BlackWindow {
   TopWindow& saver_;
 };
 
-// Puts the primary monitor, whose corner is at 0, 0, first.
 BOOL CALLBACK AddMonitor(HMONITOR monitor, HDC /*context*/, RECT* /*area*/, LPARAM list) {
   MONITORINFO info{};
   info.cbSize = sizeof info;
@@ -60,16 +56,16 @@ BOOL CALLBACK AddMonitor(HMONITOR monitor, HDC /*context*/, RECT* /*area*/, LPAR
   return TRUE;
 }
 
-std::vector<PixelRect> Monitors() {
+}  // namespace
+
+std::vector<PixelRect> AllMonitors() {
   std::vector<PixelRect> monitors;
   EnumDisplayMonitors(nullptr, nullptr, &AddMonitor, reinterpret_cast<LPARAM>(&monitors));
   return monitors;
 }
 
-}  // namespace
-
 std::unique_ptr<BlackWindows> CoverOtherMonitors(TopWindow& saver) {
-  return std::make_unique<BlackWindows>(Monitors, [&saver] { return std::make_unique<Win32BlackWindow>(saver); });
+  return std::make_unique<BlackWindows>(AllMonitors, [&saver] { return std::make_unique<Win32BlackWindow>(saver); });
 }
 
 }  // namespace quorvale

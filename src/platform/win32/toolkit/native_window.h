@@ -7,6 +7,9 @@ namespace quorvale {
 // Sent to the picture boxes of a dialog when its scale has changed.
 inline constexpr UINT kScaleChanged = WM_APP + 1;
 
+// Of a window that covers a monitor beside the primary one, above all others, and leaves the focus where it is.
+inline constexpr DWORD kMonitorExtendedStyle = WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
+
 // A window with a window procedure of ours. The system, or a parent window in another program, can destroy it at any
 // time.
 class NativeWindow {

@@ -14,7 +14,10 @@ constexpr UINT kCheckInterval = 500;  // milliseconds
 
 DWORD StyleOf(WindowKind kind) { return (kind == WindowKind::kDialog ? kDialogStyle : WS_POPUP) | WS_CLIPCHILDREN; }
 
-DWORD ExtendedStyleOf(WindowKind kind) { return kind == WindowKind::kDialog ? kDialogExtendedStyle : 0; }
+DWORD ExtendedStyleOf(WindowKind kind) {
+  if (kind == WindowKind::kMonitor) return kMonitorExtendedStyle;
+  return kind == WindowKind::kDialog ? kDialogExtendedStyle : 0;
+}
 
 // The top left corner nearest to `wanted` at which a window of this size lies in the work area.
 POINT InWorkArea(POINT wanted, SIZE size) {
@@ -63,10 +66,15 @@ void TopWindow::Appear() {
   POINT pointer{};
   GetCursorPos(&pointer);
   mouse_.SetPointer({static_cast<double>(pointer.x), static_cast<double>(pointer.y)});
+  if (kind_ == WindowKind::kMonitor) {
+    ShowWindow(Window(), SW_SHOWNOACTIVATE);
+    RedrawWindow(Window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    return;
+  }
   ShowWindow(Window(), SW_SHOW);
   SetForegroundWindow(Window());
-  if (kind_ != WindowKind::kSaver) return;
-  black_windows_ = CoverOtherMonitors(*this);
+  if (!IsSaver(kind_)) return;
+  if (kind_ == WindowKind::kSaver) black_windows_ = CoverOtherMonitors(*this);
   had_screen_ = false;
   CheckScreenSoon();
   // Paint now, since the form may be busy for seconds before it handles messages.
@@ -175,7 +183,7 @@ LRESULT TopWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     default:
       break;
   }
-  if (kind_ == WindowKind::kSaver && OnShowMessage(message, first)) return 0;
+  if (IsSaver(kind_) && OnShowMessage(message, first)) return 0;
   return Default(message, first, second);
 }
 

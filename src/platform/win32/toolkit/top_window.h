@@ -30,7 +30,8 @@ inline MouseInput::Position MessagePosition() {
   return {static_cast<double>(GET_X_LPARAM(position)), static_cast<double>(GET_Y_LPARAM(position))};
 }
 
-// A form's window. While a show's window is on the screen, all monitors but the primary one are black.
+// A form's window. While a show's window is on the screen, all monitors but the primary one are black, or windows of
+// the kind `kMonitor` cover them.
 class TopWindow : public NativeWindow {
  public:
   TopWindow(WindowKind kind, PixelKind pixels, WindowEvents& events);
