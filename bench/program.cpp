@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "bench_files.h"
@@ -17,6 +18,7 @@
 #include "platform/desktop/system/x11_windows.h"
 #include "processes.h"
 #include "saver/main_form.h"
+#include "settings/options.h"
 #include "transitions/effects.h"
 
 namespace quorvale {
@@ -137,15 +139,48 @@ void RunShow(Bench& bench, const std::string& label, const std::vector<std::stri
 }
 
 void RunOurs(Bench& bench, const std::string& effect, bool stretch, const std::vector<std::string>& pictures,
-             int seconds) {
+             int seconds, const std::string& further = "") {
   ShowStore().Set({.pictures = pictures, .effect = effect, .stretch = stretch, .interval = kInterval});
-  RunShow(bench, "quorvale, " + effect + (stretch ? "" : ", natural size"), {BuiltProgram("quorvale"), "/S"}, seconds);
+  RunShow(bench, "quorvale, " + effect + (stretch ? "" : ", natural size") + further, {BuiltProgram("quorvale"), "/S"},
+          seconds);
 }
 
 std::vector<std::string> OtherViewer(const std::vector<std::string>& pictures) {
   std::vector<std::string> command = {"feh", "-F", "-Z", "-q", "-Y", "-D", std::to_string(kInterval)};
   command.insert(command.end(), pictures.begin(), pictures.end());
   return command;
+}
+
+void RunXrandr(std::vector<std::string> arguments) {
+  arguments.insert(arguments.begin(), "xrandr");
+  ChildProgram program(std::move(arguments));
+  WaitUntil("xrandr", [&] { return program.HasEnded(); });
+}
+
+// Two monitors, each half of the screen.
+class TwoMonitors {
+ public:
+  explicit TwoMonitors(const xcb_screen_t& screen) {
+    const std::string half = std::to_string(screen.width_in_pixels / 2);
+    const std::string size = half + "/300x" + std::to_string(screen.height_in_pixels) + "/300+";
+    RunXrandr({"--setmonitor", "*Left", size + "0+0", "screen"});
+    RunXrandr({"--setmonitor", "Right", size + half + "+0", "none"});
+  }
+  ~TwoMonitors() {
+    for (const char* const name : {"Left", "Right"}) RunXrandr({"--delmonitor", name});
+  }
+  TwoMonitors(const TwoMonitors&) = delete;
+  TwoMonitors& operator=(const TwoMonitors&) = delete;
+};
+
+void MeasureMonitors(Bench& bench, const std::vector<std::string>& pictures, int seconds) {
+  const TwoMonitors monitors(bench.display.Screen());
+  bench.report.Begin("The same on two monitors", {{"CPU s", 2}, {"X CPU s", 2}, {"peak MB", 0}});
+  for (const char* const value : kMonitorChoices) {
+    ShowStore().SetOption("Monitors", value);
+    RunOurs(bench, "None", true, pictures, seconds, std::string(", ") + value);
+  }
+  ShowStore().SetOption("Monitors", kMonitorChoices[0]);
 }
 
 // What the program does between two ticks.
@@ -206,6 +241,7 @@ void MeasureShow(Bench& bench) {
   if (bench.thorough) {
     for (const Effect& effect : Effects()) RunOurs(bench, std::string(effect.name), true, pictures, seconds);
   }
+  MeasureMonitors(bench, pictures, seconds);
   MeasureIdle(bench);
 }
 
