@@ -12,6 +12,11 @@ constexpr int kCursorCountLimit = 5;
 
 }  // namespace
 
+void LetEventsArrive(Process& process) {
+  process.app.PumpEvents();
+  if (process.show.StopRequested) EndSaver(process);
+}
+
 void EndSaver(Process& process) {
   ForceCursorOn(process);
   process.app.PumpEvents();

@@ -14,11 +14,18 @@
 
 namespace quorvale {
 
+struct Process;
+
+// Runs the pending events in the midst of a tick. If one of them ends the show, so does the process.
+void LetEventsArrive(Process& process);
+
 // Everything that lives as long as the process. Each run of the program makes one. Code that needs all of it holds a
 // reference; code that needs one part takes that part.
 struct Process {
   Process(Platform& platform, System system_services)
-      : app(platform), system(system_services), Settings(system.registry), options(Settings) {}
+      : app(platform), system(system_services), Settings(system.registry), options(Settings) {
+    app.WhileWaiting = [this] { LetEventsArrive(*this); };
+  }
   // Not copied: its parts refer to one another.
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;

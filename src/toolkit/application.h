@@ -65,6 +65,9 @@ class Application {
   // Keeps `object` alive while an event is being delivered; otherwise releases it at once.
   void KeepUntilIdle(std::shared_ptr<void> object);
 
+  // Lets events arrive while a picture takes long to decode. May end the process.
+  std::function<void()> WhileWaiting;
+
   // Called when the last form has been unloaded. Platforms end their event loop here.
   std::function<void()> LastFormGone;
 

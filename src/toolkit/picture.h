@@ -35,6 +35,9 @@ struct PicturePlace {
   PixelRect clip;
   // Device pixels to the toolkit's pixel.
   float scale = 1;
+  // Called again and again while decoding takes long; lets events arrive. It may end the process. Without it, the
+  // caller waits.
+  std::function<void()> while_waiting = {};
 };
 
 // Reads picture files of all formats that the platform can decode.

@@ -142,6 +142,15 @@ TEST_F(MainFormTest, AKeyInMidEffectEndsTheProcessAtTheStep) {
   EXPECT_EQ(Position(), "1");
 }
 
+TEST_F(MainFormTest, AKeyDuringALongDecodeEndsTheProcess) {
+  desktop.pictures.waits = 3;
+  Start();
+  desktop.queue.AtPump(2, [&] { desktop.PressKey(Box(), 32); });
+  EXPECT_THROW(FirstTick(), ProcessEnded);
+  EXPECT_FALSE(form_->IsLoaded());
+  EXPECT_EQ(Position(), "none");
+}
+
 // The show stayed as large as the screen was at its start.
 TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
   process.options.Set("Stretch", "1");

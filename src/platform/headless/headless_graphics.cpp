@@ -127,6 +127,7 @@ std::shared_ptr<Picture> TextPictureLoader::Load(const std::string& path, const 
   }
   auto picture = Decode(content);
   if (!picture) throw Failure(FailureNumber::kBadPicture, "Invalid picture", "TextPictureLoader");
+  for (int i = 0; i < waits && place.while_waiting; ++i) place.while_waiting();
   if (place.box) loads[call].box = place.box(picture->NaturalSize(place.scale));
   loads[call].loaded = true;
   return picture;

@@ -36,6 +36,8 @@ class TextPictureLoader : public PictureLoader {
   };
   // All loads so far, including failed ones.
   std::vector<LoadCall> loads;
+  // How often each load lets events arrive.
+  int waits = 0;
 
  private:
   const MemoryFileSystem& files_;
