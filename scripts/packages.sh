@@ -1,7 +1,7 @@
 # For quorvale.sh: the Debian packages by what they are for, and the one function that installs.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev
-  libpng-dev libgif-dev liblcms2-dev libxcb1-dev fontconfig fonts-dejavu-core"
+  libpng-dev libgif-dev libwebp-dev libheif-dev libjxl-dev libtiff-dev liblcms2-dev libxcb1-dev fontconfig fonts-dejavu-core"
 wayland_packages="qt6-wayland"
 # The show on a virtual display.
 screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"
@@ -14,7 +14,7 @@ sanitize_packages="clang libclang-rt-dev"
 windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
 wine_packages="wine wine64"
 lint_packages="clang-format clang-tidy"
-bench_packages="feh"
+bench_packages="feh webp libheif-examples libjxl-tools"
 installer_packages="nsis osslsigncode openssl"
 package_packages="dpkg-dev desktop-file-utils lintian appstream $installer_packages"
 

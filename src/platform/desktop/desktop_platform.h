@@ -39,7 +39,7 @@ class DesktopPlatform : public Platform {
   std::unique_ptr<SurfacePeer> CreateSurfacePeer(WindowPeer& window, Surface& surface, SurfaceEvents& events) override;
   std::unique_ptr<TimerPeer> CreateTimerPeer(std::function<void()> fired) override;
   std::unique_ptr<MessageHookPeer> CreateMessageHookPeer(std::function<void(int message)> arrived) override;
-  PictureLoader& Pictures() override { return pictures_; }
+  DesktopPictureLoader& Pictures() override { return pictures_; }
   TextPainter& Text() override { return text_; }
   void PumpEvents() override;
   std::unique_ptr<PacedRun> OpenPacedRun(SurfacePeer& surface) override;

@@ -80,7 +80,10 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
 
   process.app.LastFormGone = [] { QCoreApplication::quit(); };
   Main(process, text);
-  return process.app.Forms.Count() > 0 ? QCoreApplication::exec() : EXIT_SUCCESS;
+  const int result = process.app.Forms.Count() > 0 ? QCoreApplication::exec() : EXIT_SUCCESS;
+  // The libraries' own clean-up must not run beside a thread that still uses them.
+  if (platform.Pictures().IsBusy()) host.EndProcess();
+  return result;
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTransform>
+#include <chrono>
 #include <filesystem>
 
 #include "desktop/pictures/samples.h"
@@ -58,6 +60,17 @@ TEST(PictureSeeds, ShowsEveryWayOfStoring) {
       {"interlaced.gif"},
       {"moving.gif"},
       {"plain.png"},
+      {"plain.webp"},
+      {"moving.webp"},
+      {"plain.tif"},
+      {"strips.tif"},
+      {"tiles.tif"},
+      {"16.tif"},
+      {"plain.jxl"},
+      {"16.jxl"},
+      {.name = "plain.heic", .tolerance = 1},
+      {.name = "10.heic", .tolerance = 2},
+      {.name = "plain.avif", .tolerance = 1},
   };
   for (const auto& test : cases) {
     const QImage wanted = SeedPicture(test.colours);
@@ -112,6 +125,51 @@ TEST(PictureSeeds, BlendsABitmapWithAlpha) {
   EXPECT_NEAR(qBlue(half), qBlue(colour) / 2, 1);
   EXPECT_EQ(screen.At(1, 0), 0xFF000000);
   EXPECT_EQ(screen.At(2, 0), ColourOf(IndexAt(2, 0, 16)));
+}
+
+// Colours of half the alpha.
+TEST(PictureSeeds, BlendsEveryKindWithAlpha) {
+  for (const auto& [name, tolerance] :
+       {std::pair{"half.webp", 1}, {"half.tif", 2}, {"half.jxl", 1}, {"half.heic", 2}, {"half.avif", 2}}) {
+    Screen screen(kWidth, kHeight, 0xFF000000);
+    Show(Seed(name), kBounds, screen);
+    QImage wanted = SeedPicture(16);
+    for (int y = 0; y < kHeight; ++y) {
+      for (int x = 0; x < kWidth; ++x) {
+        const QRgb colour = wanted.pixel(x, y);
+        wanted.setPixel(x, y, qRgb(qRed(colour) / 2, qGreen(colour) / 2, qBlue(colour) / 2));
+      }
+    }
+    EXPECT_LE(Difference(screen, kBounds, kBounds, wanted), tolerance) << name;
+  }
+}
+
+TEST(PictureSeeds, TurnsAPictureOnce) {
+  QTransform quarter;
+  quarter.rotate(90);
+  const QImage wanted = SeedPicture(16).transformed(quarter);
+  for (const char* name : {"turned.webp", "turned.tif", "turned.jxl", "turned.heic"}) {
+    Screen screen(kHeight, kWidth);
+    EXPECT_EQ(Show(Seed(name), screen.Bounds(), screen)->NaturalSize(1).width, kHeight * kTwipsPerPixel) << name;
+    EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 1) << name;
+  }
+}
+
+// No damage takes more than one file: a failure, or as much of the picture as can be read.
+TEST(PictureSeeds, DamagedFilesOfEveryKindEndQuickly) {
+  const TemporaryDirectory folder;
+  for (const char* name : {"plain.webp", "plain.tif", "tiles.tif", "plain.jxl", "plain.heic", "plain.avif"}) {
+    const Bytes whole = ReadBytes(Seed(name));
+    for (std::size_t i = 1; i < whole.size(); i += 1 + whole.size() / 60) {
+      Bytes flipped = whole;
+      flipped[i] ^= static_cast<std::uint8_t>(1U << i % 8);
+      for (const Bytes& bytes : {First(whole, i), flipped}) {
+        const auto start = std::chrono::steady_clock::now();
+        LoadFailure(WritePicture(folder, "damaged", bytes));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << name << ' ' << i;
+      }
+    }
+  }
 }
 
 // A jump over two rows and the rest of a third, and an end before the last rows.

@@ -15,12 +15,20 @@ using OpenedPicture = std::shared_ptr<RenderedPicture>;
 bool IsBmp(PictureFile& file);
 bool IsGif(PictureFile& file);
 bool IsJpeg(PictureFile& file);
+bool IsHeif(PictureFile& file);  // HEIC and AVIF
+bool IsJxl(PictureFile& file);
 bool IsPng(PictureFile& file);
+bool IsTiff(PictureFile& file);
+bool IsWebp(PictureFile& file);
 
 // Read the header. Fail with kBadPicture.
 OpenedPicture OpenBmp(std::unique_ptr<PictureFile> file);
 OpenedPicture OpenGif(std::unique_ptr<PictureFile> file);
 OpenedPicture OpenJpeg(std::unique_ptr<PictureFile> file);
+OpenedPicture OpenHeif(std::unique_ptr<PictureFile> file);
+OpenedPicture OpenJxl(std::unique_ptr<PictureFile> file);
 OpenedPicture OpenPng(std::unique_ptr<PictureFile> file);
+OpenedPicture OpenTiff(std::unique_ptr<PictureFile> file);
+OpenedPicture OpenWebp(std::unique_ptr<PictureFile> file);
 
 }  // namespace quorvale

@@ -1,7 +1,9 @@
 #include "platform/desktop/pictures/picture_loader.h"
 
 #include <algorithm>
+#include <chrono>
 #include <new>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -15,6 +17,8 @@ namespace {
 struct Decoder {
   bool (*recognises)(PictureFile& file);
   OpenedPicture (*opens)(std::unique_ptr<PictureFile> file);
+  // Whether a photo takes so long that the show must react to a key meanwhile.
+  bool is_slow = false;
 };
 
 // Enough to recognise a metafile.
@@ -34,8 +38,14 @@ OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
 
 // One player serves both kinds of metafile.
 constexpr Decoder kDecoders[] = {
-    {IsBmp, OpenBmp}, {IsGif, OpenGif}, {IsJpeg, OpenJpeg}, {IsMetafile, OpenMetafile}, {IsPng, OpenPng},
+    {IsBmp, OpenBmp},           {IsGif, OpenGif},       {IsJpeg, OpenJpeg},
+    {IsMetafile, OpenMetafile}, {IsPng, OpenPng},       {IsWebp, OpenWebp, true},
+    {IsHeif, OpenHeif, true},   {IsJxl, OpenJxl, true}, {IsTiff, OpenTiff, true},
 };
+
+constexpr std::chrono::milliseconds kQuietWait{50};
+constexpr std::chrono::milliseconds kPumpEvery{15};
+constexpr std::chrono::seconds kLongestWait{5};
 
 }  // namespace
 
@@ -45,13 +55,42 @@ std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, con
     for (const Decoder& decoder : kDecoders) {
       if (!decoder.recognises(*file)) continue;
       auto picture = decoder.opens(std::move(file));
-      picture->Prepare(place);
+      if (decoder.is_slow && place.while_waiting) {
+        PrepareMeanwhile(picture, place);
+      } else {
+        picture->Prepare(place);
+      }
       return picture;
     }
     FailLoad("Not a picture");
   } catch (const std::bad_alloc&) {
     FailLoad("Picture too large");
   }
+}
+
+// The thread owns all that it uses, so that it can be left behind: the libraries can't be interrupted.
+void DesktopPictureLoader::PrepareMeanwhile(const OpenedPicture& picture, const PicturePlace& place) {
+  const auto start = std::chrono::steady_clock::now();
+  const PixelRect box = place.box(picture->NaturalSize(place.scale));
+  const auto wait_for = [&](const std::shared_future<void>& work) {
+    auto pause = kQuietWait;
+    while (work.wait_for(pause) != std::future_status::ready) {
+      if (std::chrono::steady_clock::now() - start > kLongestWait) FailLoad("Picture takes too long");
+      place.while_waiting();
+      pause = kPumpEvery;
+    }
+  };
+  // One at a time, or their memory would add up.
+  if (work_.valid()) wait_for(std::shared_future(work_));
+  std::packaged_task<void()> task([picture, box, clip = place.clip, scale = place.scale] {
+    picture->Prepare({.box = [box](const TwipSize& /*natural*/) { return box; }, .clip = clip, .scale = scale});
+  });
+  // An event may start another load meanwhile, on another monitor.
+  const std::shared_future<void> work = task.get_future().share();
+  work_ = work;
+  std::thread(std::move(task)).detach();
+  wait_for(work);
+  work.get();
 }
 
 }  // namespace quorvale

@@ -1,0 +1,183 @@
+#include <jxl/decode_cxx.h>
+#include <jxl/thread_parallel_runner_cxx.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "platform/desktop/pictures/formats.h"
+#include "platform/pictures/embedded_profile.h"
+
+namespace quorvale {
+namespace {
+
+// The bytes after which decoding looks at the clock.
+constexpr std::size_t kPiece = std::size_t{1} << 20U;
+
+// Depth, masks and the like, which are decoded but not shown. Each takes as much memory as a colour.
+constexpr std::uint32_t kMostFurtherChannels = 4;
+
+constexpr JxlPixelFormat kFormat{4, JXL_TYPE_UINT8, JXL_NATIVE_ENDIAN, 0};
+constexpr std::size_t kChannels = 4;
+
+// Decodes the first frame of a JPEG XL file.
+class JxlReader {
+ public:
+  explicit JxlReader(PictureFile& file)
+      : file_(file),
+        bytes_(file.All()),
+        runner_(JxlThreadParallelRunnerMake(nullptr, JxlThreadParallelRunnerDefaultNumWorkerThreads())),
+        decoder_(JxlDecoderMake(nullptr)) {}
+
+  bool ReadHeader();
+
+  // After `ReadHeader`.
+  PixelSize Size() const { return {static_cast<int>(info_.xsize), static_cast<int>(info_.ysize)}; }
+  bool HasAlpha() const { return info_.alpha_bits > 0; }
+  bool IsPremultiplied() const { return info_.alpha_premultiplied != JXL_FALSE; }
+  Orientation StoredOrientation() const { return Orientation::FromExif(info_.orientation); }
+  const std::vector<std::uint8_t>& Profile() const { return profile_; }
+
+  // Sets `pixels` to red, green, blue and alpha. If damage ends the file, the rest is what the library makes of it.
+  bool Read(std::vector<std::uint8_t>& pixels);
+
+ private:
+  JxlDecoderStatus Proceed();
+  void ReadProfile();
+
+  PictureFile& file_;
+  std::span<const std::uint8_t> bytes_;
+  // Where the input ends that the decoder was given.
+  std::size_t given_ = 0;
+  JxlThreadParallelRunnerPtr runner_;
+  JxlDecoderPtr decoder_;
+  JxlBasicInfo info_{};
+  std::vector<std::uint8_t> profile_;
+};
+
+// Up to the next event. JXL_DEC_NEED_MORE_INPUT at the end of the file.
+JxlDecoderStatus JxlReader::Proceed() {
+  for (;;) {
+    const JxlDecoderStatus status = JxlDecoderProcessInput(decoder_.get());
+    if (status != JXL_DEC_NEED_MORE_INPUT || given_ == bytes_.size() || file_.IsOverdue()) return status;
+    // The decoder wants the rest again, with more behind it.
+    const std::size_t left = JxlDecoderReleaseInput(decoder_.get());
+    const std::size_t start = given_ - left;
+    given_ = std::min(bytes_.size(), given_ + std::max(kPiece, left));
+    if (JxlDecoderSetInput(decoder_.get(), &bytes_[start], given_ - start) != JXL_DEC_SUCCESS) return JXL_DEC_ERROR;
+    if (given_ == bytes_.size()) JxlDecoderCloseInput(decoder_.get());
+  }
+}
+
+bool JxlReader::ReadHeader() {
+  JxlDecoder* const decoder = decoder_.get();
+  if (decoder == nullptr || runner_ == nullptr) return false;
+  constexpr int kEvents = JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE;
+  if (JxlDecoderSubscribeEvents(decoder, kEvents) != JXL_DEC_SUCCESS ||
+      JxlDecoderSetKeepOrientation(decoder, JXL_TRUE) != JXL_DEC_SUCCESS ||
+      JxlDecoderSetParallelRunner(decoder, JxlThreadParallelRunner, runner_.get()) != JXL_DEC_SUCCESS ||
+      Proceed() != JXL_DEC_BASIC_INFO || JxlDecoderGetBasicInfo(decoder, &info_) != JXL_DEC_SUCCESS) {
+    return false;
+  }
+  constexpr std::uint32_t kMost = kPictureMemoryLimit / kChannels;
+  if (info_.xsize == 0 || info_.ysize == 0 || info_.xsize > kMost / info_.ysize) return false;
+  if (info_.num_extra_channels > kMostFurtherChannels || Proceed() != JXL_DEC_COLOR_ENCODING) return false;
+  ReadProfile();
+  return true;
+}
+
+// Lossy files have no colours of their own: the decoder makes those of the screen.
+void JxlReader::ReadProfile() {
+  JxlColorEncoding screen{};
+  screen.color_space = info_.num_color_channels == 1 ? JXL_COLOR_SPACE_GRAY : JXL_COLOR_SPACE_RGB;
+  screen.white_point = JXL_WHITE_POINT_D65;
+  screen.primaries = JXL_PRIMARIES_SRGB;
+  screen.transfer_function = JXL_TRANSFER_FUNCTION_SRGB;
+  JxlDecoderSetPreferredColorProfile(decoder_.get(), &screen);
+  constexpr auto kOfPixels = JXL_COLOR_PROFILE_TARGET_DATA;
+  std::size_t size = 0;
+  if (JxlDecoderGetICCProfileSize(decoder_.get(), &kFormat, kOfPixels, &size) != JXL_DEC_SUCCESS) return;
+  if (size > kLongestProfile) return;
+  profile_.resize(size);
+  if (JxlDecoderGetColorAsICCProfile(decoder_.get(), &kFormat, kOfPixels, profile_.data(), size) != JXL_DEC_SUCCESS) {
+    profile_.clear();
+  }
+}
+
+bool JxlReader::Read(std::vector<std::uint8_t>& pixels) {
+  JxlDecoder* const decoder = decoder_.get();
+  if (Proceed() != JXL_DEC_NEED_IMAGE_OUT_BUFFER) return false;
+  pixels.resize(kChannels * info_.xsize * info_.ysize);
+  if (JxlDecoderSetImageOutBuffer(decoder, &kFormat, pixels.data(), pixels.size()) != JXL_DEC_SUCCESS) return false;
+  return Proceed() == JXL_DEC_FULL_IMAGE || JxlDecoderFlushImage(decoder) == JXL_DEC_SUCCESS;
+}
+
+class JxlRows : public SequentialRows {
+ public:
+  explicit JxlRows(std::unique_ptr<JxlReader> reader) : SequentialRows(reader->Size()), reader_(std::move(reader)) {}
+
+  bool IsOpaque() const override { return !reader_->HasAlpha(); }
+  std::size_t Memory() const override {
+    return kChannels * static_cast<std::size_t>(reader_->Size().width) *
+           static_cast<std::size_t>(reader_->Size().height);
+  }
+
+ protected:
+  bool GoTo(int /*top*/) override { return reader_->Read(pixels_); }
+
+  bool Decode(int y, std::span<Pixel> row) override {
+    const std::size_t first = static_cast<std::size_t>(y) * static_cast<std::size_t>(reader_->Size().width) +
+                              static_cast<std::size_t>(Left());
+    const std::uint8_t* from = &pixels_[first * kChannels];
+    const bool is_ready = !reader_->HasAlpha() || reader_->IsPremultiplied();
+    const Pixel least_alpha = reader_->HasAlpha() ? 0 : 0xFFU;
+    for (Pixel& pixel : row) {
+      const Pixel colour = Pixel{from[0]} << 16U | Pixel{from[1]} << 8U | from[2];
+      pixel = is_ready ? (from[3] | least_alpha) << 24U | colour : Premultiplied(colour, from[3]);
+      from += kChannels;
+    }
+    return true;
+  }
+
+ private:
+  std::unique_ptr<JxlReader> reader_;
+  std::vector<std::uint8_t> pixels_;
+};
+
+class JxlPicture : public FilePicture {
+ public:
+  explicit JxlPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), reader_(ReadHeader()) {
+    Describe(reader_->Size(), reader_->StoredOrientation());
+    UseProfile(reader_->Profile());
+  }
+
+ protected:
+  std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
+    return std::make_unique<JxlRows>(reader_ ? std::move(reader_) : ReadHeader());
+  }
+
+ private:
+  std::unique_ptr<JxlReader> ReadHeader() {
+    auto reader = std::make_unique<JxlReader>(File());
+    if (!reader->ReadHeader()) FailLoad("Damaged picture");
+    return reader;
+  }
+
+  // Has read the header. Used by the first `OpenRows`.
+  std::unique_ptr<JxlReader> reader_;
+};
+
+}  // namespace
+
+bool IsJxl(PictureFile& file) {
+  std::array<std::uint8_t, 12> head{};
+  file.Copy(0, head);
+  const JxlSignature signature = JxlSignatureCheck(head.data(), head.size());
+  return signature == JXL_SIG_CODESTREAM || signature == JXL_SIG_CONTAINER;
+}
+
+OpenedPicture OpenJxl(std::unique_ptr<PictureFile> file) { return std::make_shared<JxlPicture>(std::move(file)); }
+
+}  // namespace quorvale
