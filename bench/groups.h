@@ -15,6 +15,7 @@ struct Bench {
 
 // Each prints its own tables.
 void MeasureLoading(Bench& bench);        // from the timer's event to the picture on the screen
+void MeasureKinds(Bench& bench);          // pictures of the further kinds, and of other colours
 void MeasureMetafiles(Bench& bench);      // loading and drawing them
 void MeasureMemory(Bench& bench);         // the most memory that the program holds
 void MeasureEffects(Bench& bench);        // steps a second and the time that each effect takes

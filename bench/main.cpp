@@ -21,11 +21,12 @@ struct Group {
 };
 
 constexpr Group kGroups[] = {
-    {"load", MeasureLoading},        {"metafiles", MeasureMetafiles},
-    {"memory", MeasureMemory},       {"effects", MeasureEffects},
-    {"spotlight", MeasureSpotlight}, {"lists", MeasureLists},
-    {"show", MeasureShow},           {"preview", MeasurePreview},
-    {"start", MeasureStart},         {"config", MeasureConfiguration},
+    {"load", MeasureLoading},         {"kinds", MeasureKinds},
+    {"metafiles", MeasureMetafiles},  {"memory", MeasureMemory},
+    {"effects", MeasureEffects},      {"spotlight", MeasureSpotlight},
+    {"lists", MeasureLists},          {"show", MeasureShow},
+    {"preview", MeasurePreview},      {"start", MeasureStart},
+    {"config", MeasureConfiguration},
 };
 
 struct CommandLine {

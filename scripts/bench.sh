@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Measures speed and memory on virtual displays. Called by quorvale.sh with the words behind "bench":
-#   GROUP...    load metafiles memory effects spotlight lists show preview start config; all of them without one
+#   GROUP...    load kinds metafiles memory effects spotlight lists show preview start config; all of them without one
 #   --quick     fewer rounds and shorter shows
 #   --thorough  adds what takes long: effects at the slowest speed, a minute of show with each effect
 # Prints tables and leaves the same figures in bench.json beside the program. BENCH_BUILD names another
@@ -9,7 +9,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source scripts/virtual-display.sh
 
-all_groups=(load metafiles memory effects spotlight lists show preview start config)
+all_groups=(load kinds metafiles memory effects spotlight lists show preview start config)
 build=${BENCH_BUILD:-build}
 rows=$build/bench-rows
 options=()
