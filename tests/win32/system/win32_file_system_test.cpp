@@ -76,7 +76,11 @@ class FolderLinks {
   explicit FolderLinks(const WorkDirectory& directory) : directory_(directory) {}
   ~FolderLinks() {
     for (const std::string& name : names_) {
-      is_below_ ? RunBelow("rm", name, false) : static_cast<void>(RemoveDirectoryA(directory_.Path(name).c_str()));
+      if (is_below_) {
+        RunBelow("rm", name, false);
+      } else {
+        RemoveDirectoryA(directory_.Path(name).c_str());
+      }
     }
   }
   FolderLinks(const FolderLinks&) = delete;
