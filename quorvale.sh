@@ -95,12 +95,17 @@ check_windows() {
 check() {
   need $build_packages $whole_packages $screen_packages $test_packages $sanitize_packages $windows_packages \
     $lint_packages
+  build debug --target quorvale_tests quorvale_picture_tests
+  say "Testing core and pictures without optimisation"
+  run_tests build/debug -L '^(core|pictures)$'
   build sanitize
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
   run_tests build/sanitize -L '^(core|pictures|fuzz)$'
   check_windows
   soak 2
   lint_code
+  say "Without optimisation:"
+  count_of build/debug
   say "Under the sanitizers:"
   count_of build/sanitize
   if [ -f build/windows-64/tests.txt ]; then
@@ -164,7 +169,7 @@ Usage: ./quorvale.sh COMMAND. Each command builds first what it needs, and insta
 with QUORVALE_INSTALL=no in the environment it names that and stops.
   show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
   test       build for release, and run the tests: headless, desktop and end to end
-  check      what CI runs beside: sanitizers, fuzzing, Windows under Wine, two minutes of soak, and lint
+  check      what CI runs beside: debug build, sanitizers, fuzzing, Windows under Wine, two minutes of soak, lint
   soak       [MINUTES [SEED]] shows pictures among trouble in every mode, and says whether it held
   configure  open the configuration window
   build      only build; the program is build/quorvale
