@@ -6,8 +6,11 @@ import sys
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "e2e"))
-from desktop_session import (BLACK, BLUE, BUILD, GREEN, RED, SCRIPTS, Display, PictureTest,  # noqa: E402, F401
+from desktop_session import (BLACK, BLUE, BUILD, GREEN, RED, SCRIPTS, Display, PictureTest,  # noqa: E402
                              wait_until, write_bmp)
+
+# For the tests, which find the other folder by this one.
+__all__ = ["BLACK", "BLUE", "GREEN", "RED", "Display", "PictureTest"]
 
 PROGRAM = os.path.join(BUILD, "Quorvale.scr")
 PASSWORD = os.path.join(BUILD, "scripted_password", "password.cpl")

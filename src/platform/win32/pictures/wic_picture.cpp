@@ -111,6 +111,8 @@ const Pixel* WicRows::Row(int y) {
   const int number = y / kBandRows;
   Band& band = bands_[static_cast<std::size_t>(number % 2)];
   if (band.number != number) Read(band, number);
+  // `Read` takes the pixels away only where the band does not become whole.
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.Move)
   return band.is_whole ? band.pixels.data() + std::ptrdiff_t{y % kBandRows} * width_ : nullptr;
 }
 

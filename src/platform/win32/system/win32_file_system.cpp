@@ -154,6 +154,7 @@ std::vector<std::string> Win32FileSystem::EnumerateFolder(const std::string& dir
                                                           const std::function<void(const std::string& name)>& found) {
   // One search for all: on a network drive each one takes the server a pass over the directory.
   std::vector<std::wstring> wide_patterns;
+  wide_patterns.reserve(patterns.size());
   for (const std::string& pattern : patterns) wide_patterns.push_back(ToWide(pattern));
   std::vector<std::vector<std::wstring>> files(patterns.size());
   std::vector<std::wstring> folders;
