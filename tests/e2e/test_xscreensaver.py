@@ -70,7 +70,12 @@ class InTheDaemonsWindow(DaemonTest):
         self.wait_for_colour(BLACK)
         self.assert_ends_in(0.25, program)
 
-    def test_a_window_without_the_whole_primary_monitor_stays_black(self):
+    def two_monitors(self):
+        for name, left, output in (("*Left", 0, "screen"), ("Right", 400, "none")):
+            self.display.output("xrandr", "--setmonitor", name, f"400/100x600/150+{left}+0", output)
+
+    def test_a_window_on_another_monitor_stays_black(self):
+        self.two_monitors()
         _, window = self.daemon_window("400x600+400+0")
         program = self.start_in(window)
         self.wait_for_colour(BLACK, (500, 300))
@@ -79,6 +84,7 @@ class InTheDaemonsWindow(DaemonTest):
         self.assert_ends_in(0.25, program)
 
     def test_each_of_two_windows_may_have_pictures_of_the_same_list(self):
+        self.two_monitors()
         self.session.options(Monitors="A Picture on Each", Stretch="1")
         programs = [self.start_in(self.daemon_window(f"400x600+{left}+0")[1]) for left in (0, 400)]
         both = [RED, RED, BLUE, BLUE], [BLUE, BLUE, RED, RED]
@@ -87,7 +93,7 @@ class InTheDaemonsWindow(DaemonTest):
             self.assert_ends_in(0.25, program)
 
     def test_a_daemon_that_is_killed_takes_the_show_along(self):
-        for geometry, in_sight in (("800x600+0+0", RED), ("400x300+10+10", BLACK)):
+        for geometry, in_sight in (("800x600+0+0", RED), ("400x300+10+10", RED)):
             with self.subTest(geometry=geometry):
                 process, window = self.daemon_window(geometry)
                 program = self.start_in(window)
@@ -100,11 +106,13 @@ class InTheDaemonsWindow(DaemonTest):
         program = self.session.start("--root", stderr=subprocess.DEVNULL, XSCREENSAVER_WINDOW="")
         self.assertEqual(program.wait(timeout=10), 1)
 
-    def test_a_window_id_means_the_preview(self):
-        _, window = self.daemon_window("152x112+100+80")
-        program = self.start_in(window, "--window-id", hex(int(window)))
-        self.wait_for_colour(RED, (176, 136))
-        self.assert_ends_in(0.25, program)
+    def test_a_window_id_or_a_window_on_no_monitor_means_the_preview(self):
+        for number, arguments in enumerate((("--window-id", None), ())):
+            left = 100 + 200 * number
+            _, window = self.daemon_window(f"152x112+{left}+80")
+            program = self.start_in(window, *(argument or hex(int(window)) for argument in arguments))
+            self.wait_for_colour(RED, (left + 76, 136))
+            self.assert_ends_in(0.25, program)
 
 
 class UnderXScreenSaver(DaemonTest):

@@ -136,9 +136,19 @@ int main(int argc, char** argv) {
   const QApplication application(qt_argc, argv);
   probe.reset();
   const WindowHandle daemon_window = options.daemon_window.handle;
-  if (daemon_window != 0 && !HoldsPrimaryMonitor(daemon_window)) {
-    if (X11Connection() == nullptr || !EachMonitorHasPictures()) return KeepBlack(daemon_window);
-    options.daemon_window.is_beside_primary = true;
+  if (daemon_window == 0) return RunProgram(text, options);
+  switch (PlaceOfDaemonWindow(daemon_window)) {
+    case DaemonPlace::kNone:
+      return KeepBlack(daemon_window);
+    case DaemonPlace::kOtherMonitor:
+      if (!EachMonitorHasPictures()) return KeepBlack(daemon_window);
+      options.daemon_window.is_beside_primary = true;
+      break;
+    case DaemonPlace::kPreview:
+      options.daemon_window = {};
+      return RunProgram("/P " + std::to_string(daemon_window), options);
+    case DaemonPlace::kPrimary:
+      break;
   }
   return RunProgram(text, options);
 }

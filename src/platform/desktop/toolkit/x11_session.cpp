@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -29,17 +30,24 @@ bool HasWindowManager(xcb_connection_t* connection) {
   return owner != XCB_WINDOW_NONE && WindowProperty(connection, owner, check) == owner;
 }
 
-bool HoldsPrimaryMonitor(WindowHandle daemon_window) {
+DaemonPlace PlaceOfDaemonWindow(WindowHandle daemon_window) {
   xcb_connection_t* const x11 = X11Connection();
   const QScreen* const primary = QGuiApplication::primaryScreen();
-  if (x11 == nullptr || primary == nullptr) return false;
   const auto window = static_cast<std::uint32_t>(daemon_window);
   int x = 0;
   int y = 0;
   int width = 0;
   int height = 0;
-  return ReadWindowPlace(x11, window, x, y) && ReadWindowSize(x11, window, width, height) &&
-         QRect(x, y, width, height).contains(primary->geometry());
+  if (x11 == nullptr || primary == nullptr || !ReadWindowPlace(x11, window, x, y) ||
+      !ReadWindowSize(x11, window, width, height)) {
+    return DaemonPlace::kNone;
+  }
+  const QRect place(x, y, width, height);
+  if (place.contains(primary->geometry())) return DaemonPlace::kPrimary;
+  const auto monitors = QGuiApplication::screens();
+  const bool is_on_monitor = std::any_of(monitors.begin(), monitors.end(),
+                                         [&](const QScreen* monitor) { return place.contains(monitor->geometry()); });
+  return is_on_monitor ? DaemonPlace::kOtherMonitor : DaemonPlace::kPreview;
 }
 
 int KeepBlack(WindowHandle daemon_window) {
