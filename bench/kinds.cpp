@@ -136,10 +136,10 @@ struct Kind {
 };
 
 constexpr Kind kKinds[] = {
-    {"webp", "cwebp -quiet -m 2 -q 85 \"$1\" -o \"$2\"", DecodeWebp},
-    {"heic", "heif-enc -q 60 -p preset=ultrafast \"$1\" -o \"$2\"", DecodeHeif},
-    {"avif", "heif-enc -A -q 60 -p speed=9 \"$1\" -o \"$2\"", DecodeHeif},
-    {"jxl", "cjxl --quiet -j 0 -e 3 \"$1\" \"$2\"", DecodeJxl},
+    {"webp", R"(cwebp -quiet -m 2 -q 85 "$1" -o "$2")", DecodeWebp},
+    {"heic", R"(heif-enc -q 60 -p preset=ultrafast "$1" -o "$2")", DecodeHeif},
+    {"avif", R"(heif-enc -A -q 60 -p speed=9 "$1" -o "$2")", DecodeHeif},
+    {"jxl", R"(cjxl --quiet -j 0 -e 3 "$1" "$2")", DecodeJxl},
 };
 
 // Empty if the encoder is not installed.

@@ -5,8 +5,8 @@ lint_code() {
   git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
   say "Checking the scripts"
   git ls-files '*.py' | xargs pyflakes3
-  local parts=(src)
-  local of_windows=(src/platform/win32)
+  local parts=(src tests bench assets)
+  local of_windows=(src/platform/win32 tests/win32 bench/portable/windows_parts.cpp)
   say "Checking the code"
   configure debug
   git ls-files "${parts[@]/%//*.cpp}" "${of_windows[@]/#/:!}" | scripts/lint_batches.py build/debug

@@ -24,7 +24,7 @@ LINES_OF_A_BATCH = 2500
 # The analyzer follows calls from file to file in a batch. This many steps a function find what it finds in single files;
 # without a limit a few functions take minutes.
 ANALYZER = [word for option in ('-analyzer-config', 'max-nodes=20000') for word in ('-Xclang', option)]
-INCLUDE = re.compile(r'\s*#\s*include\s*["<]')
+INCLUDE = re.compile(r'\s*#\s*include\s*(["<][^">]*)')
 
 
 class Batch:
@@ -34,9 +34,9 @@ class Batch:
         text, included = [], set()
         for file in files:
             lines = pathlib.Path(file).read_text(encoding='utf-8').splitlines()
-            own = {line for line in lines if INCLUDE.match(line)}
+            own = {match[1] for match in map(INCLUDE.match, lines) if match}
             # A second include of a file is reported only where the file itself has it twice.
-            text += ['' if line in included else line for line in lines]
+            text += ['' if (match := INCLUDE.match(line)) and match[1] in included else line for line in lines]
             self.lines += [(file, number) for number in range(1, len(lines) + 1)]
             included |= own
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -64,7 +64,7 @@ class Batch:
 
 
 def flags_of(entry):
-    """What decides how a file is read, without what tells a compiler how to write it."""
+    """What decides how a file is read, without what tells a compiler how to write it. Joined files may shadow."""
     words = shlex.split(entry['command'])[1:]
     keep, follow = [], iter(words)
     for word in follow:
@@ -72,7 +72,7 @@ def flags_of(entry):
             next(follow)
         elif word in ('-isystem', '-include'):
             keep += [word, next(follow)]
-        elif word.startswith(('-D', '-I', '-std', '-Wall', '-Wextra', '-Wpedantic', '-Wshadow')):
+        elif word.startswith(('-D', '-I', '-std', '-Wall', '-Wextra', '-Wpedantic')):
             keep.append(word)
     return tuple(keep)
 

@@ -42,7 +42,7 @@ class OptionsFormTest : public HeadlessTest {
   void Press(const char* name) { form->Find<Button>(name).UserClick(); }
 
   // Of the pages "Pictures" and "Sounds".
-  std::string Stored() {
+  std::string Stored() const {
     std::string values;
     for (const OptionRow* option : kDialogOptions) {
       if (option == kFirstOnMorePage) break;
@@ -203,7 +203,7 @@ TEST_F(OptionsFormTest, OkChecksTheRangesOfTheNumbers) {
 // The field that the message is about may be hidden or disabled; that must not cause a second failure.
 TEST_F(OptionsFormTest, FailedCheckShowsThePageAndNeedsNoFocus) {
   Open();
-  TabStrip& tabs = form->Find<TabStrip>("TabStrip1");
+  auto& tabs = form->Find<TabStrip>("TabStrip1");
   for (const int tab : {2, 2, 1, 3, 2}) {
     tabs.UserSelect(tab);
     EXPECT_EQ(form->Find<Frame>("Frame1(1)").Visible(), tab == 1);

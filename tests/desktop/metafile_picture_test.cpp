@@ -138,7 +138,7 @@ TEST(MetafilePicture, RunsStopAtTheEndOfTheRow) {
       Words({kWords & 0xFFFF, kWords >> 16, META_STRETCHDIB, 0x0020, 0x00CC, 0, 4, 4, 0, 0, 75, 100, 0, 0});
   const Bytes info = Words({40, 0, 4, 0, 4, 0, 1, 8, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0});
   const Bytes red = Words({0x0000, 0x00FF});
-  Bytes runs(2 * kRuns);
+  Bytes runs(std::size_t{2} * kRuns);
   for (std::size_t i = 0; i < runs.size(); i += 2) runs[i] = 255;
   const std::string path =
       WritePicture(folder, "runs", Placeable(100, 75, 96) + kWmfHeader + head + info + red + runs + kWmfEnd);

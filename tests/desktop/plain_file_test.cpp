@@ -72,7 +72,8 @@ TEST_F(PlainFileTest, AreReadWholeAndNothingElseIs) {
       {"folder", FailureNumber::kUnreadable}, {"pipe", FailureNumber::kUnreadable},
   };
   for (const auto& [name, number] : failures) {
-    EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number) << name;
+    EXPECT_EQ(FailureOf([&, &path = name] { files_.ReadFile(directory_.Path(path), std::string::npos); }), number)
+        << name;
   }
 }
 

@@ -203,7 +203,7 @@ TEST_F(SettingsFileTest, IsReadWhereNothingCanBeWritten) {
     }
     const pid_t child = Fork([&] {
       if (getuid() == 0) {
-        for (std::string& name : files) name = directory + name;
+        for (std::string& name : files) name.insert(0, directory);
         files.insert(files.end(), {place.Path(), directory});
         for (const std::string& path : files) {
           if (chown(path.c_str(), 65534, 65534) != 0) return 1;

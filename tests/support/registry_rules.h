@@ -12,7 +12,7 @@ namespace quorvale {
 
 // What every registry does. Each platform runs these tests on its own one.
 class RegistryRules : public testing::TestWithParam<std::function<std::unique_ptr<Registry>()>> {
- protected:
+ public:
   RegistryRules() { EXPECT_EQ(registry_->RegCreateKeyEx(kHkeyCurrentUser, kKey, kKeyAllAccess, key_), kErrorSuccess); }
   // The system's registry stays as it was.
   ~RegistryRules() override {
@@ -23,6 +23,7 @@ class RegistryRules : public testing::TestWithParam<std::function<std::unique_pt
     for (const RegistryKey key : {software, key_}) registry_->RegCloseKey(key);
   }
 
+ protected:
   RegistryKey Create(const std::string& path) {
     RegistryKey key = 0;
     EXPECT_EQ(registry_->RegCreateKeyEx(kHkeyCurrentUser, kKey + path, kKeyAllAccess, key), kErrorSuccess);

@@ -48,7 +48,7 @@ class ShowTest : public HeadlessTest {
   void FirstTick() { desktop.queue.Advance(500); }
   void NextTick() { desktop.queue.Advance(form_->tmrSwitch.Interval()); }
 
-  std::string Position() { return process.options.Get("LastPicture", "none"); }
+  std::string Position() const { return process.options.Get("LastPicture", "none"); }
   Pixel At(int x, int y) { return RgbAt(form_->PicBase.Pixels(), x, y); }
 
   std::shared_ptr<MainForm> form_;

@@ -15,6 +15,7 @@ TEST(LayoutScale, IsLimitedByTheScreen) {
 
 TEST(WithoutMiddle, KeepsBothEnds) {
   const std::string text = "C:\\P\xC3\xA4tze\\deep\\";
+  // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): "e" would go on with the number before it.
   const std::string texts[] = {"\xE2\x80\xA6",
                                "\xE2\x80\xA6\\",
                                "C\xE2\x80\xA6\\",

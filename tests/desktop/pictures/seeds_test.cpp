@@ -122,7 +122,7 @@ TEST(PictureSeeds, BlendsABitmapWithAlpha) {
   Show(Seed("32-alpha.bmp"), kBounds, screen);
   const Pixel half = screen.At(0, 0);
   const QRgb colour = ColourOf(IndexAt(0, 0, 16));
-  EXPECT_NEAR(qBlue(half), qBlue(colour) / 2, 1);
+  EXPECT_NEAR(qBlue(half), qBlue(colour) / 2.0, 1);
   EXPECT_EQ(screen.At(1, 0), 0xFF000000);
   EXPECT_EQ(screen.At(2, 0), ColourOf(IndexAt(2, 0, 16)));
 }
