@@ -110,7 +110,7 @@ class HeifPicture : public FilePicture {
     size_ = {heif_image_handle_get_width(primary), heif_image_handle_get_height(primary)};
     if (size_.width <= 0 || size_.height <= 0) FailLoad("Damaged picture");
     // The library turns the picture. The number in the Exif data says the same, or is out of date.
-    Describe(size_, {}, DateTaken());
+    Describe(size_, {}, ReadDateTaken());
     ReadColours();
   }
 
@@ -120,7 +120,7 @@ class HeifPicture : public FilePicture {
   }
 
  private:
-  std::string DateTaken() const {
+  std::string ReadDateTaken() const {
     heif_item_id item = 0;
     if (heif_image_handle_get_list_of_metadata_block_IDs(handle_.get(), "Exif", &item, 1) != 1) return {};
     const std::size_t size = heif_image_handle_get_metadata_size(handle_.get(), item);
