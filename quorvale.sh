@@ -95,9 +95,9 @@ check_windows() {
 check() {
   need $build_packages $whole_packages $screen_packages $test_packages $sanitize_packages $windows_packages \
     $lint_packages
-  build debug --target quorvale_tests quorvale_picture_tests
-  say "Testing core and pictures without optimisation"
-  run_tests build/debug -L '^(core|pictures)$'
+  build debug --target quorvale_tests
+  say "Testing the core without optimisation"
+  run_tests build/debug -L '^core$'
   build sanitize
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
   run_tests build/sanitize -L '^(core|pictures|fuzz)$'

@@ -20,7 +20,7 @@ import subprocess
 import sys
 
 # More bring little, and a batch should not keep the others waiting at the end.
-LINES_OF_A_BATCH = 2500
+LINES_OF_A_BATCH = 5000
 # The analyzer follows calls from file to file in a batch. This many steps a function find what it finds in single files;
 # without a limit a few functions take minutes.
 ANALYZER = [word for option in ('-analyzer-config', 'max-nodes=20000') for word in ('-Xclang', option)]
