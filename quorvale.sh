@@ -100,7 +100,7 @@ check() {
   run_tests build/debug -L '^core$'
   build sanitize
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
-  run_tests build/sanitize -L '^(core|pictures|fuzz)$'
+  LSAN_OPTIONS=suppressions=$PWD/fuzz/known-leaks.txt:print_suppressions=0 run_tests build/sanitize -L '^(core|pictures|fuzz)$'
   check_windows
   soak 2
   lint_code

@@ -55,7 +55,8 @@ class WebpRows : public SequentialRows {
  protected:
   bool GoTo(int top) override;
   bool Decode(int y, std::span<Pixel> row) override {
-    if (y >= rows_) return false;
+    // A small frame may stand on a canvas of many pixels.
+    if (y >= rows_ || file_.IsOverdue()) return false;
     std::copy_n(pixels_.data() + static_cast<std::size_t>(y) * Count({size_.width, 1}) + Left(), row.size(),
                 row.begin());
     return true;
