@@ -140,11 +140,10 @@ bool ColourProfile::ChangesColours() const {
   const std::vector<Pixel> before = colours;
   ToScreen(colours);
   const auto differs = [](Pixel a, Pixel b) {
-    for (const unsigned shift : {0U, 8U, 16U}) {
-      if (std::abs(static_cast<int>(a >> shift & 0xFFU) - static_cast<int>(b >> shift & 0xFFU)) > kRounding)
-        return true;
-    }
-    return false;
+    const auto channel = [](Pixel pixel, unsigned shift) { return static_cast<int>(pixel >> shift & 0xFFU); };
+    return std::ranges::any_of(std::array{0U, 8U, 16U}, [&](unsigned shift) {
+      return std::abs(channel(a, shift) - channel(b, shift)) > kRounding;
+    });
   };
   return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
 }

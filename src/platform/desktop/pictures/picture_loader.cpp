@@ -15,8 +15,8 @@ namespace {
 
 // The names of the formats stand in `kPictureFormats`. A test ties both lists together.
 struct Decoder {
-  bool (*recognises)(PictureFile& file);
-  OpenedPicture (*opens)(std::unique_ptr<PictureFile> file);
+  bool (*recognises)(PictureFile& file) = nullptr;
+  OpenedPicture (*opens)(std::unique_ptr<PictureFile> file) = nullptr;
   // Whether a photo takes so long that the show must react to a key meanwhile.
   bool is_slow = false;
 };
