@@ -15,16 +15,8 @@ TEST(LayoutScale, IsLimitedByTheScreen) {
 
 TEST(WithoutMiddle, KeepsBothEnds) {
   const std::string text = "C:\\P\xC3\xA4tze\\deep\\";
-  // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): "e" would go on with the number before it.
-  const std::string texts[] = {"\xE2\x80\xA6",
-                               "\xE2\x80\xA6\\",
-                               "C\xE2\x80\xA6\\",
-                               "C\xE2\x80\xA6p\\",
-                               "C:\xE2\x80\xA6p\\",
-                               "C:\xE2\x80\xA6"
-                               "ep\\",
-                               "C:\\\xE2\x80\xA6"
-                               "ep\\"};
+  const std::string texts[] = {"\342\200\246",      "\342\200\246\\",     "C\342\200\246\\",     "C\342\200\246p\\",
+                               "C:\342\200\246p\\", "C:\342\200\246ep\\", "C:\\\342\200\246ep\\"};
   for (std::size_t room = 1; room <= 7; ++room) {
     EXPECT_EQ(WithoutMiddle(text, [room](const std::string& shown) { return Length(shown) <= room; }), texts[room - 1]);
   }
