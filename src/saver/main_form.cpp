@@ -69,6 +69,7 @@ void MainForm::Form_Unload() {
   ForceCursorOn(process_);
   ReportSaverRunning(process_, false);
   monitors_.Close();
+  monitors_.AllTurns().Leave(tmrSwitch);
   tmrSwitch.SetEnabled(false);
 }
 

@@ -223,6 +223,27 @@ TEST_F(MonitorFormsTest, WaitForAnothersEffect) {
   EXPECT_THAT(order, ElementsAre(once[0], once[1], once[2], once[0], once[1], once[2]));
 }
 
+// The main form's timer waits for that effect, and the form goes in between.
+TEST_F(MonitorFormsTest, AKeyDuringTheirEffectEndsTheShow) {
+  process.options.Set("Interval", "2");
+  Start();
+  FirstTick();
+  process.options.Set("SwapAffect", "Sweep Down");
+  desktop.queue.SetMicrosecondsPerPump(10'000);
+  bool is_theirs = false;
+  desktop.queue.AtPump(1500, [&] {
+    is_theirs = desktop.paced_runs.back().surface == BoxAt(kSecond);
+    desktop.PressKey(form_->Hwnd(), 'A');
+  });
+  try {
+    desktop.queue.Advance(30'000);
+  } catch (const ProcessEnded&) {
+  }
+  EXPECT_TRUE(is_theirs);
+  EXPECT_FALSE(form_->IsLoaded());
+  EXPECT_EQ(MonitorWindows(), 0);
+}
+
 TEST_F(MonitorFormsTest, UnpluggedInTheirOwnEffectLeaveTheShow) {
   Start();
   FirstTick();
