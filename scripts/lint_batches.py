@@ -99,9 +99,11 @@ def main():
     shutil.rmtree(folder, ignore_errors=True)
     waiting = collections.deque()
     for (top, flags), members in groups(build, files).items():
-        if top != '.':
-            (folder / top).mkdir(parents=True, exist_ok=True)
-            shutil.copy(f'{top}/.clang-tidy', folder / top)
+        # Rules inherit those of the folders above, so a batch needs them all around it.
+        for place in (pathlib.Path(top), *pathlib.Path(top).parents):
+            if str(place) != '.' and (place / '.clang-tidy').exists():
+                (folder / place).mkdir(parents=True, exist_ok=True)
+                shutil.copy(place / '.clang-tidy', folder / place)
         waiting.append((top, [*flags, *more], members))
     pool = concurrent.futures.ThreadPoolExecutor(os.cpu_count())
     numbers = iter(range(1, 10000))

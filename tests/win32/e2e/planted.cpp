@@ -18,7 +18,7 @@ struct Word {
     const std::string name = path.data();
     std::ofstream(name.substr(0, name.rfind('\\') + 1) + "planted.txt", std::ios::app) << name << '\n';
   }
-} const word;
+} const kWord;
 
 }  // namespace
 

@@ -52,7 +52,7 @@ DWORD WINAPI ReadCommands(void* thread) {
 
 // Runs events until the preview's process has ended.
 int RunHost(HWND host, HANDLE preview) {
-  const auto thread = reinterpret_cast<void*>(static_cast<std::uintptr_t>(GetCurrentThreadId()));
+  auto* const thread = reinterpret_cast<void*>(static_cast<std::uintptr_t>(GetCurrentThreadId()));
   CreateThread(nullptr, 0, ReadCommands, thread, 0, nullptr);
   while (MsgWaitForMultipleObjects(1, &preview, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
     MSG message{};

@@ -26,7 +26,7 @@ class Win32FileSystemTest : public testing::Test {
     SetFileAttributesA(directory_.Write("fixed.jpg", "").c_str(), FILE_ATTRIBUTE_READONLY);
     directory_.MakeDirectory("directory.jpg");
   }
-  ~Win32FileSystemTest() override {
+  void TearDown() override {
     for (const char* name : {"hidden.jpg", "system.jpg", "fixed.jpg"}) {
       SetFileAttributesA(directory_.Path(name).c_str(), FILE_ATTRIBUTE_NORMAL);
     }
@@ -246,7 +246,8 @@ TEST_F(Win32FileSystemTest, ReportsWhyAFileFails) {
   const std::pair<const char*, FailureNumber> unreadable[] = {
       {"none", kNotFound}, {"none\\none", kNotFound}, {"directory.jpg", kUnreadable}};
   for (const auto& [name, number] : unreadable) {
-    EXPECT_EQ(FailureOf([&] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number) << name;
+    EXPECT_EQ(FailureOf([&, name = name] { files_.ReadFile(directory_.Path(name), std::string::npos); }), number)
+        << name;
   }
   for (const char* name : {"none\\list.qvl", "directory.jpg", "fixed.jpg"}) {
     EXPECT_EQ(FailureOf([&] { files_.WriteFile(directory_.Path(name), "x"); }), kUnwritable) << name;

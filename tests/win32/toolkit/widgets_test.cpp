@@ -30,9 +30,9 @@ class Dialog : public Form {
   explicit Dialog(Application& app) : Form(app, "Dialog", WindowKind::kDialog, "Widgets") {
     SetClientSize(4800, 5250);
     cancel.Cancel = true;
-    cancel.Click = [this] { done.push_back("cancel"); };
-    last.Click = [this] { done.push_back("last"); };
-    bar.Add("menu", "&Menu").Add("item", "&Item", "Ctrl+I").Click = [this] { done.push_back("item"); };
+    cancel.Click = [this] { done.emplace_back("cancel"); };
+    last.Click = [this] { done.emplace_back("last"); };
+    bar.Add("menu", "&Menu").Add("item", "&Item", "Ctrl+I").Click = [this] { done.emplace_back("item"); };
   }
 
   HWND Handle() const { return reinterpret_cast<HWND>(Hwnd()); }
@@ -73,7 +73,7 @@ class WidgetsTest : public testing::Test {
     dialog_->Show();
     app_.PumpEvents();
   }
-  ~WidgetsTest() override { dialog_->Unload(); }
+  void TearDown() override { dialog_->Unload(); }
 
   void Press(WORD key, WORD modifier = 0) {
     BYTE state[256]{};
