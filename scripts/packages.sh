@@ -8,7 +8,7 @@ screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"
 # What the preset "release" has beside the program.
 whole_packages="libgtest-dev libgmock-dev libxcb-shm0-dev"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
-test_packages="python3 sox xscreensaver xsecurelock x11-xserver-utils weston
+test_packages="$wayland_packages python3 sox xscreensaver xsecurelock x11-xserver-utils weston
   fonts-liberation"
 sanitize_packages="clang libclang-rt-dev"
 windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
