@@ -2,22 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
+#include "platform/pictures/jpeg_segments.h"
 #include "platform/pictures/row_source.h"
 
 namespace quorvale {
 namespace {
 
-// A segment of a JPEG file begins with marker and length; the length counts itself.
-constexpr std::uint8_t kMarker = 0xFF;
-constexpr std::uint8_t kApp2 = 0xE2;
-constexpr std::uint8_t kStartOfScan = 0xDA;
 // A profile has up to 255 pieces, and other data may stand between them.
-constexpr int kMostSegments = 512;
+constexpr int kMostProfileSegments = 512;
 // The signature ends in a zero; the number of the piece, from 1, and the count of pieces follow.
-constexpr std::array<std::uint8_t, 12> kSignature{'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0};
-constexpr std::size_t kPieceHead = kSignature.size() + 2;
+constexpr std::array<std::uint8_t, 12> kProfileSignature{'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0};
+constexpr std::size_t kPieceHead = kProfileSignature.size() + 2;
 
 Pixel Divided(Pixel level, Pixel alpha) { return std::min<Pixel>((level * 255U + alpha / 2) / alpha, 255U); }
 
@@ -33,30 +29,21 @@ Pixel Unmultiplied(Pixel pixel) {
 
 std::vector<std::uint8_t> JpegProfile(ByteSource& bytes) {
   std::vector<std::uint8_t> profile;
-  std::size_t offset = 2;
   int last_piece = 0;
-  for (int segment = 0; segment < kMostSegments; ++segment) {
-    std::array<std::uint8_t, 4 + kPieceHead> head{};
-    const bool is_whole = bytes.Copy(offset, head);
-    if (head[0] != kMarker || head[1] == kStartOfScan || !is_whole) break;
-    if (head[1] == kMarker) {  // Any number of these may fill up before a marker.
-      ++offset;
-      continue;
-    }
-    const std::size_t length = std::size_t{head[2]} << 8U | head[3];
-    if (length < 2) break;
-    if (head[1] == kApp2 && length >= 2 + kPieceHead &&
-        std::equal(kSignature.begin(), kSignature.end(), std::next(head.begin(), 4))) {
-      // Every program writes the pieces in their order.
-      const int piece = head[4 + kSignature.size()];
-      const std::size_t count = length - 2 - kPieceHead;
-      if (piece != last_piece + 1 || profile.size() + count > kLongestProfile) return {};
-      last_piece = piece;
-      profile.resize(profile.size() + count);
-      if (!bytes.Copy(offset + head.size(), std::span(profile).last(count))) return {};
-      if (piece == head[5 + kSignature.size()]) return profile;
-    }
-    offset += 2 + length;
+  JpegSegments segments(bytes, kMostProfileSegments);
+  while (const auto segment = segments.Next()) {
+    std::array<std::uint8_t, kPieceHead> head{};
+    if (segment->kind != kJpegApp2 || segment->size < head.size()) continue;
+    if (!bytes.Copy(segment->offset, head)) break;
+    if (!std::equal(kProfileSignature.begin(), kProfileSignature.end(), head.begin())) continue;
+    // Every program writes the pieces in their order.
+    const int piece = head[kProfileSignature.size()];
+    const std::size_t count = segment->size - head.size();
+    if (piece != last_piece + 1 || profile.size() + count > kLongestProfile) return {};
+    last_piece = piece;
+    profile.resize(profile.size() + count);
+    if (!bytes.Copy(segment->offset + head.size(), std::span(profile).last(count))) return {};
+    if (piece == head.back()) return profile;
   }
   return {};
 }

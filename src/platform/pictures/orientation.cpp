@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/byte_reader.h"
+#include "platform/pictures/jpeg_segments.h"
 
 namespace quorvale {
 namespace {
@@ -27,14 +28,9 @@ constexpr std::array<Orientation, 9> kOrientations{{{},
                                                     {true, true, true},
                                                     {true, false, true}}};
 
-constexpr std::array<std::uint8_t, 6> kSignature{'E', 'x', 'i', 'f', 0, 0};
+constexpr std::array<std::uint8_t, 6> kExifSignature{'E', 'x', 'i', 'f', 0, 0};
 
-// A segment of a JPEG file begins with marker and length; the length counts itself.
-constexpr std::size_t kSegmentHead = 4;
-constexpr std::uint8_t kMarker = 0xFF;
-constexpr std::uint8_t kApp1 = 0xE1;
-constexpr std::uint8_t kStartOfScan = 0xDA;
-// Cameras write Exif first. The limit bounds the search in other files.
+// Cameras write Exif first.
 constexpr int kMostSegments = 64;
 
 // A chunk of a PNG file: length, type, data, checksum.
@@ -149,9 +145,9 @@ CameraTags TagsIn(const TagBlock& block) {
 
 // Reads an APP1 segment of a JPEG file, without marker and length. None if the segment is not Exif.
 std::optional<CameraTags> TagsInSegment(ByteSpan segment) {
-  if (segment.size() <= kSignature.size()) return std::nullopt;
-  if (!std::equal(kSignature.begin(), kSignature.end(), segment.begin())) return std::nullopt;
-  return TagsIn(TagBlock(segment.subspan(kSignature.size())));
+  if (segment.size() <= kExifSignature.size()) return std::nullopt;
+  if (!std::equal(kExifSignature.begin(), kExifSignature.end(), segment.begin())) return std::nullopt;
+  return TagsIn(TagBlock(segment.subspan(kExifSignature.size())));
 }
 
 }  // namespace
@@ -191,22 +187,12 @@ CameraTags ExifCameraTags(std::span<const std::uint8_t> exif) {
 }
 
 CameraTags JpegCameraTags(ByteSource& bytes) {
-  std::size_t offset = 2;
-  for (int segment = 0; segment < kMostSegments; ++segment) {
-    std::array<std::uint8_t, kSegmentHead> head{};
-    if (!bytes.Copy(offset, head) || head[0] != kMarker || head[1] == kStartOfScan) break;
-    if (head[1] == kMarker) {  // Any number of these may fill up before a marker.
-      ++offset;
-      continue;
-    }
-    const std::size_t length = ByteReader(head, 2, std::endian::big).U16();
-    if (length < 2) break;
-    if (head[1] == kApp1) {
-      std::vector<std::uint8_t> data(length - 2);
-      bytes.Copy(offset + kSegmentHead, data);
-      if (auto tags = TagsInSegment(data)) return std::move(*tags);
-    }
-    offset += 2 + length;
+  JpegSegments segments(bytes, kMostSegments);
+  while (const auto segment = segments.Next()) {
+    if (segment->kind != kJpegApp1) continue;
+    std::vector<std::uint8_t> data(segment->size);
+    bytes.Copy(segment->offset, data);
+    if (auto tags = TagsInSegment(data)) return std::move(*tags);
   }
   return {};
 }
