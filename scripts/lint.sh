@@ -11,7 +11,7 @@ lint_code() {
   configure debug
   git ls-files "${parts[@]/%//*.cpp}" "${of_windows[@]/#/:!}" | scripts/lint_batches.py build/debug
   say "Checking the Windows program's code"
-  configure windows-64 -B build/lint-windows -D QUORVALE_PRECOMPILE=OFF
+  configure windows-64 -B build/lint-windows -D QUORVALE_JOIN=OFF
   # The linter's compiler has to be told where the headers of the other one are.
   local library
   library=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++

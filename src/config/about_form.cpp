@@ -14,14 +14,14 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::about;
+namespace about_texts = strings::about;
 
-constexpr TwipSize kClientSize = {6120, 3948};
+constexpr TwipSize kAboutSize = {6120, 3948};
 constexpr TwipRect kFilmPlace = {240, 240, 624, 1812};
 // Smaller than its control, so that it does not touch the line below.
-constexpr float kIconSide = 32;
+constexpr float kIconShown = 32;
 constexpr Colour kBlue = 0xFF0000;
-constexpr Colour kGrey = 0x808080;
+constexpr Colour kDarkLine = 0x808080;
 constexpr Colour kLightGrey = 0xE0E0E0;
 
 constexpr std::uint32_t kInfoAccess = 0x2003F;
@@ -35,25 +35,29 @@ constexpr char kInfoProgram[] = "\\MSINFO32.EXE";
 }  // namespace
 
 AboutForm::AboutForm(Process& process)
-    : Form(process.app, "frmAbout", WindowKind::kDialog, texts::kTitle),
+    : Form(process.app, "frmAbout", WindowKind::kDialog, about_texts::kTitle),
       film(*this, {.name = "picIcon", .place = kFilmPlace},
            FilmArtwork(kFilmPlace.width / kTwipsPerPixel, kFilmPlace.height / kTwipsPerPixel)),
       title(*this, {.name = "lblTitle", .place = {1056, 240, 4236, 480}}, {.one_line = true}),
-      legal_notice(*this, {.name = "lblVersion", .caption = texts::kLegalNotice, .place = {1080, 780, 3612, 228}}),
-      web_link(*this,
-               {.name = "Image1", .place = {1080, 2160, 624, 624}, .tool_tip = texts::kWebPageTip, .tab_index = 2},
-               IconArtwork(kIconSide)),
-      web_address(*this, {.name = "Label2", .caption = kWebAddress, .place = {1920, 2280, 2292, 228}}),
-      dark_line(*this, {.name = "Line1(0)", .place = {100, 2688, 5560, 0}}, kGrey),
-      light_line(*this, {.name = "Line1(1)", .place = {100, 2712, 5560, 0}}, kLightGrey),
-      disclaimer(*this, {.name = "lblDisclaimer", .caption = texts::kDisclaimer, .place = {252, 2868, 3876, 828}}),
-      ok(*this, {.name = "cmdOK", .caption = texts::kOk, .place = {4245, 2868, 1260, 345}, .tab_index = 0}),
-      system_info(
+      legal_notice(*this,
+                   {.name = "lblVersion", .caption = about_texts::kLegalNotice, .place = {1080, 780, 3612, 228}}),
+      web_link(
           *this,
-          {.name = "cmdSysInfo", .caption = texts::kSystemInfo, .place = {4260, 3312, 1245, 345}, .tab_index = 1}),
+          {.name = "Image1", .place = {1080, 2160, 624, 624}, .tool_tip = about_texts::kWebPageTip, .tab_index = 2},
+          IconArtwork(kIconShown)),
+      web_address(*this, {.name = "Label2", .caption = kWebAddress, .place = {1920, 2280, 2292, 228}}),
+      dark_line(*this, {.name = "Line1(0)", .place = {100, 2688, 5560, 0}}, kDarkLine),
+      light_line(*this, {.name = "Line1(1)", .place = {100, 2712, 5560, 0}}, kLightGrey),
+      disclaimer(*this,
+                 {.name = "lblDisclaimer", .caption = about_texts::kDisclaimer, .place = {252, 2868, 3876, 828}}),
+      ok(*this, {.name = "cmdOK", .caption = about_texts::kOk, .place = {4245, 2868, 1260, 345}, .tab_index = 0}),
+      system_info(*this, {.name = "cmdSysInfo",
+                          .caption = about_texts::kSystemInfo,
+                          .place = {4260, 3312, 1245, 345},
+                          .tab_index = 1}),
       process_(process) {
-  SetClientSize(kClientSize.width, kClientSize.height);
-  SetIcon(IconArtwork(kIconSide));
+  SetClientSize(kAboutSize.width, kAboutSize.height);
+  SetIcon(IconArtwork(kIconShown));
   web_address.SetForeColor(kBlue);
   ok.Default = true;
   ok.Cancel = true;
@@ -65,9 +69,10 @@ AboutForm::AboutForm(Process& process)
 
 void AboutForm::Form_Load() {
   CenterOnScreen();
-  SetCaption(strings::Fill(texts::kTitleNamed, {kProductName}));
-  title.SetCaption(strings::Fill(texts::kVersion, {kProductName, std::to_string(kVersionMajor),
-                                                   std::to_string(kVersionMinor), std::to_string(kVersionRevision)}));
+  SetCaption(strings::Fill(about_texts::kTitleNamed, {kProductName}));
+  title.SetCaption(strings::Fill(
+      about_texts::kVersion,
+      {kProductName, std::to_string(kVersionMajor), std::to_string(kVersionMinor), std::to_string(kVersionRevision)}));
 }
 
 void AboutForm::StartSysInfo() {
@@ -76,7 +81,7 @@ void AboutForm::StartSysInfo() {
     if (tool.empty()) throw Failure(FailureNumber::kNotFound, "No information tool", Name());
     process_.system.programs.Start(tool, kWindowNormalFocus);
   } catch (const Failure&) {
-    App().ShowMessageBox({.text = texts::kNoSystemInfo});
+    App().ShowMessageBox({.text = about_texts::kNoSystemInfo});
   }
 }
 

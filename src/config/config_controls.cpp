@@ -6,12 +6,12 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::configuration;
+namespace config_texts = strings::configuration;
 namespace items = strings::menus;
 
 constexpr float kScreenFontPoints = 4.2F;
 constexpr Colour kRuleColour = 0x808080;
-constexpr TwipSize kClientSize = {5535, 6615};
+constexpr TwipSize kConfigSize = {5535, 6615};
 constexpr TwipRect kListPlace = {120, 600, 3492, 1968};
 
 // A control on the frame of the lists.
@@ -27,7 +27,7 @@ WidgetDesign OnFrame(Frame& frame, const char* name, const strings::ControlText&
 
 // A list shows no caption, but screen readers speak it.
 WidgetDesign ListDesign(Frame& frame, const char* name, const char* caption, int tab_index, bool visible) {
-  WidgetDesign design = OnFrame(frame, name, {caption, texts::kListTip}, kListPlace, tab_index);
+  WidgetDesign design = OnFrame(frame, name, {caption, config_texts::kListTip}, kListPlace, tab_index);
   design.visible = visible;
   return design;
 }
@@ -75,30 +75,31 @@ constexpr MenuRow kMenuRows[] = {
 }  // namespace
 
 ConfigControls::ConfigControls(Process& process)
-    : ShowForm(process, "frmConfig", WindowKind::kDialog, texts::kTitle, {"Small Fonts", kScreenFontPoints}),
-      list_frame(*this, {.name = "fraPlayList", .caption = texts::kPlayList, .place = {120, 2520, 5292, 3492}}, true),
-      view_pictures(*this, OnFrame(list_frame, "OptPicture", texts::kViewPictures, {120, 240, 1212, 252}, 0)),
-      view_sounds(*this, OnFrame(list_frame, "OptSound", texts::kViewSounds, {1440, 240, 1212, 252}, 1)),
-      lists{{{*this, ListDesign(list_frame, "lstList(0)", texts::kViewPictures.caption, 2, true)},
-             {*this, ListDesign(list_frame, "lstList(1)", texts::kViewSounds.caption, 3, false)}}},
+    : ShowForm(process, "frmConfig", WindowKind::kDialog, config_texts::kTitle, {"Small Fonts", kScreenFontPoints}),
+      list_frame(*this, {.name = "fraPlayList", .caption = config_texts::kPlayList, .place = {120, 2520, 5292, 3492}},
+                 true),
+      view_pictures(*this, OnFrame(list_frame, "OptPicture", config_texts::kViewPictures, {120, 240, 1212, 252}, 0)),
+      view_sounds(*this, OnFrame(list_frame, "OptSound", config_texts::kViewSounds, {1440, 240, 1212, 252}, 1)),
+      lists{{{*this, ListDesign(list_frame, "lstList(0)", config_texts::kViewPictures.caption, 2, true)},
+             {*this, ListDesign(list_frame, "lstList(1)", config_texts::kViewSounds.caption, 3, false)}}},
       list_buttons{{
-          {*this, OnFrame(list_frame, "cmdImages(0)", texts::kAddFiles, {3720, 600, 1452, 372}, 4)},
-          {*this, OnFrame(list_frame, "cmdImages(1)", texts::kAddDirectory, {3720, 1080, 1452, 372}, 10)},
-          {*this, OnFrame(list_frame, "cmdImages(2)", texts::kRemove, {3720, 1560, 1452, 372}, 5)},
-          {*this, OnFrame(list_frame, "cmdImages(3)", texts::kMoveUp, {3720, 2160, 732, 372}, 6)},
-          {*this, OnFrame(list_frame, "cmdImages(4)", texts::kMoveDown, {4440, 2160, 732, 372}, 7)},
+          {*this, OnFrame(list_frame, "cmdImages(0)", config_texts::kAddFiles, {3720, 600, 1452, 372}, 4)},
+          {*this, OnFrame(list_frame, "cmdImages(1)", config_texts::kAddDirectory, {3720, 1080, 1452, 372}, 10)},
+          {*this, OnFrame(list_frame, "cmdImages(2)", config_texts::kRemove, {3720, 1560, 1452, 372}, 5)},
+          {*this, OnFrame(list_frame, "cmdImages(3)", config_texts::kMoveUp, {3720, 2160, 732, 372}, 6)},
+          {*this, OnFrame(list_frame, "cmdImages(4)", config_texts::kMoveDown, {4440, 2160, 732, 372}, 7)},
       }},
-      path_title(*this, OnFrame(list_frame, "lblPathLabel", {texts::kPathTitle}, {120, 2640, 852, 252})),
-      path_line(*this, OnFrame(list_frame, "lblPath", {"", texts::kPathTip}, {120, 2880, 4452, 492})),
+      path_title(*this, OnFrame(list_frame, "lblPathLabel", {config_texts::kPathTitle}, {120, 2640, 852, 252})),
+      path_line(*this, OnFrame(list_frame, "lblPath", {"", config_texts::kPathTip}, {120, 2880, 4452, 492})),
       ok(*this, {.name = "cmdOK",
-                 .caption = texts::kOk.caption,
+                 .caption = config_texts::kOk.caption,
                  .place = {2880, 6120, 1200, 372},
-                 .tool_tip = texts::kOk.tip,
+                 .tool_tip = config_texts::kOk.tip,
                  .tab_index = 8}),
       cancel(*this, {.name = "cmdCancel",
-                     .caption = texts::kCancel.caption,
+                     .caption = config_texts::kCancel.caption,
                      .place = {4200, 6120, 1200, 372},
-                     .tool_tip = texts::kCancel.tip,
+                     .tool_tip = config_texts::kCancel.tip,
                      .tab_index = 9}),
       monitor(*this, {.name = "Image1", .place = {1350, 45, 2835, 2610}}, nullptr),
       menu_line(*this, {.name = "Line1", .place = {0, 0, 5520, 15}}, kRuleColour),
@@ -110,7 +111,7 @@ ConfigControls::ConfigControls(Process& process)
   cancel.Cancel = true;
   AddMenus();
   SetIcon(&ConfigIcon);
-  SetClientSize(kClientSize.width, kClientSize.height);
+  SetClientSize(kConfigSize.width, kConfigSize.height);
 }
 
 void ConfigControls::AddMenus() {

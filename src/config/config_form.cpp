@@ -23,7 +23,7 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::configuration;
+namespace config_texts = strings::configuration;
 
 constexpr std::array<const char*, 2> kSections = {kPictureSection, kSoundSection};
 
@@ -142,9 +142,9 @@ ListsSaved ConfigForm::SavePlayLists() {
 void ConfigForm::ReportIncompleteLists() {
   std::string text;
   if (Contains(loaded_parts_, LoadedPart::kUnread)) {
-    text = texts::kUnread;
+    text = config_texts::kUnread;
   } else if (Contains(loaded_parts_, LoadedPart::kFirst)) {
-    text = strings::Fill(texts::kListIsLonger, {std::to_string(ListBox::kMostItems)});
+    text = strings::Fill(config_texts::kListIsLonger, {std::to_string(ListBox::kMostItems)});
   }
   if (!text.empty()) App().ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});
 }
@@ -162,7 +162,7 @@ void ConfigForm::tmrSwitch_Timer() {
 
 void ConfigForm::RunStatement(const std::string& procedure, const std::function<void()>& statement) {
   const auto report = [&](FailureNumber number, const std::string& source) {
-    App().ShowMessageBox({.text = strings::Fill(texts::kProcedureFailed,
+    App().ShowMessageBox({.text = strings::Fill(config_texts::kProcedureFailed,
                                                 {procedure, std::to_string(static_cast<int>(number)), source})});
   };
   try {
@@ -208,8 +208,9 @@ void ConfigForm::UpdateCommandStates() {
 void ConfigForm::cmdOK_Click() {
   const ListsSaved saved = SavePlayLists();
   if (saved != ListsSaved::kSaved) {
-    App().ShowMessageBox({.text = saved == ListsSaved::kUnread ? texts::kUnreadNotSaved : texts::kNotSaved,
-                          .icon = MessageBoxIcon::kExclamation});
+    App().ShowMessageBox(
+        {.text = saved == ListsSaved::kUnread ? config_texts::kUnreadNotSaved : config_texts::kNotSaved,
+         .icon = MessageBoxIcon::kExclamation});
     return;
   }
   if (!CurPlayList().empty()) WritePlayListFile(CurPlayList());
@@ -252,7 +253,7 @@ void ConfigForm::mnuHelpSearchForHelpOn_Click() { ShowHelp(kHelpFile, kHelpParti
 
 void ConfigForm::ShowHelp(const std::string& help_file, std::uint32_t command) {
   if (help_file.empty()) {
-    App().ShowMessageBox({.text = texts::kNoHelp, .title = Caption(), .icon = MessageBoxIcon::kInformation});
+    App().ShowMessageBox({.text = config_texts::kNoHelp, .title = Caption(), .icon = MessageBoxIcon::kInformation});
     return;
   }
   try {

@@ -11,7 +11,7 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::files;
+namespace file_texts = strings::files;
 
 }  // namespace
 
@@ -29,7 +29,7 @@ void ConfigForm::WritePlayListFile(const std::string& path) {
   try {
     process_.system.files.WriteFile(path, PlayListText(lists[0], lists[1]));
   } catch (const std::exception& failure) {
-    App().ShowMessageBox({.text = strings::Fill(texts::kNotWritten, {failure.what()})});
+    App().ShowMessageBox({.text = strings::Fill(file_texts::kNotWritten, {failure.what()})});
     return;
   }
   SetPlayListDirty(false);
@@ -40,18 +40,18 @@ void ConfigForm::ReadPlayListFile(const std::string& path) {
   try {
     AppendPlayListText(files.ReadFile(path, kMostPlayListBytes + 1), files, lists[0], lists[1]);
   } catch (const std::exception& failure) {
-    App().ShowMessageBox({.text = strings::Fill(texts::kNotRead, {failure.what()})});
+    App().ShowMessageBox({.text = strings::Fill(file_texts::kNotRead, {failure.what()})});
   }
 }
 
 SaveAnswer ConfigForm::PromptSaveChanges() {
-  std::string question = texts::kSaveChanges;
+  std::string question = file_texts::kSaveChanges;
   if (!CurPlayList().empty()) {
-    question =
-        strings::Fill(texts::kSaveChangesNamed, {PathPart(CurPlayList(), kPathName, process_.system.files.Syntax())});
+    question = strings::Fill(file_texts::kSaveChangesNamed,
+                             {PathPart(CurPlayList(), kPathName, process_.system.files.Syntax())});
   }
   switch (App().ShowMessageBox({.text = question,
-                                .title = texts::kSaveTitle,
+                                .title = file_texts::kSaveTitle,
                                 .buttons = MessageBoxButtons::kYesNoCancel,
                                 .icon = MessageBoxIcon::kQuestion})) {
     case MessageBoxAnswer::kYes:
@@ -90,7 +90,7 @@ void ConfigForm::SetUpFileDialog(const std::string& title, const std::string& st
 }
 
 void ConfigForm::ShowOpenDialog() {
-  SetUpFileDialog(texts::kOpenTitle, "", texts::kOpenFilter,
+  SetUpFileDialog(file_texts::kOpenTitle, "", file_texts::kOpenFilter,
                   kOfnHideReadOnly | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);
   file_dialog.ShowOpen();
 }
@@ -146,7 +146,7 @@ void ConfigForm::mnuSave_Click() {
 
 void ConfigForm::mnuSaveAs_Click() {
   WithPreviewPaused([this] {
-    SetUpFileDialog(texts::kSaveTitle, CurPlayList(), texts::kSaveFilter,
+    SetUpFileDialog(file_texts::kSaveTitle, CurPlayList(), file_texts::kSaveFilter,
                     kOfnHideReadOnly | kOfnOverwritePrompt | kOfnExplorer | kOfnLongNames);
     file_dialog.ShowSave();
     const std::string path = file_dialog.FileName;

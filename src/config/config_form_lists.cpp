@@ -10,7 +10,7 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::adding;
+namespace adding_texts = strings::adding;
 
 // In characters; platforms return more if more is selected.
 constexpr int kFileNameBuffer = 10'000;
@@ -61,8 +61,8 @@ void ConfigForm::RunListCommand(int index) {
 void ConfigForm::AddFiles() {
   const bool pictures = view_pictures.Value();
   const std::string mask = pictures ? PictureMask(process_.options.MoreKinds()) : kSoundMask;
-  SetUpFileDialog(texts::kSelectFiles, "",
-                  strings::Fill(pictures ? texts::kPictureFilter : texts::kSoundFilter, {mask}),
+  SetUpFileDialog(adding_texts::kSelectFiles, "",
+                  strings::Fill(pictures ? adding_texts::kPictureFilter : adding_texts::kSoundFilter, {mask}),
                   kOfnHideReadOnly | kOfnAllowMultiSelect | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);
   file_dialog.MaxFileSize = kFileNameBuffer;
   file_dialog.CancelError = false;
@@ -79,7 +79,7 @@ void ConfigForm::AddFiles() {
 }
 
 void ConfigForm::AddDirectory() {
-  const std::string chosen = App().GetPlatform().BrowseForFolder(Window(), texts::kSelectDirectory);
+  const std::string chosen = App().GetPlatform().BrowseForFolder(Window(), adding_texts::kSelectDirectory);
   if (Trim(chosen).empty()) return;
   const PathSyntax syntax = process_.system.files.Syntax();
   EntryAdder adder(VisibleList(), syntax);

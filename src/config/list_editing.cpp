@@ -13,7 +13,7 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::adding;
+namespace adding_texts = strings::adding;
 
 // The most characters of an entry that are read back as its name and as its directory.
 constexpr std::size_t kMostNameCharacters = 254;
@@ -25,17 +25,17 @@ constexpr std::size_t kMostCharactersShown = 100;
 // The reason why this entry would give another path; empty if it gives this one.
 std::string ReasonAgainst(const std::string& name, const std::string& directory, const std::string& path,
                           const std::string& entry, const PathSyntax& syntax) {
-  if (path.find_first_of("\r\n") != std::string::npos) return texts::kHasLineEnd;
+  if (path.find_first_of("\r\n") != std::string::npos) return adding_texts::kHasLineEnd;
   if (Length(name) > kMostNameCharacters) {
-    return strings::Fill(texts::kNameTooLong, {std::to_string(kMostNameCharacters)});
+    return strings::Fill(adding_texts::kNameTooLong, {std::to_string(kMostNameCharacters)});
   }
   if (Length(directory) > kMostDirectoryCharacters) {
-    return strings::Fill(texts::kDirectoryTooLong, {std::to_string(kMostDirectoryCharacters)});
+    return strings::Fill(adding_texts::kDirectoryTooLong, {std::to_string(kMostDirectoryCharacters)});
   }
   if (Trim(name) != name || Trim(directory) != directory) {
-    return texts::kHasOuterBlank;
+    return adding_texts::kHasOuterBlank;
   }
-  if (EntryPath(entry, syntax) != path) return texts::kEndsInSeparator;
+  if (EntryPath(entry, syntax) != path) return adding_texts::kEndsInSeparator;
   return {};
 }
 
@@ -97,7 +97,7 @@ void EntryAdder::AddDirectory(const std::string& directory) { Add(directory, dir
 void EntryAdder::Add(const std::string& name, const std::string& directory, const std::string& path) {
   std::string entry = MakeListEntry(name, directory);
   std::string reason = ReasonAgainst(name, directory, path, entry, syntax_);
-  if (reason.empty() && list_.ListCount() >= ListBox::kMostItems) reason = texts::kListIsFull;
+  if (reason.empty() && list_.ListCount() >= ListBox::kMostItems) reason = adding_texts::kListIsFull;
   if (!reason.empty()) {
     left_out_.push_back({name, std::move(reason)});
     return;
@@ -108,13 +108,13 @@ void EntryAdder::Add(const std::string& name, const std::string& directory, cons
 
 void EntryAdder::ReportLeftOut(Application& app) const {
   if (left_out_.empty()) return;
-  std::string text = texts::kNotAdded;
+  std::string text = adding_texts::kNotAdded;
   const std::size_t shown = std::min(left_out_.size(), kMostNamesShown);
   for (std::size_t i = 0; i < shown; ++i) {
-    text += strings::Fill(texts::kNotAddedName, {Shown(left_out_[i].name), left_out_[i].reason});
+    text += strings::Fill(adding_texts::kNotAddedName, {Shown(left_out_[i].name), left_out_[i].reason});
   }
   if (shown < left_out_.size()) {
-    text += strings::Fill(texts::kMoreNotAdded, {std::to_string(left_out_.size() - shown)});
+    text += strings::Fill(adding_texts::kMoreNotAdded, {std::to_string(left_out_.size() - shown)});
   }
   app.ShowMessageBox({.text = text, .icon = MessageBoxIcon::kExclamation});
 }

@@ -11,17 +11,17 @@
 namespace quorvale {
 namespace {
 
-namespace texts = strings::options;
+namespace option_texts = strings::options;
 
-constexpr TwipSize kClientSize = {6216, 4104};
+constexpr TwipSize kOptionsSize = {6216, 4104};
 constexpr int kBackspace = 8;
 constexpr int kPicturesPage = 1;
 
 }  // namespace
 
 OptionsForm::OptionsForm(Process& process)
-    : Form(process.app, "frmOptions", WindowKind::kDialog, texts::kTitle), process_(process) {
-  SetClientSize(kClientSize.width, kClientSize.height);
+    : Form(process.app, "frmOptions", WindowKind::kDialog, option_texts::kTitle), process_(process) {
+  SetClientSize(kOptionsSize.width, kOptionsSize.height);
   back_colour_.SetBackColor(kBlack);
   frame_colour_.SetBackColor(kWhite);
   ok_.Default = true;
@@ -51,10 +51,10 @@ void OptionsForm::ReadOptions() {
   try {
     options_read_ = table.Load(process_.options);
   } catch (const Failure& failure) {
-    Warn(strings::Fill(texts::kNotShown, {failure.Description()}));
+    Warn(strings::Fill(option_texts::kNotShown, {failure.Description()}));
     options_read_ = table.LoadUsable(process_.options);
   }
-  if (!options_read_) Warn(texts::kUnread);
+  if (!options_read_) Warn(option_texts::kUnread);
 }
 
 void OptionsForm::Warn(const std::string& text) {
@@ -96,14 +96,14 @@ void OptionsForm::txtInterval_KeyPress(int& code) {
 }
 
 void OptionsForm::cmdOK_Click() {
-  if (!IsBetween(interval_, 2, 60, texts::kIntervalRange)) return;
-  if (!IsBetween(thickness_, 1, 20, texts::kThicknessRange)) return;
+  if (!IsBetween(interval_, 2, 60, option_texts::kIntervalRange)) return;
+  if (!IsBetween(thickness_, 1, 20, option_texts::kThicknessRange)) return;
   if (!options_read_) {
-    Warn(texts::kUnreadNotSaved);
+    Warn(option_texts::kUnreadNotSaved);
     return;
   }
   if (!process_.Settings.SaveTogether([this] { table.Save(process_.options); })) {
-    Warn(texts::kNotSaved);
+    Warn(option_texts::kNotSaved);
     return;
   }
   Unload();

@@ -26,11 +26,11 @@ bool Contains(const PixelRect& rect, int x, int y) {
 }
 
 // Coordinates are clamped to this. It is so far outside every surface that the result does not change.
-constexpr double kFarthest = 1e7;
+constexpr double kFarthestPixel = 1e7;
 
 double DevicePosition(float twips, float scale) {
   if (!std::isfinite(twips)) throw Failure(FailureNumber::kInvalidArgument, "Invalid coordinate", "PictureBox");
-  return std::clamp(ToPixels(twips, scale), -kFarthest, kFarthest);
+  return std::clamp(ToPixels(twips, scale), -kFarthestPixel, kFarthestPixel);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace quorvale {
 namespace {
 
 // Outside every surface, yet small enough to be squared and subtracted without loss.
-constexpr double kFarthest = 1e9;
+constexpr double kFarthestCoordinate = 1e9;
 
 // Lines that deviate by less than this many pixels count as horizontal or vertical.
 constexpr double kStraight = 1e-6;
@@ -19,7 +19,7 @@ bool AnyNan(Numbers... numbers) {
   return (std::isnan(numbers) || ...);
 }
 
-double Near(double coordinate) { return std::clamp(coordinate, -kFarthest, kFarthest); }
+double Near(double coordinate) { return std::clamp(coordinate, -kFarthestCoordinate, kFarthestCoordinate); }
 
 // The first pixel from 0 to `limit` whose centre is beyond `edge`.
 int FirstBeyond(double edge, int limit) {
@@ -84,7 +84,7 @@ void Surface::DrawLine(double x1, double y1, double x2, double y2, double pen, P
   y1 = Near(y1);
   x2 = Near(x2);
   y2 = Near(y2);
-  pen = std::clamp(pen, 0.0, kFarthest);
+  pen = std::clamp(pen, 0.0, kFarthestCoordinate);
   if (std::abs(x2 - x1) > kStraight && std::abs(y2 - y1) > kStraight) {
     DrawSlantedLine(x1, y1, x2, y2, pen, colour);
     return;
@@ -122,7 +122,7 @@ void Surface::DrawCircle(double x, double y, double radius, double pen, Pixel ou
   x = Near(x);
   y = Near(y);
   radius = Near(radius);
-  const double half = std::clamp(pen, 0.0, kFarthest) / 2;
+  const double half = std::clamp(pen, 0.0, kFarthestCoordinate) / 2;
   const double outer = radius + half;
   const double inner = outline == fill ? 0.0 : radius - half;
   const int bottom = FirstBeyond(y + outer, height_);

@@ -16,7 +16,7 @@ namespace {
 
 // A code of one and a half bytes stands for at most 4096 pixels, and a file that claims more is damaged. Without this
 // limit 86 bytes can cost 442 MB.
-constexpr std::int64_t kPixelsToByte = 4096;
+constexpr std::int64_t kGifPixelsToByte = 4096;
 // A larger picture would take too much time, however small its file.
 constexpr std::int64_t kMostPixels = 1 << 28;
 
@@ -106,7 +106,7 @@ class GifDecoder {
     size_ = {std::max(gif_->SWidth, frame_.Right()), std::max(gif_->SHeight, frame_.Bottom())};
     const std::int64_t pixels = std::int64_t{size_.width} * size_.height;
     if (pixels > kMostPixels) FailLoad("Picture too large");
-    if (pixels / kPixelsToByte > static_cast<std::int64_t>(file_.Size())) FailLoad("Damaged picture");
+    if (pixels / kGifPixelsToByte > static_cast<std::int64_t>(file_.Size())) FailLoad("Damaged picture");
   }
 
   PictureFile& file_;

@@ -14,7 +14,7 @@ namespace quorvale {
 namespace {
 
 // The bytes after which decoding looks at the clock.
-constexpr std::size_t kPiece = std::size_t{1} << 20U;
+constexpr std::size_t kJxlPiece = std::size_t{1} << 20U;
 
 // Depth, masks and the like, which are decoded but not shown. Each takes as much memory as a colour.
 constexpr std::uint32_t kMostFurtherChannels = 4;
@@ -65,7 +65,7 @@ JxlDecoderStatus JxlReader::Proceed() {
     // The decoder wants the rest again, with more behind it.
     const std::size_t left = JxlDecoderReleaseInput(decoder_.get());
     const std::size_t start = given_ - left;
-    given_ = std::min(bytes_.size(), given_ + std::max(kPiece, left));
+    given_ = std::min(bytes_.size(), given_ + std::max(kJxlPiece, left));
     if (JxlDecoderSetInput(decoder_.get(), &bytes_[start], given_ - start) != JXL_DEC_SUCCESS) return JXL_DEC_ERROR;
     if (given_ == bytes_.size()) JxlDecoderCloseInput(decoder_.get());
   }

@@ -14,7 +14,7 @@ namespace quorvale {
 namespace {
 
 // The most pixels that the format can pack into a byte.
-constexpr std::int64_t kPixelsToByte = 8300;
+constexpr std::int64_t kPngPixelsToByte = 8300;
 
 constexpr png_byte kProfileChunk[] = {'i', 'C', 'C', 'P', 0};
 
@@ -209,7 +209,7 @@ class PngPicture : public FilePicture {
     auto decoder = std::make_unique<PngDecoder>(File());
     if (!decoder->ReadHeader()) FailLoad("Damaged picture");
     const std::int64_t pixels = std::int64_t{decoder->Width()} * decoder->Height();
-    if (pixels / kPixelsToByte > static_cast<std::int64_t>(File().Size())) FailLoad("Damaged picture");
+    if (pixels / kPngPixelsToByte > static_cast<std::int64_t>(File().Size())) FailLoad("Damaged picture");
     if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) FailLoad("Picture too large");
     return decoder;
   }

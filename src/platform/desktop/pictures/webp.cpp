@@ -14,7 +14,7 @@ namespace quorvale {
 namespace {
 
 // The bytes after which decoding looks at the clock.
-constexpr std::size_t kPiece = std::size_t{256} << 10U;
+constexpr std::size_t kWebpPiece = std::size_t{256} << 10U;
 
 constexpr bool kBlueFirst = std::endian::native == std::endian::little;
 
@@ -95,7 +95,7 @@ bool WebpRows::GoTo(int top) {
   VP8StatusCode status = VP8_STATUS_SUSPENDED;
   int decoded = 0;
   for (std::size_t end = 0; status == VP8_STATUS_SUSPENDED && end < frame_.bytes.size() && !file_.IsOverdue();) {
-    end = std::min(end + kPiece, frame_.bytes.size());
+    end = std::min(end + kWebpPiece, frame_.bytes.size());
     status = WebPIUpdate(decoder.get(), frame_.bytes.data(), end);
     if (status == VP8_STATUS_SUSPENDED || status == VP8_STATUS_OK) {
       WebPIDecGetRGB(decoder.get(), &decoded, nullptr, nullptr, nullptr);

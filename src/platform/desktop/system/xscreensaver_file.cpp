@@ -33,7 +33,7 @@ std::vector<std::string> Settings(std::string_view text) {
   return settings;
 }
 
-bool HasKey(std::string_view setting, std::string_view key) {
+bool IsSetting(std::string_view setting, std::string_view key) {
   const std::size_t colon = setting.find(':');
   return colon != std::string_view::npos && EqualsIgnoringCase(TrimWhiteSpace(setting.substr(0, colon)), key);
 }
@@ -115,12 +115,12 @@ std::string SelectSaver(const std::string& text, const std::string& command) {
   std::string selected = "selected:\t0\n";
   std::string result;
   for (const std::string& setting : Settings(text)) {
-    if (HasKey(setting, "programs")) {
+    if (IsSetting(setting, "programs")) {
       result += ProgramsSetting(std::string_view(setting).substr(setting.find(':') + 1), command);
       programs.clear();
-    } else if (HasKey(setting, "mode")) {
+    } else if (IsSetting(setting, "mode")) {
       result += std::exchange(mode, {});
-    } else if (HasKey(setting, "selected")) {
+    } else if (IsSetting(setting, "selected")) {
       result += std::exchange(selected, {});
     } else {
       result += setting;

@@ -11,7 +11,6 @@ namespace quorvale {
 namespace {
 
 constexpr std::wstring_view kFace = L"MS Shell Dlg 2";
-constexpr float kDefaultPoints = 8.25F;
 constexpr float kPointsPerInch = 72;
 
 bool Holds(const TwipRect& outer, const TwipRect& inner) {

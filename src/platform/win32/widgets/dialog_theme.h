@@ -10,12 +10,15 @@ namespace quorvale {
 
 class TabStrip;
 
+// The size of a dialog's text, where a control has none of its own.
+inline constexpr float kDefaultPoints = 8.25F;
+
 // The fonts of a dialog's controls at one scale: device pixels per layout pixel.
 class DialogFonts {
  public:
   explicit DialogFonts(float scale) : scale_(scale) {}
 
-  // 0 points is the default size. The font lives as long as this object.
+  // 0 points is `kDefaultPoints`. The font lives as long as this object.
   HFONT Get(float points, bool bold);
 
  private:

@@ -1,13 +1,13 @@
 #include "platform/win32/widgets/label_peer.h"
 
 #include "platform/win32/system/system_text.h"
+#include "platform/win32/widgets/dialog_theme.h"
 #include "platform/win32/widgets/dialog_window.h"
 #include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 namespace {
 
-constexpr float kDefaultPoints = 8.25F;
 constexpr float kPointStep = 0.75F;
 // The smallest size that is still readable.
 constexpr float kLeastPoints = 6.75F;
