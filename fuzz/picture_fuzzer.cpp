@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/failure.h"
+#include "libfuzzer.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/files.h"
 
@@ -45,6 +46,7 @@ void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(con
 }  // namespace quorvale
 
 // Text in metafiles needs it.
+// NOLINTNEXTLINE(readability-non-const-parameter): the library says what the parameters are.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   static const QGuiApplication application(*argc, *argv);

@@ -10,8 +10,7 @@
 #include <string>
 #include <vector>
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include "libfuzzer.h"
 
 namespace {
 
@@ -31,7 +30,8 @@ class Sweep {
   }
 
   void TryAll(Bytes bytes) {
-    for (std::size_t size = 0; size <= bytes.size(); ++size) Try(Bytes(bytes.begin(), bytes.begin() + size));
+    for (std::size_t size = 0; size <= bytes.size(); ++size)
+      Try(Bytes(bytes.begin(), std::next(bytes.begin(), static_cast<std::ptrdiff_t>(size))));
     for (std::size_t bit = 0; bit < bytes.size() * 8; ++bit) {
       const auto mask = static_cast<std::uint8_t>(1U << bit % 8);
       bytes[bit / 8] ^= mask;

@@ -1,6 +1,7 @@
 #include "drawing.h"
 
 #include <cstring>
+#include <iterator>
 
 HGDIOBJ Use(HDC dc, HGDIOBJ object) {
   SelectObject(dc, object);
@@ -34,8 +35,9 @@ Bitmap MakeBitmap(int width, int height, int depth) {
         row[x] = static_cast<std::uint8_t>(value);
       } else if (depth == 16) {
         const int pixel = (x * 31 / width) << 10 | (y * 31 / height) << 5 | (x > y ? 31 : 4);
-        row[x * 2] = static_cast<std::uint8_t>(pixel);
-        row[x * 2 + 1] = static_cast<std::uint8_t>(pixel >> 8);
+        std::uint8_t* const low = std::next(row, std::ptrdiff_t{x} * 2);
+        low[0] = static_cast<std::uint8_t>(pixel);
+        low[1] = static_cast<std::uint8_t>(pixel >> 8);
       } else {
         std::uint8_t* pixel = row + x * depth / 8;
         pixel[0] = static_cast<std::uint8_t>(x > y ? 200 : 30);

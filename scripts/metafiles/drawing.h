@@ -13,10 +13,10 @@ using Draw = void (*)(HDC, bool emf);
 
 // A picture for one group of records.
 struct Family {
-  const char* name;
-  Draw draw;
-  bool wmf;
-  bool emf;
+  const char* name = "";
+  Draw draw = nullptr;
+  bool wmf = false;
+  bool emf = false;
   // Wine's players skip these records, so the truth is drawn directly.
   Draw truth = nullptr;
 };

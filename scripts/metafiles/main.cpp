@@ -72,7 +72,8 @@ void PutExtendedPens(std::vector<std::uint8_t>& bytes) {
       append(head, sizeof(head));
       append(pen.data(), pen.size() * sizeof(DWORD));
     } else {
-      made.insert(made.end(), bytes.begin() + at, bytes.begin() + at + size);
+      const auto* record = bytes.data() + at;
+      made.insert(made.end(), record, record + size);
     }
     at += size;
   }
@@ -89,8 +90,9 @@ void MakeWmf(const Family& family) {
   std::vector<std::uint8_t> bytes(GetMetaFileBitsEx(made, 0, nullptr));
   GetMetaFileBitsEx(made, static_cast<UINT>(bytes.size()), bytes.data());
   Placeable head;
-  const auto* words = reinterpret_cast<const std::uint16_t*>(&head);
-  for (int i = 0; i < 10; ++i) head.checksum ^= words[i];
+  std::uint16_t words[10];
+  memcpy(words, &head, sizeof(words));
+  for (const std::uint16_t word : words) head.checksum ^= word;
   Save(std::string(family.name) + ".wmf", &head, sizeof(head), bytes.data(), bytes.size());
   Sheet sheet;
   SetMapMode(sheet.dc, MM_ANISOTROPIC);

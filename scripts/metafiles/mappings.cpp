@@ -6,7 +6,7 @@
 
 namespace {
 
-void Mapping(HDC dc, bool) {
+void Mapping(HDC dc, bool /*emf*/) {
   Pen(dc, PS_SOLID, 0, RGB(0, 0, 0));
   SaveDC(dc);
   SetMapMode(dc, MM_ANISOTROPIC);
@@ -26,7 +26,7 @@ void Mapping(HDC dc, bool) {
   Rectangle(dc, 2, 130, 60, 148);
 }
 
-void IsotropicMapping(HDC dc, bool) {
+void IsotropicMapping(HDC dc, bool /*emf*/) {
   SetMapMode(dc, MM_ISOTROPIC);
   SetWindowExtEx(dc, 100, 100, nullptr);
   SetViewportExtEx(dc, 200, -150, nullptr);
@@ -39,7 +39,7 @@ void IsotropicMapping(HDC dc, bool) {
   Rectangle(dc, 100, 100, 150, 120);
 }
 
-void FixedMappings(HDC dc, bool) {
+void FixedMappings(HDC dc, bool /*emf*/) {
   const int modes[] = {MM_LOMETRIC, MM_HIMETRIC, MM_LOENGLISH, MM_HIENGLISH, MM_TWIPS};
   const int sizes[] = {50, 500, 20, 200, 288};
   for (int i = 0; i < 5; ++i) {
@@ -52,8 +52,8 @@ void FixedMappings(HDC dc, bool) {
 }
 
 // An arc of an ellipse, counterclockwise, in degrees.
-void AddArc(std::vector<POINT>& points, double x, double y, double across, double down, double from, double to) {
-  for (double degree = from; degree <= to; degree += 1) {
+void AddArc(std::vector<POINT>& points, double x, double y, double across, double down, int from, int to) {
+  for (int degree = from; degree <= to; ++degree) {
     const double angle = degree * 3.14159265 / 180;
     // A hundred units per pixel.
     points.push_back(
@@ -69,7 +69,7 @@ void StartWorld(HDC dc) {
 const XFORM kTurn{0.8F, 0.6F, -0.6F, 0.8F, 80, 10};
 const XFORM kShear{1, 0, 0.5F, 1, 30, -20};
 
-void WorldTransforms(HDC dc, bool) {
+void WorldTransforms(HDC dc, bool /*emf*/) {
   StartWorld(dc);
   Pen(dc, PS_SOLID, 3, RGB(0, 0, 120));
   SetWorldTransform(dc, &kTurn);
@@ -81,7 +81,7 @@ void WorldTransforms(HDC dc, bool) {
 }
 
 // Wine applies rotation to polygons but not to boxes.
-void WorldTruth(HDC dc, bool) {
+void WorldTruth(HDC dc, bool /*emf*/) {
   StartWorld(dc);
   Pen(dc, PS_SOLID, 300, RGB(0, 0, 120));
   const XFORM fine{0.01F, 0, 0, 0.01F, 0, 0};
@@ -106,14 +106,14 @@ void WorldTruth(HDC dc, bool) {
   Polygon(dc, points.data(), static_cast<int>(points.size()));
 }
 
-void TurnedBitmaps(HDC dc, bool) {
+void TurnedBitmaps(HDC dc, bool /*emf*/) {
   SetGraphicsMode(dc, GM_ADVANCED);
   const XFORM turn{0.8F, 0.6F, -0.6F, 0.8F, 80, 10};
   SetWorldTransform(dc, &turn);
   Stretch(dc, 0, 0, 100, 80, MakeBitmap(20, 20, 24));
 }
 
-void TurnedBitmapTruth(HDC dc, bool) {
+void TurnedBitmapTruth(HDC dc, bool /*emf*/) {
   DrawByPoints(dc, MakeBitmap(20, 20, 24), [](double x, double y) {
     const double across = (x - 80) * 0.8 + (y - 10) * 0.6;
     const double down = (y - 10) * 0.8 - (x - 80) * 0.6;
@@ -121,7 +121,7 @@ void TurnedBitmapTruth(HDC dc, bool) {
   });
 }
 
-void SaveAndRestore(HDC dc, bool) {
+void SaveAndRestore(HDC dc, bool /*emf*/) {
   Brush(dc, RGB(255, 0, 0));
   Pen(dc, PS_SOLID, 3, RGB(0, 0, 0));
   SaveDC(dc);

@@ -8,7 +8,7 @@ namespace {
 
 // Lines and pens.
 
-void Lines(HDC dc, bool) {
+void Lines(HDC dc, bool /*emf*/) {
   for (int i = 0; i < 10; ++i) {
     Pen(dc, PS_SOLID, 1 + i, RGB(25 * i, 0, 255 - 25 * i));
     MoveToEx(dc, 10 + i * 18, 10, nullptr);
@@ -20,7 +20,7 @@ void Lines(HDC dc, bool) {
   for (int i = 0; i < 30; ++i) SetPixel(dc, 120 + i * 2, 80 + i % 5, RGB(255, 0, 0));
 }
 
-void Pens(HDC dc, bool) {
+void Pens(HDC dc, bool /*emf*/) {
   const int styles[] = {PS_SOLID, PS_DASH, PS_DOT, PS_DASHDOT, PS_DASHDOTDOT, PS_NULL, PS_INSIDEFRAME};
   for (int i = 0; i < 7; ++i) {
     SetBkMode(dc, i % 2 == 0 ? TRANSPARENT : OPAQUE);
@@ -42,7 +42,7 @@ void ExtendedPen(HDC dc, DWORD style, DWORD width, LOGBRUSH brush, const std::ve
   ExtendedPens().push_back(record);
 }
 
-void GeometricPens(HDC dc, bool) {
+void GeometricPens(HDC dc, bool /*emf*/) {
   const DWORD caps[] = {PS_ENDCAP_ROUND, PS_ENDCAP_SQUARE, PS_ENDCAP_FLAT};
   const DWORD joins[] = {PS_JOIN_ROUND, PS_JOIN_BEVEL, PS_JOIN_MITER};
   const DWORD styles[] = {PS_DASH, PS_DOT, PS_DASHDOT};
@@ -72,7 +72,7 @@ void DashTruth(HDC dc, int y, int width, const std::vector<int>& dashes) {
 }
 
 // Dashes, caps and joins as areas.
-void GeometricPenTruth(HDC dc, bool) {
+void GeometricPenTruth(HDC dc, bool /*emf*/) {
   const std::vector<int> dashes[] = {{21, 7}, {7, 7}, {21, 7, 7, 7}};
   for (int i = 0; i < 3; ++i) {
     const COLORREF colour = RGB(80 * i, 100, 200 - 60 * i);
@@ -100,7 +100,7 @@ void GeometricPenTruth(HDC dc, bool) {
   DashTruth(dc, 140, 11, {180});
 }
 
-void Curves(HDC dc, bool) {
+void Curves(HDC dc, bool /*emf*/) {
   Pen(dc, PS_SOLID, 3, RGB(128, 0, 128));
   const POINT curve[] = {{10, 70}, {40, -20}, {80, 160}, {110, 70}, {140, 10}, {170, 130}, {190, 20}};
   PolyBezier(dc, curve, 7);
@@ -120,7 +120,7 @@ void Curves(HDC dc, bool) {
 
 // Areas and brushes.
 
-void Brushes(HDC dc, bool) {
+void Brushes(HDC dc, bool /*emf*/) {
   Pen(dc, PS_SOLID, 1, RGB(0, 0, 0));
   for (int i = 0; i < 6; ++i) {
     SetBkMode(dc, i < 3 ? OPAQUE : TRANSPARENT);
@@ -150,7 +150,7 @@ void Brushes(HDC dc, bool) {
   Rectangle(dc, 130, 100, 195, 145);
 }
 
-void Polygons(HDC dc, bool) {
+void Polygons(HDC dc, bool /*emf*/) {
   Pen(dc, PS_SOLID, 2, RGB(0, 0, 100));
   Brush(dc, RGB(255, 180, 0));
   for (int mode = 0; mode < 2; ++mode) {
@@ -169,7 +169,7 @@ void Polygons(HDC dc, bool) {
   }
 }
 
-void Boxes(HDC dc, bool) {
+void Boxes(HDC dc, bool /*emf*/) {
   for (int i = 0; i < 4; ++i) {
     Pen(dc, PS_SOLID, i == 3 ? 6 : i + 1, RGB(0, 60 * i, 0));
     Brush(dc, RGB(255, 255 - 50 * i, 100));
@@ -198,7 +198,7 @@ void Arcs(HDC dc, bool emf) {
   AngleArc(dc, 160, 70, 20, 30, 200);
 }
 
-void Gradients(HDC dc, bool) {
+void Gradients(HDC dc, bool /*emf*/) {
   TRIVERTEX corners[] = {{5, 5, 0xFF00, 0, 0, 0},         {95, 70, 0, 0, 0xFF00, 0},  {105, 5, 0xFF00, 0xFF00, 0, 0},
                          {195, 70, 0, 0x8000, 0x8000, 0}, {20, 145, 0xFF00, 0, 0, 0}, {100, 80, 0, 0xFF00, 0, 0},
                          {180, 145, 0, 0, 0xFF00, 0}};
@@ -213,7 +213,7 @@ void Gradients(HDC dc, bool) {
 COLORREF PaletteColour(int i) { return RGB(i * 36, 255 - i * 36, i * 10); }
 
 // The same with colours instead of palette indices.
-void PaletteTruth(HDC dc, bool) {
+void PaletteTruth(HDC dc, bool /*emf*/) {
   for (int i = 0; i < 8; ++i) {
     Pen(dc, PS_SOLID, 1, RGB(0, 0, 0));
     Brush(dc, PaletteColour(i));
@@ -229,7 +229,7 @@ void PaletteTruth(HDC dc, bool) {
   }
 }
 
-void Palettes(HDC dc, bool) {
+void Palettes(HDC dc, bool /*emf*/) {
   struct {
     WORD version = 0x300;
     WORD count = 8;
@@ -255,7 +255,7 @@ void Palettes(HDC dc, bool) {
   StretchDIBits(dc, 20, 70, 64, 64, 0, 0, 16, 16, bits, reinterpret_cast<BITMAPINFO*>(&info), DIB_PAL_COLORS, SRCCOPY);
 }
 
-void Floods(HDC dc, bool) {
+void Floods(HDC dc, bool /*emf*/) {
   Pen(dc, PS_SOLID, 3, RGB(0, 0, 0));
   Brush(dc, RGB(255, 255, 255));
   Ellipse(dc, 10, 10, 120, 110);
@@ -268,7 +268,7 @@ void Floods(HDC dc, bool) {
 
 // Paths, clipping, regions and drawing modes.
 
-void Paths(HDC dc, bool) {
+void Paths(HDC dc, bool /*emf*/) {
   Brush(dc, RGB(255, 220, 0));
   Pen(dc, PS_SOLID, 3, RGB(0, 0, 200));
   for (int i = 0; i < 3; ++i) {
@@ -333,7 +333,7 @@ void Clips(HDC dc, bool emf) {
   Rectangle(dc, 1, 140, 30, 149);
 }
 
-void Regions(HDC dc, bool) {
+void Regions(HDC dc, bool /*emf*/) {
   HRGN round = CreateRoundRectRgn(10, 10, 90, 70, 20, 20);
   HRGN box = CreateRectRgn(50, 40, 120, 90);
   HRGN both = CreateRectRgn(0, 0, 1, 1);
@@ -348,7 +348,7 @@ void Regions(HDC dc, bool) {
   InvertRgn(dc, over);
 }
 
-void DrawingModes(HDC dc, bool) {
+void DrawingModes(HDC dc, bool /*emf*/) {
   Ground(dc);
   for (int mode = 1; mode <= 16; ++mode) {
     SetROP2(dc, mode);

@@ -14,7 +14,7 @@ HFONT MakeFont(int height, int escapement, int weight, bool italic, const wchar_
                      ANTIALIASED_QUALITY, 0, name);
 }
 
-void Texts(HDC dc, bool) {
+void Texts(HDC dc, bool /*emf*/) {
   SetBkMode(dc, TRANSPARENT);
   Use(dc, MakeFont(-18, 0, 400, false, L"Liberation Sans"));
   TextOutA(dc, 5, 2, "Plain text", 10);
@@ -40,7 +40,7 @@ void Texts(HDC dc, bool) {
   TextOutA(dc, 70, 105, "Wide", 4);
 }
 
-void WideTexts(HDC dc, bool) {
+void WideTexts(HDC dc, bool /*emf*/) {
   SetBkMode(dc, TRANSPARENT);
   Use(dc, MakeFont(-24, 0, 400, false, L"DejaVu Sans"));
   TextOutW(dc, 5, 5, L"\u00C4rger \u03A9\u0416", 8);
@@ -56,7 +56,7 @@ void WideTexts(HDC dc, bool) {
   TextOutW(dc, 5, 100, L"spaced", 6);
 }
 
-void TextPaths(HDC dc, bool) {
+void TextPaths(HDC dc, bool /*emf*/) {
   SetBkMode(dc, TRANSPARENT);
   Use(dc, MakeFont(-60, 0, 700, false, L"Liberation Sans"));
   Brush(dc, RGB(255, 200, 0));
@@ -74,7 +74,7 @@ void TextPaths(HDC dc, bool) {
 
 // Bitmaps.
 
-void Bitmaps(HDC dc, bool) {
+void Bitmaps(HDC dc, bool /*emf*/) {
   const int depths[] = {1, 4, 8, 16, 24, 32};
   for (int i = 0; i < 6; ++i) {
     const Bitmap bitmap = MakeBitmap(24, 20, depths[i]);
@@ -122,7 +122,7 @@ void Bitmaps(HDC dc, bool) {
 constexpr DWORD kOps[] = {SRCCOPY,    SRCPAINT, SRCAND,   SRCINVERT, SRCERASE,  NOTSRCCOPY, NOTSRCERASE, MERGECOPY,
                           MERGEPAINT, PATCOPY,  PATPAINT, PATINVERT, DSTINVERT, BLACKNESS,  WHITENESS,   0x00B8074A};
 
-void RasterOps(HDC dc, bool) {
+void RasterOps(HDC dc, bool /*emf*/) {
   Ground(dc);
   HDC source = BitmapDc(MakeBitmap(20, 28, 24));
   Brush(dc, RGB(200, 120, 40));
@@ -132,7 +132,7 @@ void RasterOps(HDC dc, bool) {
   }
 }
 
-void DibRasterOps(HDC dc, bool) {
+void DibRasterOps(HDC dc, bool /*emf*/) {
   Ground(dc);
   const Bitmap bitmap = MakeBitmap(20, 28, 24);
   Brush(dc, RGB(200, 120, 40));
@@ -140,7 +140,7 @@ void DibRasterOps(HDC dc, bool) {
   PatBlt(dc, 180, 0, 20, 150, PATCOPY);
 }
 
-void Masks(HDC dc, bool) {
+void Masks(HDC dc, bool /*emf*/) {
   Ground(dc);
   HDC source = BitmapDc(MakeBitmap(60, 60, 24));
   WORD rows[60 * 4];
@@ -150,12 +150,12 @@ void Masks(HDC dc, bool) {
   MaskBlt(dc, 70, 5, 60, 60, source, 0, 0, mask, 0, 0, MAKEROP4(SRCINVERT, SRCCOPY));
 }
 
-void Parallelograms(HDC dc, bool) {
+void Parallelograms(HDC dc, bool /*emf*/) {
   const POINT corners[] = {{20, 20}, {140, 50}, {60, 120}};
   PlgBlt(dc, corners, BitmapDc(MakeBitmap(60, 60, 24)), 0, 0, 60, 60, nullptr, 0, 0);
 }
 
-void ParallelogramTruth(HDC dc, bool) {
+void ParallelogramTruth(HDC dc, bool /*emf*/) {
   DrawByPoints(dc, MakeBitmap(60, 60, 24), [](double x, double y) {
     const double whole = 120 * 100 - 40 * 30;
     const double across = ((x - 20) * 100 - (y - 20) * 40) / whole;
@@ -164,7 +164,7 @@ void ParallelogramTruth(HDC dc, bool) {
   });
 }
 
-void Blends(HDC dc, bool) {
+void Blends(HDC dc, bool /*emf*/) {
   Ground(dc);
   Bitmap bitmap = MakeBitmap(40, 40, 32);
   HDC plain = BitmapDc(bitmap);
