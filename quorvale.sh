@@ -6,12 +6,13 @@ source scripts/packages.sh
 source scripts/lint.sh
 source scripts/play-list.sh
 
-say() { printf '== %s\n' "$*"; }
+# With the seconds since the start.
+say() { printf '== [%d s] %s\n' "$SECONDS" "$*"; }
 
 # configure PRESET [ARGUMENTS]
 configure() {
-  mkdir -p build
-  cmake --preset "$1" -Wno-dev "${@:2}" >build/configure.txt 2>&1 || { cat build/configure.txt; return 1; }
+  local report
+  report=$(cmake --preset "$1" -Wno-dev "${@:2}" 2>&1) || { echo "$report"; return 1; }
 }
 
 # build PRESET [ARGUMENTS OF THE BUILD]
@@ -93,18 +94,27 @@ check_windows() {
   WINEPREFIX=$PWD/build/wine wineserver -k || true
 }
 
+# Tests often wait. The linter has those seconds: it runs beside them all, gives way to them, and reports at the end.
 check() {
   need $build_packages $whole_packages $screen_packages $test_packages $sanitize_packages $windows_packages \
     $lint_packages
-  build debug --target quorvale_tests
-  say "Testing the core without optimisation"
-  run_tests build/debug -L '^core$'
+  say "Checking format and code in the background"
+  set -m  # A group of processes, which one signal ends.
+  nice -n 19 ./quorvale.sh lint >build/lint.txt 2>&1 &
+  local lint=$!
+  set +m
+  trap "kill -- -$lint 2>/dev/null" EXIT
+  build debug --target tests
+  say "Testing core and desktop without optimisation"
+  run_tests build/debug -L '^(core|pictures|desktop)$'
   build sanitize
   say "Testing core and pictures under the sanitizers, and fuzzing for 20 seconds each"
   LSAN_OPTIONS=suppressions=$PWD/fuzz/known-leaks.txt:print_suppressions=0 run_tests build/sanitize -L '^(core|pictures|fuzz)$'
   check_windows
   soak 2
-  lint_code
+  say "Waiting for the linter"
+  wait $lint || { cat build/lint.txt; return 1; }
+  cat build/lint.txt
   say "Without optimisation:"
   count_of build/debug
   say "Under the sanitizers:"
