@@ -29,9 +29,11 @@ struct CloseGif {
 // Reads a file up to its first frame, and then the rows of that frame.
 class GifDecoder {
  public:
-  // Fails with kBadPicture, also if the file is too small to hold so many pixels.
-  explicit GifDecoder(PictureFile& file) : file_(file), gif_(DGifOpen(this, OnRead, nullptr)) {
-    if (!gif_) FailLoad("Damaged picture");
+  explicit GifDecoder(PictureFile& file) : file_(file), gif_(DGifOpen(this, OnRead, nullptr)) {}
+
+  // False or kBadPicture also if the file is too small to hold so many pixels.
+  bool ReadHeader() {
+    if (!gif_) return false;
     palette_.fill(kOpaqueBlack);
     ReadColours(gif_->SColorMap);
     GifRecordType record = UNDEFINED_RECORD_TYPE;
@@ -44,6 +46,7 @@ class GifDecoder {
     ReadColours(gif_->Image.ColorMap);
     if (transparent_ >= 0) palette_[static_cast<std::size_t>(transparent_)] = 0;
     ReadSize();
+    return true;
   }
 
   PixelSize Size() const { return size_; }
@@ -216,23 +219,18 @@ class InterlacedRows : public GifRows {
 };
 
 // The file is decoded down to the last row in view.
-class GifPicture : public FilePicture {
+class GifPicture : public DecodedPicture<GifDecoder> {
  public:
-  explicit GifPicture(std::unique_ptr<PictureFile> file)
-      : FilePicture(std::move(file)), decoder_(std::make_unique<GifDecoder>(File())) {
-    Describe(decoder_->Size(), {});
+  explicit GifPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
+    Describe(Header().Size(), {});
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    auto decoder = decoder_ ? std::move(decoder_) : std::make_unique<GifDecoder>(File());
+    auto decoder = TakeDecoder();
     if (decoder->IsInterlaced()) return std::make_unique<InterlacedRows>(std::move(decoder));
     return std::make_unique<PlainRows>(std::move(decoder));
   }
-
- private:
-  // Has read the header. Used by the first `OpenRows`.
-  std::unique_ptr<GifDecoder> decoder_;
 };
 
 }  // namespace

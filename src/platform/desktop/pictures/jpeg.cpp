@@ -306,29 +306,19 @@ class JpegRows : public RowSource {
 };
 
 // A photo. Only the part in view is decoded, at a scale near the one at which it is shown.
-class JpegPicture : public FilePicture {
+class JpegPicture : public DecodedPicture<JpegDecoder> {
  public:
-  explicit JpegPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
+  explicit JpegPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     const CameraTags tags = JpegCameraTags(File());
-    Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
+    Describe({Header().Width(), Header().Height()}, tags.orientation, tags.date_taken);
     // What four inks look like is mixed without a profile.
-    if (!decoder_->HasInks()) UseProfile(JpegProfile(File()));
+    if (!Header().HasInks()) UseProfile(JpegProfile(File()));
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) override {
-    return std::make_unique<JpegRows>(decoder_ ? std::move(decoder_) : ReadHeader(), stored_box);
+    return std::make_unique<JpegRows>(TakeDecoder(), stored_box);
   }
-
- private:
-  std::unique_ptr<JpegDecoder> ReadHeader() {
-    auto decoder = std::make_unique<JpegDecoder>(File());
-    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
-    return decoder;
-  }
-
-  // Has read the header. Used by the first `OpenRows`.
-  std::unique_ptr<JpegDecoder> decoder_;
 };
 
 }  // namespace

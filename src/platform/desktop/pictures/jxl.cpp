@@ -146,27 +146,17 @@ class JxlRows : public SequentialRows {
   std::vector<std::uint8_t> pixels_;
 };
 
-class JxlPicture : public FilePicture {
+class JxlPicture : public DecodedPicture<JxlReader> {
  public:
-  explicit JxlPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), reader_(ReadHeader()) {
-    Describe(reader_->Size(), reader_->StoredOrientation());
-    UseProfile(reader_->Profile());
+  explicit JxlPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
+    Describe(Header().Size(), Header().StoredOrientation());
+    UseProfile(Header().Profile());
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    return std::make_unique<JxlRows>(reader_ ? std::move(reader_) : ReadHeader());
+    return std::make_unique<JxlRows>(TakeDecoder());
   }
-
- private:
-  std::unique_ptr<JxlReader> ReadHeader() {
-    auto reader = std::make_unique<JxlReader>(File());
-    if (!reader->ReadHeader()) FailLoad("Damaged picture");
-    return reader;
-  }
-
-  // Has read the header. Used by the first `OpenRows`.
-  std::unique_ptr<JxlReader> reader_;
 };
 
 }  // namespace

@@ -85,4 +85,27 @@ class FilePicture : public BitmapPicture {
   std::unique_ptr<PictureFile> file_;
 };
 
+// A picture whose `Decoder` reads the header and then the rows, once. It is made of a `PictureFile`; its `ReadHeader`
+// returns false or fails with kBadPicture.
+template <typename Decoder>
+class DecodedPicture : public FilePicture {
+ protected:
+  explicit DecodedPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), next_(ReadHeader()) {}
+
+  // Has read the header. Valid until the first `TakeDecoder`.
+  const Decoder& Header() const { return *next_; }
+
+  // For `OpenRows`: has read the header. Fails with kBadPicture.
+  std::unique_ptr<Decoder> TakeDecoder() { return next_ ? std::move(next_) : ReadHeader(); }
+
+ private:
+  std::unique_ptr<Decoder> ReadHeader() {
+    auto decoder = std::make_unique<Decoder>(File());
+    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
+    return decoder;
+  }
+
+  std::unique_ptr<Decoder> next_;
+};
+
 }  // namespace quorvale

@@ -27,6 +27,8 @@ class PngDecoder {
   PngDecoder(const PngDecoder&) = delete;
   PngDecoder& operator=(const PngDecoder&) = delete;
 
+  // False also for a file that is too small for the size that it claims. Fails with kBadPicture if the picture is too
+  // large.
   bool ReadHeader();
 
   // After `ReadHeader`, before `Start`.
@@ -96,14 +98,18 @@ void PngDecoder::OnRead(png_structp png, png_bytep to, std::size_t count) {
 }
 
 bool PngDecoder::ReadHeader() {
-  return info_ != nullptr && Guarded([this] {
-           // Ignores all chunks but those of the pixels and the profile: compressed texts can take any amount of
-           // memory.
-           png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
-           png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_AS_DEFAULT, kProfileChunk, 1);
-           png_set_chunk_malloc_max(png_, kLongestProfile);
-           png_read_info(png_, info_);
-         });
+  const bool is_read = info_ != nullptr && Guarded([this] {
+                         // Ignores all chunks but those of the pixels and the profile: compressed texts can take any
+                         // amount of memory.
+                         png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+                         png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_AS_DEFAULT, kProfileChunk, 1);
+                         png_set_chunk_malloc_max(png_, kLongestProfile);
+                         png_read_info(png_, info_);
+                       });
+  if (!is_read) return false;
+  const std::int64_t pixels = std::int64_t{Width()} * Height();
+  if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) FailLoad("Picture too large");
+  return pixels / kPngPixelsToByte <= static_cast<std::int64_t>(file_.Size());
 }
 
 bool PngDecoder::Start() {
@@ -190,32 +196,18 @@ class PngRows : public SequentialRows {
 };
 
 // Decoded down to the last row in view. An interlaced file is decoded as a whole.
-class PngPicture : public FilePicture {
+class PngPicture : public DecodedPicture<PngDecoder> {
  public:
-  explicit PngPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
+  explicit PngPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     const CameraTags tags = PngCameraTags(File());
-    Describe({decoder_->Width(), decoder_->Height()}, tags.orientation, tags.date_taken);
-    UseProfile(decoder_->Profile());
+    Describe({Header().Width(), Header().Height()}, tags.orientation, tags.date_taken);
+    UseProfile(Header().Profile());
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    return std::make_unique<PngRows>(decoder_ ? std::move(decoder_) : ReadHeader());
+    return std::make_unique<PngRows>(TakeDecoder());
   }
-
- private:
-  // A file that is too small for the size that it claims is damaged.
-  std::unique_ptr<PngDecoder> ReadHeader() {
-    auto decoder = std::make_unique<PngDecoder>(File());
-    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
-    const std::int64_t pixels = std::int64_t{decoder->Width()} * decoder->Height();
-    if (pixels / kPngPixelsToByte > static_cast<std::int64_t>(File().Size())) FailLoad("Damaged picture");
-    if (pixels > static_cast<std::int64_t>(kPictureMemoryLimit / sizeof(Pixel))) FailLoad("Picture too large");
-    return decoder;
-  }
-
-  // Has read the header. Used by the first `OpenRows`.
-  std::unique_ptr<PngDecoder> decoder_;
 };
 
 }  // namespace

@@ -163,27 +163,17 @@ class TiffRows : public SequentialRows {
 };
 
 // The first picture of a file.
-class TiffPicture : public FilePicture {
+class TiffPicture : public DecodedPicture<TiffDecoder> {
  public:
-  explicit TiffPicture(std::unique_ptr<PictureFile> file) : FilePicture(std::move(file)), decoder_(ReadHeader()) {
-    Describe(decoder_->Size(), decoder_->StoredOrientation());
-    UseProfile(decoder_->Profile());
+  explicit TiffPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
+    Describe(Header().Size(), Header().StoredOrientation());
+    UseProfile(Header().Profile());
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    return std::make_unique<TiffRows>(decoder_ ? std::move(decoder_) : ReadHeader(), File());
+    return std::make_unique<TiffRows>(TakeDecoder(), File());
   }
-
- private:
-  std::unique_ptr<TiffDecoder> ReadHeader() {
-    auto decoder = std::make_unique<TiffDecoder>(File());
-    if (!decoder->ReadHeader()) FailLoad("Damaged picture");
-    return decoder;
-  }
-
-  // Has read the header. Used by the first `OpenRows`.
-  std::unique_ptr<TiffDecoder> decoder_;
 };
 
 }  // namespace
