@@ -13,9 +13,6 @@
 namespace quorvale {
 namespace {
 
-// The bytes after which decoding looks at the clock.
-constexpr std::size_t kJxlPiece = std::size_t{1} << 20U;
-
 // Depth, masks and the like, which are decoded but not shown. Each takes as much memory as a colour.
 constexpr std::uint32_t kMostFurtherChannels = 4;
 
@@ -41,34 +38,49 @@ class JxlReader {
   const std::vector<std::uint8_t>& Profile() const { return profile_; }
 
   // Sets `pixels` to red, green, blue and alpha. If damage ends the file, the rest is what the library makes of it.
+  // False also if it takes too long.
   bool Read(std::vector<std::uint8_t>& pixels);
 
  private:
-  JxlDecoderStatus Proceed();
+  // The next event.
+  JxlDecoderStatus Proceed() { return JxlDecoderProcessInput(decoder_.get()); }
   void ReadProfile();
+  // A callback of the library.
+  static JxlParallelRetCode OnRun(void* reader, void* decoder, JxlParallelRunInit begin, JxlParallelRunFunction decode,
+                                  std::uint32_t first, std::uint32_t end);
 
   PictureFile& file_;
   std::span<const std::uint8_t> bytes_;
-  // Where the input ends that the decoder was given.
-  std::size_t given_ = 0;
   JxlThreadParallelRunnerPtr runner_;
   JxlDecoderPtr decoder_;
   JxlBasicInfo info_{};
   std::vector<std::uint8_t> profile_;
 };
 
-// Up to the next event. JXL_DEC_NEED_MORE_INPUT at the end of the file.
-JxlDecoderStatus JxlReader::Proceed() {
-  for (;;) {
-    const JxlDecoderStatus status = JxlDecoderProcessInput(decoder_.get());
-    if (status != JXL_DEC_NEED_MORE_INPUT || given_ == bytes_.size() || file_.IsOverdue()) return status;
-    // The decoder wants the rest again, with more behind it.
-    const std::size_t left = JxlDecoderReleaseInput(decoder_.get());
-    const std::size_t start = given_ - left;
-    given_ = std::min(bytes_.size(), given_ + std::max(kJxlPiece, left));
-    if (JxlDecoderSetInput(decoder_.get(), &bytes_[start], given_ - start) != JXL_DEC_SUCCESS) return JXL_DEC_ERROR;
-    if (given_ == bytes_.size()) JxlDecoderCloseInput(decoder_.get());
-  }
+// Decodes the parts of a picture on threads, and fails when the time is over: given the file in pieces to look at the
+// clock between them, the threads would wait for each other at the end of each.
+JxlParallelRetCode JxlReader::OnRun(void* reader, void* decoder, JxlParallelRunInit begin,
+                                    JxlParallelRunFunction decode, std::uint32_t first, std::uint32_t end) {
+  struct Run {
+    const PictureFile& file;
+    void* decoder;
+    JxlParallelRunInit begin;
+    JxlParallelRunFunction decode;
+  };
+  auto& self = *static_cast<JxlReader*>(reader);
+  Run run{self.file_, decoder, begin, decode};
+  const JxlParallelRetCode result = JxlThreadParallelRunner(
+      self.runner_.get(), &run,
+      [](void* of, std::size_t threads) {
+        const Run& its = *static_cast<Run*>(of);
+        return its.begin(its.decoder, threads);
+      },
+      [](void* of, std::uint32_t part, std::size_t thread) {
+        const Run& its = *static_cast<Run*>(of);
+        if (!its.file.IsOverdue()) its.decode(its.decoder, part, thread);
+      },
+      first, end);
+  return self.file_.IsOverdue() ? JXL_PARALLEL_RET_RUNNER_ERROR : result;
 }
 
 bool JxlReader::ReadHeader() {
@@ -77,8 +89,12 @@ bool JxlReader::ReadHeader() {
   constexpr int kEvents = JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE;
   if (JxlDecoderSubscribeEvents(decoder, kEvents) != JXL_DEC_SUCCESS ||
       JxlDecoderSetKeepOrientation(decoder, JXL_TRUE) != JXL_DEC_SUCCESS ||
-      JxlDecoderSetParallelRunner(decoder, JxlThreadParallelRunner, runner_.get()) != JXL_DEC_SUCCESS ||
-      Proceed() != JXL_DEC_BASIC_INFO || JxlDecoderGetBasicInfo(decoder, &info_) != JXL_DEC_SUCCESS) {
+      JxlDecoderSetParallelRunner(decoder, OnRun, this) != JXL_DEC_SUCCESS ||
+      JxlDecoderSetInput(decoder, bytes_.data(), bytes_.size()) != JXL_DEC_SUCCESS) {
+    return false;
+  }
+  JxlDecoderCloseInput(decoder);
+  if (Proceed() != JXL_DEC_BASIC_INFO || JxlDecoderGetBasicInfo(decoder, &info_) != JXL_DEC_SUCCESS) {
     return false;
   }
   constexpr std::uint32_t kMost = kPictureMemoryLimit / kChannels;
@@ -111,7 +127,8 @@ bool JxlReader::Read(std::vector<std::uint8_t>& pixels) {
   if (Proceed() != JXL_DEC_NEED_IMAGE_OUT_BUFFER) return false;
   pixels.resize(kChannels * info_.xsize * info_.ysize);
   if (JxlDecoderSetImageOutBuffer(decoder, &kFormat, pixels.data(), pixels.size()) != JXL_DEC_SUCCESS) return false;
-  return Proceed() == JXL_DEC_FULL_IMAGE || JxlDecoderFlushImage(decoder) == JXL_DEC_SUCCESS;
+  if (Proceed() == JXL_DEC_FULL_IMAGE) return true;
+  return !file_.IsOverdue() && JxlDecoderFlushImage(decoder) == JXL_DEC_SUCCESS;
 }
 
 class JxlRows : public SequentialRows {
