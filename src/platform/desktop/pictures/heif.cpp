@@ -1,5 +1,6 @@
 #include <libheif/heif.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <utility>
@@ -26,13 +27,46 @@ struct Releaser {
 using Context = std::unique_ptr<heif_context, Releaser<heif_context, heif_context_free>>;
 using Handle = std::unique_ptr<heif_image_handle, Releaser<const heif_image_handle, heif_image_handle_release>>;
 using Image = std::unique_ptr<heif_image, Releaser<const heif_image, heif_image_release>>;
-using DecodingOptions =
-    std::unique_ptr<heif_decoding_options, Releaser<heif_decoding_options, heif_decoding_options_free>>;
 
 bool IsGood(const heif_error& error) { return error.code == heif_error_Ok; }
 
+// One channel of a decoded picture.
+class HeifPlane {
+ public:
+  HeifPlane() = default;
+  HeifPlane(const heif_image* image, heif_channel channel)
+      : bytes_(heif_image_get_plane_readonly(image, channel, &stride_)),
+        size_{heif_image_get_width(image, channel), heif_image_get_height(image, channel)},
+        depth_(heif_image_get_bits_per_pixel_range(image, channel)) {}
+
+  bool Holds(PixelSize size) const {
+    return bytes_ != nullptr && size_.width >= size.width && size_.height >= size.height && depth_ >= 8 && depth_ <= 16;
+  }
+
+  // Adds its eight highest bits to pixels of a row, from the column `left` on.
+  void AddTo(std::span<Pixel> row, int left, int y, unsigned shift) const {
+    const std::uint8_t* const start = bytes_ + std::ptrdiff_t{y} * stride_;
+    if (depth_ == 8) {
+      Add(start + left, row, 0, shift);
+    } else {
+      Add(reinterpret_cast<const std::uint16_t*>(start) + left, row, static_cast<unsigned>(depth_ - 8), shift);
+    }
+  }
+
+ private:
+  template <typename Sample>
+  static void Add(const Sample* from, std::span<Pixel> row, unsigned low_bits, unsigned shift) {
+    for (Pixel& pixel : row) pixel |= Pixel{*from++} >> low_bits << shift;
+  }
+
+  int stride_ = 0;
+  const std::uint8_t* bytes_ = nullptr;
+  PixelSize size_;
+  int depth_ = 0;
+};
+
 // The picture of a file that is meant to be shown, turned and cut as the file says. The library has no way to give part
-// of it.
+// of it. Inside it is always red, green and blue in planes; asking for anything else makes a copy beside them.
 class HeifRows : public SequentialRows {
  public:
   HeifRows(const heif_image_handle* handle, PixelSize size)
@@ -44,39 +78,29 @@ class HeifRows : public SequentialRows {
 
   bool IsOpaque() const override { return !has_alpha_; }
   std::size_t Memory() const override {
-    return static_cast<std::size_t>(size_.width) * static_cast<std::size_t>(size_.height) * Channels();
+    const std::size_t sample = heif_image_handle_get_luma_bits_per_pixel(handle_) > 8 ? 2 : 1;
+    return static_cast<std::size_t>(size_.width) * static_cast<std::size_t>(size_.height) * Channels() * sample;
   }
 
  protected:
   bool GoTo(int /*top*/) override {
-    const DecodingOptions options(heif_decoding_options_alloc());
-    if (!options) return false;
-    options->convert_hdr_to_8bit = 1;
     heif_image* decoded = nullptr;
-    const heif_error error =
-        heif_decode_image(handle_, &decoded, heif_colorspace_RGB,
-                          has_alpha_ ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, options.get());
+    const heif_error error = heif_decode_image(handle_, &decoded, heif_colorspace_RGB, heif_chroma_444, nullptr);
     image_.reset(decoded);
     if (!IsGood(error)) return false;
-    pixels_ = heif_image_get_plane_readonly(image_.get(), heif_channel_interleaved, &stride_);
-    return pixels_ != nullptr && heif_image_get_width(image_.get(), heif_channel_interleaved) >= size_.width &&
-           heif_image_get_height(image_.get(), heif_channel_interleaved) >= size_.height;
+    constexpr heif_channel kFromLowByte[] = {heif_channel_B, heif_channel_G, heif_channel_R, heif_channel_Alpha};
+    for (std::size_t i = 0; i < Channels(); ++i) {
+      planes_[i] = HeifPlane(image_.get(), kFromLowByte[i]);
+      if (!planes_[i].Holds(size_)) return false;
+    }
+    return true;
   }
 
   bool Decode(int y, std::span<Pixel> row) override {
-    const std::uint8_t* from =
-        pixels_ + std::ptrdiff_t{y} * stride_ + std::ptrdiff_t{Left()} * static_cast<std::ptrdiff_t>(Channels());
-    const auto colour = [&] { return Pixel{from[0]} << 16U | Pixel{from[1]} << 8U | from[2]; };
-    if (!has_alpha_) {
-      for (Pixel& pixel : row) {
-        pixel = 0xFF000000U | colour();
-        from += 3;
-      }
-      return true;
-    }
-    for (Pixel& pixel : row) {
-      pixel = is_premultiplied_ ? Pixel{from[3]} << 24U | colour() : Premultiplied(colour(), from[3]);
-      from += 4;
+    std::ranges::fill(row, has_alpha_ ? 0 : 0xFF000000U);
+    for (std::size_t i = 0; i < Channels(); ++i) planes_[i].AddTo(row, Left(), y, static_cast<unsigned>(8 * i));
+    if (has_alpha_ && !is_premultiplied_) {
+      for (Pixel& pixel : row) pixel = Premultiplied(pixel, pixel >> 24U);
     }
     return true;
   }
@@ -89,8 +113,8 @@ class HeifRows : public SequentialRows {
   bool has_alpha_;
   bool is_premultiplied_;
   Image image_;
-  const std::uint8_t* pixels_ = nullptr;
-  int stride_ = 0;
+  // From the low byte of a pixel up.
+  std::array<HeifPlane, 4> planes_;
 };
 
 // HEIC and AVIF: one container, in which pictures of either compression stand.
