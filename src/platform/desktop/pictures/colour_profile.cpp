@@ -33,15 +33,20 @@ constexpr float kToScreen[3][3] = {{3.1338561F, -1.6168667F, -0.4906146F},
 
 // Fine enough that no level of sRGB is left out near black, where its curve is steepest.
 constexpr int kLightSteps = 1 << 14;
+// What a channel adds to another is counted from here, up to `kMostSteps`, so that no sum is negative. The largest in
+// use are those of ProPhoto, -0.8 and 2.1 times the light.
+constexpr int kLeastSteps = -kLightSteps;
+constexpr int kMostSteps = 3 * kLightSteps;
+constexpr int kSumOfLeast = 3 * kLeastSteps;
 
-// The level in sRGB for each step of linear light.
-const std::array<std::uint8_t, kLightSteps + 1>& ScreenLevels() {
+// The level in sRGB for each sum of three channels. Light below black or above white is cut off.
+const std::vector<std::uint8_t>& ScreenLevels() {
   static const auto levels = [] {
-    std::array<std::uint8_t, kLightSteps + 1> table{};
-    for (std::size_t i = 0; i < table.size(); ++i) {
-      const double light = static_cast<double>(i) / kLightSteps;
+    std::vector<std::uint8_t> table;
+    for (int sum = kSumOfLeast; sum <= 3 * kMostSteps; ++sum) {
+      const double light = std::clamp(static_cast<double>(sum) / kLightSteps, 0.0, 1.0);
       const double level = light <= 0.0031308 ? 12.92 * light : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
-      table[i] = static_cast<std::uint8_t>(std::lround(255 * level));
+      table.push_back(static_cast<std::uint8_t>(std::lround(255 * level)));
     }
     return table;
   }();
@@ -49,8 +54,8 @@ const std::array<std::uint8_t, kLightSteps + 1>& ScreenLevels() {
 }
 
 // The profiles of cameras and screens: a curve for each channel, and the mixture of the primaries. What each level of a
-// channel adds to the three of the screen is made in advance, so that a pixel takes two sums of vectors. The library
-// would take several times as long for a row.
+// channel adds to the three of the screen is made in advance and stands in one number, so that a pixel takes two sums.
+// The library would take several times as long for a row.
 class MatrixConversion {
  public:
   // Curves and primaries come from the tags.
@@ -62,7 +67,11 @@ class MatrixConversion {
         const float light = cmsEvalToneCurveFloat(curves[from], static_cast<float>(level) / 255.0F) * kLightSteps;
         for (std::size_t to = 0; to < 3; ++to) {
           const auto& weights = kToScreen[to];
-          light_[from][level][to] = (weights[0] * xyz[0] + weights[1] * xyz[1] + weights[2] * xyz[2]) * light;
+          const float steps = (weights[0] * xyz[0] + weights[1] * xyz[1] + weights[2] * xyz[2]) * light;
+          // Written so that no number at all becomes black, too.
+          const float above = steps > kLeastSteps ? steps : kLeastSteps;
+          const auto whole = std::lround(above < kMostSteps ? above : kMostSteps);
+          light_[from][level] |= static_cast<std::uint64_t>(whole - kLeastSteps) << kBits * to;
         }
       }
     }
@@ -71,23 +80,21 @@ class MatrixConversion {
   void operator()(std::span<Pixel> row) const {
     const std::uint8_t* const levels = ScreenLevels().data();
     for (Pixel& pixel : row) {
-      const float* const red = light_[0][pixel >> 16U & 0xFFU];
-      const float* const green = light_[1][pixel >> 8U & 0xFFU];
-      const float* const blue = light_[2][pixel & 0xFFU];
-      int steps[4];
-      for (std::size_t i = 0; i < 4; ++i) {
-        const float light = red[i] + green[i] + blue[i] + 0.5F;
-        // Written so that no number at all becomes black, too.
-        const float above = light > 0.0F ? light : 0.0F;
-        steps[i] = static_cast<int>(above < kLightSteps ? above : kLightSteps);
-      }
-      pixel = 0xFF000000U | Pixel{levels[steps[0]]} << 16U | Pixel{levels[steps[1]]} << 8U | levels[steps[2]];
+      const std::uint64_t sums =
+          light_[0][pixel >> 16U & 0xFFU] + light_[1][pixel >> 8U & 0xFFU] + light_[2][pixel & 0xFFU];
+      const auto level = [&](unsigned to) { return Pixel{levels[sums >> kBits * to & kMask]}; };
+      pixel = 0xFF000000U | level(0) << 16U | level(1) << 8U | level(2);
     }
   }
 
  private:
-  // For each channel and level: steps of red, green and blue light. The fourth is 0.
-  alignas(16) float light_[3][256][4] = {};
+  // Of red, green and blue, from the lowest bit up. A sum of three fits.
+  static constexpr unsigned kBits = 21;
+  static constexpr std::uint64_t kMask = (std::uint64_t{1} << kBits) - 1;
+  static_assert(3 * (kMostSteps - kLeastSteps) <= static_cast<int>(kMask));
+
+  // For each channel and level.
+  std::uint64_t light_[3][256] = {};
 };
 
 ColourConversion ByMatrix(void* profile) {
