@@ -1,7 +1,9 @@
 #include "toolkit/dialog_rules.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <iterator>
 
 #include "base/text.h"
 #include "toolkit/form.h"
@@ -33,6 +35,35 @@ const Widget* Predecessor(const Widget& control) {
     if (last == nullptr || last->Design().tab_index < index) last = &other;
   });
   return last;
+}
+
+constexpr unsigned kChannelShifts[] = {0, 8, 16};
+
+// Relative luminance, from 0 to 1, by the guidelines for accessible web content.
+double Luminance(Colour colour) {
+  constexpr double kWeights[] = {0.2126, 0.7152, 0.0722};
+  double luminance = 0;
+  for (std::size_t i = 0; i < std::size(kChannelShifts); ++i) {
+    const double channel = (colour >> kChannelShifts[i] & 0xFFU) / 255.0;
+    luminance += kWeights[i] * (channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4));
+  }
+  return luminance;
+}
+
+bool Contrasts(Colour text, Colour background) {
+  // The guidelines ask this of text in a usual size.
+  constexpr double kLeastRatio = 4.5;
+  const auto [darker, lighter] = std::minmax({Luminance(text), Luminance(background)});
+  return (lighter + 0.05) / (darker + 0.05) >= kLeastRatio;
+}
+
+Colour Blend(Colour from, Colour to, unsigned part, unsigned whole) {
+  Colour colour = 0;
+  for (const unsigned shift : kChannelShifts) {
+    const unsigned channel = ((from >> shift & 0xFFU) * (whole - part) + (to >> shift & 0xFFU) * part) / whole;
+    colour |= channel << shift;
+  }
+  return colour;
 }
 
 }  // namespace
@@ -71,3 +102,11 @@ std::string SpokenName(const Widget& control) {
 }
 
 }  // namespace quorvale
+Colour ReadableColour(Colour wanted, Colour background) {
+  constexpr unsigned kSteps = 16;
+  const Colour end = Contrasts(kWhite, background) ? kWhite : kBlack;
+  unsigned step = 0;
+  while (step < kSteps && !Contrasts(Blend(wanted, end, step, kSteps), background)) ++step;
+  return Blend(wanted, end, step, kSteps);
+}
+

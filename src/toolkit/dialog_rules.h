@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "toolkit/units.h"
+
 namespace quorvale {
 
 // The height of the tallest dialog in layout pixels, without and with its frame and menu bar.
@@ -27,3 +29,6 @@ std::string PlainCaption(const std::string& caption);
 std::string SpokenName(const Widget& control);
 
 }  // namespace quorvale
+// The colour for a text on that background: `wanted` if it contrasts enough, else a lighter or a darker one.
+Colour ReadableColour(Colour wanted, Colour background);
+

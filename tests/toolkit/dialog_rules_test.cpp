@@ -25,5 +25,14 @@ TEST(WithoutMiddle, KeepsBothEnds) {
             "C:\\P\xC3\xA4t\xE2\x80\xA6\\deep\\");
 }
 
+// Colours are 0xBBGGRR. The ratio of contrast is 4.72 in the first row and 4.69 in the second; the wanted colours of
+// the others have 1.60, 2.44, 2.18 and 3.72.
+TEST(ReadableColour, GoesOnlyAsFarAsTheBackgroundNeeds) {
+  const std::tuple<Colour, Colour, Colour> cases[] = {{0xFF0000, 0xC0C0C0, 0xFF0000}, {0x777777, kBlack, 0x777777},
+                                                      {0xFF0000, 0x2D2D2D, 0xFF8F8F}, {0xFF0000, kBlack, 0xFF5F5F},
+                                                      {0xFF0000, 0x808080, 0x5F0000}, {0x0000FF, 0x00FFFF, 0x0000DF}};
+  for (const auto& [wanted, background, shown] : cases) EXPECT_EQ(ReadableColour(wanted, background), shown);
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -45,10 +45,6 @@ QWidget* WidgetOf(WindowPeer& window) {
   return dialog != nullptr ? &dialog->Window() : nullptr;
 }
 
-Colour ToColour(const QColor& colour) {
-  return static_cast<Colour>(colour.red() | colour.green() << 8 | colour.blue() << 16);
-}
-
 // Linux has no window messages. Reports WM_CLOSE when a picture box is asked to close, and WM_EXITMENULOOP when all
 // menus of a dialog have closed.
 class QtMessageHookPeer : public MessageHookPeer {
@@ -155,7 +151,7 @@ std::string DesktopPlatform::ShowFileDialog(WindowPeer& owner, const FileDialog&
 }
 
 Colour DesktopPlatform::ShowColourDialog(WindowPeer& owner, Colour start) {
-  const QColor chosen = QColorDialog::getColor(QColor::fromRgb(ToPixel(start)), WidgetOf(owner));
+  const QColor chosen = QColorDialog::getColor(ToQtColour(start), WidgetOf(owner));
   return chosen.isValid() ? ToColour(chosen) : start;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QRect>
 
@@ -27,6 +28,11 @@ double ToolkitPixelRatio(PixelKind kind, double device_pixel_ratio);
 
 // In Qt pixels, each edge rounded to the nearest one.
 QRect ToQtPixels(const PixelRect& rect, double ratio);
+
+inline QColor ToQtColour(Colour colour) { return QColor::fromRgb(ToPixel(colour)); }
+inline Colour ToColour(const QColor& colour) {
+  return static_cast<Colour>(colour.red() | colour.green() << 8 | colour.blue() << 16);
+}
 
 // Uses the pixels where they are; they outlive the image.
 QImage ImageOver(const PixelView& pixels, QImage::Format format = QImage::Format_RGB32);

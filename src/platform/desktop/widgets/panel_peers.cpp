@@ -16,6 +16,7 @@
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
 #include "platform/desktop/widgets/qt_widgets.h"
+#include "toolkit/dialog_rules.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
@@ -83,7 +84,11 @@ void FrameBox::paintEvent(QPaintEvent* /*event*/) {
   QRegion line = OutsideSiblings();
   if (has_title) line -= text.adjusted(-gap, 0, gap, 0);
   painter.setClipRegion(line);
-  painter.setPen(palette().color(QPalette::Mid));
+  // A part of the text's colour is seen on light and on dark windows.
+  QColor colour = palette().color(QPalette::WindowText);
+  constexpr float kOpacity = 0.3F;
+  colour.setAlphaF(kOpacity);
+  painter.setPen(colour);
   painter.drawRect(rect().adjusted(0, has_title ? metrics.height() / 2 : 0, -1, -1));
   if (!has_title) return;
   painter.setClipping(false);
@@ -175,8 +180,6 @@ void TabArea::resizeEvent(QResizeEvent* /*event*/) {
   tabs_.setGeometry(0, 0, qMin(wanted.width(), width()), wanted.height());
 }
 
-QColor ToQt(Colour colour) { return QColor::fromRgb(ToPixel(colour)); }
-
 QFont FontOf(const LabelStyle& style) {
   QFont font = style.points > 0 ? DialogFont(style.points) : DialogFont();
   font.setBold(style.bold);
@@ -185,8 +188,11 @@ QFont FontOf(const LabelStyle& style) {
 
 void ShowColours(QWidget& widget, const Label& label) {
   QPalette palette = widget.palette();
-  if (label.HasBackColor()) palette.setColor(QPalette::Window, ToQt(label.BackColor()));
-  if (label.HasForeColor()) palette.setColor(QPalette::WindowText, ToQt(label.ForeColor()));
+  if (label.HasBackColor()) palette.setColor(QPalette::Window, ToQtColour(label.BackColor()));
+  if (label.HasForeColor()) {
+    const Colour readable = ReadableColour(label.ForeColor(), ToColour(palette.color(QPalette::Window)));
+    palette.setColor(QPalette::WindowText, ToQtColour(readable));
+  }
   widget.setPalette(palette);
   widget.setAutoFillBackground(label.HasBackColor());
 }
@@ -224,7 +230,7 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Rule& rule) {
   auto widget = std::make_unique<QWidget>();
   widget->setAutoFillBackground(true);
   QPalette palette;
-  palette.setColor(QPalette::Window, ToQt(rule.LineColor()));
+  palette.setColor(QPalette::Window, ToQtColour(rule.LineColor()));
   widget->setPalette(palette);
   widget->setMinimumHeight(Scaled(1));
   auto* const it = widget.get();

@@ -50,7 +50,8 @@ HBRUSH LabelControl::OnColour(HDC context) {
   if (!label_.HasBackColor() && !label_.HasForeColor()) return nullptr;
   const COLORREF background = label_.HasBackColor() ? label_.BackColor() : GetSysColor(COLOR_BTNFACE);
   SetBkColor(context, background);
-  SetTextColor(context, label_.HasForeColor() ? label_.ForeColor() : GetSysColor(COLOR_BTNTEXT));
+  SetTextColor(context,
+               label_.HasForeColor() ? ReadableColour(label_.ForeColor(), background) : GetSysColor(COLOR_BTNTEXT));
   background_.reset(CreateSolidBrush(background));
   return background_.get();
 }
