@@ -59,6 +59,7 @@ inline constexpr ControlText kAddDirectory{
 inline constexpr ControlText kRemove{"&Remove", "Removes currently selected item(s) from the Play List."};
 inline constexpr ControlText kMoveUp{"&Up", "Moves currently selected item up one position in the Play List."};
 inline constexpr ControlText kMoveDown{"&Down", "Moves currently selected item down one position in the Play List."};
+inline constexpr char kPreview[] = "Preview";
 inline constexpr char kPathTitle[] = "File Path";
 inline constexpr char kPathTip[] = "Displays the entire path of selected item in Play List.";
 inline constexpr ControlText kOk{"OK", "Save Properties."};
@@ -149,6 +150,7 @@ namespace options {
 
 inline constexpr char kTitle[] = "Screen Saver Options";
 
+inline constexpr char kPages[] = "Pages";
 inline constexpr ControlText kPicturesPage{"&Pictures", "Set Picture Options"};
 inline constexpr ControlText kInterval{"S&wap Interval (Sec.):", "Number of seconds between image and sound changes."};
 inline constexpr ControlText kPicRandom{"&Random Order", "Randomize pictures in Play List."};
@@ -220,6 +222,7 @@ inline constexpr char kTitle[] = "About";
 inline constexpr char kTitleNamed[] = "About %1";
 inline constexpr char kVersion[] = "%1   Version %2.%3.%4";
 inline constexpr char kLegalNotice[] = "Copyright (C) Halvern Inc. and contributors";
+inline constexpr char kFilm[] = "Film";
 inline constexpr char kWebPageTip[] = "Opens the maker's web page.";
 inline constexpr char kDisclaimer[] =
     "This program comes without any warranty, as far as the law allows. Pictures and sounds in your play lists belong "

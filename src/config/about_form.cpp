@@ -36,7 +36,7 @@ constexpr char kInfoProgram[] = "\\MSINFO32.EXE";
 
 AboutForm::AboutForm(Process& process)
     : Form(process.app, "frmAbout", WindowKind::kDialog, about_texts::kTitle),
-      film(*this, {.name = "picIcon", .place = kFilmPlace},
+      film(*this, {.name = "picIcon", .caption = about_texts::kFilm, .place = kFilmPlace},
            FilmArtwork(kFilmPlace.width / kTwipsPerPixel, kFilmPlace.height / kTwipsPerPixel)),
       title(*this, {.name = "lblTitle", .place = {1056, 240, 4236, 480}}, {.one_line = true}),
       legal_notice(*this,

@@ -2,6 +2,7 @@
 
 #include "base/strings.h"
 #include "config/artwork.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 namespace {
@@ -25,9 +26,10 @@ WidgetDesign OnFrame(Frame& frame, const char* name, const strings::ControlText&
           .container = &frame};
 }
 
-// A list shows no caption, but screen readers speak it.
+// A list shows no caption, nor does a picture, but screen readers speak it.
 WidgetDesign ListDesign(Frame& frame, const char* name, const char* caption, int tab_index, bool visible) {
-  WidgetDesign design = OnFrame(frame, name, {caption, config_texts::kListTip}, kListPlace, tab_index);
+  WidgetDesign design = OnFrame(frame, name, {"", config_texts::kListTip}, kListPlace, tab_index);
+  design.caption = PlainCaption(caption);
   design.visible = visible;
   return design;
 }
@@ -89,8 +91,8 @@ ConfigControls::ConfigControls(Process& process)
           {*this, OnFrame(list_frame, "cmdImages(3)", config_texts::kMoveUp, {3720, 2160, 732, 372}, 6)},
           {*this, OnFrame(list_frame, "cmdImages(4)", config_texts::kMoveDown, {4440, 2160, 732, 372}, 7)},
       }},
-      path_title(*this, OnFrame(list_frame, "lblPathLabel", {config_texts::kPathTitle}, {120, 2640, 852, 252})),
-      path_line(*this, OnFrame(list_frame, "lblPath", {"", config_texts::kPathTip}, {120, 2880, 4452, 492})),
+      path_title(*this, OnFrame(list_frame, "lblPathLabel", {config_texts::kPathTitle}, {120, 2640, 852, 252}, 11)),
+      path_line(*this, OnFrame(list_frame, "lblPath", {"", config_texts::kPathTip}, {120, 2880, 4452, 492}, 12)),
       ok(*this, {.name = "cmdOK",
                  .caption = config_texts::kOk.caption,
                  .place = {2880, 6120, 1200, 372},
@@ -101,7 +103,7 @@ ConfigControls::ConfigControls(Process& process)
                      .place = {4200, 6120, 1200, 372},
                      .tool_tip = config_texts::kCancel.tip,
                      .tab_index = 9}),
-      monitor(*this, {.name = "Image1", .place = {1350, 45, 2835, 2610}}, nullptr),
+      monitor(*this, {.name = "Image1", .caption = config_texts::kPreview, .place = {1350, 45, 2835, 2610}}, nullptr),
       menu_line(*this, {.name = "Line1", .place = {0, 0, 5520, 15}}, kRuleColour),
       menus(*this, "Menus"),
       file_dialog(*this, "CD1"),

@@ -181,7 +181,7 @@ std::vector<ControlRow> Rows() {
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
   return {
-      {"TabStrip1", "", A<TabStrip>(Tabs()), {}, {120, 120, 5976, 3444}},
+      {"TabStrip1", "", A<TabStrip>(Tabs()), {option_texts::kPages}, {120, 120, 5976, 3444}},
       {"Label1(0)", "Frame1(1)", label, caption(option_texts::kInterval), {120, 150, 1740, 228}},
       {"txtInterval", "Frame1(1)", number, tip(option_texts::kInterval.tip), {1920, 108, 480, 300}, &kInterval},
       {"chkPicRandom", "Frame1(1)", check_box, option_texts::kPicRandom, {120, 570, 2760, 252}, &kPicRandom},

@@ -37,6 +37,19 @@ const Widget* Predecessor(const Widget& control) {
   return last;
 }
 
+std::string HexOf(Colour colour) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string text = "#";
+  for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U}) text += kDigits[colour >> shift & 0xFU];
+  return text;
+}
+
+std::string ColourName(const Label& swatch) {
+  const Widget* const chooser = Predecessor(swatch);
+  const std::string name = PlainCaption(chooser != nullptr ? chooser->Caption() : swatch.Design().tool_tip);
+  return name.substr(0, name.find_last_not_of('.') + 1) + ": " + HexOf(swatch.BackColor());
+}
+
 constexpr unsigned kChannelShifts[] = {0, 8, 16};
 
 // Relative luminance, from 0 to 1, by the guidelines for accessible web content.
@@ -95,13 +108,14 @@ std::string PlainCaption(const std::string& caption) {
 
 std::string SpokenName(const Widget& control) {
   if (!control.Caption().empty()) return PlainCaption(control.Caption());
+  const auto* const swatch = dynamic_cast<const Label*>(&control);
+  if (swatch != nullptr && swatch->HasBackColor()) return ColourName(*swatch);
   if (const auto* const label = dynamic_cast<const Label*>(Predecessor(control))) return PlainCaption(label->Caption());
   const Frame* const frame = control.Design().container;
   const bool is_framed = frame != nullptr && !frame->Caption().empty();
   return is_framed ? PlainCaption(frame->Caption()) : control.Design().tool_tip;
 }
 
-}  // namespace quorvale
 Colour ReadableColour(Colour wanted, Colour background) {
   constexpr unsigned kSteps = 16;
   const Colour end = Contrasts(kWhite, background) ? kWhite : kBlack;
@@ -110,3 +124,4 @@ Colour ReadableColour(Colour wanted, Colour background) {
   return Blend(wanted, end, step, kSteps);
 }
 
+}  // namespace quorvale

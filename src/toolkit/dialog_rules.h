@@ -25,10 +25,11 @@ class Widget;
 std::string PlainCaption(const std::string& caption);
 
 // The name of a control for screen readers: its caption, else the caption of the label before it in tab order, else of
-// its frame, else its tool tip.
+// its frame, else its tool tip. A label that only shows a colour is named after the button before it, with the colour
+// as "#RRGGBB".
 std::string SpokenName(const Widget& control);
 
-}  // namespace quorvale
 // The colour for a text on that background: `wanted` if it contrasts enough, else a lighter or a darker one.
 Colour ReadableColour(Colour wanted, Colour background);
 
+}  // namespace quorvale

@@ -332,11 +332,12 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
 
 TEST_F(OptionsFormTest, ControlsHaveSpokenNames) {
   Open();
+  form->Find<Label>("lblFrameColor").SetBackColor(0x0080FF);
   for (const auto& [name, spoken] : {std::pair{"cmdOK", "OK"},
                                      {"txtInterval", "Swap Interval (Sec.):"},
                                      {"cboAffect", "Transition Effect"},
                                      {"sldSpeed", "Speed"},
-                                     {"lblFrameColor", "Current background color."}}) {
+                                     {"lblFrameColor", "Frame Color: #FF8000"}}) {
     EXPECT_EQ(SpokenName(form->Find<Widget>(name)), spoken);
   }
 }

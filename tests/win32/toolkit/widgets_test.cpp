@@ -269,13 +269,6 @@ TEST_F(WidgetsTest, SendKeysTypesBothCases) {
   EXPECT_EQ(dialog_->text.Text(), "Qu");
 }
 
-// Screen readers find the names of all other controls in their windows.
-TEST_F(WidgetsTest, ScreenReadersGetTheNamesThatControlsDoNotShow) {
-  std::vector<std::wstring> names;
-  for (const auto& [window, name] : NamesToSpeak(Handle())) names.push_back(name);
-  EXPECT_THAT(names, testing::UnorderedElementsAre(L"Text:", L"Speed", L""));
-}
-
 TEST_F(WidgetsTest, LinesAndSliderTicksAreVisible) {
   RECT line{};
   GetClientRect(At(250, 300), &line);

@@ -16,7 +16,6 @@
 #include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/widgets/fitting.h"
 #include "platform/desktop/widgets/label_widget.h"
-#include "toolkit/dialog_rules.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
@@ -133,8 +132,7 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// A label's access key leads to the control after it in the tab order, and its text is that control's accessible name.
-// A label without a text only shows a colour.
+// A label's access key leads to the control after it in the tab order. A label without a text only shows a colour.
 void DialogWindow::ArrangeControls() {
   std::erase_if(controls_, [](const Control& c) { return !c.widget || c.control->Design().tab_index < 0; });
   std::stable_sort(controls_.begin(), controls_.end(), [](const Control& a, const Control& b) {
@@ -150,7 +148,6 @@ void DialogWindow::ArrangeControls() {
     if (last != nullptr) setTabOrder(last, widget);
     if (last == nullptr) widget->setFocus();
     if (label != nullptr) label->LeadTo(*widget);
-    if (widget->accessibleName().isEmpty()) widget->setAccessibleName(Caption(SpokenName(*control.control)));
     label = nullptr;
     last = widget;
   }

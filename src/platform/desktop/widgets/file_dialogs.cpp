@@ -6,8 +6,10 @@
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 namespace quorvale {
 namespace {
@@ -37,8 +39,16 @@ class PlainIcons : public QFileIconProvider {
   }
 };
 
+// Qt's own dialog ties no labels to its drop-down lists.
+void NameLists(const QFileDialog& dialog) {
+  for (const auto& [label, list] : {std::pair{"lookInLabel", "lookInCombo"}, {"fileTypeLabel", "fileTypeCombo"}}) {
+    if (auto* const found = dialog.findChild<QLabel*>(label)) found->setBuddy(dialog.findChild<QWidget*>(list));
+  }
+}
+
 // Returns what was chosen. Qt's own dialog would not fit on a small screen.
 QStringList Run(QFileDialog& dialog) {
+  NameLists(dialog);
   PlainIcons icons;
   dialog.setIconProvider(&icons);
   dialog.setOption(QFileDialog::DontUseCustomDirectoryIcons);

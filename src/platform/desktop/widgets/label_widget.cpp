@@ -32,7 +32,6 @@ LabelWidget::LabelWidget(const QFont& font) : font_(font) {
 
 void LabelWidget::ShowCaption(const QString& caption) {
   caption_ = caption;
-  setAccessibleName(PlainText());
   Fit();
 }
 

@@ -1,3 +1,4 @@
+#include <QAccessibleWidget>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QImage>
@@ -43,6 +44,11 @@ class ArtworkWidget : public QWidget {
   // Draws the artwork again.
   void Refresh();
 
+  bool IsLink() const { return static_cast<bool>(view_.Click); }
+  void Press() {
+    Deliver([this] { view_.UserClick(); });
+  }
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -55,6 +61,35 @@ class ArtworkWidget : public QWidget {
   ImageView& view_;
   QImage image_;
   bool is_pressed_ = false;
+};
+
+// What screen readers see of it: a picture, or a link that they can press.
+class AccessibleArtwork : public QAccessibleWidget {
+ public:
+  explicit AccessibleArtwork(ArtworkWidget& artwork)
+      : QAccessibleWidget(&artwork, artwork.IsLink() ? QAccessible::Link : QAccessible::Graphic), artwork_(artwork) {}
+
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (artwork_.IsLink()) names.prepend(pressAction());
+    return names;
+  }
+  void doAction(const QString& action) override {
+    if (action == pressAction()) {
+      artwork_.Press();
+    } else {
+      QAccessibleWidget::doAction(action);
+    }
+  }
+
+  // For Qt, which asks for the interface of each object.
+  static QAccessibleInterface* Make(const QString& /*class_name*/, QObject* object) {
+    auto* const artwork = dynamic_cast<ArtworkWidget*>(object);
+    return artwork != nullptr ? new AccessibleArtwork(*artwork) : nullptr;
+  }
+
+ private:
+  ArtworkWidget& artwork_;
 };
 
 // Tabs, and the frame of the area below them on which other controls lie.
@@ -108,7 +143,7 @@ QRegion FrameBox::OutsideSiblings() const {
 }
 
 ArtworkWidget::ArtworkWidget(ImageView& view) : view_(view) {
-  if (!view.Click) return;
+  if (!IsLink()) return;
   setCursor(Qt::PointingHandCursor);
   setFocusPolicy(Qt::TabFocus);
 }
@@ -139,12 +174,12 @@ void ArtworkWidget::mousePressEvent(QMouseEvent* event) {
 
 void ArtworkWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !std::exchange(is_pressed_, false)) return;
-  if (rect().contains(event->pos())) Deliver([this] { view_.UserClick(); });
+  if (rect().contains(event->pos())) Press();
 }
 
 void ArtworkWidget::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Space && view_.Click) {
-    Deliver([this] { view_.UserClick(); });
+  if (event->key() == Qt::Key_Space && IsLink()) {
+    Press();
   } else {
     QWidget::keyPressEvent(event);
   }
@@ -240,6 +275,7 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Rule& rule) {
 }
 
 std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, ImageView& view) {
+  QAccessible::installFactory(&AccessibleArtwork::Make);
   auto widget = std::make_unique<ArtworkWidget>(view);
   auto* const it = widget.get();
   auto peer = std::make_unique<ControlPeer>(window, view, std::move(widget), [it] { it->Refresh(); });
@@ -253,6 +289,7 @@ std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, TabStrip& strip)
   auto* const it = widget.get();
   auto peer = std::make_unique<ControlPeer>(window, strip, std::move(widget), [&strip, it] {
     const QSignalBlocker silence(it->Tabs());
+    it->Tabs().setAccessibleName(it->accessibleName());
     it->Tabs().setCurrentIndex(strip.SelectedItem() - 1);
     it->update();
   });

@@ -5,6 +5,7 @@
 
 #include "platform/desktop/toolkit/pixels.h"
 #include "platform/desktop/widgets/fitting.h"
+#include "toolkit/dialog_rules.h"
 
 namespace quorvale {
 
@@ -48,8 +49,7 @@ void ControlPeer::Update(WidgetAspect aspect) {
 
 void ControlPeer::Show() {
   const QSignalBlocker silence(*widget_);
-  const QString name = WithoutAccessKey(Caption(control_.Caption()));
-  if (!name.isEmpty()) widget_->setAccessibleName(name);
+  widget_->setAccessibleName(Caption(SpokenName(control_)));
   show_();
 }
 

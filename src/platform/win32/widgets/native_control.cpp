@@ -26,10 +26,10 @@ DWORD StyleOf(const Widget& widget, DWORD kind_style) {
 
 BOOL CALLBACK AddName(HWND window, LPARAM list) {
   const NativeControl* const control = NativeControl::Of(window);
-  if (control == nullptr || control->ShowsCaption()) return TRUE;
+  if (control == nullptr) return TRUE;
   Deliver([&] {
-    reinterpret_cast<std::vector<std::pair<HWND, std::wstring>>*>(list)->emplace_back(window,
-                                                                                      ToWide(control->NameToSpeak()));
+    const std::string name = control->ShowsCaption() ? std::string() : control->NameToSpeak();
+    reinterpret_cast<std::vector<std::pair<HWND, std::wstring>>*>(list)->emplace_back(window, ToWide(name));
   });
   return TRUE;
 }
@@ -119,6 +119,11 @@ void NativeControl::Refresh(WidgetAspect aspect) {
       break;
     case WidgetAspect::kCaption:
       SetWindowTextW(window_, ToWide(widget_.Caption()).c_str());
+      NameForScreenReaders(window_);
+      break;
+    case WidgetAspect::kColour:
+      NameForScreenReaders(window_);
+      InvalidateRect(window_, nullptr, TRUE);
       break;
     case WidgetAspect::kValue:
       ShowValue();
@@ -167,19 +172,30 @@ LRESULT CALLBACK NativeControl::Procedure(HWND window, UINT message, WPARAM firs
   return result;
 }
 
-std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND dialog) {
+std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND window) {
   std::vector<std::pair<HWND, std::wstring>> names;
-  EnumChildWindows(dialog, &AddName, reinterpret_cast<LPARAM>(&names));
+  AddName(window, reinterpret_cast<LPARAM>(&names));
+  EnumChildWindows(window, &AddName, reinterpret_cast<LPARAM>(&names));
   return names;
 }
 
-void NameForScreenReaders(HWND dialog) {
+void NameForScreenReaders(HWND window) {
   ComPointer<IAccPropServices> services;
   const HRESULT made = CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
                                         reinterpret_cast<void**>(services.Out()));
   if (FAILED(made)) return;
-  for (const auto& [window, name] : NamesToSpeak(dialog)) {
-    services->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, name.c_str());
+  for (const auto& [control, name] : NamesToSpeak(window)) {
+    constexpr auto kClient = static_cast<DWORD>(OBJID_CLIENT);
+    if (name.empty()) {
+      services->ClearHwndProps(control, kClient, CHILDID_SELF, &PROPID_ACC_NAME, 1);
+    } else {
+      services->SetHwndPropStr(control, kClient, CHILDID_SELF, PROPID_ACC_NAME, name.c_str());
+    }
+    if (!NativeControl::Of(control)->IsLink()) continue;
+    VARIANT role{};
+    role.vt = VT_I4;
+    role.lVal = ROLE_SYSTEM_LINK;
+    services->SetHwndProp(control, kClient, CHILDID_SELF, PROPID_ACC_ROLE, role);
   }
 }
 

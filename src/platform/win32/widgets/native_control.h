@@ -42,9 +42,11 @@ class NativeControl {
   HWND Window() const { return window_; }
   const WidgetDesign& Design() const { return widget_.Design(); }
 
-  // Whether its window text is its name. If not, screen readers need `NameToSpeak`.
+  // Whether screen readers find its name in its window text. If not, they need `NameToSpeak`.
   virtual bool ShowsCaption() const { return true; }
   std::string NameToSpeak() const { return SpokenName(widget_); }
+  // Screen readers announce it as a link.
+  virtual bool IsLink() const { return false; }
 
   // The arrow keys move between adjacent option buttons.
   virtual bool IsOptionButton() const { return false; }
@@ -98,10 +100,11 @@ class NativeControl {
   HWND window_ = nullptr;
 };
 
-// The names of the controls on `dialog` that don't show them, for screen readers.
-std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND dialog);
+// The names of a control and of those in it, or of the controls on a dialog, for screen readers. Empty where the window
+// text is the name.
+std::vector<std::pair<HWND, std::wstring>> NamesToSpeak(HWND window);
 // Hands those names to the system's accessibility service, if there is one. They last as long as the windows.
-void NameForScreenReaders(HWND dialog);
+void NameForScreenReaders(HWND window);
 
 // A Windows control as the peer of a widget.
 template <typename Peer = WidgetPeer>

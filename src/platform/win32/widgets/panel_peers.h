@@ -39,6 +39,7 @@ class ImageViewControl : public ControlPeer<> {
 
   bool IsBackground() const override { return true; }
   bool ShowsCaption() const override { return false; }
+  bool IsLink() const override { return view_.Click != nullptr; }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
@@ -55,6 +56,7 @@ class TabStripControl : public ControlPeer<> {
   TabStripControl(DialogWindow& dialog, TabStrip& strip);
 
   bool IsBackground() const override { return true; }
+  bool ShowsCaption() const override { return false; }
   bool PressAccessKey(wchar_t key) override;
 
  protected:
