@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <string_view>
 #include <thread>
 
@@ -99,6 +101,14 @@ class WidgetsTest : public testing::Test {
   // The window of a control that lies at that place of the form, in pixels.
   HWND At(int x, int y) const { return ChildWindowFromPointEx(Handle(), {x, y}, CWP_ALL); }
 
+  HWND ToolTips() const {
+    HWND tips = nullptr;
+    while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+      if (GetWindow(tips, GW_OWNER) == Handle()) return tips;
+    }
+    return nullptr;
+  }
+
   std::string ToolTipOf(HWND control) const {
     std::wstring text(1000, L'\0');
     TTTOOLINFOW tool{};
@@ -106,10 +116,7 @@ class WidgetsTest : public testing::Test {
     tool.hwnd = Handle();
     tool.uId = reinterpret_cast<UINT_PTR>(control);
     tool.lpszText = text.data();
-    HWND tips = nullptr;
-    while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
-      if (GetWindow(tips, GW_OWNER) == Handle()) SendMessageW(tips, TTM_GETTEXTW, 999, reinterpret_cast<LPARAM>(&tool));
-    }
+    SendMessageW(ToolTips(), TTM_GETTEXTW, 999, reinterpret_cast<LPARAM>(&tool));
     return FromWide(text.c_str());
   }
   HWND Handle() const { return dialog_->Handle(); }
@@ -241,6 +248,12 @@ TEST_F(WidgetsTest, LabelShowsItsColour) {
   ReleaseDC(Handle(), context);
 }
 
+LONG HeightOfFont(HWND window) {
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
+  return std::abs(font.lfHeight);
+}
+
 // As far as the screen has room.
 TEST_F(WidgetsTest, GrowsWithTheResolutionOfAnotherMonitor) {
   const auto widths = [this] {
@@ -251,6 +264,9 @@ TEST_F(WidgetsTest, GrowsWithTheResolutionOfAnotherMonitor) {
     return std::pair(client.right, box.right - box.left);
   };
   const auto [client, box] = widths();
+  const HWND tips = ToolTips();
+  const LONG tip_font = HeightOfFont(tips);
+  const LRESULT tip_width = SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0);
   RECT wanted{40, 30, 1000, 700};
   SendMessageW(Handle(), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&wanted));
   const auto [new_client, new_box] = widths();
@@ -259,6 +275,28 @@ TEST_F(WidgetsTest, GrowsWithTheResolutionOfAnotherMonitor) {
   RECT place{};
   GetWindowRect(Handle(), &place);
   EXPECT_EQ(place.left, 40);
+  EXPECT_NEAR(HeightOfFont(tips), 2 * tip_font, 1);
+  EXPECT_EQ(SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0), 2 * tip_width);
+}
+
+TEST_F(WidgetsTest, FollowsTheUsersFontAndTextSize) {
+  NONCLIENTMETRICSW usual{};
+  usual.cbSize = sizeof usual;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof usual, &usual, 0);
+  NONCLIENTMETRICSW large = usual;
+  large.lfMessageFont.lfHeight = -15;
+  std::wcscpy(large.lfMessageFont.lfFaceName, L"Arial");
+  const std::shared_ptr<Dialog> first = std::exchange(dialog_, std::make_shared<Dialog>(app_));
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof large, &large, 0);
+  dialog_->Show();
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof usual, &usual, 0);
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  EXPECT_EQ(client.right, 400) << "320 pixels times 15 to 12";
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HFONT>(SendMessageW(ListWindow(), WM_GETFONT, 0, 0)), sizeof font, &font);
+  EXPECT_STREQ(font.lfFaceName, L"Arial");
+  first->Unload();
 }
 
 TEST_F(WidgetsTest, SendKeysTypesBothCases) {

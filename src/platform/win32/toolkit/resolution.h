@@ -26,12 +26,19 @@ int SystemDpi();
 // The size of a window with frame, title and menu around a client area of this size, in device pixels.
 SIZE WindowSize(SIZE client, DWORD style, DWORD extended_style, bool has_menu, int dpi);
 
+// The fonts of the user's choice at this resolution, which the system's text size enlarges.
+struct UserFonts {
+  LOGFONTW dialogs;
+  LOGFONTW tool_tips;
+};
+UserFonts ReadUserFonts(int dpi);
+
 // Gives this thread the DPI awareness of a window, which may be another program's. A child window needs that of its
 // parent.
 void AdoptDpiAwarenessOf(HWND host);
 
-// Device pixels per toolkit pixel on this monitor: 1 for a show. Dialogs grow with the resolution as far as the monitor
-// has room for them.
+// Device pixels per toolkit pixel on this monitor: 1 for a show. Dialogs grow with the resolution and the system's text
+// size as far as the monitor has room for them.
 float ToolkitScale(PixelKind kind, int dpi, HMONITOR monitor);
 
 // The area of the monitor without the task bar.

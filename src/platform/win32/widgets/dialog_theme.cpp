@@ -1,16 +1,12 @@
 #include "platform/win32/widgets/dialog_theme.h"
 
-#include <algorithm>
 #include <cmath>
-#include <string_view>
 
-#include "platform/win32/toolkit/resolution.h"
 #include "toolkit/panels.h"
 
 namespace quorvale {
 namespace {
 
-constexpr std::wstring_view kFace = L"MS Shell Dlg 2";
 constexpr float kPointsPerInch = 72;
 
 bool Holds(const TwipRect& outer, const TwipRect& inner) {
@@ -23,12 +19,11 @@ bool Holds(const TwipRect& outer, const TwipRect& inner) {
 HFONT DialogFonts::Get(float points, bool bold) {
   GdiFont& font = fonts_[{points, bold}];
   if (!font) {
-    LOGFONTW description{};
+    LOGFONTW description = usual_;
     description.lfHeight =
         -static_cast<LONG>(std::lround((points > 0 ? points : kDefaultPoints) * kUsualDpi / kPointsPerInch * scale_));
-    description.lfWeight = bold ? FW_BOLD : FW_NORMAL;
-    description.lfCharSet = DEFAULT_CHARSET;
-    std::copy(kFace.begin(), kFace.end(), description.lfFaceName);
+    description.lfWidth = 0;
+    if (bold) description.lfWeight = FW_BOLD;
     font.reset(CreateFontIndirectW(&description));
   }
   return font.get();

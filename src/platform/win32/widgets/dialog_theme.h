@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/win32/toolkit/gdi.h"
+#include "platform/win32/toolkit/resolution.h"
 #include "toolkit/control.h"
 
 namespace quorvale {
@@ -13,16 +14,17 @@ class TabStrip;
 // The size of a dialog's text, where a control has none of its own.
 inline constexpr float kDefaultPoints = 8.25F;
 
-// The fonts of a dialog's controls at one scale: device pixels per layout pixel.
+// The fonts of a dialog's controls at one scale, device pixels per layout pixel, in the typeface of the user's choice.
 class DialogFonts {
  public:
-  explicit DialogFonts(float scale) : scale_(scale) {}
+  explicit DialogFonts(float scale) : scale_(scale), usual_(ReadUserFonts(kUsualDpi).dialogs) {}
 
   // 0 points is `kDefaultPoints`. The font lives as long as this object.
   HFONT Get(float points, bool bold);
 
  private:
   float scale_;
+  LOGFONTW usual_;
   std::map<std::pair<float, bool>, GdiFont> fonts_;
 };
 

@@ -16,14 +16,12 @@ namespace {
 
 constexpr UINT kMoveFocusFrom = WM_APP + 20;
 
-// In device pixels. Longer tool tips wrap.
+// At the usual resolution, in pixels. Longer tool tips wrap.
 constexpr int kToolTipWidth = 300;
 
 HWND MakeToolTips(HWND owner) {
-  const HWND tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
-                                    0, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr);
-  SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, kToolTipWidth);
-  return tips;
+  return CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0,
+                         owner, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
 struct OtherWindows {
@@ -54,7 +52,9 @@ DialogWindow::DialogWindow(PixelKind pixels, WindowEvents& events)
     : TopWindow(WindowKind::kDialog, pixels, events),
       fonts_(std::make_unique<DialogFonts>(Scale())),
       tool_tips_(MakeToolTips(Window())),
-      keyboard_(Window()) {}
+      keyboard_(Window()) {
+  FitToolTips(DpiOf(Window()));
+}
 
 DialogWindow::~DialogWindow() { EnableOthers(); }
 
@@ -194,9 +194,19 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
 void DialogWindow::FollowScale(int dpi, const RECT& wanted) {
   SetDpi(dpi, MonitorFromRect(&wanted, MONITOR_DEFAULTTONEAREST));
   const auto old_fonts = std::exchange(fonts_, std::make_unique<DialogFonts>(Scale()));
+  FitToolTips(dpi);
   page_.Reset();
   PlaceAt({wanted.left, wanted.top});
   EnumChildWindows(Window(), &FollowScaleOf, 0);
+}
+
+// The system makes their font for the primary monitor.
+void DialogWindow::FitToolTips(int dpi) {
+  const LOGFONTW description = ReadUserFonts(dpi).tool_tips;
+  GdiFont font(CreateFontIndirectW(&description));
+  SendMessageW(tool_tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), FALSE);
+  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, MulDiv(kToolTipWidth, dpi, kUsualDpi));
+  tool_tip_font_ = std::move(font);
 }
 
 }  // namespace quorvale

@@ -55,10 +55,12 @@ class DialogWindow : public TopWindow {
  private:
   void MoveFocusFrom(HWND control) const;
   void FollowScale(int dpi, const RECT& wanted);
+  void FitToolTips(int dpi);
   void EnableOthers();
 
   std::unique_ptr<DialogFonts> fonts_;
   HWND tool_tips_;
+  GdiFont tool_tip_font_;
   PageBackground page_;
   std::map<const Frame*, HWND> containers_;
   DialogKeyboard keyboard_;
