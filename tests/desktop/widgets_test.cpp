@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -224,6 +225,18 @@ TEST_F(WidgetsTest, RunModallyUntilTheFormGoes) {
   second->ShowModal();
   EXPECT_FALSE(second->IsLoaded());
   EXPECT_THAT(second->log, ElementsAre("Cancel", "unload"));
+}
+
+TEST_F(WidgetsTest, MixedColoursAreKeptAfterCancel) {
+  QTimer::singleShot(200, [] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    for (QPushButton* const button : dialog->findChildren<QPushButton*>()) {
+      if (button->text().contains("Custom")) button->click();
+    }
+    dialog->close();
+  });
+  EXPECT_EQ(platform_.ShowColourDialog(form_->Window(), 0x0080FF), 0x0080FFU);
+  EXPECT_EQ(QColorDialog::customColor(0), QColor(0xFF, 0x80, 0));
 }
 
 class ListWidgetTest : public WidgetsTest {

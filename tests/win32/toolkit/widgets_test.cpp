@@ -9,7 +9,7 @@
 
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/system/win32_programs.h"
-#include "platform/win32/widgets/native_control.h"
+#include "platform/win32/widgets/system_dialogs.h"
 #include "toolkit/buttons.h"
 #include "toolkit/entry_fields.h"
 #include "toolkit/form.h"
@@ -297,6 +297,22 @@ TEST_F(WidgetsTest, FollowsTheUsersFontAndTextSize) {
   GetObjectW(reinterpret_cast<HFONT>(SendMessageW(ListWindow(), WM_GETFONT, 0, 0)), sizeof font, &font);
   EXPECT_STREQ(font.lfFaceName, L"Arial");
   first->Unload();
+}
+
+// By what the dialog's buttons do: show the part for mixing, add the mixed colour, close.
+TEST_F(WidgetsTest, MixedColoursAreKeptAfterCancel) {
+  constexpr WPARAM kMix = 719;
+  constexpr WPARAM kAdd = 712;
+  const UINT_PTR user = SetTimer(nullptr, 0, 300, [](HWND, UINT, UINT_PTR, DWORD) {
+    const HWND dialog = GetLastActivePopup(GetActiveWindow());
+    for (const WPARAM button : {kMix, kAdd, static_cast<WPARAM>(IDCANCEL)}) {
+      PostMessageW(dialog, WM_COMMAND, button, reinterpret_cast<LPARAM>(GetDlgItem(dialog, static_cast<int>(button))));
+    }
+  });
+  OwnColours colours = EmptyOwnColours();
+  EXPECT_EQ(ShowWin32ColourDialog(Handle(), 0x0080FF, colours), 0x0080FFU);
+  KillTimer(nullptr, user);
+  EXPECT_THAT(colours, testing::Contains(0x0080FFU));
 }
 
 TEST_F(WidgetsTest, SendKeysTypesBothCases) {
