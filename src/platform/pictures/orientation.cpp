@@ -47,6 +47,7 @@ constexpr std::uint16_t kOrientationTag = 0x0112;
 constexpr std::uint16_t kExifDirectoryTag = 0x8769;
 constexpr std::uint16_t kDateTimeOriginalTag = 0x9003;
 constexpr std::uint32_t kAscii = 2;
+constexpr std::string_view kDayShape = "dddd:dd:dd";
 // Types of whole numbers. The standard asks for kShort, and for kLong for an offset.
 constexpr std::uint32_t kShort = 3;
 constexpr std::uint32_t kLong = 4;
@@ -97,21 +98,13 @@ class TagBlock {
     }
   }
 
-  // The day of an entry such as "2026:05:17 14:03:22". Cameras whose clock was never set write blanks or zeros.
+  // The day that the text of an entry begins with.
   std::string Date(std::size_t entry) const {
-    constexpr std::string_view kShape = "dddd:dd:dd";
     const auto place = Number(entry + 8, 4);
-    if (Number(entry + 2, 2) != kAscii || Number(entry + 4, 4).value_or(0) < kShape.size() || !place) return {};
-    if (*place > bytes_.size() || bytes_.size() - *place < kShape.size()) return {};
-    const ByteSpan text = bytes_.subspan(*place, kShape.size());
-    std::string date;
-    for (std::size_t i = 0; i < kShape.size(); ++i) {
-      const auto letter = static_cast<char>(text[i]);
-      const bool is_digit = letter >= '0' && letter <= '9';
-      if (kShape[i] == 'd' ? !is_digit : letter != ':') return {};
-      date += is_digit ? letter : '-';
-    }
-    return date.starts_with("0000") ? std::string() : date;
+    if (Number(entry + 2, 2) != kAscii || Number(entry + 4, 4).value_or(0) < kDayShape.size() || !place) return {};
+    if (*place > bytes_.size() || bytes_.size() - *place < kDayShape.size()) return {};
+    const ByteSpan text = bytes_.subspan(*place, kDayShape.size());
+    return DayOfExif(std::string(text.begin(), text.end()));
   }
 
   // The first value of an entry.
@@ -152,6 +145,17 @@ std::optional<CameraTags> TagsInSegment(ByteSpan segment) {
 
 }  // namespace
 
+std::string DayOfExif(std::string_view text) {
+  if (text.size() < kDayShape.size()) return {};
+  std::string date;
+  for (std::size_t i = 0; i < kDayShape.size(); ++i) {
+    const bool is_digit = text[i] >= '0' && text[i] <= '9';
+    if (kDayShape[i] == 'd' ? !is_digit : text[i] != ':') return {};
+    date += is_digit ? text[i] : '-';
+  }
+  return date.starts_with("0000") ? std::string() : date;
+}
+
 Orientation Orientation::FromExif(int number) {
   return number >= 1 && number <= 8 ? kOrientations[static_cast<std::size_t>(number)] : Orientation{};
 }
@@ -184,6 +188,12 @@ void Orientation::PlaceRow(const Pixel* row, int y, const PixelView& shown_part)
 // Some programs put the signature in front where no format asks for it.
 CameraTags ExifCameraTags(std::span<const std::uint8_t> exif) {
   return TagsInSegment(exif).value_or(TagsIn(TagBlock(exif)));
+}
+
+CameraTags BoxedCameraTags(std::span<const std::uint8_t> block) {
+  ByteReader reader(block, 0, std::endian::big);
+  reader.Skip(reader.U32());
+  return ExifCameraTags(reader.Rest());
 }
 
 CameraTags JpegCameraTags(ByteSource& bytes) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/pictures/byte_source.h"
 #include "toolkit/bitmap.h"
@@ -37,6 +38,10 @@ struct Orientation {
   void PlaceRow(const Pixel* row, int y, const PixelView& shown_part) const;
 };
 
+// The day in a text such as "2026:05:17 14:03:22", as "2026-05-17". Empty if the camera's clock was never set, for
+// which blanks or zeros stand.
+std::string DayOfExif(std::string_view text);
+
 // What a camera stores beside the pixels, as Exif. Defaults stand for what a file lacks or is damaged.
 struct CameraTags {
   Orientation orientation = {};
@@ -47,6 +52,8 @@ struct CameraTags {
 // From a block of Exif data, with or without the signature of a JPEG segment in front.
 CameraTags ExifCameraTags(std::span<const std::uint8_t> exif);
 CameraTags JpegCameraTags(ByteSource& bytes);
+// From a box or an item of HEIF or JPEG XL, which begins with the place of the Exif data in it.
+CameraTags BoxedCameraTags(std::span<const std::uint8_t> block);
 // From the chunk `eXIf`, which may come before the pixels or after them.
 CameraTags PngCameraTags(ByteSource& bytes);
 

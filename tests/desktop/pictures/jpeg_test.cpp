@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <tiffio.h>
 
 #include <algorithm>
 #include <array>
@@ -102,8 +103,8 @@ TEST(PictureJpeg, FindsTheOrientationHoweverItIsStored) {
   EXPECT_EQ(picture->NaturalSize(1).width, 30 * kTwipsPerPixel);
 }
 
-// A photo with camera data that lead to a second directory, and there to a date at `place`.
-Bytes WithDate(const std::string& text, bool big_endian, unsigned place = 44) {
+// Camera data that lead to a second directory, and there to a date at `place`.
+Bytes DateData(const std::string& text, bool big_endian, unsigned place = 44) {
   Bytes data{'E', 'x', 'i', 'f', 0, 0, big_endian ? std::uint8_t{'M'} : std::uint8_t{'I'}};
   data.push_back(data.back());
   const auto put = [&](unsigned value, int size) {
@@ -126,11 +127,62 @@ Bytes WithDate(const std::string& text, bool big_endian, unsigned place = 44) {
                                                                          {0, 4}})
     put(value, size);
   data.insert(data.end(), text.begin(), text.end());
+  return data;
+}
+
+Bytes WithDate(const std::string& text, bool big_endian, unsigned place = 44) {
+  Bytes data = DateData(text, big_endian, place);
   const auto length = static_cast<std::uint8_t>(data.size() + 2);
   data.insert(data.begin(), {0xFF, 0xE1, 0, length});
   Bytes bytes = MakeJpeg(MakeWaves(8, 8), {.name = ""});
   bytes.insert(bytes.begin() + 2, data.begin(), data.end());
   return bytes;
+}
+
+// A JPEG XL file of boxes with the camera data behind the picture, in a box that may have a long size.
+Bytes JxlWithDate(const std::string& text, bool has_long_size) {
+  Bytes bytes{0, 0, 0, 12, 'J', 'X', 'L', ' ', '\r', '\n', 0x87, '\n'};
+  const Bytes kind{'j', 'x', 'l', ' ', 0, 0, 0, 0, 'j', 'x', 'l', ' '};
+  const auto add = [&](const char* type, const Bytes& content, bool is_long) {
+    const auto size = static_cast<std::uint8_t>(content.size() + 8);
+    bytes.insert(bytes.end(), {0, 0, is_long ? std::uint8_t{0} : static_cast<std::uint8_t>((content.size() + 8) >> 8U),
+                               is_long ? std::uint8_t{1} : size});
+    bytes.insert(bytes.end(), type, type + 4);
+    const std::size_t whole = content.size() + 16;
+    if (is_long) {
+      bytes.insert(bytes.end(),
+                   {0, 0, 0, 0, 0, 0, static_cast<std::uint8_t>(whole >> 8U), static_cast<std::uint8_t>(whole)});
+    }
+    bytes.insert(bytes.end(), content.begin(), content.end());
+  };
+  add("ftyp", kind, false);
+  add("jxlc", ReadBytes(QUORVALE_SEEDS "/picture/plain.jxl"), false);
+  Bytes data = DateData(text, true, 44);
+  // The place of the data behind the number: after the signature.
+  data.insert(data.begin(), {0, 0, 0, 6});
+  add("Exif", data, has_long_size);
+  return bytes;
+}
+
+// Made by the library: the directory of camera data stands behind that of the picture.
+Bytes TiffWithDate(const TemporaryDirectory& folder, const char* text) {
+  const std::string path = WritePicture(folder, "made.tif", {});
+  TIFF* const tiff = TIFFOpen(path.c_str(), "w");
+  TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, 8);
+  TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, 1);
+  TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
+  TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+  std::uint64_t place = 0;
+  TIFFSetField(tiff, TIFFTAG_EXIFIFD, place);
+  TIFFWriteScanline(tiff, Bytes(8).data(), 0, 0);
+  TIFFWriteDirectory(tiff);
+  TIFFCreateEXIFDirectory(tiff);
+  TIFFSetField(tiff, EXIFTAG_DATETIMEORIGINAL, text);
+  TIFFWriteCustomDirectory(tiff, &place);
+  TIFFSetDirectory(tiff, 0);
+  TIFFSetField(tiff, TIFFTAG_EXIFIFD, place);
+  TIFFClose(tiff);
+  return ReadBytes(path);
 }
 
 TEST(PictureJpeg, ReadsTheDayOfThePhoto) {
@@ -142,6 +194,9 @@ TEST(PictureJpeg, ReadsTheDayOfThePhoto) {
   const std::string text = "2026:05:17 14:03:22";
   for (const Case& c : {Case{WithDate(text, false), "2026-05-17"},
                         {WithDate(text, true), "2026-05-17"},
+                        {JxlWithDate(text, false), "2026-05-17"},
+                        {JxlWithDate(text, true), "2026-05-17"},
+                        {TiffWithDate(folder, text.c_str()), "2026-05-17"},
                         {WithDate("0000:00:00 00:00:00", true), ""},
                         {WithDate("    :  :     :  :  ", false), ""},
                         {WithDate("2026:05", false), ""},

@@ -17,8 +17,6 @@ namespace {
 constexpr int kMostOnASide = 11585;
 // Exif with a large thumbnail fits.
 constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
-// The place of the Exif data in its block comes before them.
-constexpr std::size_t kExifOffset = 4;
 
 template <typename Type, auto kRelease>
 struct Releaser {
@@ -148,12 +146,10 @@ class HeifPicture : public FilePicture {
     heif_item_id item = 0;
     if (heif_image_handle_get_list_of_metadata_block_IDs(handle_.get(), "Exif", &item, 1) != 1) return {};
     const std::size_t size = heif_image_handle_get_metadata_size(handle_.get(), item);
-    if (size <= kExifOffset || size > kLongestExif) return {};
+    if (size > kLongestExif) return {};
     std::vector<std::uint8_t> block(size);
     if (!IsGood(heif_image_handle_get_metadata(handle_.get(), item, block.data()))) return {};
-    const std::uint32_t offset = std::uint32_t{block[0]} << 24U | block[1] << 16U | block[2] << 8U | block[3];
-    if (offset > size - kExifOffset) return {};
-    return ExifCameraTags(std::span(block).subspan(kExifOffset + offset)).date_taken;
+    return BoxedCameraTags(block).date_taken;
   }
 
   void ReadColours() {

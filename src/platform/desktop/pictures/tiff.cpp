@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -33,12 +34,15 @@ class TiffDecoder {
   bool HasAlpha() const { return image_.alpha != 0; }
   int BandRows() const { return band_rows_; }
   Orientation StoredOrientation() const { return orientation_; }
+  const std::string& DateTaken() const { return date_taken_; }
   std::span<const std::uint8_t> Profile() const;
 
   // Decodes up to that many rows from `top` on. Pixels are red, green, blue, alpha from the low byte up, premultiplied.
   bool Read(int top, int rows, std::vector<std::uint32_t>& band);
 
  private:
+  bool ReadDate();
+
   struct Stream {
     PictureFile& file;
     std::size_t offset = 0;
@@ -52,6 +56,7 @@ class TiffDecoder {
   bool has_begun_ = false;
   int band_rows_ = 0;
   Orientation orientation_;
+  std::string date_taken_;
 };
 
 TiffDecoder::TiffDecoder(PictureFile& file) : stream_{file} {
@@ -94,7 +99,7 @@ toff_t TiffDecoder::OnSeek(thandle_t handle, toff_t offset, int whence) {
 bool TiffDecoder::ReadHeader() {
   std::array<char, 1024> message{};
   constexpr int kStopAtDamage = 1;
-  if (tiff_ == nullptr || TIFFRGBAImageOK(tiff_, message.data()) == 0) return false;
+  if (tiff_ == nullptr || !ReadDate() || TIFFRGBAImageOK(tiff_, message.data()) == 0) return false;
   has_begun_ = TIFFRGBAImageBegin(&image_, tiff_, kStopAtDamage, message.data()) != 0;
   constexpr std::uint32_t kMost = kPictureMemoryLimit / sizeof(Pixel);
   if (!has_begun_ || image_.width == 0 || image_.height == 0 || image_.width > kMost / image_.height) return false;
@@ -107,6 +112,19 @@ bool TiffDecoder::ReadHeader() {
   while (rows < kLeastRows) rows *= 2;
   band_rows_ = static_cast<int>(rows);
   return true;
+}
+
+// It stands in a directory of its own. The library holds one directory at a time, so the picture's is read
+// again; false if it can't be.
+bool TiffDecoder::ReadDate() {
+  toff_t place = 0;
+  if (TIFFGetField(tiff_, TIFFTAG_EXIFIFD, &place) == 0) return true;
+  const char* text = nullptr;
+  if (TIFFReadEXIFDirectory(tiff_, place) != 0 && TIFFGetField(tiff_, EXIFTAG_DATETIMEORIGINAL, &text) != 0 &&
+      text != nullptr) {
+    date_taken_ = DayOfExif(text);
+  }
+  return TIFFSetDirectory(tiff_, 0) != 0;
 }
 
 std::span<const std::uint8_t> TiffDecoder::Profile() const {
@@ -166,7 +184,7 @@ class TiffRows : public SequentialRows {
 class TiffPicture : public DecodedPicture<TiffDecoder> {
  public:
   explicit TiffPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
-    Describe(Header().Size(), Header().StoredOrientation());
+    Describe(Header().Size(), Header().StoredOrientation(), Header().DateTaken());
     UseProfile(Header().Profile());
   }
 
