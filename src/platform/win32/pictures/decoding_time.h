@@ -5,7 +5,9 @@
 
 namespace quorvale {
 
-// How long the decoding of one picture may take. The show stands still meanwhile and sees no input.
+// How long the decoding of one picture may take. The show stands still meanwhile and sees no input. Keys are looked for
+// here, not by `PicturePlace::while_waiting`: rows are also decoded while a window paints itself, and an event that is
+// handled then could unload the form. The key stays in the queue, and ends the show once the load has failed.
 class DecodingTime {
  public:
   // False when the time is over, and the picture should end with what there is. Fails with kBadPicture when a key waits
