@@ -11,8 +11,9 @@ namespace quorvale {
 // The window title. A second start finds a running show by it.
 inline constexpr char kMainFormCaption[] = "Screen Saver Main Form";
 
-// The full-screen show's window. Covers the screen, hides the cursor and decides when the show ends: at a key, a mouse
-// button, or the tenth mouse move within ten seconds. Slides and sounds are the tick's business. With the option
+// The full-screen show's window. Covers the screen, hides the cursor and decides when the show ends: at a key, at the
+// tenth mouse move within ten seconds, or when another window takes the focus; a mouse button ends it on the other
+// monitors only. Slides and sounds are the tick's business. With the option
 // `Monitors` the other monitors have forms of their own, otherwise the platform keeps them black.
 class MainForm : public ShowForm {
  public:

@@ -79,6 +79,7 @@ inline constexpr OptionRow kResetPicList{"ResetPicList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kResetSoundList{"ResetSoundList", OptionKind::kFlag, ""};
 inline constexpr OptionRow kScaling{"Scaling", OptionKind::kChoice, kScalings[0], kScalings};  // the layout
 inline constexpr OptionRow kFitBackdrop{"FitBackdrop", OptionKind::kFlag, "0"};                // the layout, with `Fit`
+// The layout, while `ShowFileName` is on.
 inline constexpr OptionRow kCaptionText{"CaptionText", OptionKind::kChoice, kCaptionTexts[0], kCaptionTexts};
 // The show's start: directory entries stand for their sub-folders too.
 inline constexpr OptionRow kSubFolders{"SubFolders", OptionKind::kFlag, "0"};
@@ -90,7 +91,7 @@ inline constexpr OptionRow kMoreKinds{"MoreKinds", OptionKind::kFlag, "0"};
 inline constexpr OptionRow kMonitors{"Monitors", OptionKind::kChoice, kMonitorChoices[0], kMonitorChoices};
 
 // The dialog's own default: while no frame colour is stored, it offers white, but the show draws black.
-inline constexpr OptionRow kFrameColorInDialog{"FrameColor", OptionKind::kColour, "16777215"};
+inline constexpr OptionRow kFrameColorInDialog{kFrameColor.key, OptionKind::kColour, "16777215"};
 
 // The options of the dialog, in its order of reading and writing.
 inline constexpr const OptionRow* kDialogOptions[] = {
