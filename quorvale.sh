@@ -136,7 +136,7 @@ lint() {
 soak() {
   need $build_packages $whole_packages $screen_packages $test_packages
   build release --target quorvale quorvale-settings preview_host
-  say "Showing pictures among trouble, in every mode"
+  say "Soaking every mode, with faults injected"
   python3 scripts/soak.py build "$@"
 }
 
@@ -183,8 +183,8 @@ Usage: ./quorvale.sh COMMAND. Each command builds first what it needs, and insta
 with QUORVALE_INSTALL=no in the environment it names that and stops.
   show       run the show on the sample pictures; without a display on a virtual one, leaving screenshots
   test       build for release, and run the tests: headless, desktop and end to end
-  check      what CI runs beside: debug build, sanitizers, fuzzing, Windows under Wine, two minutes of soak, lint
-  soak       [MINUTES [SEED]] shows pictures among trouble in every mode, and says whether it held
+  check      what CI runs after it: debug build, sanitizers, fuzzing, Windows under Wine, two minutes of soak, lint
+  soak       [MINUTES [SEED]] runs every mode with faults injected, and reports whether it survived
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// The texts that the core shows to the user, grouped by window. A translation replaces this file. Stored values, key
-// names and the names of controls are no texts and stand where they are used.
+// The texts that the core shows to the user, grouped by window. A translation replaces this file. Stored values, keys
+// and names of controls are not translated, so they stay where they are used.
 //
 // An "&" in a caption marks the access key. "%1" to "%9" are places for values, see `Fill`.
 namespace quorvale::strings {

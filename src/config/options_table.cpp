@@ -33,7 +33,7 @@ constexpr int kNumberLength = 2;
 constexpr int kSlowest = 1;
 constexpr int kFastest = 20;
 
-// The last of the options for which `Load` fails. Those behind it only keep what their controls show.
+// `Load` fails for the options up to this one. The controls of later ones keep what they show.
 constexpr const OptionRow* kLastFailing = &kBackColor;
 
 // The number with up to 15 digits, as in "5", "0.5" and "1E+20".

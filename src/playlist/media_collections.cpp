@@ -122,7 +122,7 @@ void AddTreeFiles(FileSystem& files, Collection& collection, const std::string& 
     pending.pop_back();
     try {
       const DirectoryId id = files.IdOf(folder);
-      // Without numbers a loop of links ends where its path becomes too long.
+      // Without file numbers, a loop of links ends when its path is too long.
       if (id.number != 0 && !visited.insert(id).second) continue;
       std::vector<std::string> names =
           files.EnumerateFolder(folder, patterns, [&](const std::string& name) { collection.Add(folder + name); });

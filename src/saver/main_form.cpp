@@ -42,7 +42,7 @@ void MainForm::Form_Load() {
   if (!IsLoaded()) return;
   FollowMonitors();
   if (!IsLoaded()) return;
-  // It is the show on the primary monitor that begins the lists anew.
+  // Only the show on the primary monitor restarts the lists.
   if (process_.beside_primary) process_.show.FirstTickOver = true;
   InitShow(process_, *this);
   FollowMonitors();

@@ -56,7 +56,7 @@ void MonitorForm::CoverPlace() {
   PicBase.Move(0, 0, Width(), Height());
 }
 
-// Only the show closes it. Who asks this form alone to close means the show, which then closes all.
+// Only the show closes it. A request to close this form ends the whole show.
 void MonitorForm::Form_QueryUnload(bool& cancel) {
   if (!is_closing_) events_.Ended();
   cancel = !is_closing_;
@@ -67,7 +67,7 @@ void MonitorForm::Form_Unload() {
   tmrSwitch.SetEnabled(false);
 }
 
-// The main form's first tick comes before all others: it is the one at which a list may start anew.
+// The main form ticks first, since only its first tick may restart a list.
 void MonitorForm::tmrSwitch_Timer() {
   if (process_.show.StopRequested) return;
   if (process_.show.FirstTickOver) {

@@ -11,7 +11,7 @@ class Timer;
 // then; its tick has to wait, because both take their pictures from one list.
 class Turns {
  public:
-  // To be called when a form's timer fires. Runs `tick`, or makes the timer wait.
+  // Call it when a form's timer fires. Runs `tick`, or makes the timer wait.
   void Take(Timer& timer, const std::function<void()>& tick);
   // Makes the timer fire again when its turn comes: after a tick of another form, the longest waiting one first.
   void Wait(Timer& timer);

@@ -10,7 +10,7 @@ namespace quorvale {
 namespace {
 
 // The copy is reduced to this many cells along its longer side, so that a cell covers several dozen pixels of a screen
-// and no detail is left. The first of all costs is reading the picture, of which a few rows for each cell will do.
+// and no detail is left. Reading the picture costs most, and a few rows for each cell are enough.
 constexpr int kCells = 32;
 constexpr int kRowsToCell = 4;
 constexpr int kSmoothings = 2;
@@ -38,7 +38,7 @@ constexpr Pixel kRedBlue = 0x00FF00FFU;
 constexpr Pixel kGreen = 0x0000FF00U;
 constexpr Pixel kOpaque = 0xFF000000U;
 
-// `share` of `b`, 0 to 256, and the rest of `a`.
+// Blends: `share`, 0 to 256, of `b`, and the rest of `a`.
 Pixel Mix(Pixel a, Pixel b, Pixel share) {
   const Pixel rest = 256U - share;
   const Pixel red_blue = ((a & kRedBlue) * rest + (b & kRedBlue) * share) >> 8U & kRedBlue;

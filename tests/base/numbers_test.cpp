@@ -39,7 +39,7 @@ TEST(NumbersTest, LenientParseTakesTheNumberInFront) {
 }
 
 // A fraction of four hundred digits was taken for a huge number.
-TEST(NumbersTest, WhatIsTooSmallForADoubleIsZeroAndWhatIsTooLargeInfinite) {
+TEST(NumbersTest, TooSmallIsZeroAndTooLargeIsInfinite) {
   const std::string zeros(400, '0');
   EXPECT_EQ(LenientParse("0." + zeros + "1"), 0);
   EXPECT_EQ(LenientParse("." + zeros + "1"), 0);
@@ -47,7 +47,7 @@ TEST(NumbersTest, WhatIsTooSmallForADoubleIsZeroAndWhatIsTooLargeInfinite) {
   EXPECT_EQ(LenientParse("-1" + zeros + ".5"), -kInfinity);
 }
 
-TEST(NumbersTest, StrictNumberTakesNothingElse) {
+TEST(NumbersTest, AStrictNumberRejectsTrailingText) {
   const std::pair<const char*, double> cases[] = {
       {"12", 12}, {" 12 ", 12}, {"-1.5", -1.5}, {"&HFF&", 255}, {"1e2", 100}};
   for (const auto& [text, value] : cases) {

@@ -62,7 +62,7 @@ TEST(DesktopPrograms, FindsTheDesktopsInformationToolInThePath) {
   setenv("PATH", path.c_str(), 1);
 }
 
-TEST(DesktopHost, LiesWhereTheProgramLies) {
+TEST(DesktopHost, TheSystemDirectoryIsTheProgramsOwn) {
   DesktopHost host([] {});
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
   EXPECT_EQ(std::filesystem::path(host.GetSystemDirectory(4096)) / host.ProgramName(),
@@ -74,7 +74,7 @@ TEST(DesktopHost, LiesWhereTheProgramLies) {
   EXPECT_TRUE(seconds >= 0 && seconds < 86'401) << seconds;
 }
 
-TEST(DesktopHost, EndsWhateverTheReleaseDoes) {
+TEST(DesktopHost, ExitsEvenIfTheReleaseThrows) {
   const TemporaryDirectory directory;
   const pid_t child = fork();
   if (child == 0) {

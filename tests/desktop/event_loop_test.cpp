@@ -98,7 +98,7 @@ TEST_F(LongPasses, TakeNoTimeOutOfSightOrWithoutTheSurface) {
 }
 
 // A box waited up to 35 seconds for an effect that had begun inside it.
-TEST_F(LongPasses, TakeNoTimeOnceTheBoxThatTheyBeganInHasItsAnswer) {
+TEST_F(LongPasses, DoNotWaitOnceTheirBoxIsAnswered) {
   QTimer::singleShot(0, &FormWindow(), [this] {
     qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(QMessageBox::Ok)->click();
     EXPECT_LT(TimeOfPasses(100), 15s);
@@ -108,7 +108,7 @@ TEST_F(LongPasses, TakeNoTimeOnceTheBoxThatTheyBeganInHasItsAnswer) {
   EXPECT_GE(TimeOfPasses(1), 20ms) << "and it ends there";
 }
 
-TEST_F(LongPasses, AreNoMatterOfPassesOutsideARun) {
+TEST_F(LongPasses, OnlyCountInsideARun) {
   EXPECT_LT(TimeOf([this] { platform_.PumpEvents(); }), 15s);
 }
 

@@ -83,7 +83,7 @@ TEST_F(PosixFileSystemTest, GroupsByPatternAndSortsByUpperCase) {
   }
 }
 
-TEST_F(PosixFileSystemTest, ADirectoryThatIsNoneFails) {
+TEST_F(PosixFileSystemTest, FailsIfThePathIsNoDirectory) {
   for (const std::string& path : {std::string("missing"), std::string("file.jpg"), std::string("loop.jpg"),
                                   std::string("pipe.jpg"), std::string(300, 'x'), std::string("dir.jpg\0x", 9)}) {
     EXPECT_EQ(FailureOf([&] { Enumerate(path, {"*"}); }), FailureNumber::kNotFound) << path;

@@ -274,7 +274,7 @@ TEST_F(SettingsFileTest, AFileInUseStaysWhereItIs) {
 }
 
 // Somebody else in the middle of a write is no damage, and is waited for once.
-TEST_F(SettingsFileTest, AHangingWriterCostsWritesOnly) {
+TEST_F(SettingsFileTest, AHangingWriterBlocksOnlyWrites) {
   ASSERT_TRUE(Save("Interval", "7"));
   SqliteDatabase other(directory_.Path("settings.db"), SQLITE_OPEN_READWRITE);
   other.Execute("BEGIN IMMEDIATE");

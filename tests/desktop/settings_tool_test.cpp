@@ -91,7 +91,7 @@ TEST_F(SettingsToolTest, ReachesOtherKeys) {
   EXPECT_EQ(Run({"get", "Options", "Interval"}), (Outcome{0, "7\n"}));
 }
 
-TEST_F(SettingsToolTest, RefusesWhatMakesNoSense) {
+TEST_F(SettingsToolTest, RejectsInvalidArguments) {
   const QStringList cases[] = {
       {},        {"show"},       {"get", "Options"},    {"set", "Options", "Interval"}, {"reset", "Options"},
       {"--key"}, {"--key", "x"}, {"--key", "", "reset"}};

@@ -142,7 +142,7 @@ TEST_F(PlayingTest, SizesThatReachPastTheEndPlayWhatIsThere) {
   EXPECT_EQ(FramesOf(5000, 4000), 4000);
 }
 
-TEST_F(PlayingTest, TheNextSoundEvenABadOneCutsOffTheCurrent) {
+TEST_F(PlayingTest, ANewSoundStopsTheCurrentEvenIfInvalid) {
   Steady(5000, 60 * kRate).Save(Path("long.wav"));
   Steady(-9000, 3000).Save(Path("short.wav"));
   capture_.RunInRealTime();
@@ -209,7 +209,7 @@ TEST_F(PlayingTest, AHugeFileIsStreamedInLittleMemory) {
   EXPECT_LT(PeakMemoryKb() - before, 20'000);
 }
 
-TEST_F(SoundTest, WhatIsNoSoundIsRefused) {
+TEST_F(SoundTest, RejectsInvalidFiles) {
   setenv("SDL_AUDIODRIVER", "dummy", 1);
   const std::string riff = Steady(5000, 1000).Bytes();
   const std::string data = Pcm16(5000, 1000);

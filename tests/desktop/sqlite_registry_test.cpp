@@ -77,7 +77,7 @@ TEST_F(SqliteRegistryTest, AnotherObjectSeesEachWriteAtOnce) {
   EXPECT_EQ(CRegSettings(registry_).GetSetting("Options", "*"), " blanks stay ");
 }
 
-TEST_F(SqliteRegistryTest, AnActIsSeenWholeOrNotAtAll) {
+TEST_F(SqliteRegistryTest, TransactionsAreAtomic) {
   SqliteRegistry other(directory_.Path("config"));
   CRegSettings here(registry_);
   CRegSettings there(other);

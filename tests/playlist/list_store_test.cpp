@@ -79,7 +79,7 @@ TEST_F(ListStoreTest, FailingWritesAreSilentAndTheRestIsWritten) {
   EXPECT_EQ(desktop.registry.OpenKeys(), 0);
 }
 
-TEST_F(ListStoreTest, AnUnreadListIsToldFromAShortOne) {
+TEST_F(ListStoreTest, DistinguishesAnUnreadableListFromAShortOne) {
   Save({"1", "2", "3"});
   list.Clear();
   desktop.registry.failures.FailCall(RegistryCall::kQuery, 3, kErrorReadFault);
@@ -89,7 +89,7 @@ TEST_F(ListStoreTest, AnUnreadListIsToldFromAShortOne) {
   EXPECT_EQ(LoadList(settings, list, kSection, "File"), LoadedPart::kAll);
 }
 
-TEST_F(ListStoreTest, WhatAListBoxHasNoRoomForStaysBehindIt) {
+TEST_F(ListStoreTest, KeepsEntriesBeyondTheListBox) {
   constexpr int kMost = ListBox::kMostItems;
   const auto stored = [this](int number) {
     return settings.GetSetting(kSection, "File" + std::to_string(number), "none");

@@ -53,7 +53,7 @@ TEST_F(MediaCollectionsTest, AListEndsAtAGapOrAtTheEndMark) {
   EXPECT_EQ(FillFromSettings(process.Settings, desktop.files, "Nothing", PictureMask()).Count(), 0);
 }
 
-TEST_F(MediaCollectionsTest, ADirectoryThatCantBeReadCostsItsOwnFilesAlone) {
+TEST_F(MediaCollectionsTest, AnUnreadableDirectoryLosesOnlyItsFiles) {
   EXPECT_THAT(PicturesOf({"C:\\gone\\", "C:\\y.jpg"}), ElementsAre("C:\\y.jpg"));
   desktop.files.MakeUnreadable("C:\\d", 1);
   EXPECT_THAT(PicturesOf({"C:\\d\\", "C:\\y.jpg"}), ElementsAre("C:\\d\\c.bmp", "C:\\y.jpg"));

@@ -27,7 +27,7 @@ std::vector<std::string> ByHand(std::vector<std::string> source, Random& random)
   return drawn;
 }
 
-TEST(ShuffleTest, DrawsWhatADrawByHandDraws) {
+TEST(ShuffleTest, MatchesAReferenceShuffle) {
   for (const int count : {0, 1, 2, 3, 4, 7, 8, 9, 100, 1000}) {
     for (std::uint64_t seed = 0; seed < 20; ++seed) {
       Random random;

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 
 class EndSaverTest : public ShowTest {};
 
-TEST_F(EndSaverTest, TheCursorIsDrivenPastWhateverCountItHad) {
+TEST_F(EndSaverTest, ShowsTheCursorWhateverItsCount) {
   const std::tuple<int, int, int> cases[] = {{0, 6, -6}, {-6, 6, -7}, {-40, 6, -41},
                                              {5, 6, -6}, {6, 7, -6},  {40, 41, -6}};
   for (const auto& [before, on, off] : cases) {
@@ -28,7 +28,7 @@ TEST_F(EndSaverTest, TheCursorIsDrivenPastWhateverCountItHad) {
   }
 }
 
-TEST_F(EndSaverTest, EventsRunOnceMoreThenTheDialogIsGivenBackAndTheProcessEnds) {
+TEST_F(EndSaverTest, PumpsThenEnablesTheDialogThenEnds) {
   process.ConfigDialogHwnd = desktop.windows.CreateForeign("Display Properties");
   desktop.windows.EnableWindow(process.ConfigDialogHwnd, false);
   desktop.calls.clear();

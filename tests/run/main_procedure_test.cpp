@@ -54,7 +54,7 @@ TEST_F(MainTest, ASecondShowEndsSilently) {
   EXPECT_TRUE(ShowIsUp());
 }
 
-TEST_F(MainTest, TheConfigurationGoesOnWhenItsWindowFailsAndPumpsBeforeItBringsTheCallerForward) {
+TEST_F(MainTest, AFailedConfigurationStillPumpsAndThenActivatesTheCaller) {
   const WindowHandle caller = desktop.windows.CreateForeign("Display Properties");
   desktop.windows.SetForeground(caller);
   bool pumped = false;
@@ -189,7 +189,7 @@ TEST_F(MainStepsTest, AFailedSaveOfTheSamplesIsReportedOnce) {
   }
 }
 
-TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
+TEST_F(MainStepsTest, ThePathStartsOneCharacterAfterTheSwitch) {
   const std::pair<std::string, std::string> cases[] = {{"/INSTALL C:\\Program Files\\x\\ ", "C:\\Program Files\\x\\"},
                                                        {"/INSTALL=C:\\x\\", "C:\\x\\"},
                                                        {"/INSTALL\xC3\xA9/x/", "/x/"},
@@ -206,7 +206,7 @@ TEST_F(MainStepsTest, ThePathIsWhatStandsBehindOneMoreCharacter) {
   }
 }
 
-TEST_F(MainStepsTest, AFailedSetUpStepIsTheOnlyOneThatIsRepeatedOrLeftOut) {
+TEST_F(MainStepsTest, OnlyTheFailedSetUpStepIsRetriedOrSkipped) {
   using Answer = MessageBoxAnswer;
   const std::tuple<Answer, int, int, int> cases[] = {
       {Answer::kAbort, 1, 0, 1}, {Answer::kNone, 1, 0, 1}, {Answer::kIgnore, 1, 1, 1}, {Answer::kRetry, 2, 1, 1}};

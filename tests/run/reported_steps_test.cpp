@@ -12,7 +12,7 @@ namespace quorvale {
 namespace {
 
 // Each step adds its letter; the second fails for as long as its failures last.
-TEST(ReportedStepsTest, TheAnswerSaysWhereTheStepsGoOn) {
+TEST(ReportedStepsTest, RetriesIgnoresOrAborts) {
   using Answer = MessageBoxAnswer;
   const std::tuple<std::vector<Answer>, const char*, bool> cases[] = {
       {{}, "abc", true},

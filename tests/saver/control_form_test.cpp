@@ -69,7 +69,7 @@ TEST_F(ControlFormTest, ACloseMessageReleasesTheBoxAndTheNextTickEnds) {
   EXPECT_EQ(Position(), "1");
 }
 
-TEST_F(ControlFormTest, TheHostsEndIsSeenAtTheNextTick) {
+TEST_F(ControlFormTest, EndsAtTheTickAfterTheHostIsGone) {
   Preview();
   desktop.queue.Advance(500);
   desktop.windows.Destroy(host);

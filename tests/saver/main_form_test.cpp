@@ -175,7 +175,7 @@ TEST_F(MainFormTest, TheTimerDoesNothingOnceTheShowIsToEnd) {
   EXPECT_EQ(Position(), "none");
 }
 
-TEST_F(MainFormTest, AFormThatGoesInMidEffectWithoutAStopCostsTheTickItsSteps) {
+TEST_F(MainFormTest, UnloadDuringAnEffectSkipsTheRemainingSteps) {
   process.options.Set("SwapAffect", "Sweep Down");
   Start();
   FirstTick();

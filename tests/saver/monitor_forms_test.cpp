@@ -110,7 +110,7 @@ TEST_F(MonitorFormsTest, ShowWhatTheListsHave) {
   }
 }
 
-TEST_F(MonitorFormsTest, AreThereForThatValueAlone) {
+TEST_F(MonitorFormsTest, ExistOnlyWithAPictureOnEach) {
   for (const char* const value : {"", "Primary Only", "a picture on each", "1"}) {
     process.options.Set("Monitors", value);
     EXPECT_EQ(Start().Kind(), WindowKind::kSaver);
@@ -274,7 +274,7 @@ TEST_F(MonitorFormsTest, DoNotCountAsForms) {
   EXPECT_TRUE(process.show.StopRequested);
 }
 
-TEST_F(MonitorFormsTest, GoWhenTheShowDoesNotStart) {
+TEST_F(MonitorFormsTest, CloseWhenTheShowFailsToStart) {
   process.options.Set("TransSpeed", "99999999999");
   EXPECT_THROW(std::make_shared<MainForm>(process)->Show(), Failure);
   EXPECT_EQ(MonitorWindows(), 0);

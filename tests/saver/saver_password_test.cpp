@@ -33,7 +33,7 @@ class SaverPasswordTest : public ShowTest {
   }
 };
 
-TEST_F(SaverPasswordTest, IsAskedForOnlyWhereOneIsSetAndTheFamilyLeavesItToSavers) {
+TEST_F(SaverPasswordTest, IsAskedOnlyIfSetAndLeftToSavers) {
   const auto number = [&](char low, char high) {
     desktop.registry.SetValue(kHkeyCurrentUser, kDesktopKey, kFlag, kRegDword, std::string{low, high, 0, 0});
   };

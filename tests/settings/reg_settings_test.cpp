@@ -54,7 +54,7 @@ TEST_F(RegSettingsTest, DeletingTakesAValueOrAWholeSection) {
   EXPECT_EQ(settings.GetSetting("T", "a"), "3");
 }
 
-TEST_F(RegSettingsTest, AValueOfAnotherTypeIsItsBytesLessTheLast) {
+TEST_F(RegSettingsTest, OtherTypesReadAsBytesWithoutTheLast) {
   settings.SaveSetting("S", "x", "");
   desktop.registry.SetValue(kHkeyCurrentUser, std::string(kKey) + "\\S", "n", kRegDword, std::string("\1\0\3\4", 4));
   EXPECT_EQ(settings.GetSetting("S", "n"), std::string("\1\0\3", 3));
@@ -86,7 +86,7 @@ TEST_F(RegSettingsTest, EveryFailingCallGivesTheDefaultOrFalse) {
   EXPECT_EQ(desktop.registry.OpenKeys(), 0);
 }
 
-TEST_F(RegSettingsTest, WhatIsMissingIsToldFromWhatCannotBeRead) {
+TEST_F(RegSettingsTest, DistinguishesMissingFromUnreadable) {
   settings.SaveSetting("S", "a", "1");
   std::string value = "before";
   const auto read = [&](const char* key) { return settings.ReadSetting("S", key, value); };
@@ -102,7 +102,7 @@ TEST_F(RegSettingsTest, WhatIsMissingIsToldFromWhatCannotBeRead) {
   EXPECT_EQ(value, "1");
 }
 
-TEST_F(RegSettingsTest, WritesTogetherAreKeptTogetherOrNotAtAll) {
+TEST_F(RegSettingsTest, WritesTogetherAreAtomic) {
   settings.SaveSetting("S", "a", "old");
   const std::tuple<RegistryCall, int, bool> cases[] = {
       {RegistryCall::kBegin, 1, false},  {RegistryCall::kCreate, 2, false},   {RegistryCall::kSet, 1, false},

@@ -274,7 +274,7 @@ TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
   }
 }
 
-TEST_F(PictureLayoutTest, ASmallBaseIsAMiniatureOfTheScreenWithAFrameOfTheSameWidth) {
+TEST_F(PictureLayoutTest, ASmallBoxScalesTheLayoutButNotTheFrame) {
   Pictures({"picture 400 300 ff0000"});
   process.options.Set("ShowFrame", "1");
   MainForm& form = Start();

@@ -121,7 +121,7 @@ TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   EXPECT_TRUE(form->tmrSwitch.Enabled());
 }
 
-TEST_F(StartShowTest, OnlyAOneShuffles) {
+TEST_F(StartShowTest, OnlyTheValueOneShuffles) {
   std::vector<std::string> entries;
   for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
   Store("PictureFiles", entries);
@@ -153,7 +153,7 @@ TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
   EXPECT_EQ(order(1, "0", "1"), std::pair(entries, sounds));
 }
 
-TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStartWhereItStands) {
+TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStart) {
   Store("PictureFiles", {"C:\\new.jpg"});
   process.options.Set("LastPicture", "7");
   process.options.Set("BackColor", "99999999999");

@@ -117,7 +117,7 @@ TEST_F(SlideTickTest, WithoutPicturesTheSurfaceIsClearedAndSoundsGoOn) {
   EXPECT_EQ(process.options.Get("LastSound", ""), "1");
 }
 
-TEST_F(SlideTickTest, TheResetIsSpentOnAnEmptyList) {
+TEST_F(SlideTickTest, TheResetHappensOnceEvenForAnEmptyList) {
   process.options.Set("ResetPicList", "1");
   process.options.Set("LastPicture", "1");
   Start();
@@ -264,7 +264,7 @@ TEST_F(SlideTickTest, TheTimerDoesNotFireIntoATickThatRuns) {
   EXPECT_EQ(Position(), "2");
 }
 
-TEST_F(SlideTickTest, ABoxOpenedInMidTickHoldsItUpAndNoMore) {
+TEST_F(SlideTickTest, AMessageBoxDelaysTheTick) {
   ThreePictures();
   process.options.Set("SwapAffect", "Sweep Right");
   Start();
@@ -279,7 +279,7 @@ TEST_F(SlideTickTest, ABoxOpenedInMidTickHoldsItUpAndNoMore) {
   EXPECT_EQ(desktop.boxes.shown.size(), 1U);
 }
 
-TEST_F(SlideTickTest, NothingLeavesATickWhateverCallOfTheStoreFails) {
+TEST_F(SlideTickTest, NoFailureEscapesWhicheverStoreCallFails) {
   ThreePictures();
   Sounds(1);
   process.options.Set("ShowFileName", "1");

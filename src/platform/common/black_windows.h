@@ -30,7 +30,7 @@ class BlackWindows {
 
   BlackWindows(Monitors monitors, Make make);
 
-  // Covers the monitors that there are now. To be called when they change.
+  // Covers the monitors that there are now. Call it when they change.
   void CoverMonitors();
   // Takes them off the screen for good. They are not destroyed yet, since one of them may be delivering the event that
   // ends the show.

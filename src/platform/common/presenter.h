@@ -39,7 +39,7 @@ class Presenter {
   std::weak_ptr<const Presenter> Watch() const { return self_; }
 
  protected:
-  // To be called when what `PostPresent` has posted arrives.
+  // Call it when what `PostPresent` has posted arrives.
   void PresentPosted() {
     present_is_posted_ = false;
     Present();

@@ -32,7 +32,7 @@ constexpr std::array<std::uint8_t, 2> kEndMark{0xFF, JPEG_EOI};
 // halves of that instruction apart. The pixels do not change with what memory held, and without SIMD it is silent.
 constexpr J_COLOR_SPACE kPixelSpace = std::endian::native == std::endian::little ? JCS_EXT_BGRA : JCS_EXT_ARGB;
 
-// Four-ink files are written inverted, 255 being no ink.
+// CMYK files are stored inverted: 255 is no ink.
 void MixInks(const std::uint8_t* inks, Pixel* row, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i, inks += 4) {
     const auto mix = [&](int ink) { return Multiplied(inks[ink], inks[3]); };
@@ -311,7 +311,7 @@ class JpegPicture : public DecodedPicture<JpegDecoder> {
   explicit JpegPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     const CameraTags tags = JpegCameraTags(File());
     Describe({Header().Width(), Header().Height()}, tags.orientation, tags.date_taken);
-    // What four inks look like is mixed without a profile.
+    // CMYK is converted without a profile.
     if (!Header().HasInks()) UseProfile(JpegProfile(File()));
   }
 

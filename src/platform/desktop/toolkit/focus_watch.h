@@ -21,7 +21,7 @@ class FocusWatch : public QObject {
   void Stop();
   // While a box of this program needs the keys. Changes meanwhile are found when the pause ends.
   void SetPaused(bool paused);
-  // To be called when the focus or the window's visibility may have changed.
+  // Call it when the focus or the window's visibility may have changed.
   void CheckSoon();
 
  private:
