@@ -1,6 +1,7 @@
 #include "show/slide_tick.h"
 
 #include <memory>
+#include <new>
 #include <string>
 
 #include "base/numbers.h"
@@ -114,9 +115,7 @@ void ShowNoPicture(ShowForm& form) {
   Step([&] { form.PicPreview.SetVisible(false); });
 }
 
-}  // namespace
-
-void SlideTick(Process& process, ShowForm& form) {
+void Tick(Process& process, ShowForm& form) {
   if (process.show.PreviewSuspended) return;
   CloseOrphanedForm(process);
   if (process.show.PictureList.Count() >= 1) {
@@ -127,6 +126,16 @@ void SlideTick(Process& process, ShowForm& form) {
   if (process.show.SoundList.Count() >= 1 && form.PlaysSounds()) PlayNextSound(process);
   Step([&] { form.tmrSwitch.SetInterval(process.options.Interval() * kMillisecondsPerSecond); });
   process.show.FirstTickOver = true;
+}
+
+}  // namespace
+
+// Memory can also run out between the steps. The next tick may find some, and a box would hold the show up until then.
+void SlideTick(Process& process, ShowForm& form) {
+  try {
+    Tick(process, form);
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 }  // namespace quorvale

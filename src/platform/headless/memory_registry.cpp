@@ -1,7 +1,6 @@
 #include "platform/headless/memory_registry.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "base/text.h"
@@ -14,10 +13,12 @@ constexpr std::uint32_t kQueryValue = 1;
 constexpr std::uint32_t kSetValue = 2;
 
 std::vector<std::string> Levels(const std::string& path) {
+  const std::string text = UpperCase(path);
   std::vector<std::string> levels;
-  std::istringstream stream(UpperCase(path));
-  for (std::string level; std::getline(stream, level, '\\');) {
-    if (!level.empty()) levels.push_back(level);
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\\', start), text.size());
+    if (end > start) levels.push_back(text.substr(start, end - start));
+    start = end + 1;
   }
   return levels;
 }
@@ -122,8 +123,9 @@ std::int32_t MemoryRegistry::RegCloseKey(RegistryKey key) {
 std::int32_t MemoryRegistry::BeginWrites() {
   if (const auto result = Begin(RegistryCall::kBegin)) return *result;
   if (before_writes_) return kErrorInvalidFunction;
-  before_writes_.emplace();
-  for (const auto& [hive, root] : hives_) (*before_writes_)[hive] = Copy(*root);
+  decltype(hives_) copy;
+  for (const auto& [hive, root] : hives_) copy[hive] = Copy(*root);
+  before_writes_ = std::move(copy);
   return kErrorSuccess;
 }
 
