@@ -4,6 +4,7 @@
 #include <QLoggingCategory>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -86,11 +87,7 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   return result;
 }
 
-}  // namespace
-}  // namespace quorvale
-
-int main(int argc, char** argv) {
-  using namespace quorvale;
+int Start(int argc, char** argv) {
   if (argc == 2 && argv[1] == std::string_view("--help")) {
     std::fputs(kUsage, stdout);
     return EXIT_SUCCESS;
@@ -151,4 +148,17 @@ int main(int argc, char** argv) {
       break;
   }
   return RunProgram(text, options);
+}
+
+}  // namespace
+}  // namespace quorvale
+
+// A box reports what fails once the program runs. Memory can run out before.
+int main(int argc, char** argv) {
+  try {
+    return quorvale::Start(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "quorvale: %s\n", error.what());
+    return EXIT_FAILURE;
+  }
 }

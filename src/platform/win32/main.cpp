@@ -1,5 +1,7 @@
 // The Windows program: makes the objects of the platform and runs the core on them.
 
+#include <cstdlib>
+#include <exception>
 #include <string>
 
 #include "base/application_info.h"
@@ -66,5 +68,11 @@ int RunProgram(const std::string& text) {
 // The signature is the system's.
 // NOLINTNEXTLINE(readability-non-const-parameter)
 int WINAPI WinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, LPSTR /*lpCmdLine*/, int /*nShowCmd*/) {
-  return quorvale::RunProgram(quorvale::CommandText());
+  // A box of the program's own reports what fails once it runs. Memory can run out before.
+  try {
+    return quorvale::RunProgram(quorvale::CommandText());
+  } catch (const std::exception& error) {
+    MessageBoxA(nullptr, error.what(), quorvale::kApplicationTitle, MB_ICONEXCLAMATION);
+    return EXIT_FAILURE;
+  }
 }
