@@ -6,6 +6,8 @@ export WINEPREFIX=${WINEPREFIX:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 # Without offers to install a browser engine, and without entries in the user's menus.
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Wine takes the bytes of file names for those of the locale.
+[ "$(locale charmap)" = UTF-8 ] || export LC_ALL=C.UTF-8
 mkdir -p "$WINEPREFIX"
 [ -f "$WINEPREFIX/system.reg" ] || flock -o "$WINEPREFIX" wineboot --init >/dev/null 2>&1 </dev/null
 [ "${BASH_SOURCE[0]}" = "$0" ] || return 0
