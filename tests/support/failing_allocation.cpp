@@ -10,12 +10,18 @@ namespace {
 constexpr int kNone = -1;
 thread_local int allocations_left = kNone;
 
+// Null if the memory should fail, or does.
+void* Allocate(std::size_t size) {
+  if (allocations_left >= 0 && allocations_left-- == 0) return nullptr;
+  return std::malloc(size == 0 ? 1 : size);
+}
+
 }  // namespace
 
-// All other forms of the operators come down to these.
+// The sanitizers have the other forms of these operators, all but this one in pairs of their own.
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept { return Allocate(size); }
 void* operator new(std::size_t size) {
-  if (allocations_left >= 0 && allocations_left-- == 0) throw std::bad_alloc();
-  void* const memory = std::malloc(size == 0 ? 1 : size);
+  void* const memory = Allocate(size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
