@@ -323,8 +323,21 @@ TEST_F(OptionsFormTest, ControlsFitTheirContainersAndHaveATabOrder) {
     EXPECT_TRUE(tab_order.insert(control.Design().tab_index).second) << control.Name();
     const Frame* const container = control.Design().container;
     const TwipRect inside = container ? container->Place() : TwipRect{.width = 6216, .height = 4104};
+    EXPECT_GE(control.Place().left, 0) << control.Name();
+    EXPECT_GE(control.Place().top, 0) << control.Name();
     EXPECT_LE(control.Place().left + control.Place().width, inside.width) << control.Name();
     EXPECT_LE(control.Place().top + control.Place().height, inside.height) << control.Name();
+    // Pages lie on the strip, and a check box in the line of its group.
+    const auto is_frame = [](const Widget& widget) { return dynamic_cast<const Frame*>(&widget) != nullptr; };
+    if (container == nullptr || is_frame(control)) return;
+    form->ForEach<Widget>([&](const Widget& other) {
+      if (&other == &control || is_frame(other) || other.Design().container != container) return;
+      const TwipRect a = control.Place();
+      const TwipRect b = other.Place();
+      const bool is_apart = a.left + a.width <= b.left || b.left + b.width <= a.left || a.top + a.height <= b.top ||
+                            b.top + b.height <= a.top;
+      EXPECT_TRUE(is_apart) << control.Name() << " lies on " << other.Name();
+    });
   });
   EXPECT_EQ(*tab_order.begin(), 0);
   EXPECT_THAT(tab_order, SizeIs(*tab_order.rbegin() + 1));
