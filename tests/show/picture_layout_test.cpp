@@ -153,6 +153,7 @@ TEST_F(PictureLayoutTest, TheBackdropIsTheBlurredPictureBesideTheFittedOne) {
                                   {545, 0x00FF00U},
                                   {600, 0x0000FFU}}) {
     EXPECT_EQ(At(x, 300), colour) << x;
+    EXPECT_EQ(At(x, 301), colour) << x << ", in a row that repeats the one above";
   }
   EXPECT_NE(At(250, 300), 0xFF0000U) << "blurred, the other colour reaches beyond the picture";
   EXPECT_EQ(At(10, 580), 0xFF0000U);
