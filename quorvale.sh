@@ -108,7 +108,7 @@ check() {
   nice -n 19 ./quorvale.sh lint >build/lint.txt 2>&1 &
   local lint=$!
   set +m
-  trap "kill -- -$lint 2>/dev/null" EXIT
+  trap "kill -- -$lint 2>/dev/null || true" EXIT
   build debug --target tests
   say "Testing core, pictures and desktop without optimisation"
   run_tests build/debug -L '^(core|pictures|desktop)$'
