@@ -1,6 +1,6 @@
 // Preloaded by scripts/failures.py: lets one call of the program fail, the QUORVALE_FAIL_AT-th of the family
-// QUORVALE_FAIL. Counts only calls by the program itself and by the libraries that do its reading and storing, and
-// writes their number to QUORVALE_FAIL_COUNT at the end.
+// QUORVALE_FAIL. Counts only calls by the program itself and by the libraries that do its reading and storing. Their
+// number so far stands in the file QUORVALE_FAIL_COUNT, as a long.
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -55,7 +55,7 @@ __attribute__((constructor)) void Begin() {
   family = wanted;
 }
 
-// Also after a kill by SIGTERM nothing is lost: each call writes the number anew into a shared page.
+// Of the calls so far, in the file itself, so that it is right however the program ends.
 long* SharedCount() {
   static long* const shared = [] {
     static long none = 0;
@@ -108,7 +108,7 @@ FAILING("memory", void*, realloc, (void* old, std::size_t size), (old, size), EN
 FAILING("memory", int, posix_memalign, (void** to, std::size_t alignment, std::size_t size), (to, alignment, size),
         ENOMEM, ENOMEM)
 
-// What it gives is freed as ever.
+// The usual operator frees it.
 // NOLINTNEXTLINE(misc-new-delete-overloads)
 void* operator new(std::size_t size) {
   static auto* const real = Real<void*(std::size_t)>("malloc");

@@ -2,6 +2,7 @@
 
 #include "playlist/list_entry.h"
 #include "settings/reg_settings.h"
+#include "support/failing_allocation.h"
 #include "support/headless_fixture.h"
 #include "toolkit/list_box.h"
 #include "toolkit/scripted_form.h"
@@ -68,6 +69,24 @@ TEST_F(ListStoreTest, LoadingAppendsUpToAGapOrTheEndMark) {
   EXPECT_THAT(Items(), ElementsAre("1", "2", "3", "1"));
   settings.SaveSetting(kSection, "File0", "eof");
   EXPECT_THAT(Load(), ElementsAre("eof"));
+}
+
+TEST_F(ListStoreTest, KeepsTheOldOrTheNewListWhicheverAllocationFails) {
+  const std::vector<std::string> old_list = {"a", "b", "c"};
+  const std::vector<std::string> new_list = {std::string(500, 'd'), "e"};
+  int number = 0;
+  for (bool has_failed = true; has_failed;) {
+    ++number;
+    Save(old_list);
+    bool is_saved = false;
+    app.Dispatch([&] {
+      const FailingAllocation failing(number);
+      is_saved = settings.SaveTogether([&] { Save(new_list); });
+      has_failed = failing.HasFailed();
+    });
+    EXPECT_EQ(Load(), is_saved ? new_list : old_list) << number;
+  }
+  EXPECT_GT(number, 20);
 }
 
 TEST_F(ListStoreTest, FailingWritesAreSilentAndTheRestIsWritten) {

@@ -1,6 +1,7 @@
 #include "show/slide_tick.h"
 
 #include "playlist/media_collections.h"
+#include "support/failing_allocation.h"
 #include "support/show_fixture.h"
 
 namespace quorvale {
@@ -12,6 +13,17 @@ using ::testing::IsEmpty;
 class SlideTickTest : public ShowTest {
  protected:
   void ThreePictures() { Pictures({"picture 10 10 ff0000", "picture 10 10 00ff00", "picture 10 10 0000ff"}); }
+
+  // Starts a show with all that a tick can do, and waits for its first tick.
+  void StartFullShow() {
+    ThreePictures();
+    Sounds(1);
+    process.options.Set("ShowFileName", "1");
+    process.options.Set("ShowFrame", "1");
+    process.options.Set("SwapAffect", "Shrinking Square");
+    Start();
+    FirstTick();
+  }
 
   // The numbers of the files that were asked for so far.
   std::vector<char> Loaded() {
@@ -280,13 +292,7 @@ TEST_F(SlideTickTest, AMessageBoxDelaysTheTick) {
 }
 
 TEST_F(SlideTickTest, NoFailureEscapesWhicheverStoreCallFails) {
-  ThreePictures();
-  Sounds(1);
-  process.options.Set("ShowFileName", "1");
-  process.options.Set("ShowFrame", "1");
-  process.options.Set("SwapAffect", "Shrinking Square");
-  Start();
-  FirstTick();
+  StartFullShow();
   desktop.registry.calls.clear();
   NextTick();
   const auto calls = static_cast<int>(desktop.registry.calls.size());
@@ -298,6 +304,25 @@ TEST_F(SlideTickTest, NoFailureEscapesWhicheverStoreCallFails) {
     EXPECT_THAT(desktop.boxes.shown, IsEmpty()) << "call " << n;
     EXPECT_EQ(process.app.Forms.Count(), 1);
   }
+}
+
+TEST_F(SlideTickTest, GoesOnWhicheverAllocationFails) {
+  StartFullShow();
+  int number = 0;
+  for (bool has_failed = true; has_failed;) {
+    ++number;
+    process.app.Dispatch([&] {
+      const FailingAllocation failing(number);
+      SlideTick(process, *form_);
+      has_failed = failing.HasFailed();
+    });
+    EXPECT_THAT(desktop.boxes.shown, IsEmpty()) << number;
+    EXPECT_EQ(process.app.Forms.Count(), 1) << number;
+    const std::string before = Position();
+    NextTick();
+    EXPECT_NE(Position(), before) << number;
+  }
+  EXPECT_GT(number, 50);
 }
 
 }  // namespace
