@@ -88,8 +88,8 @@ class LiveWindow {
  private:
   std::shared_ptr<ConfigForm> Open() {
     desktop_.core.mode = RunMode::kConfiguration;
-    desktop_.core.ScreenTwipsX = static_cast<std::int16_t>(kTwipsPerPixel);
-    desktop_.core.ScreenTwipsY = static_cast<std::int16_t>(kTwipsPerPixel);
+    desktop_.core.screen_twips_x = static_cast<std::int16_t>(kTwipsPerPixel);
+    desktop_.core.screen_twips_y = static_cast<std::int16_t>(kTwipsPerPixel);
     auto form = std::make_shared<ConfigForm>(desktop_.core);
     form->Show();
     return form;
@@ -174,7 +174,7 @@ void MeasureCommands(Bench& bench, LiveWindow& window, int rounds) {
 void MeasurePane(Bench& bench, LiveWindow& window, int rounds) {
   const PictureSize& size = kTestSizes[2];
   const std::string path = TestPicture(size, 0);
-  window.Core().show.PictureList = Collection({path});
+  window.Core().show.picture_list = Collection({path});
   const auto tick = [&window](const char* stretch) {
     return [&window, stretch] {
       window.Core().options.Set("Stretch", stretch);

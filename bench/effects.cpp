@@ -35,7 +35,7 @@ EffectCost RunEffect(Bench& bench, LiveShow& show, const std::string& effect, in
   core.options.Set("SwapAffect", "None");
   show.Tick();
   core.options.Set("SwapAffect", effect);
-  core.show.TransitionSpeed = speed;
+  core.show.transition_speed = speed;
   EffectCost cost;
   show.Form().PicBase.Drawing = [&cost](const DrawOperation&) { ++cost.calls; };
   const double cpu = CpuSeconds(getpid());

@@ -112,9 +112,9 @@ void MeasureShuffling(Bench& bench, int rounds) {
 }
 
 void SaveEntries(Process& core) {
-  core.Settings.DeleteSetting(kPictureSection);
+  core.settings.DeleteSetting(kPictureSection);
   for (int i = 0; i < kEntries; ++i) {
-    core.Settings.SaveSetting(kPictureSection, kFileKeyPrefix + std::to_string(i),
+    core.settings.SaveSetting(kPictureSection, kFileKeyPrefix + std::to_string(i),
                               MakeListEntry("IMG_" + std::to_string(i) + ".jpg", "/home/user/pictures/"));
   }
 }
@@ -125,7 +125,7 @@ void MeasureStore(Bench& bench, Process& core, int rounds) {
                   [&] { return MillisecondsOf([&] { SaveEntries(core); }); },
                   [&] {
                     return MillisecondsOf(
-                        [&] { FillFromSettings(core.Settings, core.system.files, kPictureSection, PictureMask()); });
+                        [&] { FillFromSettings(core.settings, core.system.files, kPictureSection, PictureMask()); });
                   },
               });
   bench.report.Begin("10,000 list entries in the settings store, ms", {{"save"}, {"load"}});

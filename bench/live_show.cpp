@@ -74,9 +74,9 @@ void LiveShow::ShowForms(WindowHandle host) {
     return;
   }
   Core().mode = RunMode::kPreview;
-  Core().ScreenTwipsX = RoundToInt16(Core().app.Screen().TwipsPerPixelX);
-  Core().ScreenTwipsY = RoundToInt16(Core().app.Screen().TwipsPerPixelY);
-  Core().SystemHwnd = static_cast<std::int32_t>(host);
+  Core().screen_twips_x = RoundToInt16(Core().app.Screen().twips_per_pixel_x);
+  Core().screen_twips_y = RoundToInt16(Core().app.Screen().twips_per_pixel_y);
+  Core().system_hwnd = static_cast<std::int32_t>(host);
   form_ = std::make_shared<ControlForm>(Core());
   form_->Load();
 }

@@ -75,8 +75,8 @@ class DesktopProcess {
   DesktopPrograms programs_;
 
  public:
-  DesktopPassword password_;
-  Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_, password_}};
+  DesktopPassword password;
+  Process core{platform_, {registry_, files_, platform_.Windows(), sound_, programs_, host_, password}};
 };
 
 // The show on the real screen, with ticks on demand. Reads its options from the store.

@@ -31,7 +31,7 @@ class LoadingRow {
  public:
   LoadingRow(Bench& bench, LiveShow& show, SharedWindow& window, std::string path)
       : bench_(bench), show_(show), window_(window), path_(std::move(path)) {
-    show_.Core().show.PictureList = Collection({path_});
+    show_.Core().show.picture_list = Collection({path_});
   }
 
   std::vector<double> Measure(const PictureSize& size, int rounds) {

@@ -57,7 +57,7 @@ std::vector<double> TimesOfTicks(Bench& bench, const PictureSize& size, const st
   const HostWindow host(bench.display);
   ShowStore().Set({});
   LiveShow show(bench.display, {}, host.Id());
-  show.Core().show.PictureList = Collection({picture});
+  show.Core().show.picture_list = Collection({picture});
   const auto tick = [&](const char* stretch) {
     show.Core().options.Set("Stretch", stretch);
     return show.Tick();

@@ -62,12 +62,12 @@ void MeasureEffects(Report& report) {
   process.mode = RunMode::kShow;
   process.options.Set("Stretch", "1");
   desktop.files.AddFile("C:\\Picture.jpg", "picture 1920 1080 ff0000");
-  process.Settings.SaveSetting(kPictureSection, "File0", MakeListEntry("Picture.jpg", "C:\\"));
+  process.settings.SaveSetting(kPictureSection, "File0", MakeListEntry("Picture.jpg", "C:\\"));
   const auto form = std::make_shared<MainForm>(process);
   form->Show();
   desktop.queue.Advance(kFirstTick);
   process.options.Set("BackColor", "255");
-  process.show.TransitionSpeed = 20;
+  process.show.transition_speed = 20;
   report.Begin("Drawing an effect at 1920x1080, ms", {{"whole effect"}});
   for (const Effect& effect : Effects()) {
     process.options.Set("SwapAffect", std::string(effect.name));

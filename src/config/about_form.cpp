@@ -59,8 +59,8 @@ AboutForm::AboutForm(Process& process)
   SetClientSize(kAboutSize.width, kAboutSize.height);
   SetIcon(IconArtwork(kIconShown));
   web_address.SetForeColor(kBlue);
-  ok.Default = true;
-  ok.Cancel = true;
+  ok.is_default = true;
+  ok.is_cancel = true;
 
   ok.Click = [this] { Unload(); };
   system_info.Click = [this] { StartSysInfo(); };
@@ -95,25 +95,25 @@ std::string AboutForm::FindSysInfo() {
   return process_.system.programs.SystemInformationTool();
 }
 
-bool AboutForm::GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
-                            std::string& KeyVal) {
+bool AboutForm::GetKeyValue(std::uint32_t key_root, const std::string& key_name, const std::string& sub_key,
+                            std::string& key_val) {
   Registry& registry = process_.system.registry;
   RegistryKey key = 0;
-  const std::int32_t opened = registry.RegOpenKeyEx(KeyRoot, KeyName, kInfoAccess, key);
+  const std::int32_t opened = registry.RegOpenKeyEx(key_root, key_name, kInfoAccess, key);
   const OpenRegistryKey open_key(registry, key);
 
   std::uint32_t type = 0;
   std::array<char, kValueSize> buffer = {};
   std::uint32_t size = kValueSize;
   if (opened != kErrorSuccess ||
-      registry.RegQueryValueEx(open_key.Get(), SubKeyRef, type, buffer.data(), size) != kErrorSuccess) {
-    KeyVal.clear();
+      registry.RegQueryValueEx(open_key.Get(), sub_key, type, buffer.data(), size) != kErrorSuccess) {
+    key_val.clear();
     return false;
   }
   std::string value(buffer.data(), size);
   if (value.ends_with('\0')) value.pop_back();
-  if (type == kRegSz) KeyVal = value;
-  if (type == kRegDword) KeyVal = std::to_string(static_cast<std::int32_t>(DwordOf(value)));
+  if (type == kRegSz) key_val = value;
+  if (type == kRegDword) key_val = std::to_string(static_cast<std::int32_t>(DwordOf(value)));
   return true;
 }
 

@@ -109,8 +109,8 @@ ConfigControls::ConfigControls(Process& process)
       file_dialog(*this, "CD1"),
       menu_hook(*this, "Msghook1") {
   view_pictures.SetValue(true);
-  ok.Default = true;
-  cancel.Cancel = true;
+  ok.is_default = true;
+  cancel.is_cancel = true;
   AddMenus();
   SetIcon(&ConfigIcon);
   SetClientSize(kConfigSize.width, kConfigSize.height);

@@ -101,8 +101,8 @@ void ConfigForm::Form_Load() {
 
 // Centres the monitor and puts the picture box on its screen. Both are placed on whole pixels.
 void ConfigForm::PlacePreviewPane() {
-  const auto twips_x = static_cast<float>(process_.ScreenTwipsX);
-  const auto twips_y = static_cast<float>(process_.ScreenTwipsY);
+  const auto twips_x = static_cast<float>(process_.screen_twips_x);
+  const auto twips_y = static_cast<float>(process_.screen_twips_y);
   monitor.SetArtwork(&MonitorOnBackground);
   TwipRect place = monitor.Place();
   place.left = (Width() - place.width) / 2;
@@ -119,7 +119,7 @@ void ConfigForm::PlacePreviewPane() {
 
 void ConfigForm::LoadPlayLists() {
   for (std::size_t i = 0; i < kSections.size(); ++i) {
-    loaded_parts_.at(i) = LoadList(process_.Settings, lists.at(i), kSections.at(i), kFileKeyPrefix);
+    loaded_parts_.at(i) = LoadList(process_.settings, lists.at(i), kSections.at(i), kFileKeyPrefix);
   }
   std::string path;
   // Like the entries of a list, a path that was not read must not be replaced.
@@ -129,10 +129,10 @@ void ConfigForm::LoadPlayLists() {
 
 ListsSaved ConfigForm::SavePlayLists() {
   if (Contains(loaded_parts_, LoadedPart::kUnread)) return ListsSaved::kUnread;
-  const bool saved = process_.Settings.SaveTogether([this] {
+  const bool saved = process_.settings.SaveTogether([this] {
     for (std::size_t i = 0; i < kSections.size(); ++i) {
       const auto save = loaded_parts_.at(i) == LoadedPart::kFirst ? SaveFirstPart : SaveList;
-      save(process_.Settings, lists.at(i), kSections.at(i), kFileKeyPrefix);
+      save(process_.settings, lists.at(i), kSections.at(i), kFileKeyPrefix);
     }
     process_.options.SetText(kPlayList, CurPlayList());
   });
@@ -157,7 +157,7 @@ void ConfigForm::tmrSwitch_Timer() {
   // The window is still hidden while a box reports a failure of the load. The tick would close it as an orphan.
   if (!Visible()) return;
   RunStatement("tmrSwitch_Timer", [this] { SlideTick(process_, *this); });
-  process_.show.PreviewSuspended = false;
+  process_.show.preview_suspended = false;
 }
 
 void ConfigForm::RunStatement(const std::string& procedure, const std::function<void()>& statement) {

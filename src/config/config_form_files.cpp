@@ -80,13 +80,13 @@ void ConfigForm::WithPreviewPaused(const std::function<void()>& body) {
 
 void ConfigForm::SetUpFileDialog(const std::string& title, const std::string& start_name, const std::string& filter,
                                  std::uint32_t flags) {
-  file_dialog.DialogTitle = title;
-  file_dialog.FileName = start_name;
-  file_dialog.Filter = filter;
-  file_dialog.FilterIndex = 0;
-  file_dialog.Flags = flags;
-  file_dialog.MaxFileSize = CommonDialog::kUsualMaxFileSize;
-  file_dialog.CancelError = true;
+  file_dialog.title = title;
+  file_dialog.file_name = start_name;
+  file_dialog.filter = filter;
+  file_dialog.filter_index = 0;
+  file_dialog.flags = flags;
+  file_dialog.max_file_size = CommonDialog::kUsualMaxFileSize;
+  file_dialog.cancel_error = true;
 }
 
 void ConfigForm::ShowOpenDialog() {
@@ -112,7 +112,7 @@ void ConfigForm::mnuOpen_Click() {
   if (!MayLeaveLists()) return;
   WithPreviewPaused([this] {
     ShowOpenDialog();
-    const std::string path = file_dialog.FileName;
+    const std::string path = file_dialog.file_name;
     if (path.empty()) return;
     for (ListBox& list : lists) list.Clear();
     ReadPlayListFile(path);
@@ -127,8 +127,8 @@ void ConfigForm::mnuOpen_Click() {
 void ConfigForm::mnuMergeList_Click() {
   WithPreviewPaused([this] {
     ShowOpenDialog();
-    if (file_dialog.FileName.empty()) return;
-    ReadPlayListFile(file_dialog.FileName);
+    if (file_dialog.file_name.empty()) return;
+    ReadPlayListFile(file_dialog.file_name);
     PruneLists();
     UpdateCommandStates();
     SetPlayListDirty(true);
@@ -149,7 +149,7 @@ void ConfigForm::mnuSaveAs_Click() {
     SetUpFileDialog(file_texts::kSaveTitle, CurPlayList(), file_texts::kSaveFilter,
                     kOfnHideReadOnly | kOfnOverwritePrompt | kOfnExplorer | kOfnLongNames);
     file_dialog.ShowSave();
-    const std::string path = file_dialog.FileName;
+    const std::string path = file_dialog.file_name;
     if (path.empty()) return;
     WritePlayListFile(path);
     SetCurPlayList(path);

@@ -29,7 +29,7 @@ void ConfigForm::cmdImages_Click(int index) {
 // If a dialog can't be shown, the action ends, but the preview must continue.
 void ConfigForm::EditVisibleList(const std::function<void()>& action) {
   PausePreview(true);
-  process_.show.PreviewSuspended = true;
+  process_.show.preview_suspended = true;
   Attempt(action);
   Attempt([this] { RefreshPreview(); });
   UpdateCommandStates();
@@ -64,10 +64,10 @@ void ConfigForm::AddFiles() {
   SetUpFileDialog(adding_texts::kSelectFiles, "",
                   strings::Fill(pictures ? adding_texts::kPictureFilter : adding_texts::kSoundFilter, {mask}),
                   kOfnHideReadOnly | kOfnAllowMultiSelect | kOfnFileMustExist | kOfnExplorer | kOfnLongNames);
-  file_dialog.MaxFileSize = kFileNameBuffer;
-  file_dialog.CancelError = false;
+  file_dialog.max_file_size = kFileNameBuffer;
+  file_dialog.cancel_error = false;
   file_dialog.ShowOpen();
-  if (file_dialog.FileName.empty()) return;
+  if (file_dialog.file_name.empty()) return;
   const PathSyntax syntax = process_.system.files.Syntax();
   Collection names;
   std::string directory;

@@ -51,7 +51,7 @@ std::string Shown(const std::string& name) {
 
 void ParseFileSelection(const CommonDialog& dialog, const PathSyntax& syntax, Collection& names,
                         std::string& directory) {
-  const std::string& chosen = dialog.FileName;
+  const std::string& chosen = dialog.file_name;
   if (chosen.find('\0') == std::string::npos) {
     const std::size_t name = NameStart(chosen, syntax);
     names.Add(chosen.substr(name));

@@ -24,8 +24,8 @@ OptionsForm::OptionsForm(Process& process)
   SetClientSize(kOptionsSize.width, kOptionsSize.height);
   back_colour_.SetBackColor(kBlack);
   frame_colour_.SetBackColor(kWhite);
-  ok_.Default = true;
-  cancel_.Cancel = true;
+  ok_.is_default = true;
+  cancel_.is_cancel = true;
 
   tabs_.Click = [this] { TabStrip1_Click(); };
   show_frame_.Click = [this] { UpdateFrameControls(); };
@@ -85,9 +85,9 @@ void OptionsForm::TabStrip1_Click() {
 }
 
 void OptionsForm::PickColour(Label& swatch) {
-  colour_dialog_.Color = swatch.BackColor();
+  colour_dialog_.colour = swatch.BackColor();
   colour_dialog_.ShowColor();
-  swatch.SetBackColor(colour_dialog_.Color);
+  swatch.SetBackColor(colour_dialog_.colour);
 }
 
 void OptionsForm::txtInterval_KeyPress(int& code) {
@@ -102,7 +102,7 @@ void OptionsForm::cmdOK_Click() {
     Warn(option_texts::kUnreadNotSaved);
     return;
   }
-  if (!process_.Settings.SaveTogether([this] { table.Save(process_.options); })) {
+  if (!process_.settings.SaveTogether([this] { table.Save(process_.options); })) {
     Warn(option_texts::kNotSaved);
     return;
   }

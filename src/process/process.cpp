@@ -14,13 +14,13 @@ constexpr int kCursorCountLimit = 5;
 
 void LetEventsArrive(Process& process) {
   process.app.PumpEvents();
-  if (process.show.StopRequested) EndSaver(process);
+  if (process.show.stop_requested) EndSaver(process);
 }
 
 void EndSaver(Process& process) {
   ForceCursorOn(process);
   process.app.PumpEvents();
-  process.system.windows.EnableWindow(process.ConfigDialogHwnd, true);
+  process.system.windows.EnableWindow(process.config_dialog_hwnd, true);
   process.system.host.EndProcess();
   std::abort();  // never reached: GCC 12 forgets that a virtual function does not return
 }

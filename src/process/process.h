@@ -23,8 +23,8 @@ void LetEventsArrive(Process& process);
 // reference; code that needs one part takes that part.
 struct Process {
   Process(Platform& platform, System system_services)
-      : app(platform), system(system_services), Settings(system.registry), options(Settings) {
-    app.WhileWaiting = [this] { LetEventsArrive(*this); };
+      : app(platform), system(system_services), settings(system.registry), options(settings) {
+    app.while_waiting = [this] { LetEventsArrive(*this); };
   }
   // Not copied: its parts refer to one another.
   Process(const Process&) = delete;
@@ -32,7 +32,7 @@ struct Process {
 
   Application app;
   System system;
-  CRegSettings Settings;
+  CRegSettings settings;
   Options options;
   Random random;
   ShowState show;
@@ -42,13 +42,13 @@ struct Process {
   // saver daemons start one process a monitor.
   bool beside_primary = false;
   // The window handle that follows "/P" or "/A"; 0 in other modes.
-  std::int32_t SystemHwnd = 0;
+  std::int32_t system_hwnd = 0;
   // The dialog that is disabled while the configuration runs; 0 in other modes.
-  WindowHandle ConfigDialogHwnd = 0;
+  WindowHandle config_dialog_hwnd = 0;
   // The screen's twips to the pixel.
-  std::int16_t ScreenTwipsX = 0;
-  std::int16_t ScreenTwipsY = 0;
-  std::string SystemDirectory;
+  std::int16_t screen_twips_x = 0;
+  std::int16_t screen_twips_y = 0;
+  std::string system_directory;
 };
 
 // Ends the process at once; no form unloads. Before that it shows the cursor and enables the dialog that the

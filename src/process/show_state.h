@@ -34,32 +34,32 @@ class Collection {
 
 // The state that a show keeps from tick to tick, whatever the number of its forms. A process has one show.
 struct ShowState {
-  Collection PictureList;
-  Collection SoundList;
+  Collection picture_list;
+  Collection sound_list;
 
   // List positions that could not be stored, by option key.
-  std::map<std::string, std::string> UnstoredPositions;
+  std::map<std::string, std::string> unstored_positions;
 
   // The user wants the show to end: a tick stops at its next step.
-  bool StopRequested = false;
+  bool stop_requested = false;
   // The user is editing a list in the configuration window: ticks do nothing.
-  bool PreviewSuspended = false;
+  bool preview_suspended = false;
   // Set by the first picture, which has nothing to wipe away. For the show's first form; others have their own.
-  bool TransitionArmed = false;
+  bool transition_armed = false;
   // Set by the first tick. From then on the options that restart a list have no effect.
-  bool FirstTickOver = false;
+  bool first_tick_over = false;
   // The dialog allows 1 to 20; the store may hold any number.
-  std::int32_t TransitionSpeed = 0;
+  std::int32_t transition_speed = 0;
   // Mouse moves counted in the current interval (full-screen show).
-  std::int32_t MouseMoveCount = 0;
+  std::int32_t mouse_move_count = 0;
 
   // Non-zero if a saver password is set, and the system's family. Read once per show.
-  std::int16_t UsePassword = 0;
-  std::int32_t PlatformId = 0;
+  std::int16_t use_password = 0;
+  std::int32_t platform_id = 0;
 
   // The preview's host window: its client area in pixels, and whether the preview is still inside it.
-  ClientRect PreviewRect;
-  bool PreviewAlive = false;
+  ClientRect preview_rect;
+  bool preview_alive = false;
 };
 
 }  // namespace quorvale

@@ -27,11 +27,11 @@ constexpr std::uint32_t kSystemDirectoryBuffer = 144;
 
 std::vector<ReportedStep> StartUpSteps(Process& process, const std::string& text) {
   return {
-      [&process] { process.ScreenTwipsX = RoundToInt16(process.app.Screen().TwipsPerPixelX); },
-      [&process] { process.ScreenTwipsY = RoundToInt16(process.app.Screen().TwipsPerPixelY); },
+      [&process] { process.screen_twips_x = RoundToInt16(process.app.Screen().twips_per_pixel_x); },
+      [&process] { process.screen_twips_y = RoundToInt16(process.app.Screen().twips_per_pixel_y); },
       [&process] {
         std::string directory = process.system.host.GetSystemDirectory(kSystemDirectoryBuffer);
-        process.SystemDirectory = CutToken(directory, '\0');
+        process.system_directory = CutToken(directory, '\0');
       },
       [&process, text] { process.mode = RunModeOf(text); },
   };
@@ -50,22 +50,22 @@ void BringCallerForward(Process& process) {
   try {
     windows.ActivateWindow("Display Properties");
   } catch (const Failure&) {
-    windows.ActivateWindow(process.ConfigDialogHwnd);
+    windows.ActivateWindow(process.config_dialog_hwnd);
   }
 }
 
 // Disables the window in the foreground, which is the system's dialog that started the configuration.
 std::vector<ReportedStep> ConfigurationSteps(Process& process) {
   WindowSystem& windows = process.system.windows;
-  return {[&process, &windows] { process.ConfigDialogHwnd = windows.GetForegroundWindow(); },
-          [&process, &windows] { windows.EnableWindow(process.ConfigDialogHwnd, false); }};
+  return {[&process, &windows] { process.config_dialog_hwnd = windows.GetForegroundWindow(); },
+          [&process, &windows] { windows.EnableWindow(process.config_dialog_hwnd, false); }};
 }
 
 // Shows the configuration window until it is closed, then enables that dialog again. Failures are ignored.
 void Configure(Process& process) {
   WindowSystem& windows = process.system.windows;
   IgnoringFailures([&process] { std::make_shared<ConfigForm>(process)->ShowModal(); });
-  windows.EnableWindow(process.ConfigDialogHwnd, true);
+  windows.EnableWindow(process.config_dialog_hwnd, true);
   process.app.PumpEvents();
   IgnoringFailures([&process] { BringCallerForward(process); });
 }
@@ -81,10 +81,10 @@ std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
     case RunMode::kShow:
       return {[&process] { ShowMainForm(process); }};
     case RunMode::kPreview:
-      return {[&process, text] { process.SystemHwnd = SwitchHandle(text); },
+      return {[&process, text] { process.system_hwnd = SwitchHandle(text); },
               [&process] { std::make_shared<ControlForm>(process)->Load(); }};
     case RunMode::kPassword:
-      return {[&process, text] { process.SystemHwnd = SwitchHandle(text); }, [&process] { ChangePassword(process); }};
+      return {[&process, text] { process.system_hwnd = SwitchHandle(text); }, [&process] { ChangePassword(process); }};
     case RunMode::kNone:
       break;
   }

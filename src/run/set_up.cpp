@@ -54,7 +54,8 @@ constexpr char kProductKeys[] = "Qu";
 
 // Not the path of the running program: the system looks for savers in its own directory.
 std::string SaverFilePath(Process& process) {
-  return process.SystemDirectory + process.system.files.Syntax().separator + process.system.host.ProgramName() + ".SCR";
+  return process.system_directory + process.system.files.Syntax().separator + process.system.host.ProgramName() +
+         ".SCR";
 }
 
 void ReportFailedSave(Application& app) {
@@ -71,10 +72,10 @@ void StoreSamples(Process& process, const std::string& path) {
   for (const Sample& sample : kSamples) {
     entries.push_back(MakeListEntry(sample.name, GetLongPath(process.system.files, path)));
   }
-  const bool saved = process.Settings.SaveTogether([&] {
+  const bool saved = process.settings.SaveTogether([&] {
     process.options.SetText(kInstallPath, path);
     for (std::size_t i = 0; i < kSamples.size(); ++i) {
-      process.Settings.SaveSetting(kSamples.at(i).section, kSamples.at(i).key, entries[i], kHkeyCurrentUser);
+      process.settings.SaveSetting(kSamples.at(i).section, kSamples.at(i).key, entries[i], kHkeyCurrentUser);
     }
   });
   if (!saved) ReportFailedSave(process.app);

@@ -12,7 +12,7 @@ class ControlForm : public ShowForm {
  public:
   explicit ControlForm(Process& process);
 
-  MessageHook Msghook1;
+  MessageHook message_hook;
 
  protected:
   void Form_Load() override;

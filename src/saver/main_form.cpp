@@ -23,7 +23,7 @@ WindowKind KindOf(const Options& options) {
 
 MainForm::MainForm(Process& process)
     : ShowForm(process, "MainForm", KindOf(process.options), kMainFormCaption, SaverFont()),
-      monitors_(process, *this, {.Ended = [this] { Unload(); }, .MouseMove = [this] { CountMouseMove(); }}) {
+      monitors_(process, *this, {.ended = [this] { Unload(); }, .mouse_move = [this] { CountMouseMove(); }}) {
   PicBase.KeyDown = [this](int /*key*/) { Unload(); };
   PicBase.MouseMove = [this] { CountMouseMove(); };
   PicPreview.MouseMove = [this] { CountMouseMove(); };
@@ -32,10 +32,10 @@ MainForm::MainForm(Process& process)
 void MainForm::Form_Load() {
   process_.system.windows.SetWindowPos(Hwnd(), kHwndTopmost, 0, 0, 0, 0, kSwpNoSizeNoMove);
   const ScreenSize screen = App().Screen();
-  Move(0, 0, screen.Width, screen.Height);
+  Move(0, 0, screen.width, screen.height);
   ReadPasswordState(process_);
   ReportSaverRunning(process_, true);
-  PicBase.Move(0, 0, screen.Width, screen.Height);
+  PicBase.Move(0, 0, screen.width, screen.height);
   // Show the window first: reading the lists may take seconds, and the desktop must be covered meanwhile.
   Window().SetVisible(true);
   // An event may have ended the show and unloaded the form.
@@ -43,7 +43,7 @@ void MainForm::Form_Load() {
   FollowMonitors();
   if (!IsLoaded()) return;
   // Only the show on the primary monitor restarts the lists.
-  if (process_.beside_primary) process_.show.FirstTickOver = true;
+  if (process_.beside_primary) process_.show.first_tick_over = true;
   InitShow(process_, *this);
   FollowMonitors();
   ForceCursorOff(process_);
@@ -56,13 +56,13 @@ void MainForm::FollowMonitors() {
 // The flag is set first, so that a tick which is pumping events further up the stack sees it. It also keeps new ticks
 // from doing anything while the password dialog is open; the timer itself is not stopped.
 void MainForm::Form_QueryUnload(bool& cancel) {
-  process_.show.StopRequested = true;
+  process_.show.stop_requested = true;
   if (!IsPasswordInForce(process_)) return;
   ForceCursorOn(process_);
   if (VerifyPassword(process_, Hwnd())) return;
   ForceCursorOff(process_);
   cancel = true;
-  process_.show.StopRequested = false;
+  process_.show.stop_requested = false;
 }
 
 void MainForm::Form_Unload() {
@@ -89,20 +89,20 @@ void MainForm::Form_Deactivate() {
 // The current picture is not laid out again; the next tick lays out the next one.
 void MainForm::Form_ScreenChange() {
   const ScreenSize screen = App().Screen();
-  Move(0, 0, screen.Width, screen.Height);
-  PicBase.Move(0, 0, screen.Width, screen.Height);
+  Move(0, 0, screen.width, screen.height);
+  PicBase.Move(0, 0, screen.width, screen.height);
   FollowMonitors();
 }
 
 void MainForm::tmrSwitch_Timer() {
-  if (!process_.show.StopRequested) monitors_.AllTurns().Take(tmrSwitch, [this] { SlideTick(process_, *this); });
+  if (!process_.show.stop_requested) monitors_.AllTurns().Take(tmrSwitch, [this] { SlideTick(process_, *this); });
 }
 
 // Counts events, whatever their distance. An event that comes over ten seconds after the first one sets the count to
 // zero.
 void MainForm::CountMouseMove() {
-  ++process_.show.MouseMoveCount;
-  if (process_.show.MouseMoveCount == kMovesThatEnd) Unload();
+  ++process_.show.mouse_move_count;
+  if (process_.show.mouse_move_count == kMovesThatEnd) Unload();
   const double now = process_.system.host.SecondsSinceMidnight();
   if (FirstMoveTime_ == 0) {
     FirstMoveTime_ = RoundToInt32(now);
@@ -110,7 +110,7 @@ void MainForm::CountMouseMove() {
   }
   if (now - FirstMoveTime_ > kCountSeconds) {
     FirstMoveTime_ = 0;
-    process_.show.MouseMoveCount = 0;
+    process_.show.mouse_move_count = 0;
   }
 }
 

@@ -29,9 +29,9 @@ MonitorForm::MonitorForm(Process& process, const PixelRect& place, const Monitor
       place_(place),
       events_(events),
       turns_(turns) {
-  PicBase.KeyDown = [this](int /*key*/) { events_.Ended(); };
-  PicBase.MouseDown = [this] { events_.Ended(); };
-  PicBase.MouseMove = [this] { events_.MouseMove(); };
+  PicBase.KeyDown = [this](int /*key*/) { events_.ended(); };
+  PicBase.MouseDown = [this] { events_.ended(); };
+  PicBase.MouseMove = [this] { events_.mouse_move(); };
   PicPreview.MouseDown = PicBase.MouseDown;
   PicPreview.MouseMove = PicBase.MouseMove;
 }
@@ -46,7 +46,7 @@ void MonitorForm::Close() {
   Unload();
 }
 
-ScreenSize MonitorForm::Screen() const { return {.Width = Width(), .Height = Height()}; }
+ScreenSize MonitorForm::Screen() const { return {.width = Width(), .height = Height()}; }
 
 void MonitorForm::Form_Load() { CoverPlace(); }
 
@@ -58,7 +58,7 @@ void MonitorForm::CoverPlace() {
 
 // Only the show closes it. A request to close this form ends the whole show.
 void MonitorForm::Form_QueryUnload(bool& cancel) {
-  if (!is_closing_) events_.Ended();
+  if (!is_closing_) events_.ended();
   cancel = !is_closing_;
 }
 
@@ -69,8 +69,8 @@ void MonitorForm::Form_Unload() {
 
 // The main form ticks first, since only its first tick may restart a list.
 void MonitorForm::tmrSwitch_Timer() {
-  if (process_.show.StopRequested) return;
-  if (process_.show.FirstTickOver) {
+  if (process_.show.stop_requested) return;
+  if (process_.show.first_tick_over) {
     turns_.Take(tmrSwitch, [this] { SlideTick(process_, *this); });
   } else {
     turns_.Wait(tmrSwitch);

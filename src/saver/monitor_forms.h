@@ -17,8 +17,8 @@ inline Font SaverFont() { return {.name = "MS Serif", .points = 12}; }
 // What happens at a form on a further monitor, for the show's main form.
 struct MonitorEvents {
   // A key, a press of a mouse button, or a request to close: the show is to end.
-  std::function<void()> Ended;
-  std::function<void()> MouseMove;
+  std::function<void()> ended;
+  std::function<void()> mouse_move;
 };
 
 // The full-screen show on one monitor beside the primary one. It has pictures of its own, and takes each from the list
@@ -44,9 +44,9 @@ class MonitorForm : public ShowForm {
   void Form_Load() override;
   void Form_QueryUnload(bool& cancel) override;
   void Form_Unload() override;
-  void Form_KeyDown(int /*key*/) override { events_.Ended(); }
-  void Form_MouseDown() override { events_.Ended(); }
-  void Form_MouseMove() override { events_.MouseMove(); }
+  void Form_KeyDown(int /*key*/) override { events_.ended(); }
+  void Form_MouseDown() override { events_.ended(); }
+  void Form_MouseMove() override { events_.mouse_move(); }
   void tmrSwitch_Timer() override;
 
  private:

@@ -20,12 +20,12 @@ constexpr std::size_t kDigits = 3;
 void ReadPasswordState(Process& process) {
   const std::string flag =
       ReadKeyValue(process.system.registry, kHkeyCurrentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword");
-  process.show.UsePassword = RoundToInt16(LenientParse(flag));
-  process.show.PlatformId = process.system.host.PlatformId();
+  process.show.use_password = RoundToInt16(LenientParse(flag));
+  process.show.platform_id = process.system.host.PlatformId();
 }
 
 bool IsPasswordInForce(const Process& process) {
-  return process.show.PlatformId != kPlatformLocksItself && process.show.UsePassword != 0;
+  return process.show.platform_id != kPlatformLocksItself && process.show.use_password != 0;
 }
 
 void ReportSaverRunning(Process& process, bool running) {
@@ -37,7 +37,7 @@ bool VerifyPassword(Process& process, WindowHandle owner) {
 }
 
 void ChangePassword(Process& process) {
-  process.system.password.PwdChangePassword("SCRSAVE", ToWindowHandle(process.SystemHwnd));
+  process.system.password.PwdChangePassword("SCRSAVE", ToWindowHandle(process.system_hwnd));
 }
 
 std::string ReadKeyValue(Registry& registry, std::uint32_t hive, const std::string& path, const std::string& name) {

@@ -39,13 +39,13 @@ TwipRect Scaled(const TwipSize& size, const TwipRect& room, Scaling scaling) {
 // One layout. Methods without a result consist of steps of the tick.
 class Layout {
  public:
-  Layout(Process& process, ShowForm& form, std::int32_t PictureIndex)
+  Layout(Process& process, ShowForm& form, std::int32_t picture_index)
       : process_(process),
         PicBase_(form.PicBase),
         PicPreview_(form.PicPreview),
         imgFullSize_(form.imgFullSize),
         screen_(form.Screen()),
-        picture_index_(PictureIndex) {}
+        picture_index_(picture_index) {}
 
   void PlaceNatural();
   void PlaceStretched();
@@ -53,14 +53,14 @@ class Layout {
   void PlaceScaled(Scaling scaling);
 
  private:
-  std::string Path() const { return process_.show.PictureList.Item(picture_index_); }
+  std::string Path() const { return process_.show.picture_list.Item(picture_index_); }
   std::string PictureName() const { return PathPart(Path(), kPathName, process_.system.files.Syntax()); }
   std::string Caption() const;
   bool HasCaption() const { return process_.options.ShowFileName(); }
-  float RatioX() const { return PicBase_.Width() / screen_.Width; }
-  float RatioY() const { return PicBase_.Height() / screen_.Height; }
-  float CentredLeft(float width) const { return (screen_.Width - width) / 2 * RatioX(); }
-  float CentredTop(float height) const { return (screen_.Height - height) / 2 * RatioY(); }
+  float RatioX() const { return PicBase_.Width() / screen_.width; }
+  float RatioY() const { return PicBase_.Height() / screen_.height; }
+  float CentredLeft(float width) const { return (screen_.width - width) / 2 * RatioX(); }
+  float CentredTop(float height) const { return (screen_.height - height) / 2 * RatioY(); }
   float CaptionTop() const { return PicBase_.Height() - PicBase_.TextHeight(PictureName()); }
 
   std::int16_t FrameWidth() const;
@@ -237,8 +237,8 @@ void Layout::DrawFrame(std::int16_t frame_width) {
 
 }  // namespace
 
-void LayOutPicture(Process& process, ShowForm& form, std::int32_t PictureIndex) {
-  Layout layout(process, form, PictureIndex);
+void LayOutPicture(Process& process, ShowForm& form, std::int32_t picture_index) {
+  Layout layout(process, form, picture_index);
   form.PicPreview.SetPictureBounds(std::nullopt);
   const Scaling scaling = process.options.ScalingChoice();
   if (scaling != Scaling::kAsSet) {

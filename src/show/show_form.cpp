@@ -18,7 +18,7 @@ constexpr int kFirstTickMilliseconds = 500;
 void SortPictures(Process& process) {
   const Order order = process.options.OrderChoice();
   if (order == Order::kAsListed) return;
-  SortByDate(process.system.files, process.show.PictureList, order == Order::kNewestFirst);
+  SortByDate(process.system.files, process.show.picture_list, order == Order::kNewestFirst);
 }
 
 void Shuffle(Process& process, Collection& collection) {
@@ -40,13 +40,13 @@ void StartTimer(ShowForm& form) {
 void Begin(Process& process, ShowForm& form) {
   SetBackground(form, process.options.BackColor());
   if (process.options.PicRandom()) {
-    Shuffle(process, process.show.PictureList);
+    Shuffle(process, process.show.picture_list);
   } else {
     SortPictures(process);
   }
-  if (process.options.SoundRandom()) Shuffle(process, process.show.SoundList);
+  if (process.options.SoundRandom()) Shuffle(process, process.show.sound_list);
   StartTimer(form);
-  process.show.TransitionSpeed = process.options.TransSpeed();
+  process.show.transition_speed = process.options.TransSpeed();
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ ShowForm::ShowForm(Process& process, std::string name, WindowKind kind, std::str
   tmrSwitch.Elapsed = [this] { tmrSwitch_Timer(); };
 }
 
-bool& ShowForm::TransitionArmed() { return process_.show.TransitionArmed; }
+bool& ShowForm::TransitionArmed() { return process_.show.transition_armed; }
 
 // Settings dialogs expect a silent preview.
 bool ShowForm::PlaysSounds() const { return process_.mode != RunMode::kPreview && !process_.beside_primary; }
@@ -72,8 +72,8 @@ void InitShow(Process& process, ShowForm& form) {
   FileSystem& files = process.system.files;
   const bool sub_folders = process.options.SubFolders();
   const std::string mask = PictureMask(process.options.MoreKinds());
-  process.show.PictureList = FillFromSettings(process.Settings, files, kPictureSection, mask, sub_folders);
-  process.show.SoundList = FillFromSettings(process.Settings, files, kSoundSection, kSoundMask, sub_folders);
+  process.show.picture_list = FillFromSettings(process.settings, files, kPictureSection, mask, sub_folders);
+  process.show.sound_list = FillFromSettings(process.settings, files, kSoundSection, kSoundMask, sub_folders);
   Begin(process, form);
 }
 
@@ -82,8 +82,8 @@ void InitShow(Process& process, ShowForm& form, const ListBox& pictures, const L
   FileSystem& files = process.system.files;
   const bool sub_folders = process.options.SubFolders();
   const std::string mask = PictureMask(process.options.MoreKinds());
-  process.show.PictureList = FillFromList(files, pictures, mask, sub_folders);
-  process.show.SoundList = FillFromList(files, sounds, kSoundMask, sub_folders);
+  process.show.picture_list = FillFromList(files, pictures, mask, sub_folders);
+  process.show.sound_list = FillFromList(files, sounds, kSoundMask, sub_folders);
   Begin(process, form);
 }
 

@@ -19,8 +19,8 @@ namespace {
 constexpr double kMillisecondsPerSecond = 1000;
 
 std::string LastPosition(const Options& options, const ShowState& show, const OptionRow& last) {
-  const auto unstored = show.UnstoredPositions.find(last.key);
-  return unstored != show.UnstoredPositions.end() ? unstored->second : options.Text(last);
+  const auto unstored = show.unstored_positions.find(last.key);
+  return unstored != show.unstored_positions.end() ? unstored->second : options.Text(last);
 }
 
 // The position (from 1) that a tick shows next in a list of `count` entries: the one after the position stored in
@@ -29,7 +29,7 @@ std::string LastPosition(const Options& options, const ShowState& show, const Op
 std::int32_t NextPosition(const Options& options, const ShowState& show, const OptionRow& reset, const OptionRow& last,
                           int count) {
   std::int32_t position = 0;
-  StepIf([&] { return !show.FirstTickOver && options.IsAnyNumber(reset); }, [&] { position = 1; },
+  StepIf([&] { return !show.first_tick_over && options.IsAnyNumber(reset); }, [&] { position = 1; },
          [&] { Step([&] { position = RoundToInt32(StrictNumber(LastPosition(options, show, last)) + 1); }); });
   return position > count ? 1 : position;
 }
@@ -37,9 +37,9 @@ std::int32_t NextPosition(const Options& options, const ShowState& show, const O
 // Stores a position in the option `last`. If that fails, it is kept in memory for this run.
 void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std::int32_t position) {
   if (options.SetText(last, std::to_string(position))) {
-    show.UnstoredPositions.erase(last.key);
+    show.unstored_positions.erase(last.key);
   } else {
-    show.UnstoredPositions[last.key] = std::to_string(position);
+    show.unstored_positions[last.key] = std::to_string(position);
   }
 }
 
@@ -49,17 +49,17 @@ std::int32_t ClaimNextPicture(Process& process) {
   ShowState& show = process.show;
   std::int32_t position = 0;
   const auto next = [&] {
-    position = NextPosition(process.options, show, kResetPicList, kLastPicture, show.PictureList.Count());
+    position = NextPosition(process.options, show, kResetPicList, kLastPicture, show.picture_list.Count());
   };
-  const bool is_stored = process.Settings.SaveTogether([&] {
+  const bool is_stored = process.settings.SaveTogether([&] {
     next();
     process.options.SetText(kLastPicture, std::to_string(position));
   });
   if (is_stored) {
-    show.UnstoredPositions.erase(kLastPicture.key);
+    show.unstored_positions.erase(kLastPicture.key);
   } else {
     next();
-    show.UnstoredPositions[kLastPicture.key] = std::to_string(position);
+    show.unstored_positions[kLastPicture.key] = std::to_string(position);
   }
   return position;
 }
@@ -67,12 +67,12 @@ std::int32_t ClaimNextPicture(Process& process) {
 // If the only loaded form is hidden, the user can't close it, so it is unloaded and the show ends. The preview's form
 // is always hidden and is exempt.
 void CloseOrphanedForm(Process& process) {
-  if (process.mode == RunMode::kPreview || process.app.Forms.Count() != 1 || process.app.Forms[0].Visible()) return;
-  const std::shared_ptr<Form> form = process.app.Forms[0].shared_from_this();
+  if (process.mode == RunMode::kPreview || process.app.forms.Count() != 1 || process.app.forms[0].Visible()) return;
+  const std::shared_ptr<Form> form = process.app.forms[0].shared_from_this();
   Step([&] { dynamic_cast<ShowForm&>(*form).tmrSwitch.SetEnabled(false); });
   Step([&] { process.app.PumpEvents(); });
   Step([&] { form->Unload(); });
-  process.show.StopRequested = true;
+  process.show.stop_requested = true;
 }
 
 void WipePictureOnView(Process& process, ShowForm& form) {
@@ -81,32 +81,32 @@ void WipePictureOnView(Process& process, ShowForm& form) {
     return;
   }
   Step([&] { RunTransition(process, form.PicBase, form.PicPreview); });
-  if (process.show.StopRequested) EndSaver(process);
+  if (process.show.stop_requested) EndSaver(process);
 }
 
 void ShowNextPicture(Process& process, ShowForm& form) {
   ImageControl& PicPreview = form.PicPreview;
   const bool is_shared = process.mode == RunMode::kShow && process.options.MonitorsChoice() == Monitors::kPictureOnEach;
-  const std::int32_t PictureIndex = is_shared ? ClaimNextPicture(process)
-                                              : NextPosition(process.options, process.show, kResetPicList, kLastPicture,
-                                                             process.show.PictureList.Count());
+  const std::int32_t picture_index = is_shared ? ClaimNextPicture(process)
+                                               : NextPosition(process.options, process.show, kResetPicList,
+                                                              kLastPicture, process.show.picture_list.Count());
   WipePictureOnView(process, form);
   Step([&] { PicPreview.SetVisible(false); });
-  LayOutPicture(process, form, PictureIndex);
+  LayOutPicture(process, form, picture_index);
   Step([&] { PicPreview.SetVisible(true); });
-  if (!is_shared) Step([&] { KeepPosition(process.options, process.show, kLastPicture, PictureIndex); });
+  if (!is_shared) Step([&] { KeepPosition(process.options, process.show, kLastPicture, picture_index); });
 }
 
 // Ends the previous sound.
 void PlayNextSound(Process& process) {
-  const std::int32_t SoundIndex =
-      NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.SoundList.Count());
+  const std::int32_t sound_index =
+      NextPosition(process.options, process.show, kResetSoundList, kLastSound, process.show.sound_list.Count());
   Step([&] { process.app.PumpEvents(); });
   // Read the list only now: an event may have replaced it.
   Step([&] {
-    process.system.sound.PlaySound(process.show.SoundList.Item(SoundIndex), kSndFilename | kSndAsync | kSndNoDefault);
+    process.system.sound.PlaySound(process.show.sound_list.Item(sound_index), kSndFilename | kSndAsync | kSndNoDefault);
   });
-  Step([&] { KeepPosition(process.options, process.show, kLastSound, SoundIndex); });
+  Step([&] { KeepPosition(process.options, process.show, kLastSound, sound_index); });
   Step([&] { process.app.PumpEvents(); });
 }
 
@@ -116,16 +116,16 @@ void ShowNoPicture(ShowForm& form) {
 }
 
 void Tick(Process& process, ShowForm& form) {
-  if (process.show.PreviewSuspended) return;
+  if (process.show.preview_suspended) return;
   CloseOrphanedForm(process);
-  if (process.show.PictureList.Count() >= 1) {
+  if (process.show.picture_list.Count() >= 1) {
     ShowNextPicture(process, form);
   } else {
     ShowNoPicture(form);
   }
-  if (process.show.SoundList.Count() >= 1 && form.PlaysSounds()) PlayNextSound(process);
+  if (process.show.sound_list.Count() >= 1 && form.PlaysSounds()) PlayNextSound(process);
   Step([&] { form.tmrSwitch.SetInterval(process.options.Interval() * kMillisecondsPerSecond); });
-  process.show.FirstTickOver = true;
+  process.show.first_tick_over = true;
 }
 
 }  // namespace

@@ -37,15 +37,15 @@ Form& FormList::operator[](int index) const {
 }
 
 Application::~Application() {
-  LastFormGone = nullptr;
-  while (Forms.Count() > 0) Forms[Forms.Count() - 1].Destroy();
+  last_form_gone = nullptr;
+  while (forms.Count() > 0) forms[forms.Count() - 1].Destroy();
   DropInOrder(std::exchange(kept_, {}));
 }
 
 ScreenSize Application::Screen() const {
   const ScreenInfo info = platform_.Screen();
-  return {.Width = static_cast<float>(info.width) * kTwipsPerPixel,
-          .Height = static_cast<float>(info.height) * kTwipsPerPixel};
+  return {.width = static_cast<float>(info.width) * kTwipsPerPixel,
+          .height = static_cast<float>(info.height) * kTwipsPerPixel};
 }
 
 void Application::Dispatch(const std::function<void()>& handler) {

@@ -16,10 +16,10 @@ class Form;
 
 // The size of the primary monitor in twips.
 struct ScreenSize {
-  float Width = 0;
-  float Height = 0;
-  float TwipsPerPixelX = kTwipsPerPixel;
-  float TwipsPerPixelY = kTwipsPerPixel;
+  float width = 0;
+  float height = 0;
+  float twips_per_pixel_x = kTwipsPerPixel;
+  float twips_per_pixel_y = kTwipsPerPixel;
 };
 
 // The loaded forms, in the order in which they were loaded, without those of the kind `kMonitor`.
@@ -44,7 +44,7 @@ class Application {
 
   Platform& GetPlatform() { return platform_; }
 
-  FormList Forms;
+  FormList forms;
   ScreenSize Screen() const;
   void PumpEvents() { platform_.PumpEvents(); }
   MessageBoxAnswer ShowMessageBox(const MessageBox& box) { return platform_.ShowMessageBox(box); }
@@ -66,10 +66,10 @@ class Application {
   void KeepUntilIdle(std::shared_ptr<void> object);
 
   // Lets events arrive while a picture takes long to decode. May end the process.
-  std::function<void()> WhileWaiting;
+  std::function<void()> while_waiting;
 
   // Called when the last form has been unloaded. Platforms end their event loop here.
-  std::function<void()> LastFormGone;
+  std::function<void()> last_form_gone;
 
  private:
   Platform& platform_;

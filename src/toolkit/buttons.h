@@ -13,8 +13,8 @@ class Button : public Widget {
 
   std::function<void()> Click;
   // Enter presses the form's default button, Escape its cancel button.
-  bool Default = false;
-  bool Cancel = false;
+  bool is_default = false;
+  bool is_cancel = false;
 
   // The user pressed it. Does nothing while it is disabled.
   void UserClick();

@@ -8,19 +8,20 @@ namespace quorvale {
 
 void CommonDialog::ShowFile(bool save) {
   RequireLoaded();
-  FileName = App().GetPlatform().ShowFileDialog(Parent().Window(), {.save = save,
-                                                                    .title = DialogTitle,
-                                                                    .start_name = FileName,
-                                                                    .filter = Filter,
-                                                                    .filter_index = FilterIndex,
-                                                                    .flags = Flags,
-                                                                    .max_file_size = MaxFileSize});
-  if (FileName.empty() && CancelError) throw Failure(FailureNumber::kCancelled, strings::failures::kCancelled, Name());
+  file_name = App().GetPlatform().ShowFileDialog(Parent().Window(), {.save = save,
+                                                                     .title = title,
+                                                                     .start_name = file_name,
+                                                                     .filter = filter,
+                                                                     .filter_index = filter_index,
+                                                                     .flags = flags,
+                                                                     .max_file_size = max_file_size});
+  if (file_name.empty() && cancel_error)
+    throw Failure(FailureNumber::kCancelled, strings::failures::kCancelled, Name());
 }
 
 void CommonDialog::ShowColor() {
   RequireLoaded();
-  Color = App().GetPlatform().ShowColourDialog(Parent().Window(), Color);
+  colour = App().GetPlatform().ShowColourDialog(Parent().Window(), colour);
 }
 
 }  // namespace quorvale

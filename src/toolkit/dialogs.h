@@ -49,19 +49,19 @@ class CommonDialog : public Control {
 
   using Control::Control;
 
-  std::string DialogTitle;
+  std::string title;
   // Before: the name to start with. After: the chosen path, or empty if cancelled. Multiple files have the form
   // "directory\0name\0name".
-  std::string FileName;
-  std::string Filter;
-  int FilterIndex = 0;
-  std::uint32_t Flags = 0;
+  std::string file_name;
+  std::string filter;
+  int filter_index = 0;
+  std::uint32_t flags = 0;
   // Capacity for the file name, in characters. Platforms may allow more.
-  int MaxFileSize = kUsualMaxFileSize;
+  int max_file_size = kUsualMaxFileSize;
   // If set, Cancel fails with kCancelled.
-  bool CancelError = false;
+  bool cancel_error = false;
   // Before: the initial colour. After: the chosen one; unchanged if cancelled.
-  Colour Color = kBlack;
+  Colour colour = kBlack;
 
   void ShowOpen() { ShowFile(false); }
   void ShowSave() { ShowFile(true); }

@@ -33,7 +33,7 @@ void Form::Load() {
     if (icon_) window_->SetIcon(icon_);
     SendBounds();
     for (Control* const control : controls_) control->CreatePeer();
-    if (kind_ != WindowKind::kMonitor) application_.Forms.forms_.push_back(self);
+    if (kind_ != WindowKind::kMonitor) application_.forms.forms_.push_back(self);
     Form_Load();
   } catch (...) {
     Destroy();
@@ -101,7 +101,7 @@ void Form::Move(float left, float top, float width, float height) {
 
 void Form::CenterOnScreen() {
   const ScreenSize screen = application_.Screen();
-  Move(screen.Width / 2 - bounds_.width / 2, screen.Height / 2 - bounds_.height / 2, bounds_.width, bounds_.height);
+  Move(screen.width / 2 - bounds_.width / 2, screen.height / 2 - bounds_.height / 2, bounds_.width, bounds_.height);
 }
 
 void Form::SetClientSize(float width, float height) {
@@ -219,8 +219,8 @@ void Form::Destroy() {
   for (Control* const control : controls_) control->ReleasePeer();
   application_.KeepUntilIdle(std::move(window_));
   application_.KeepUntilIdle(self);
-  const bool was_listed = std::erase(application_.Forms.forms_, self) > 0;
-  if (was_listed && application_.Forms.Count() == 0 && application_.LastFormGone) application_.LastFormGone();
+  const bool was_listed = std::erase(application_.forms.forms_, self) > 0;
+  if (was_listed && application_.forms.Count() == 0 && application_.last_form_gone) application_.last_form_gone();
 }
 
 }  // namespace quorvale

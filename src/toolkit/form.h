@@ -17,7 +17,7 @@ class Control;
 class Widget;
 
 // A top-level window with controls and event handlers. Create it with `std::make_shared`; it is loaded, perhaps shown,
-// and unloaded once. `Application::Forms` owns it while it is loaded; only a form of the kind `kMonitor` is not listed
+// and unloaded once. `Application::forms` owns it while it is loaded; only a form of the kind `kMonitor` is not listed
 // there, and has an owner of its own. After that, its methods and those of its controls
 // fail with kNotLoaded.
 //

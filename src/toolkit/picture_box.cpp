@@ -88,7 +88,7 @@ std::shared_ptr<Picture> PictureBox::LoadPicture(const std::string& path,
   const PixelRect bounds = surface_.Bounds();
   const PixelRect clip = part ? Intersect(ToPixels(*part, scale_), bounds) : bounds;
   return App().GetPlatform().Pictures().Load(
-      path, {.box = pixel_box, .clip = clip, .scale = scale_, .while_waiting = App().WhileWaiting});
+      path, {.box = pixel_box, .clip = clip, .scale = scale_, .while_waiting = App().while_waiting});
 }
 
 void PictureBox::PaintBackdrop(Picture& picture, const TwipRect& box, const TwipRect& area) {

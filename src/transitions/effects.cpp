@@ -14,9 +14,9 @@ namespace {
 
 // Steps are in twips, pens in pixels. The pen is wider than a step, so shapes overlap and leave no gaps.
 
-void UprightBar(const EffectRun& run, float x) { run.PicBase.Line(x, 0, x, run.PicBase.Height(), run.WipeColour); }
+void UprightBar(const EffectRun& run, float x) { run.PicBase.Line(x, 0, x, run.PicBase.Height(), run.wipe_colour); }
 
-void LevelBar(const EffectRun& run, float y) { run.PicBase.Line(0, y, run.PicBase.Width(), y, run.WipeColour); }
+void LevelBar(const EffectRun& run, float y) { run.PicBase.Line(0, y, run.PicBase.Width(), y, run.wipe_colour); }
 
 // Sweeps: one bar moves across the whole surface.
 
@@ -29,7 +29,7 @@ void SweepRight(const EffectRun& run) {
   for (std::int32_t x = 0; x <= end; x += kSidewaysStep) {
     UprightBar(run, static_cast<float>(x));
     run.EndStep();
-    if (run.show.PreviewSuspended) return;
+    if (run.show.preview_suspended) return;
   }
 }
 
@@ -117,7 +117,7 @@ void Bubbles(const EffectRun& run) {
   for (int dots = 1; dots <= kDots; ++dots) {
     const float x = run.random.Next() * PicPreview.Width();
     const float y = run.random.Next() * PicPreview.Height();
-    run.PicBase.PSet(x + PicPreview.Left(), y + PicPreview.Top(), run.WipeColour);
+    run.PicBase.PSet(x + PicPreview.Left(), y + PicPreview.Top(), run.wipe_colour);
     run.PumpStep();
     run.PicBase.SetDrawWidth(dots + 1);
     run.Pause();
@@ -141,11 +141,11 @@ constexpr auto kEffects = std::to_array<Effect>({
 
 void EffectRun::PumpStep() const {
   pace.PumpEvents();
-  if (show.StopRequested) end_program();
+  if (show.stop_requested) end_program();
 }
 
 void EffectRun::Pause() const {
-  for (std::int32_t i = 0; i < DelayCount; ++i) pace.PumpEvents();
+  for (std::int32_t i = 0; i < delay_count; ++i) pace.PumpEvents();
 }
 
 std::span<const Effect> Effects() { return kEffects; }

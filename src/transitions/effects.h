@@ -22,9 +22,9 @@ struct EffectRun {
   PictureBox& PicBase;
   ImageControl& PicPreview;
   PacedRun& pace;
-  Colour WipeColour;
+  Colour wipe_colour;
   // Passes of the event queue after each step; no pause if 0 or less.
-  std::int32_t DelayCount;
+  std::int32_t delay_count;
   // Ends the program; does not return.
   std::function<void()> end_program;
 

@@ -26,7 +26,7 @@ std::string DrawEffect(Process& process) {
 
 // Fails with kOverflow for speeds far outside the dialog's range.
 std::int32_t ComputeDelayCount(const Process& process) {
-  const double speed = process.show.TransitionSpeed;
+  const double speed = process.show.transition_speed;
   const bool preview = process.mode == RunMode::kPreview || process.mode == RunMode::kConfiguration;
   return RoundToInt32(preview ? (21 - speed) * 200 : 401 - speed * 20);
 }
@@ -35,11 +35,11 @@ std::int32_t ComputeDelayCount(const Process& process) {
 
 void RunTransition(Process& process, PictureBox& PicBase, ImageControl& PicPreview) {
   std::string name = process.options.SwapAffect();
-  const auto WipeColour = process.options.WipeColour();
+  const auto wipe_colour = process.options.WipeColour();
   if (name == kNoEffect) return;
   if (name == kRandomEffect) name = DrawEffect(process);
   PicBase.SetDrawWidth(kWidePen);
-  const std::int32_t DelayCount = ComputeDelayCount(process);
+  const std::int32_t delay_count = ComputeDelayCount(process);
   const auto effect = std::ranges::find(Effects(), name, &Effect::name);
   if (effect == Effects().end()) return;
   const std::unique_ptr<PacedRun> pace = PicBase.OpenPacedRun();
@@ -48,8 +48,8 @@ void RunTransition(Process& process, PictureBox& PicBase, ImageControl& PicPrevi
                .PicBase = PicBase,
                .PicPreview = PicPreview,
                .pace = *pace,
-               .WipeColour = WipeColour,
-               .DelayCount = DelayCount,
+               .wipe_colour = wipe_colour,
+               .delay_count = delay_count,
                .end_program = [&process] { EndSaver(process); }});
 }
 

@@ -32,7 +32,7 @@ TEST_F(AboutFormTest, ShowsProductVersionAndCopyright) {
   EXPECT_EQ(form->Caption(), "About Quorvale Customizable Screen Saver");
   EXPECT_EQ(form->title.Caption(), "Quorvale Customizable Screen Saver   Version " + version);
   EXPECT_EQ(form->legal_notice.Caption(), "Copyright (C) Halvern Inc. and contributors");
-  EXPECT_TRUE(form->ok.Default && form->ok.Cancel);
+  EXPECT_TRUE(form->ok.is_default && form->ok.is_cancel);
   form->ok.UserClick();
   EXPECT_FALSE(form->IsLoaded());
 }

@@ -22,7 +22,7 @@ class ConfigTest : public HeadlessTest {
 
   void SetUp() override {
     process.mode = RunMode::kConfiguration;
-    process.ScreenTwipsX = process.ScreenTwipsY = 15;
+    process.screen_twips_x = process.screen_twips_y = 15;
     process.options.Set("SwapAffect", "None");
   }
 
@@ -38,19 +38,19 @@ class ConfigTest : public HeadlessTest {
     return *form;
   }
   void Store(const std::string& section, const std::string& names) {
-    process.Settings.DeleteSetting(section);
+    process.settings.DeleteSetting(section);
     std::istringstream words(names);
     int i = 0;
     for (std::string name; words >> name; ++i) {
       desktop.files.AddFile("C:\\Pics\\" + name);
-      process.Settings.SaveSetting(section, "File" + std::to_string(i), MakeListEntry(name, "C:\\Pics\\"));
+      process.settings.SaveSetting(section, "File" + std::to_string(i), MakeListEntry(name, "C:\\Pics\\"));
     }
   }
 
   std::string Stored(const std::string& section) {
     std::vector<std::string> names;
     for (std::string entry;; names.push_back(entry)) {
-      entry = process.Settings.GetSetting(section, "File" + std::to_string(names.size()), "EOF");
+      entry = process.settings.GetSetting(section, "File" + std::to_string(names.size()), "EOF");
       if (entry == "EOF") return Joined(names);
     }
   }

@@ -51,9 +51,9 @@ TEST_F(ConfigTest, OkRemovesMissingFilesFromTheStore) {
   }
   desktop.files.AddDirectory("C:\\Pics\\folder");
   desktop.files.AddDirectory("C:\\Empty");
-  process.Settings.SaveSetting("SoundFiles", "File1", MakeListEntry("C:\\Empty\\", "C:\\Empty\\"));
-  process.Settings.SaveSetting("SoundFiles", "File2", MakeListEntry("C:\\No\\", "C:\\No\\"));
-  process.Settings.SaveSetting("SoundFiles", "File3", "C:\\Pics\\a");
+  process.settings.SaveSetting("SoundFiles", "File1", MakeListEntry("C:\\Empty\\", "C:\\Empty\\"));
+  process.settings.SaveSetting("SoundFiles", "File2", MakeListEntry("C:\\No\\", "C:\\No\\"));
+  process.settings.SaveSetting("SoundFiles", "File3", "C:\\Pics\\a");
   Open();
   EXPECT_EQ(Names(0), "a b");
   EXPECT_EQ(Names(1), "s C:\\Empty\\ C:\\Pics\\a");
@@ -149,9 +149,9 @@ TEST_F(ConfigTest, KeepsEntriesBeyondTheListBox) {
   desktop.files.AddFile("C:\\Pics\\a");
   const std::string entry = MakeListEntry("a", "C:\\Pics\\");
   const auto key = [](int number) { return "File" + std::to_string(number); };
-  for (int i = 0; i < ListBox::kMostItems; ++i) process.Settings.SaveSetting("PictureFiles", key(i), entry);
-  process.Settings.SaveSetting("PictureFiles", key(ListBox::kMostItems), "the last");
-  process.Settings.SaveSetting("SoundFiles", "File0", entry);
+  for (int i = 0; i < ListBox::kMostItems; ++i) process.settings.SaveSetting("PictureFiles", key(i), entry);
+  process.settings.SaveSetting("PictureFiles", key(ListBox::kMostItems), "the last");
+  process.settings.SaveSetting("SoundFiles", "File0", entry);
   Open();
   ASSERT_EQ(desktop.boxes.shown.size(), 1U);
   EXPECT_THAT(desktop.boxes.shown[0].text, ::testing::StartsWith("A Play List is full"));
@@ -159,8 +159,8 @@ TEST_F(ConfigTest, KeepsEntriesBeyondTheListBox) {
   form->lists[0].UserSelect({0, 5});
   Press(kRemove);
   form->ok.UserClick();
-  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 2), "none"), "the last");
-  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 1), "none"), "none");
+  EXPECT_EQ(process.settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 2), "none"), "the last");
+  EXPECT_EQ(process.settings.GetSetting("PictureFiles", key(ListBox::kMostItems - 1), "none"), "none");
   EXPECT_EQ(Stored("SoundFiles"), "a");
 }
 

@@ -45,7 +45,7 @@ TEST_F(ConfigTest, ListCommandsEditTheVisibleListAndRestartTheShow) {
       EXPECT_TRUE(Restarts([&] { sounds ? Choose(c.item) : Press(c.button); }));
       EXPECT_EQ(was_paused, c.button <= kAddDirectory);
       EXPECT_FALSE(IsPaused());
-      EXPECT_TRUE(process.show.PreviewSuspended);
+      EXPECT_TRUE(process.show.preview_suspended);
       EXPECT_EQ(Names(sounds ? 1 : 0), c.items);
       EXPECT_EQ(Names(sounds ? 0 : 1), "other");
       const ListBox& list = form->VisibleList();
@@ -84,7 +84,7 @@ TEST_F(ConfigTest, SplitsTheFileDialogsResult) {
   for (const auto& [chosen, separator, expected] : cases) {
     Collection names;
     std::string directory;
-    form->file_dialog.FileName = chosen;
+    form->file_dialog.file_name = chosen;
     ParseFileSelection(form->file_dialog, {separator}, names, directory);
     std::string paths;
     for (int i = 1; i <= names.Count(); ++i) {

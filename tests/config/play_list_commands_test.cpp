@@ -18,7 +18,7 @@ class PlayListCommandTest : public ConfigTest {
     OpenWith("a b", "t");
     Select({0});
     Press(kRemove);
-    process.show.PreviewSuspended = false;
+    process.show.preview_suspended = false;
   }
 };
 
@@ -63,7 +63,7 @@ TEST_F(PlayListCommandTest, CommandsOpenMergeAndSaveFiles) {
     EXPECT_EQ(Names(0), c.pictures);
     EXPECT_EQ(form->CurPlayList(), c.current);
     EXPECT_EQ(form->PlayListDirty(), c.dirty);
-    EXPECT_FALSE(IsPaused() || process.show.PreviewSuspended);
+    EXPECT_FALSE(IsPaused() || process.show.preview_suspended);
     const bool fails = file == "C:\\none" || file == "C:\\no\\n";
     EXPECT_EQ(desktop.boxes.shown.size(), (c.answer == kNone ? 0U : 1U) + (fails ? 1U : 0U));
     form->Unload();

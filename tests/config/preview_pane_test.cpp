@@ -40,7 +40,7 @@ TEST_F(ConfigTest, WindowMayCloseDuringAnEffect) {
   process.options.Set("SwapAffect", "Spotlight");
   process.options.Set("Interval", "1");
   desktop.dialogs.WorkModal([this](WindowHandle) {
-    form = std::dynamic_pointer_cast<ConfigForm>(process.app.Forms[0].shared_from_this());
+    form = std::dynamic_pointer_cast<ConfigForm>(process.app.forms[0].shared_from_this());
     desktop.queue.Advance(500);
     form->lists[0].AddItem("C:\\Pics\\a");
     Choose("mnuOptions");
@@ -102,9 +102,9 @@ TEST_F(ConfigTest, MainDisablesTheCallingDialogWhileTheWindowIsOpen) {
     desktop.windows.SetForeground(caller);
     desktop.dialogs.WorkModal([&](WindowHandle window) {
       EXPECT_EQ(desktop.windows.Find(window)->title, "Screen Saver Properties");
-      EXPECT_EQ(process.ConfigDialogHwnd, caller);
+      EXPECT_EQ(process.config_dialog_hwnd, caller);
       EXPECT_FALSE(desktop.windows.Find(caller)->enabled);
-      form = std::dynamic_pointer_cast<ConfigForm>(process.app.Forms[0].shared_from_this());
+      form = std::dynamic_pointer_cast<ConfigForm>(process.app.forms[0].shared_from_this());
     });
     Main(process, "/c:77");
     ASSERT_NE(form, nullptr);

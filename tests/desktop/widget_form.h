@@ -19,18 +19,18 @@ namespace quorvale {
 class WidgetForm : public Form {
  public:
   explicit WidgetForm(Application& application) : Form(application, "frm", WindowKind::kDialog, "Widgets") {
-    MenuItem& file = Menus.Add("mnuFile", "&File");
-    file.Click = Log("File opens");
-    file.Add("mnuNew", "&New", "Ctrl+N").Click = Log("New");
-    file.Add("mnuLine", "-");
-    file.Add("mnuMore", "&More").Add("mnuDeep", "&Deep").Click = Log("Deep");
-    Menus.Add("mnuEdit", "&Edit").Click = Log("Edit opens");
-    cmdFile.Click = Log("cmdFile");
-    cmdAdd.Click = Log("cmdAdd");
-    cmdOK.Click = Log("OK");
-    cmdOK.Default = true;
-    cmdCancel.Click = Log("Cancel");
-    cmdCancel.Cancel = true;
+    MenuItem& file_menu = menus.Add("mnuFile", "&File");
+    file_menu.Click = Log("File opens");
+    file_menu.Add("mnuNew", "&New", "Ctrl+N").Click = Log("New");
+    file_menu.Add("mnuLine", "-");
+    file_menu.Add("mnuMore", "&More").Add("mnuDeep", "&Deep").Click = Log("Deep");
+    menus.Add("mnuEdit", "&Edit").Click = Log("Edit opens");
+    file.Click = Log("cmdFile");
+    add.Click = Log("cmdAdd");
+    ok.Click = Log("OK");
+    ok.is_default = true;
+    cancel.Click = Log("Cancel");
+    cancel.is_cancel = true;
     chk.Click = Log("chk");
     opt1.Click = Log("opt1");
     opt2.Click = Log("opt2");
@@ -50,25 +50,24 @@ class WidgetForm : public Form {
 
   std::vector<std::string> log;
 
-  MenuBar Menus{*this, "Menus"};
+  MenuBar menus{*this, "Menus"};
   TabStrip tabs{*this, {.name = "tabs", .place = {0, 0, 3000, 600}, .tab_index = 0}, {{"&One", "first"}, {"T&wo", ""}}};
   Frame fra{*this, {.name = "fra", .caption = "Frame", .place = {0, 600, 6000, 4500}}, true};
   OptionButton opt1{*this, {.name = "opt1", .caption = "&1st", .place = At(300), .tab_index = 1, .container = &fra}};
   OptionButton opt2{*this, {.name = "opt2", .caption = "&2nd", .place = At(600), .tab_index = 2, .container = &fra}};
-  Label lblText{*this, {.name = "lblText", .caption = "&Text:", .place = At(900), .tab_index = 3, .container = &fra}};
+  Label text_label{*this,
+                   {.name = "lblText", .caption = "&Text:", .place = At(900), .tab_index = 3, .container = &fra}};
   TextBox txt{*this, {.name = "txt", .place = At(1200), .tab_index = 4, .container = &fra}, 2};
   CheckBox chk{*this, {.name = "chk", .caption = "Chec&k", .place = At(1500), .tab_index = 5, .container = &fra}};
   ListBox lst{*this, {.name = "lst", .place = {3000, 300, 2500, 3600}, .tab_index = 6, .container = &fra}};
-  Label lblColour{*this, {.name = "lblColour", .place = At(1800), .tab_index = 7, .container = &fra}};
+  Label colour_label{*this, {.name = "lblColour", .place = At(1800), .tab_index = 7, .container = &fra}};
   DropDownList cbo{*this, {.name = "cbo", .place = At(1800), .tab_index = 7, .container = &fra}, {"None", "Some"}};
   Slider sld{*this, {.name = "sld", .place = At(2100), .tab_index = 8, .container = &fra}, 1, 20};
-  Button cmdFile{*this,
-                 {.name = "cmdFile", .caption = "&File...", .place = At(2500), .tab_index = 9, .container = &fra}};
-  Button cmdAdd{*this, {.name = "cmdAdd", .caption = "&Add", .place = At(2900), .tab_index = 10, .container = &fra}};
+  Button file{*this, {.name = "cmdFile", .caption = "&File...", .place = At(2500), .tab_index = 9, .container = &fra}};
+  Button add{*this, {.name = "cmdAdd", .caption = "&Add", .place = At(2900), .tab_index = 10, .container = &fra}};
   ImageView picture{*this, {.name = "picture", .place = At(3300), .container = &fra}, nullptr};
-  Button cmdOK{*this, {.name = "cmdOK", .caption = "OK", .place = {0, 5200, 1200, 360}, .tab_index = 11}};
-  Button cmdCancel{*this,
-                   {.name = "cmdCancel", .caption = "&Cancel", .place = {1500, 5200, 1200, 360}, .tab_index = 12}};
+  Button ok{*this, {.name = "cmdOK", .caption = "OK", .place = {0, 5200, 1200, 360}, .tab_index = 11}};
+  Button cancel{*this, {.name = "cmdCancel", .caption = "&Cancel", .place = {1500, 5200, 1200, 360}, .tab_index = 12}};
   PictureBox pane{*this, "pane", {"Small Fonts", 4}};
   MessageHook hook{*this, "hook"};
 

@@ -76,7 +76,7 @@ class WidgetsTest : public testing::Test {
 TEST_F(WidgetsTest, IgnoreTheFocusWithoutAWindow) {
   LoggedEvents events;
   auto window = platform_.CreateWindowPeer(WindowKind::kDialog, events);
-  const auto button = platform_.Widgets().Make(*window, form_->cmdOK);
+  const auto button = platform_.Widgets().Make(*window, form_->ok);
   Surface surface;
   const auto box = platform_.CreateSurfacePeer(*window, surface, events);
   window.reset();
@@ -88,12 +88,12 @@ TEST_F(WidgetsTest, ReportWhatTheUserDoes) {
   const std::tuple<const char*, std::function<void()>, Strings> cases[] = {
       {"a click", [&] { Click("cmdAdd"); }, {"cmdAdd"}},
       {"Enter is the default button", [&] { Press(Qt::Key_Return); }, {"OK"}},
-      {"Enter on a button is that button", [&] { form_->cmdAdd.SetFocus(), Press(Qt::Key_Return); }, {"cmdAdd"}},
+      {"Enter on a button is that button", [&] { form_->add.SetFocus(), Press(Qt::Key_Return); }, {"cmdAdd"}},
       {"Escape is the cancel button", [&] { Press(Qt::Key_Escape); }, {"Cancel"}},
       {"the close box", [&] { window_->close(); }, {"unload"}},
       {"F1", [&] { Press(Qt::Key_F1); }, {"help"}},
       {"F1 from the program", [&] { QtPrograms().SendKeys("{F1}"), platform_.PumpEvents(); }, {"help"}},
-      {"a disabled button", [&] { form_->cmdAdd.SetEnabled(false), Click("cmdAdd"); }, {}},
+      {"a disabled button", [&] { form_->add.SetEnabled(false), Click("cmdAdd"); }, {}},
       {"an access key", [&] { Press(Qt::Key_A, Qt::AltModifier); }, {"cmdAdd"}},
       {"a check box", [&] { Click("chk"), Click("chk"); }, {"chk", "chk"}},
       {"the option that is on", [&] { Click("opt1"); }, {}},
@@ -156,12 +156,12 @@ TEST_F(WidgetsTest, PassOnWhatIsEntered) {
 }
 
 TEST_F(WidgetsTest, ShowWhatTheProgramSetsWithoutReportingIt) {
-  form_->cmdAdd.SetCaption("Re&move");
-  form_->cmdAdd.SetEnabled(false);
+  form_->add.SetCaption("Re&move");
+  form_->add.SetEnabled(false);
   form_->lst.SetVisible(false);
   form_->txt.SetText("123");
   form_->sld.SetValue(7);
-  form_->lblText.Move({0, 0, 600, 300});
+  form_->text_label.Move({0, 0, 600, 300});
   platform_.PumpEvents();
   EXPECT_EQ(Find<QPushButton>("cmdAdd").text(), "Re&move");
   EXPECT_EQ(Find("cmdAdd").accessibleName(), "Remove");
@@ -176,7 +176,7 @@ TEST_F(WidgetsTest, ShowWhatTheProgramSetsWithoutReportingIt) {
 
 TEST_F(WidgetsTest, AreVisitedInTabOrder) {
   EXPECT_EQ(Focused(), "tabs");
-  form_->cmdAdd.SetEnabled(false);
+  form_->add.SetEnabled(false);
   Strings visited;
   for (int i = 0; i < 10; ++i) {
     Press(Qt::Key_Tab);
@@ -189,13 +189,13 @@ TEST_F(WidgetsTest, AreVisitedInTabOrder) {
 }
 
 TEST_F(WidgetsTest, HaveTheFocusBackWhenOneEventDisablesAndEnablesThem) {
-  form_->cmdFile.Click = [this] {
-    for (const bool enabled : {false, true}) form_->cmdFile.SetEnabled(enabled);
+  form_->file.Click = [this] {
+    for (const bool enabled : {false, true}) form_->file.SetEnabled(enabled);
   };
-  form_->cmdFile.SetFocus();
+  form_->file.SetFocus();
   Press(Qt::Key_Space);
   EXPECT_EQ(Focused(), "cmdFile");
-  form_->cmdFile.Click = [this] { form_->cmdFile.SetEnabled(false); };
+  form_->file.Click = [this] { form_->file.SetEnabled(false); };
   Press(Qt::Key_Space);
   EXPECT_EQ(Focused(), "cmdAdd");
 }

@@ -39,30 +39,30 @@ TEST(SelectSaver, PutsTheProgramFirstAndKeepsTheRest) {
 }
 
 struct SelectSaverOfUserTest : testing::Test {
-  TemporaryDirectory home_;
+  TemporaryDirectory home;
 };
 
 TEST_F(SelectSaverOfUserTest, LeavesACopyOfWhatWasThere) {
-  home_.Write(".xscreensaver", "lock:\tTrue\n");
-  EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(home_.Read(".xscreensaver"), SelectSaver("lock:\tTrue\n", "quorvale --root"));
+  home.Write(".xscreensaver", "lock:\tTrue\n");
+  EXPECT_TRUE(SelectSaverOfUser(home.Path(), "quorvale --root"));
+  EXPECT_EQ(home.Read(".xscreensaver"), SelectSaver("lock:\tTrue\n", "quorvale --root"));
   // A second time there is nothing to change, and the copy is still the user's.
-  EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(home_.Read(".xscreensaver.before-quorvale"), "lock:\tTrue\n");
+  EXPECT_TRUE(SelectSaverOfUser(home.Path(), "quorvale --root"));
+  EXPECT_EQ(home.Read(".xscreensaver.before-quorvale"), "lock:\tTrue\n");
 }
 
 TEST_F(SelectSaverOfUserTest, MakesAFileThatIsMissing) {
-  EXPECT_TRUE(SelectSaverOfUser(home_.Path(), "quorvale --root"));
-  EXPECT_EQ(home_.Read(".xscreensaver"), SelectSaver("", "quorvale --root"));
-  EXPECT_FALSE(std::filesystem::exists(home_.Path(".xscreensaver.before-quorvale")));
+  EXPECT_TRUE(SelectSaverOfUser(home.Path(), "quorvale --root"));
+  EXPECT_EQ(home.Read(".xscreensaver"), SelectSaver("", "quorvale --root"));
+  EXPECT_FALSE(std::filesystem::exists(home.Path(".xscreensaver.before-quorvale")));
 }
 
 TEST_F(SelectSaverOfUserTest, LeavesAFileAloneThatCannotHoldTheCommand) {
-  home_.Write(".xscreensaver", "lock:\tTrue\n");
+  home.Write(".xscreensaver", "lock:\tTrue\n");
   for (const char* command : {"/opt/a\nb/quorvale --root", "/opt/\"a\"/quorvale --root", "/a\\n/quorvale --root"}) {
-    EXPECT_FALSE(SelectSaverOfUser(home_.Path(), command));
+    EXPECT_FALSE(SelectSaverOfUser(home.Path(), command));
   }
-  EXPECT_EQ(home_.Read(".xscreensaver"), "lock:\tTrue\n");
+  EXPECT_EQ(home.Read(".xscreensaver"), "lock:\tTrue\n");
 }
 
 }  // namespace

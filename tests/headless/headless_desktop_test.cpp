@@ -16,10 +16,10 @@ TEST_F(HeadlessTest, DesktopsAreIndependent) {
   int ticks[2] = {};
   const auto form = std::make_shared<ScriptedForm>(app);
   const auto other_form = std::make_shared<ScriptedForm>(other_app);
-  form->OnLoad = [&] { form->Clock.SetEnabled(true); };
-  form->Clock.Elapsed = [&] { ++ticks[0]; };
-  other_form->OnLoad = [&] { other_form->Clock.SetEnabled(true); };
-  other_form->Clock.Elapsed = [&] {
+  form->on_load = [&] { form->clock.SetEnabled(true); };
+  form->clock.Elapsed = [&] { ++ticks[0]; };
+  other_form->on_load = [&] { other_form->clock.SetEnabled(true); };
+  other_form->clock.Elapsed = [&] {
     ++ticks[1];
     desktop.queue.Advance(200);
   };
@@ -29,7 +29,7 @@ TEST_F(HeadlessTest, DesktopsAreIndependent) {
   EXPECT_EQ(ticks[0], 6);
   EXPECT_EQ(ticks[1], 3);
   EXPECT_EQ(other.windows.All().size(), 2U);
-  EXPECT_EQ(app.Forms.Count(), 1);
+  EXPECT_EQ(app.forms.Count(), 1);
 }
 
 TEST_F(HeadlessTest, LoadsPicturesOnly) {

@@ -25,13 +25,13 @@ class MediaCollectionsTest : public HeadlessTest {
 
   void Store(const std::string& section, const std::vector<std::string>& entries) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
-      process.Settings.SaveSetting(section, "File" + std::to_string(i), entries[i]);
+      process.settings.SaveSetting(section, "File" + std::to_string(i), entries[i]);
     }
   }
   std::vector<std::string> PicturesOf(const std::vector<std::string>& entries) {
-    process.Settings.DeleteSetting("PictureFiles");
+    process.settings.DeleteSetting("PictureFiles");
     Store("PictureFiles", entries);
-    return FillFromSettings(process.Settings, desktop.files, "PictureFiles", PictureMask()).TakeItems();
+    return FillFromSettings(process.settings, desktop.files, "PictureFiles", PictureMask()).TakeItems();
   }
 };
 
@@ -48,9 +48,9 @@ TEST_F(MediaCollectionsTest, DirectoriesComeInTheOrderOfTheMaskAndThenByName) {
 TEST_F(MediaCollectionsTest, AListEndsAtAGapOrAtTheEndMark) {
   EXPECT_THAT(PicturesOf({"C:\\a", "EOF", "C:\\b"}), ElementsAre("C:\\a"));
   Store("PictureFiles", {"C:\\a", "C:\\b", "C:\\c"});
-  process.Settings.DeleteSetting("PictureFiles", "File1");
-  EXPECT_EQ(FillFromSettings(process.Settings, desktop.files, "PictureFiles", PictureMask()).Count(), 1);
-  EXPECT_EQ(FillFromSettings(process.Settings, desktop.files, "Nothing", PictureMask()).Count(), 0);
+  process.settings.DeleteSetting("PictureFiles", "File1");
+  EXPECT_EQ(FillFromSettings(process.settings, desktop.files, "PictureFiles", PictureMask()).Count(), 1);
+  EXPECT_EQ(FillFromSettings(process.settings, desktop.files, "Nothing", PictureMask()).Count(), 0);
 }
 
 TEST_F(MediaCollectionsTest, AnUnreadableDirectoryLosesOnlyItsFiles) {
@@ -75,7 +75,7 @@ TEST_F(MediaCollectionsTest, ATreeComesDepthFirstAndEachDirectoryOnce) {
   desktop.files.MakeUnreadable("C:\\t\\locked", 1);
   const auto tree = [&](const std::vector<std::string>& entries, const std::string& mask) {
     Store("Trees", entries);
-    return FillFromSettings(process.Settings, desktop.files, "Trees", mask, true).TakeItems();
+    return FillFromSettings(process.settings, desktop.files, "Trees", mask, true).TakeItems();
   };
   EXPECT_THAT(tree({"C:\\t\\", "C:\\t\\z\\x.txt"}, PictureMask()),
               ElementsAre("C:\\t\\a.bmp", "C:\\t\\b.jpg", "C:\\t\\a\\1.gif", "C:\\t\\a_\\1.gif", "C:\\t\\B\\z.jpg",
@@ -115,8 +115,8 @@ TEST_F(HeadlessTest, UnixDirectoriesExpandWithoutRegardToCase) {
   }
   desktop.files.AddFile("/d/.hidden.jpg", "", kAttributeHidden);
   Process process(desktop, desktop.Services());
-  process.Settings.SaveSetting("PictureFiles", "File0", MakeListEntry("/d/", "/d/"));
-  EXPECT_THAT(FillFromSettings(process.Settings, desktop.files, "PictureFiles", PictureMask()).TakeItems(),
+  process.settings.SaveSetting("PictureFiles", "File0", MakeListEntry("/d/", "/d/"));
+  EXPECT_THAT(FillFromSettings(process.settings, desktop.files, "PictureFiles", PictureMask()).TakeItems(),
               ElementsAre("/d/B.BMP", "/d/no\nise.gif", "/d/A.jpg", "/d/a.Jpg"));
 }
 

@@ -29,8 +29,8 @@ TEST_F(EndSaverTest, ShowsTheCursorWhateverItsCount) {
 }
 
 TEST_F(EndSaverTest, PumpsThenEnablesTheDialogThenEnds) {
-  process.ConfigDialogHwnd = desktop.windows.CreateForeign("Display Properties");
-  desktop.windows.EnableWindow(process.ConfigDialogHwnd, false);
+  process.config_dialog_hwnd = desktop.windows.CreateForeign("Display Properties");
+  desktop.windows.EnableWindow(process.config_dialog_hwnd, false);
   desktop.calls.clear();
   ForceCursorOff(process);
   desktop.queue.Post([&] {
@@ -38,17 +38,18 @@ TEST_F(EndSaverTest, PumpsThenEnablesTheDialogThenEnds) {
     desktop.calls.emplace_back("event");
   });
   EXPECT_THROW(EndSaver(process), ProcessEnded);
-  EXPECT_THAT(desktop.calls,
-              ElementsAre("event", "EnableWindow " + std::to_string(process.ConfigDialogHwnd) + " true", "EndProcess"));
-  EXPECT_TRUE(desktop.windows.Find(process.ConfigDialogHwnd)->enabled);
+  EXPECT_THAT(
+      desktop.calls,
+      ElementsAre("event", "EnableWindow " + std::to_string(process.config_dialog_hwnd) + " true", "EndProcess"));
+  EXPECT_TRUE(desktop.windows.Find(process.config_dialog_hwnd)->enabled);
   EXPECT_EQ(desktop.queue.PumpCount(), 1);
 }
 
 TEST_F(EndSaverTest, NoFormUnloads) {
   Start();
   EXPECT_THROW(EndSaver(process), ProcessEnded);
-  EXPECT_EQ(process.app.Forms.Count(), 1);
-  EXPECT_FALSE(process.show.StopRequested);
+  EXPECT_EQ(process.app.forms.Count(), 1);
+  EXPECT_FALSE(process.show.stop_requested);
   EXPECT_EQ(desktop.host.ended, 1);
 }
 

@@ -11,7 +11,7 @@ using ::testing::ElementsAre;
 
 class MainTest : public ShowTest {
  protected:
-  bool ShowIsUp() { return process.app.Forms.Count() == 1 && process.app.Forms[0].Name() == "MainForm"; }
+  bool ShowIsUp() { return process.app.forms.Count() == 1 && process.app.forms[0].Name() == "MainForm"; }
 };
 
 TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
@@ -34,10 +34,10 @@ TEST_F(MainTest, TheFirstTwoCharactersChooseTheMode) {
     Process fresh(other, other.Services());
     Main(fresh, text);
     EXPECT_EQ(fresh.mode, mode);
-    EXPECT_EQ(fresh.app.Forms.Count(), show ? 1 : 0);
+    EXPECT_EQ(fresh.app.forms.Count(), show ? 1 : 0);
     EXPECT_EQ(fresh.options.Get("InstallPath", "none"), set_up ? "C:\\x\\" : "none");
-    EXPECT_EQ(fresh.SystemDirectory, "C:\\WINDOWS\\SYSTEM");
-    EXPECT_EQ(fresh.ScreenTwipsX, 15);
+    EXPECT_EQ(fresh.system_directory, "C:\\WINDOWS\\SYSTEM");
+    EXPECT_EQ(fresh.screen_twips_x, 15);
     EXPECT_TRUE(other.boxes.shown.empty());
   }
 }
@@ -46,7 +46,7 @@ TEST_F(MainTest, ASecondShowEndsSilently) {
   const WindowHandle first = desktop.windows.CreateForeign("Screen Saver Main Form");
   desktop.registry.calls.clear();
   Main(process, "/S");
-  EXPECT_EQ(process.app.Forms.Count(), 0);
+  EXPECT_EQ(process.app.forms.Count(), 0);
   EXPECT_TRUE(desktop.registry.calls.empty());
   EXPECT_EQ(desktop.windows.cursor_count, 0);
   desktop.windows.Destroy(first);
@@ -78,7 +78,7 @@ TEST_F(MainTest, AFailedLoadIsReportedAndRetriedOnAFreshForm) {
     EXPECT_EQ(box.text,
               "The following error was encountered:\r3: OverflowNumbers\r"
               "Please report this error to the manufacturer.");
-    EXPECT_EQ(process.app.Forms.Count(), 0) << "the form that failed is gone";
+    EXPECT_EQ(process.app.forms.Count(), 0) << "the form that failed is gone";
     process.options.Set("TransSpeed", "20");
     return MessageBoxAnswer::kRetry;
   });
@@ -93,13 +93,13 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
   desktop.files.AddDirectory("C:\\Program Files\\Samples Of Ours");
   desktop.files.SetShortName("C:\\Program Files", "PROGRA~1");
   desktop.files.SetShortName("C:\\Program Files\\Samples Of Ours", "SAMPLE~1");
-  process.Settings.SaveSetting("PictureFiles", "File3", "a later entry");
+  process.settings.SaveSetting("PictureFiles", "File3", "a later entry");
   desktop.registry.single_writes = 0;
   Main(process, "x /INSTALL C:\\PROGRA~1\\SAMPLE~1\\  ");
   EXPECT_EQ(desktop.registry.single_writes, 0) << "the entries are one act";
   EXPECT_EQ(process.options.Get("InstallPath", ""), "C:\\PROGRA~1\\SAMPLE~1\\");
   const std::string directory = "C:\\Program Files\\Samples Of Ours\\";
-  const auto stored = [&](const char* section, const char* key) { return process.Settings.GetSetting(section, key); };
+  const auto stored = [&](const char* section, const char* key) { return process.settings.GetSetting(section, key); };
   EXPECT_EQ(stored("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", directory));
   EXPECT_EQ(stored("PictureFiles", "File1"), MakeListEntry("Sample2.jpg", directory));
   EXPECT_EQ(stored("PictureFiles", "File2"), MakeListEntry("Sample3.jpg", directory));
@@ -113,7 +113,7 @@ TEST_F(MainTest, TheSetUpSeedsListsAndMakesItTheSaver) {
 TEST_F(MainTest, TheSetUpGoesOnWithWhatItDoesNotFind) {
   Main(process, "/INSTALL");
   EXPECT_EQ(process.options.Get("InstallPath", "none"), "");
-  EXPECT_EQ(process.Settings.GetSetting("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", ""));
+  EXPECT_EQ(process.settings.GetSetting("PictureFiles", "File0"), MakeListEntry("Sample1.jpg", ""));
   EXPECT_EQ(desktop.files.IniLine("boot", "SCRNSAVE.EXE", "SYSTEM.INI"), "");
   EXPECT_TRUE(desktop.boxes.shown.empty());
 }
@@ -123,10 +123,10 @@ class FailingPrograms : public RecordedPrograms {
   explicit FailingPrograms(CallLog& log) : RecordedPrograms(log) {}
   void OpenDisplaySettings() override {
     RecordedPrograms::OpenDisplaySettings();
-    Opened();
+    opened();
     if (failures_left-- > 0) throw Failure(FailureNumber::kNotFound, "No such program", "Programs");
   }
-  std::function<void()> Opened = [] {};
+  std::function<void()> opened = [] {};
   int failures_left = 0;
 };
 
@@ -158,11 +158,11 @@ TEST_F(MainStepsTest, TheSetUpStoresBeforeItOpensTheSettingsAndIgnoresAFailedLin
   desktop.files.AddFile("C:\\WINDOWS\\SYSTEM\\Quorvale.SCR");
   const auto line = [&] { return desktop.files.IniLine("boot", "SCRNSAVE.EXE", "SYSTEM.INI").value_or(""); };
   std::string line_at_first = "none";
-  desktop.registry.Called = [&](RegistryCall call) {
+  desktop.registry.called = [&](RegistryCall call) {
     if (call == RegistryCall::kCommit && line_at_first == "none") line_at_first = line();
   };
   std::string stored;
-  programs.Opened = [&] {
+  programs.opened = [&] {
     stored = process.options.Get("InstallPath", "") + line();
     desktop.files.failures.FailEvery(FileCall::kWriteIni, 1);
   };
@@ -244,10 +244,10 @@ TEST_F(MainStepsTest, AFailedStartUpStepGetsTheSameBox) {
               "The following error was encountered:\r8: Nowhere.Host\r"
               "Please report this error to the manufacturer.");
     EXPECT_EQ(host.asked, asked);
-    EXPECT_EQ(fresh.ScreenTwipsX, 15);
+    EXPECT_EQ(fresh.screen_twips_x, 15);
     EXPECT_EQ(fresh.mode, mode);
-    EXPECT_EQ(fresh.SystemDirectory, directory);
-    EXPECT_EQ(fresh.app.Forms.Count(), show ? 1 : 0);
+    EXPECT_EQ(fresh.system_directory, directory);
+    EXPECT_EQ(fresh.app.forms.Count(), show ? 1 : 0);
   }
 }
 
@@ -258,7 +258,7 @@ TEST_F(MainStepsTest, TheSystemDirectoryEndsAtANulOrAfter143Bytes) {
   for (const auto& [given, taken] : cases) {
     host.system_directory = given;
     Main(process, "x");
-    EXPECT_EQ(process.SystemDirectory, taken);
+    EXPECT_EQ(process.system_directory, taken);
   }
 }
 

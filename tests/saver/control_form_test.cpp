@@ -20,11 +20,11 @@ class ControlFormTest : public ShowTest {
 
   void Preview() {
     Main(process, "/p " + std::to_string(host));
-    ASSERT_EQ(process.app.Forms.Count(), 1);
-    box = process.app.Forms[0].Find<PictureBox>("PicBase").Hwnd();
+    ASSERT_EQ(process.app.forms.Count(), 1);
+    box = process.app.forms[0].Find<PictureBox>("PicBase").Hwnd();
   }
-  ControlForm& Form() { return dynamic_cast<ControlForm&>(process.app.Forms[0]); }
-  bool IsOver() const { return process.app.Forms.Count() == 0; }
+  ControlForm& Form() { return dynamic_cast<ControlForm&>(process.app.forms[0]); }
+  bool IsOver() const { return process.app.forms.Count() == 0; }
 
   WindowHandle host = 0;
   WindowHandle box = 0;
@@ -53,7 +53,7 @@ TEST_F(ControlFormTest, InputOverThePreviewChangesNothing) {
   desktop.PressMouse(box, 76, 56);
   for (int i = 0; i < 30; ++i) desktop.MoveMouse(box, i, 50);
   EXPECT_FALSE(IsOver());
-  EXPECT_FALSE(process.show.StopRequested);
+  EXPECT_FALSE(process.show.stop_requested);
 }
 
 TEST_F(ControlFormTest, ACloseMessageReleasesTheBoxAndTheNextTickEnds) {
@@ -91,7 +91,7 @@ TEST_F(ControlFormTest, AnEffectRunsToItsEndWhateverBecomesOfTheHost) {
     } else {
       desktop.queue.AtPump(10, [&] { desktop.SendMessage(box, kWmClose); });
     }
-    process.show.TransitionArmed = true;
+    process.show.transition_armed = true;
     desktop.queue.Advance(5000);
     EXPECT_EQ(desktop.paced_runs.back().pumps, 115 * 201);  // 1140 twips, ten a step
     EXPECT_FALSE(IsOver());
@@ -129,10 +129,10 @@ TEST_F(ControlFormTest, TheHandleIsTheNumberBehindTheSwitch) {
       {"/P 4294967296", kUnread},
   };
   for (const auto& [text, handle] : cases) {
-    process.SystemHwnd = kUnread;
+    process.system_hwnd = kUnread;
     if (handle == kUnread) desktop.boxes.Answer(MessageBoxAnswer::kAbort);
     Main(process, text);
-    EXPECT_EQ(process.SystemHwnd, handle) << text;
+    EXPECT_EQ(process.system_hwnd, handle) << text;
     desktop.queue.Advance(500);
   }
 }

@@ -71,14 +71,14 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
   };
   for (const auto& [what, act, ends] : cases) {
     SCOPED_TRACE(what);
-    process.show.StopRequested = false;
-    process.show.MouseMoveCount = 0;
+    process.show.stop_requested = false;
+    process.show.mouse_move_count = 0;
     Start();
     FirstTick();
     act();
     EXPECT_EQ(form_->IsLoaded(), !ends);
-    EXPECT_EQ(process.app.Forms.Count(), ends ? 0 : 1);
-    EXPECT_EQ(process.show.StopRequested, ends);
+    EXPECT_EQ(process.app.forms.Count(), ends ? 0 : 1);
+    EXPECT_EQ(process.show.stop_requested, ends);
     EXPECT_EQ(desktop.windows.cursor_count, ends ? 6 : -6);
     form_->Unload();
     EXPECT_EQ(desktop.queue.RunningTimers(), 0);
@@ -111,8 +111,8 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    process.show.StopRequested = false;
-    process.show.MouseMoveCount = 0;
+    process.show.stop_requested = false;
+    process.show.mouse_move_count = 0;
     desktop.host.SetSecondsSinceMidnight(12 * 3600 + c.start);
     Start();
     for (const Movement& movement : c.movements) {
@@ -126,7 +126,7 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
 
 // Starting the show on the unloaded form would fail, and a box would report that.
 TEST_F(MainFormTest, AKeyWhileTheWindowAppearsEndsTheShow) {
-  desktop.windows.Shown = [this](WindowHandle window) { desktop.PressKey(window, 27); };
+  desktop.windows.shown = [this](WindowHandle window) { desktop.PressKey(window, 27); };
   EXPECT_FALSE(Start().IsLoaded());
 }
 
@@ -170,7 +170,7 @@ TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
 
 TEST_F(MainFormTest, TheTimerDoesNothingOnceTheShowIsToEnd) {
   Start();
-  process.show.StopRequested = true;
+  process.show.stop_requested = true;
   desktop.queue.Advance(5000);
   EXPECT_EQ(Position(), "none");
 }
@@ -181,7 +181,7 @@ TEST_F(MainFormTest, UnloadDuringAnEffectSkipsTheRemainingSteps) {
   FirstTick();
   desktop.queue.AtPump(5, [&] {
     form_->Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   });
   NextTick();
   EXPECT_FALSE(form_->IsLoaded());

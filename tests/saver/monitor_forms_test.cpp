@@ -78,7 +78,7 @@ TEST_F(MonitorFormsTest, TakeTheListsPicturesByTurns) {
   EXPECT_THAT(Shown({kSecond, kThird}), ElementsAre(4, 5, 6));
   EXPECT_EQ(desktop.sound.played.size(), 2U) << "at the changes on the primary monitor";
   EXPECT_EQ(Position(), "6");
-  EXPECT_EQ(process.app.Forms.Count(), 1);
+  EXPECT_EQ(process.app.forms.Count(), 1);
 }
 
 TEST_F(MonitorFormsTest, ShowWhatTheListsHave) {
@@ -94,12 +94,12 @@ TEST_F(MonitorFormsTest, ShowWhatTheListsHave) {
                         {"an odd number", 3, "0", "2", {3, 1}, {2, 3}},
                         {"a list that begins anew", 9, "1", "6", {1, 2}, {3, 4}}}) {
     SCOPED_TRACE(c.what);
-    process.Settings.DeleteSetting("PictureFiles");
+    process.settings.DeleteSetting("PictureFiles");
     Numbered(c.pictures);
     process.options.Set("ResetPicList", c.reset);
     process.options.Set("LastPicture", c.last);
-    process.show.FirstTickOver = false;
-    process.show.StopRequested = false;
+    process.show.first_tick_over = false;
+    process.show.stop_requested = false;
     Start();
     FirstTick();
     EXPECT_EQ(Shown({kSecond}), c.first);
@@ -118,7 +118,7 @@ TEST_F(MonitorFormsTest, ExistOnlyWithAPictureOnEach) {
     FirstTick();
     EXPECT_EQ(MonitorWindows(), 0) << value;
     form_->Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   }
 }
 
@@ -154,8 +154,8 @@ TEST_F(MonitorFormsTest, EndTheShowAtInput) {
   };
   for (const auto& [what, act, ends] : cases) {
     SCOPED_TRACE(what);
-    process.show.StopRequested = false;
-    process.show.MouseMoveCount = 0;
+    process.show.stop_requested = false;
+    process.show.mouse_move_count = 0;
     Start();
     FirstTick();
     act();
@@ -179,7 +179,7 @@ TEST_F(MonitorFormsTest, FollowTheMonitors) {
     SCOPED_TRACE(c.what);
     desktop.SetFurtherMonitors({kSecond});
     process.options.Set("LastPicture", "0");
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
     Start();
     FirstTick();
     desktop.SetFurtherMonitors(c.now);
@@ -271,7 +271,7 @@ TEST_F(MonitorFormsTest, DoNotCountAsForms) {
   FirstTick();
   EXPECT_FALSE(form_->IsLoaded());
   EXPECT_EQ(MonitorWindows(), 0);
-  EXPECT_TRUE(process.show.StopRequested);
+  EXPECT_TRUE(process.show.stop_requested);
 }
 
 TEST_F(MonitorFormsTest, CloseWhenTheShowFailsToStart) {

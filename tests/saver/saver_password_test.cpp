@@ -54,7 +54,7 @@ TEST_F(SaverPasswordTest, IsAskedOnlyIfSetAndLeftToSavers) {
     desktop.host.platform_id = platform;
     desktop.calls.clear();
     desktop.password.user = [] { return 1; };
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
     set();
     Start();
     form_->Unload();
@@ -78,16 +78,16 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
   desktop.password.user = [&] {
     ++asked;
     cursor_while_asked = desktop.windows.cursor_count;
-    EXPECT_TRUE(process.show.StopRequested);
+    EXPECT_TRUE(process.show.stop_requested);
     NextTick();  // the timer fires under the dialog, and no slide changes
     return answer;
   };
   for (int i = 0; i < 10; ++i) desktop.MoveMouse(form_->PicBase.Hwnd());
   EXPECT_TRUE(form_->IsLoaded());
-  EXPECT_FALSE(process.show.StopRequested);
+  EXPECT_FALSE(process.show.stop_requested);
   EXPECT_EQ(cursor_while_asked, 6);
   EXPECT_EQ(desktop.windows.cursor_count, -6);
-  EXPECT_EQ(process.show.MouseMoveCount, 10);
+  EXPECT_EQ(process.show.mouse_move_count, 10);
   EXPECT_EQ(desktop.pictures.loads.size(), 1U);
   desktop.MoveMouse(form_->PicBase.Hwnd());
   EXPECT_EQ(asked, 1) << "the eleventh move ends nothing";
@@ -138,7 +138,7 @@ TEST_F(SaverPasswordTest, TheChangeSwitchOpensTheSystemsDialogAndEnds) {
   for (const auto& [text, call] : cases) {
     Main(process, text);
     EXPECT_EQ(desktop.calls.back(), call);
-    EXPECT_EQ(process.app.Forms.Count(), 0);
+    EXPECT_EQ(process.app.forms.Count(), 0);
   }
 }
 

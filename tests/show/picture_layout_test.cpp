@@ -71,7 +71,7 @@ TEST_F(PictureLayoutTest, PlacesThePictureWhereTheLoaderExpectsIt) {
     ExpectRect(form.PicPreview.Bounds(), c.place);
     EXPECT_EQ(desktop.pictures.loads.back().box, ToPixels(c.place, 1));
     form.Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   }
 }
 
@@ -108,7 +108,7 @@ TEST_F(PictureLayoutTest, AFillingPictureIsCutEvenlyToWhatIsSeen) {
       EXPECT_EQ(form.PicPreview.PictureBounds(), form.PicPreview.Bounds());
     }
     form.Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   }
 }
 
@@ -231,7 +231,7 @@ TEST_F(PictureLayoutTest, TheCaptionIsTheNameTheDateOrBoth) {
       EXPECT_FLOAT_EQ(recorder.operations.back().y1, kCaptionTop);
       EXPECT_FLOAT_EQ(recorder.operations.back().x1, 6000 - 60 * static_cast<float>(std::string(c.text).size()));
       form.Unload();
-      process.show.StopRequested = false;
+      process.show.stop_requested = false;
     }
   }
 }
@@ -271,7 +271,7 @@ TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
     ASSERT_EQ(recorder.operations.size(), 1U);
     EXPECT_FLOAT_EQ(recorder.operations[0].x1, 3000 - c.width);
     form.Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   }
 }
 
@@ -322,7 +322,7 @@ TEST_F(PictureLayoutTest, ACaptionThatFailsLeavesThePictureAndItsFrame) {
   MainForm& form = Start();
   FirstTick();
   const TwipRect place = form.PicPreview.Bounds();
-  desktop.queue.AtPump(5, [&] { process.show.PictureList = Collection({"C:\\P0.jpg"}); });
+  desktop.queue.AtPump(5, [&] { process.show.picture_list = Collection({"C:\\P0.jpg"}); });
   const DrawRecorder recorder(form.PicBase);
   NextTick();
   ExpectRect(form.PicPreview.Bounds(), place);

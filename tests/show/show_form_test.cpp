@@ -33,7 +33,7 @@ class StartShowTest : public ShowTest {
 
   void Store(const std::string& section, const std::vector<std::string>& entries) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
-      process.Settings.SaveSetting(section, "File" + std::to_string(i), entries[i]);
+      process.settings.SaveSetting(section, "File" + std::to_string(i), entries[i]);
     }
   }
 
@@ -45,11 +45,11 @@ TEST_F(StartShowTest, InitShowTakesStoreOrListBoxes) {
   Store("SoundFiles", {"C:\\d\\"});
   form->pictures.AddItem(MakeListEntry("listed.jpg", "C:\\"));
   InitShow(process, *form);
-  EXPECT_THAT(process.show.PictureList.TakeItems(), ElementsAre("C:\\stored.jpg"));
-  EXPECT_THAT(process.show.SoundList.TakeItems(), ElementsAre("C:\\d\\song.wav"));
+  EXPECT_THAT(process.show.picture_list.TakeItems(), ElementsAre("C:\\stored.jpg"));
+  EXPECT_THAT(process.show.sound_list.TakeItems(), ElementsAre("C:\\d\\song.wav"));
   InitShow(process, *form, form->pictures, form->sounds);
-  EXPECT_THAT(process.show.PictureList.TakeItems(), ElementsAre("C:\\listed.jpg"));
-  EXPECT_THAT(process.show.SoundList.TakeItems(), IsEmpty());
+  EXPECT_THAT(process.show.picture_list.TakeItems(), ElementsAre("C:\\listed.jpg"));
+  EXPECT_THAT(process.show.sound_list.TakeItems(), IsEmpty());
 }
 
 TEST_F(StartShowTest, SubFoldersAddsToBothLists) {
@@ -61,8 +61,8 @@ TEST_F(StartShowTest, SubFoldersAddsToBothLists) {
     process.options.Set("SubFolders", value);
     for (const bool from_store : {true, false}) {
       from_store ? InitShow(process, *form) : InitShow(process, *form, form->pictures, form->sounds);
-      EXPECT_EQ(process.show.PictureList.Count(), count) << value;
-      EXPECT_EQ(process.show.SoundList.Count(), count) << value;
+      EXPECT_EQ(process.show.picture_list.Count(), count) << value;
+      EXPECT_EQ(process.show.sound_list.Count(), count) << value;
     }
   }
 }
@@ -77,7 +77,7 @@ TEST_F(StartShowTest, MoreKindsAreFoundInDirectoriesAndTrees) {
     process.options.Set("SubFolders", sub_folders);
     for (const bool from_store : {true, false}) {
       from_store ? InitShow(process, *form) : InitShow(process, *form, form->pictures, form->sounds);
-      EXPECT_EQ(process.show.PictureList.Count(), count) << more_kinds << sub_folders;
+      EXPECT_EQ(process.show.picture_list.Count(), count) << more_kinds << sub_folders;
     }
   }
 }
@@ -94,27 +94,27 @@ TEST_F(StartShowTest, OrderSortsThePicturesUnlessTheyAreRandom) {
   for (const auto& [value, pictures] : {std::pair{"", listed}, {"newest first", listed}, {"Newest First", reversed}}) {
     process.options.Set("Order", value);
     InitShow(process, *form);
-    EXPECT_EQ(process.show.PictureList.TakeItems(), pictures) << value;
-    EXPECT_EQ(process.show.SoundList.TakeItems(), listed);
+    EXPECT_EQ(process.show.picture_list.TakeItems(), pictures) << value;
+    EXPECT_EQ(process.show.sound_list.TakeItems(), listed);
   }
   const auto random = [&](const char* order) {
     process.options.Set("PicRandom", "1");
     process.options.Set("Order", order);
     InitShow(process, *form);
-    return process.show.PictureList.TakeItems();
+    return process.show.picture_list.TakeItems();
   };
   EXPECT_EQ(random("Oldest First"), random("Newest First"));
 }
 
 TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   InitShow(process, *form);
-  EXPECT_EQ(process.show.TransitionSpeed, 20);
+  EXPECT_EQ(process.show.transition_speed, 20);
   EXPECT_EQ(form->PicBase.BackColor(), kBlack);
   process.options.Set("BackColor", "16711680");
   process.options.Set("TransSpeed", "7.5");
   form->tmrSwitch.SetInterval(9000);
   InitShow(process, *form);
-  EXPECT_EQ(process.show.TransitionSpeed, 8);
+  EXPECT_EQ(process.show.transition_speed, 8);
   EXPECT_EQ(form->PicBase.BackColor(), 0xFF0000U);
   EXPECT_EQ(form->PicBase.FillColor(), 0xFF0000U);
   EXPECT_EQ(form->tmrSwitch.Interval(), 500);
@@ -128,7 +128,7 @@ TEST_F(StartShowTest, OnlyTheValueOneShuffles) {
   for (const auto& [value, shuffled] : {std::pair{"", false}, {"2", false}, {"1.5", false}, {"1", true}}) {
     process.options.Set("PicRandom", value);
     InitShow(process, *form);
-    std::vector<std::string> items = process.show.PictureList.TakeItems();
+    std::vector<std::string> items = process.show.picture_list.TakeItems();
     EXPECT_EQ(items != entries, shuffled) << value;
     EXPECT_THAT(items, testing::UnorderedElementsAreArray(entries));
   }
@@ -140,7 +140,7 @@ TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
     process.options.Set("PicRandom", pictures);
     process.options.Set("SoundRandom", sounds);
     InitShow(process, *form);
-    return std::pair(process.show.PictureList.TakeItems(), process.show.SoundList.TakeItems());
+    return std::pair(process.show.picture_list.TakeItems(), process.show.sound_list.TakeItems());
   };
   std::vector<std::string> entries;
   for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
@@ -161,13 +161,13 @@ TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStart) {
   form->tmrSwitch.SetEnabled(true);
   EXPECT_THROW(InitShow(process, *form), Failure);
   EXPECT_FALSE(form->tmrSwitch.Enabled());
-  EXPECT_EQ(process.show.PictureList.Count(), 1);
+  EXPECT_EQ(process.show.picture_list.Count(), 1);
   process.options.Set("BackColor", "&H0000FF&");
   process.options.Set("TransSpeed", "99999999999");
   EXPECT_THROW(InitShow(process, *form), Failure);
   EXPECT_TRUE(form->tmrSwitch.Enabled());
   EXPECT_EQ(form->PicBase.BackColor(), 0xFFU);
-  EXPECT_EQ(process.show.TransitionSpeed, 0);
+  EXPECT_EQ(process.show.transition_speed, 0);
   EXPECT_EQ(process.options.Get("LastPicture", ""), "7");
 }
 

@@ -87,7 +87,7 @@ TEST_F(SlideTickTest, PositionsFollowTheStoredOne) {
     fresh.options.Set("ResetPicList", c.reset);
     if (c.stored != nullptr) fresh.options.Set("LastPicture", c.stored);
     for (int i = 0; i < 3; ++i) {
-      fresh.Settings.SaveSetting("PictureFiles", "File" + std::to_string(i), "C:\\P.jpg");
+      fresh.settings.SaveSetting("PictureFiles", "File" + std::to_string(i), "C:\\P.jpg");
     }
     std::make_shared<MainForm>(fresh)->Show();
     int wait = 500;
@@ -134,7 +134,7 @@ TEST_F(SlideTickTest, TheResetHappensOnceEvenForAnEmptyList) {
   process.options.Set("LastPicture", "1");
   Start();
   FirstTick();
-  process.show.PictureList = Collection({"C:\\a", "C:\\b"});
+  process.show.picture_list = Collection({"C:\\a", "C:\\b"});
   NextTick();
   EXPECT_EQ(Position(), "2");
 }
@@ -158,14 +158,14 @@ TEST_F(SlideTickTest, TheStepsOfATickComeInOrder) {
   process.options.Set("Interval", "7");
   MainForm& form = Start();
   std::vector<std::string> steps;
-  desktop.registry.Called = [&](RegistryCall call) {
+  desktop.registry.called = [&](RegistryCall call) {
     if (call != RegistryCall::kSet) return;
     steps.push_back((form.PicPreview.Visible() ? "store with picture, " : "store without picture, ") +
                     std::to_string(desktop.sound.played.size()) + " sounds, " +
                     std::to_string(form.tmrSwitch.Interval()));
   };
   FirstTick();
-  desktop.registry.Called = nullptr;
+  desktop.registry.called = nullptr;
   EXPECT_THAT(steps, ElementsAre("store with picture, 0 sounds, 500", "store with picture, 1 sounds, 500"));
   EXPECT_EQ(form.tmrSwitch.Interval(), 7000);
 }
@@ -195,10 +195,10 @@ TEST_F(SlideTickTest, ASoundPumpsBeforeAndAfterAndThePreviewHasNone) {
 TEST_F(SlideTickTest, ASuspendedTickDoesNothing) {
   ThreePictures();
   Start();
-  process.show.PreviewSuspended = true;
+  process.show.preview_suspended = true;
   FirstTick();
   EXPECT_EQ(Position(), "none");
-  EXPECT_FALSE(process.show.FirstTickOver);
+  EXPECT_FALSE(process.show.first_tick_over);
   EXPECT_EQ(form_->tmrSwitch.Interval(), 500);
 }
 
@@ -213,7 +213,7 @@ TEST_F(SlideTickTest, TheIntervalIsTheUsersUnlessTheTimerRefusesIt) {
     FirstTick();
     EXPECT_EQ(form_->tmrSwitch.Interval(), interval);
     form_->Unload();
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
   }
 }
 
@@ -221,7 +221,7 @@ TEST_F(SlideTickTest, TheIntervalIsTheUsersUnlessTheTimerRefusesIt) {
 TEST_F(SlideTickTest, ALoneHiddenFormGoesAndEndsTheShow) {
   ThreePictures();
   for (const bool armed : {false, true}) {
-    process.show.TransitionArmed = armed;
+    process.show.transition_armed = armed;
     form_ = std::make_shared<MainForm>(process);
     form_->Load();
     if (armed) {
@@ -230,10 +230,10 @@ TEST_F(SlideTickTest, ALoneHiddenFormGoesAndEndsTheShow) {
       FirstTick();
     }
     EXPECT_FALSE(form_->IsLoaded());
-    EXPECT_TRUE(process.show.StopRequested);
+    EXPECT_TRUE(process.show.stop_requested);
     EXPECT_EQ(desktop.host.ended, armed ? 1 : 0);
-    EXPECT_TRUE(process.show.FirstTickOver);
-    process.show.StopRequested = false;
+    EXPECT_TRUE(process.show.first_tick_over);
+    process.show.stop_requested = false;
   }
 }
 
@@ -245,7 +245,7 @@ TEST_F(SlideTickTest, TwoShowsSideBySideShareNothing) {
   Start();
   FirstTick();
   EXPECT_EQ(Position(), "1");
-  EXPECT_FALSE(other.show.FirstTickOver);
+  EXPECT_FALSE(other.show.first_tick_over);
   other_desktop.queue.Advance(500);
   EXPECT_EQ(other.options.Get("LastPicture", "none"), "none");
 }
@@ -257,7 +257,7 @@ TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
   Start();
   FirstTick();
   // The effect of the tick for entry 3 finds a list of two: the entry is one failed step.
-  desktop.queue.AtPump(5, [&] { process.show.PictureList = Collection({"C:\\P0.jpg", "C:\\P1.jpg"}); });
+  desktop.queue.AtPump(5, [&] { process.show.picture_list = Collection({"C:\\P0.jpg", "C:\\P1.jpg"}); });
   NextTick();
   EXPECT_THAT(Loaded(), ElementsAre('1'));
   EXPECT_EQ(Position(), "3");
@@ -302,7 +302,7 @@ TEST_F(SlideTickTest, NoFailureEscapesWhicheverStoreCallFails) {
     NextTick();
     desktop.registry.failures.Forget();
     EXPECT_THAT(desktop.boxes.shown, IsEmpty()) << "call " << n;
-    EXPECT_EQ(process.app.Forms.Count(), 1);
+    EXPECT_EQ(process.app.forms.Count(), 1);
   }
 }
 
@@ -317,7 +317,7 @@ TEST_F(SlideTickTest, GoesOnWhicheverAllocationFails) {
       has_failed = failing.HasFailed();
     });
     EXPECT_THAT(desktop.boxes.shown, IsEmpty()) << number;
-    EXPECT_EQ(process.app.Forms.Count(), 1) << number;
+    EXPECT_EQ(process.app.forms.Count(), 1) << number;
     const std::string before = Position();
     NextTick();
     EXPECT_NE(Position(), before) << number;

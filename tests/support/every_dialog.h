@@ -14,7 +14,7 @@ namespace quorvale {
 template <typename Visit>
 void VisitDialogs(Process& process, Visit visit) {
   process.mode = RunMode::kConfiguration;
-  process.ScreenTwipsX = process.ScreenTwipsY = 15;
+  process.screen_twips_x = process.screen_twips_y = 15;
   const auto configuration = std::make_shared<ConfigForm>(process);
   configuration->Show();
   visit(*configuration);

@@ -24,7 +24,7 @@ class ShowTest : public HeadlessTest {
     for (std::size_t i = 0; i < contents.size(); ++i) {
       const std::string name = "P" + std::to_string(i) + ".jpg";
       desktop.files.AddFile("C:\\" + name, contents[i]);
-      process.Settings.SaveSetting("PictureFiles", "File" + std::to_string(i), MakeListEntry(name, "C:\\"));
+      process.settings.SaveSetting("PictureFiles", "File" + std::to_string(i), MakeListEntry(name, "C:\\"));
     }
   }
 
@@ -32,7 +32,7 @@ class ShowTest : public HeadlessTest {
   void Sounds(int count) {
     for (int i = 0; i < count; ++i) {
       const std::string number = std::to_string(i);
-      process.Settings.SaveSetting("SoundFiles", "File" + number, MakeListEntry("S" + number + ".wav", "C:\\"));
+      process.settings.SaveSetting("SoundFiles", "File" + number, MakeListEntry("S" + number + ".wav", "C:\\"));
     }
   }
 

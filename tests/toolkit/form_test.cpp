@@ -26,10 +26,10 @@ class FormTest : public HeadlessTest {
 TEST_F(FormTest, LoadsThenShows) {
   const auto first = Loaded("First");
   const auto form = std::make_shared<ScriptedForm>(app, "Second");
-  form->OnLoad = [&] {
-    EXPECT_EQ(&app.Forms[1], form.get());
+  form->on_load = [&] {
+    EXPECT_EQ(&app.forms[1], form.get());
     EXPECT_FALSE(form->Visible());
-    EXPECT_EQ(form->Box.Width(), 1500);
+    EXPECT_EQ(form->box.Width(), 1500);
     form->Move(300, 150, 3000, 1500);
   };
   form->Show();
@@ -40,8 +40,8 @@ TEST_F(FormTest, LoadsThenShows) {
   EXPECT_TRUE(window.visible);
   EXPECT_EQ(window.title, "Second caption");
   EXPECT_EQ(window.bounds, (PixelRect{20, 10, 194, 75}));
-  EXPECT_EQ(desktop.windows.Find(form->Box.Hwnd())->bounds, (PixelRect{10, 0, 100, 40}));
-  EXPECT_EQ(FailureOf([&] { app.Forms[2]; }), FailureNumber::kNoSuchEntry);
+  EXPECT_EQ(desktop.windows.Find(form->box.Hwnd())->bounds, (PixelRect{10, 0, 100, 40}));
+  EXPECT_EQ(FailureOf([&] { app.forms[2]; }), FailureNumber::kNoSuchEntry);
 }
 
 TEST_F(FormTest, IsRemovedWhenLoadFails) {
@@ -52,13 +52,13 @@ TEST_F(FormTest, IsRemovedWhenLoadFails) {
   };
   for (const auto& fail : failures) {
     const auto form = std::make_shared<ScriptedForm>(app);
-    form->OnLoad = [&] {
-      form->Clock.SetEnabled(true);
+    form->on_load = [&] {
+      form->clock.SetEnabled(true);
       fail();
     };
     EXPECT_ANY_THROW(form->Show());
     EXPECT_FALSE(form->IsLoaded());
-    EXPECT_EQ(app.Forms.Count(), 0);
+    EXPECT_EQ(app.forms.Count(), 0);
     EXPECT_THAT(desktop.windows.All(), IsEmpty());
     EXPECT_EQ(desktop.queue.RunningTimers(), 0);
     EXPECT_THAT(form->events, ElementsAre("Load"));
@@ -69,7 +69,7 @@ TEST_F(FormTest, UnloadRunsBothHandlersAndDestroys) {
   const auto form = Loaded();
   const WindowHandle window = form->Hwnd();
   int gone = 0;
-  app.LastFormGone = [&] { ++gone; };
+  app.last_form_gone = [&] { ++gone; };
   const auto other = Loaded("Other");
   form->Unload();
   EXPECT_EQ(gone, 0);
@@ -86,9 +86,9 @@ TEST_F(FormTest, CancelledUnloadKeepsTheFormRunning) {
   const auto form = Loaded();
   int ticks = 0;
   bool refuse = true;
-  form->Clock.Elapsed = [&] { ++ticks; };
-  form->Clock.SetEnabled(true);
-  form->OnQueryUnload = [&](bool& cancel) {
+  form->clock.Elapsed = [&] { ++ticks; };
+  form->clock.SetEnabled(true);
+  form->on_query_unload = [&](bool& cancel) {
     // Asked for again from inside: nothing happens.
     form->Unload();
     desktop.queue.Advance(100);
@@ -108,11 +108,11 @@ TEST_F(FormTest, CancelledUnloadKeepsTheFormRunning) {
 
 TEST_F(FormTest, FailedQueryKeepsTheFormAndFailedUnloadDoesNot) {
   const auto form = Loaded();
-  form->OnQueryUnload = [](bool&) { throw std::runtime_error("No"); };
+  form->on_query_unload = [](bool&) { throw std::runtime_error("No"); };
   EXPECT_THROW(form->Unload(), std::runtime_error);
   EXPECT_TRUE(form->IsLoaded());
-  form->OnQueryUnload = nullptr;
-  form->OnUnload = [] { throw std::runtime_error("No"); };
+  form->on_query_unload = nullptr;
+  form->on_unload = [] { throw std::runtime_error("No"); };
   EXPECT_THROW(form->Unload(), std::runtime_error);
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
@@ -120,7 +120,7 @@ TEST_F(FormTest, FailedQueryKeepsTheFormAndFailedUnloadDoesNot) {
 
 TEST_F(FormTest, IsNotShownWhenLoadUnloadsIt) {
   const auto form = std::make_shared<ScriptedForm>(app);
-  form->OnLoad = [&] { form->Unload(); };
+  form->on_load = [&] { form->Unload(); };
   form->Show();
   EXPECT_FALSE(form->IsLoaded());
   EXPECT_THAT(desktop.windows.All(), IsEmpty());
@@ -129,11 +129,11 @@ TEST_F(FormTest, IsNotShownWhenLoadUnloadsIt) {
 TEST_F(FormTest, CallsFailOnceUnloaded) {
   const auto form = Loaded();
   form->Unload();
-  PictureBox& box = form->Box;
+  PictureBox& box = form->box;
   const std::function<void()> uses[] = {[&] { form->Visible(); },
                                         [&] { form->Hwnd(); },
-                                        [&] { form->Clock.SetInterval(5); },
-                                        [&] { form->Clock.SetEnabled(true); },
+                                        [&] { form->clock.SetInterval(5); },
+                                        [&] { form->clock.SetEnabled(true); },
                                         [&] { box.Width(); },
                                         [&] { box.Hwnd(); },
                                         [&] { box.Cls(); },
@@ -146,26 +146,26 @@ TEST_F(FormTest, CallsFailOnceUnloaded) {
                                         [&] { box.LoadPicture("x", nullptr); },
                                         [&] { box.OpenPacedRun(); },
                                         [&] { box.TakeFocus(); },
-                                        [&] { form->ImageBelow.Left(); },
-                                        [&] { form->ImageBelow.SetHeight(1); },
-                                        [&] { form->ImageBelow.SetPicture(nullptr); }};
+                                        [&] { form->image_below.Left(); },
+                                        [&] { form->image_below.SetHeight(1); },
+                                        [&] { form->image_below.SetPicture(nullptr); }};
   for (std::size_t i = 0; i < std::size(uses); ++i) {
     SCOPED_TRACE(i);
     EXPECT_EQ(FailureOf(uses[i]), FailureNumber::kNotLoaded);
   }
   // These only set a value.
-  form->ImageBelow.SetVisible(true);
-  form->Box.SetBackColor(kWhite);
+  form->image_below.SetVisible(true);
+  form->box.SetBackColor(kWhite);
 }
 
 // The window that delivers the key must outlive its own event, and the form its handler.
 TEST_F(FormTest, OutlivesTheHandlerThatUnloadsIt) {
   auto form = Loaded();
   form->Show();
-  form->Clock.SetEnabled(true);
+  form->clock.SetEnabled(true);
   const WindowHandle window = form->Hwnd();
   const std::weak_ptr<ScriptedForm> watch = form;
-  form->OnKey = [&](int) {
+  form->on_key = [&](int) {
     watch.lock()->Unload();
     form.reset();
     EXPECT_EQ(watch.lock()->events.back(), "Unload");
@@ -173,7 +173,7 @@ TEST_F(FormTest, OutlivesTheHandlerThatUnloadsIt) {
     EXPECT_EQ(desktop.queue.RunningTimers(), 0);
   };
   EXPECT_TRUE(desktop.PressKey(window, 27));
-  EXPECT_EQ(app.Forms.Count(), 0);
+  EXPECT_EQ(app.forms.Count(), 0);
 
   const auto next = Loaded("Next");
   desktop.PressKey(next->Hwnd(), 1);
@@ -188,7 +188,7 @@ TEST_F(FormTest, EventsReachTheirHandlers) {
   desktop.PressMouse(form->Hwnd());
   desktop.windows.EnableWindow(form->Hwnd(), false);
   EXPECT_FALSE(desktop.RequestClose(form->Hwnd()));
-  EXPECT_FALSE(desktop.PressKey(form->Box.Hwnd(), 65));
+  EXPECT_FALSE(desktop.PressKey(form->box.Hwnd(), 65));
   desktop.windows.EnableWindow(form->Hwnd(), true);
   desktop.RequestClose(form->Hwnd());
   EXPECT_THAT(form->events, ElementsAre("Load", "KeyDown 65", "MouseMove", "MouseDown", "QueryUnload", "Unload"));
@@ -196,14 +196,14 @@ TEST_F(FormTest, EventsReachTheirHandlers) {
 
 TEST_F(FormTest, FindsControlsByNameAndType) {
   const auto form = Loaded();
-  EXPECT_EQ(&form->Find<Timer>("clock"), &form->Clock);
+  EXPECT_EQ(&form->Find<Timer>("clock"), &form->clock);
   EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Box"); }), FailureNumber::kNoSuchEntry);
   EXPECT_EQ(FailureOf([&] { form->Find<Timer>("Nothing"); }), FailureNumber::kNoSuchEntry);
 }
 
 TEST_F(FormTest, ShowsFailuresOfHandlersInABox) {
   const auto form = Loaded();
-  form->OnKey = [](int key) {
+  form->on_key = [](int key) {
     if (key == 1) throw Failure(FailureNumber::kUnreadable, "Can't be read", "Test");
     if (key == 2) throw std::runtime_error("Out of luck");
     throw ProcessEnded();
@@ -232,7 +232,7 @@ TEST_F(FormTest, ApplicationDestroysItsFormsWithoutHandlers) {
     Application inner(desktop);
     form = std::make_shared<ScriptedForm>(inner);
     form->Load();
-    form->OnKey = [](int) { throw ProcessEnded(); };
+    form->on_key = [](int) { throw ProcessEnded(); };
     EXPECT_THROW(desktop.PressKey(form->Hwnd(), 1), ProcessEnded);
   }
   EXPECT_FALSE(form->IsLoaded());

@@ -46,7 +46,7 @@ class PictureBoxTest : public HeadlessTest {
 
   Application app{desktop};
   std::shared_ptr<ScriptedForm> form = std::make_shared<ScriptedForm>(app);
-  PictureBox& box = form->Box;
+  PictureBox& box = form->box;
 };
 
 TEST_F(PictureBoxTest, FollowsBackColourScaleAndSize) {
@@ -74,26 +74,26 @@ TEST_F(PictureBoxTest, RefusesAHugeSizeAndKeepsTheOldOne) {
 }
 
 TEST_F(PictureBoxTest, PaintsImagesInOrderOverTheBackground) {
-  form->ImageBelow.SetWidth(450);
-  form->ImageBelow.SetHeight(300);
-  form->ImageBelow.SetPicture(Load(2, 1, {"ff0000", "00ff00"}));
-  form->ImageAbove.SetLeft(375);
-  form->ImageAbove.SetPicture(Load(10, 40, {"0000ff"}));
-  form->ImageBelow.SetVisible(true);
-  form->ImageAbove.SetVisible(true);
+  form->image_below.SetWidth(450);
+  form->image_below.SetHeight(300);
+  form->image_below.SetPicture(Load(2, 1, {"ff0000", "00ff00"}));
+  form->image_above.SetLeft(375);
+  form->image_above.SetPicture(Load(10, 40, {"0000ff"}));
+  form->image_below.SetVisible(true);
+  form->image_above.SetVisible(true);
   const std::vector<int> columns{0, 14, 15, 24, 25, 34, 35};
   EXPECT_THAT(Row(0, columns), ElementsAre(kRedRgb, kRedRgb, kGreenRgb, kGreenRgb, kBlueRgb, kBlueRgb, kBlackRgb));
-  form->ImageAbove.SetPicture(Load(1, 40, {"ff0000"}));
+  form->image_above.SetPicture(Load(1, 40, {"ff0000"}));
   EXPECT_THAT(Row(0, {24, 25, 26}), ElementsAre(kGreenRgb, kRedRgb, kGreenRgb));
-  form->ImageAbove.SetPicture(Load(3, 40, {"0000ff"}));
+  form->image_above.SetPicture(Load(3, 40, {"0000ff"}));
   EXPECT_THAT(Row(0, {25, 27, 28}), ElementsAre(kBlueRgb, kBlueRgb, kGreenRgb));
-  form->ImageAbove.SetVisible(false);
+  form->image_above.SetVisible(false);
   EXPECT_THAT(Row(0, columns), ElementsAre(kRedRgb, kRedRgb, kGreenRgb, kGreenRgb, kGreenRgb, kBlackRgb, kBlackRgb));
 }
 
 // Drawings are not remembered, so they vanish in that area.
 TEST_F(PictureBoxTest, RepaintsTheAreaOfAChangedImageOnly) {
-  ImageControl& image = form->ImageBelow;
+  ImageControl& image = form->image_below;
   image.SetLeft(300);
   image.SetWidth(300);
   image.SetHeight(600);
@@ -119,13 +119,13 @@ TEST_F(PictureBoxTest, RepaintsTheAreaOfAChangedImageOnly) {
 
 TEST_F(PictureBoxTest, ImagesWithoutStretchTakeThePicturesSize) {
   desktop.SetScreen(800, 600, 2);
-  form->Measure.SetPicture(Load(30, 10, {"ff0000"}));
-  EXPECT_EQ(form->Measure.Width(), 225) << "one picture pixel is one of the screen's";
-  EXPECT_EQ(form->Measure.Height(), 75);
-  form->Measure.SetPicture(nullptr);
-  EXPECT_EQ(form->Measure.Width(), 0);
-  EXPECT_EQ(FailureOf([&] { form->Measure.Container(); }), FailureNumber::kInvalidArgument);
-  EXPECT_EQ(&form->ImageBelow.Container(), &box);
+  form->measure.SetPicture(Load(30, 10, {"ff0000"}));
+  EXPECT_EQ(form->measure.Width(), 225) << "one picture pixel is one of the screen's";
+  EXPECT_EQ(form->measure.Height(), 75);
+  form->measure.SetPicture(nullptr);
+  EXPECT_EQ(form->measure.Width(), 0);
+  EXPECT_EQ(FailureOf([&] { form->measure.Container(); }), FailureNumber::kInvalidArgument);
+  EXPECT_EQ(&form->image_below.Container(), &box);
 }
 
 TEST_F(PictureBoxTest, LineBoxCoversItsCornersInAnyOrder) {
@@ -188,12 +188,12 @@ TEST_F(PictureBoxTest, RefusesInvalidNumbers) {
   for (const int pen : {0, -1, 32'768}) {
     EXPECT_EQ(FailureOf([&] { box.SetDrawWidth(pen); }), FailureNumber::kInvalidValue);
   }
-  const TwipRect size = form->ImageBelow.Bounds();
+  const TwipRect size = form->image_below.Bounds();
   for (const float side : {-1.0F, std::nanf("")}) {
-    EXPECT_EQ(FailureOf([&] { form->ImageBelow.SetWidth(side); }), FailureNumber::kInvalidValue);
-    EXPECT_EQ(FailureOf([&] { form->ImageBelow.SetHeight(side); }), FailureNumber::kInvalidValue);
+    EXPECT_EQ(FailureOf([&] { form->image_below.SetWidth(side); }), FailureNumber::kInvalidValue);
+    EXPECT_EQ(FailureOf([&] { form->image_below.SetHeight(side); }), FailureNumber::kInvalidValue);
   }
-  EXPECT_EQ(form->ImageBelow.Bounds(), size);
+  EXPECT_EQ(form->image_below.Bounds(), size);
   box.LineBox(-1e30F, 0, 1e30F, 1e30F, kRed);
   box.Line(-1e30F, 300, 1e30F, 300, kGreen);
   EXPECT_EQ(RgbAt(box.Pixels(), 99, 39), kRedRgb);
@@ -233,16 +233,16 @@ TEST_F(PictureBoxTest, MouseEventsGoToTheTopmostVisibleImage) {
   std::vector<std::string> hits;
   box.MouseMove = [&] { hits.emplace_back("box"); };
   box.MouseDown = [&] { hits.emplace_back("press"); };
-  form->ImageBelow.MouseMove = [&] { hits.emplace_back("below"); };
-  form->ImageAbove.MouseMove = [&] { hits.emplace_back("above"); };
-  for (ImageControl* const image : {&form->ImageBelow, &form->ImageAbove}) {
+  form->image_below.MouseMove = [&] { hits.emplace_back("below"); };
+  form->image_above.MouseMove = [&] { hits.emplace_back("above"); };
+  for (ImageControl* const image : {&form->image_below, &form->image_above}) {
     image->SetVisible(true);
     image->SetWidth(300);
     image->SetHeight(300);
   }
-  form->ImageAbove.SetLeft(150);
+  form->image_above.SetLeft(150);
   for (const int x : {0, 9, 10, 29, 30}) desktop.MoveMouse(box.Hwnd(), x, 5);
-  form->ImageAbove.SetVisible(false);
+  form->image_above.SetVisible(false);
   desktop.MoveMouse(box.Hwnd(), 10, 5);
   desktop.PressMouse(box.Hwnd(), 10, 5);  // the image has no handler for it, and the box does not get it
   desktop.PressMouse(box.Hwnd(), 50, 5);

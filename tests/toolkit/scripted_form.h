@@ -22,40 +22,40 @@ class ScriptedForm : public Form {
  public:
   explicit ScriptedForm(Application& application, const std::string& name = "Form")
       : Form(application, name, WindowKind::kDialog, name + " caption") {
-    Box.Move(150, 0, 1500, 600);
-    ImageBelow.SetVisible(false);
-    ImageAbove.SetVisible(false);
+    box.Move(150, 0, 1500, 600);
+    image_below.SetVisible(false);
+    image_above.SetVisible(false);
   }
 
-  Timer Clock{*this, "Clock", 100};
+  Timer clock{*this, "Clock", 100};
   // 100 by 40 pixels, 10 from the left.
-  PictureBox Box{*this, "Box", {"Serif", 12}};
-  ImageControl ImageBelow{Box, "ImageBelow", true};
-  ImageControl ImageAbove{Box, "ImageAbove", false};
-  ImageControl Measure{*this, "Measure", false};
+  PictureBox box{*this, "Box", {"Serif", 12}};
+  ImageControl image_below{box, "ImageBelow", true};
+  ImageControl image_above{box, "ImageAbove", false};
+  ImageControl measure{*this, "Measure", false};
 
   std::vector<std::string> events;
-  std::function<void()> OnLoad;
-  std::function<void(bool& cancel)> OnQueryUnload;
-  std::function<void()> OnUnload;
-  std::function<void(int key)> OnKey;
+  std::function<void()> on_load;
+  std::function<void(bool& cancel)> on_query_unload;
+  std::function<void()> on_unload;
+  std::function<void(int key)> on_key;
 
  protected:
   void Form_Load() override {
     events.emplace_back("Load");
-    if (OnLoad) OnLoad();
+    if (on_load) on_load();
   }
   void Form_QueryUnload(bool& cancel) override {
     events.emplace_back("QueryUnload");
-    if (OnQueryUnload) OnQueryUnload(cancel);
+    if (on_query_unload) on_query_unload(cancel);
   }
   void Form_Unload() override {
     events.emplace_back("Unload");
-    if (OnUnload) OnUnload();
+    if (on_unload) on_unload();
   }
   void Form_KeyDown(int key) override {
     events.push_back("KeyDown " + std::to_string(key));
-    if (OnKey) OnKey(key);
+    if (on_key) on_key(key);
   }
   void Form_MouseDown() override { events.emplace_back("MouseDown"); }
   void Form_MouseMove() override { events.emplace_back("MouseMove"); }

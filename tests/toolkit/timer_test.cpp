@@ -20,7 +20,7 @@ class TimerTest : public HeadlessTest {
 
   Application app{desktop};
   std::shared_ptr<ScriptedForm> form = std::make_shared<ScriptedForm>(app);
-  Timer& timer = form->Clock;
+  Timer& timer = form->clock;
   std::vector<double> ticks;
 };
 

@@ -183,11 +183,11 @@ TEST_F(RunTransitionTest, ThePauseFollowsSpeedAndMode) {
                                                           {RunMode::kPreview, 40, 1}};
   for (const auto& [mode, speed, pumps_a_step] : cases) {
     process.mode = mode;
-    process.show.TransitionSpeed = speed;
+    process.show.transition_speed = speed;
     Run("Sweep Down");
     EXPECT_EQ(PumpsOfLastRun(), pumps_a_step) << static_cast<int>(mode) << " " << speed;
   }
-  process.show.TransitionSpeed = -2'000'000'000;
+  process.show.transition_speed = -2'000'000'000;
   EXPECT_THROW(Run("Sweep Down"), Failure);
 }
 
@@ -213,8 +213,8 @@ TEST_F(RunTransitionTest, AColourThatIsNoNumberAbandonsTheTransition) {
 
 TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
   for (const EffectCase& effect : EffectCases()) {
-    process.show.PreviewSuspended = false;
-    desktop.queue.AtPump(6, [&] { process.show.PreviewSuspended = true; });
+    process.show.preview_suspended = false;
+    desktop.queue.AtPump(6, [&] { process.show.preview_suspended = true; });
     const std::size_t count = Run(effect.name).size();
     EXPECT_EQ(count, std::string(effect.name) == "Sweep Right" ? 3U : effect.operations) << effect.name;
   }
@@ -223,9 +223,9 @@ TEST_F(RunTransitionTest, OnlySweepRightStopsForASuspendedPreview) {
 TEST_F(RunTransitionTest, AStopIsFoundAfterTheNextShapesOfEveryEffect) {
   for (const Effect& effect : Effects()) {
     const std::string name(effect.name);
-    process.show.StopRequested = false;
+    process.show.stop_requested = false;
     process.options.Set("SwapAffect", name);
-    desktop.queue.AtPump(4, [&] { process.show.StopRequested = true; });  // in the second step's pause
+    desktop.queue.AtPump(4, [&] { process.show.stop_requested = true; });  // in the second step's pause
     const DrawRecorder recorder(form_->PicBase);
     EXPECT_THROW(RunTransition(process, form_->PicBase, form_->PicPreview), ProcessEnded) << name;
     EXPECT_EQ(desktop.paced_runs.back().pumps, 5) << name;
@@ -248,7 +248,7 @@ TEST_F(RunTransitionTest, RandomTakesTheNumberThatItsDrawRoundsTo) {
     }
   }
   const std::vector<DrawOperation> drawn = Run("Random");
-  process.Settings.DeleteSetting("Options", "SwapAffect");
+  process.settings.DeleteSetting("Options", "SwapAffect");
   const DrawRecorder recorder(form_->PicBase);
   RunTransition(process, form_->PicBase, form_->PicPreview);
   EXPECT_EQ(recorder.operations, drawn) << "without a stored effect";

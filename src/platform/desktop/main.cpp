@@ -75,13 +75,13 @@ int RunProgram(const std::string& text, const DesktopOptions& options) {
   process.beside_primary = options.daemon_window.is_beside_primary;
   const EndingSignals signals([&process] {
     // `EndSaver` runs a pass, which must not start another slide.
-    process.show.StopRequested = true;
+    process.show.stop_requested = true;
     EndSaver(process);
   });
 
-  process.app.LastFormGone = [] { QCoreApplication::quit(); };
+  process.app.last_form_gone = [] { QCoreApplication::quit(); };
   Main(process, text);
-  const int result = process.app.Forms.Count() > 0 ? QCoreApplication::exec() : EXIT_SUCCESS;
+  const int result = process.app.forms.Count() > 0 ? QCoreApplication::exec() : EXIT_SUCCESS;
   // The libraries' own clean-up must not run beside a thread that still uses them.
   if (platform.Pictures().IsBusy()) host.EndProcess();
   return result;

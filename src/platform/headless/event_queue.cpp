@@ -46,7 +46,7 @@ void EventQueue::Pump() {
   RunPosted();
   while (FireOne(now_)) {
   }
-  if (PassEnding) PassEnding();
+  if (pass_ending) pass_ending();
 }
 
 void EventQueue::Post(std::function<void()> event) { posted_.push_back(std::move(event)); }
@@ -66,7 +66,7 @@ void EventQueue::Advance(int milliseconds) {
     RunPosted();
   } while (FireOne(end));
   now_ = std::max(now_, end);
-  if (PassEnding) PassEnding();
+  if (pass_ending) pass_ending();
 }
 
 std::unique_ptr<TimerPeer> EventQueue::CreateTimer(std::function<void()> fired) {

@@ -15,7 +15,7 @@ namespace quorvale {
 class EventQueue {
  public:
   // Called at the end of each pass, to present what has changed.
-  std::function<void()> PassEnding;
+  std::function<void()> pass_ending;
 
   // Runs one pass: the actions planned for it, the events posted before it, and the timers that are due.
   void Pump();

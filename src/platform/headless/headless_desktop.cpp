@@ -25,7 +25,7 @@ class HeadlessDesktop::FormWindow : public WindowPeer {
     Window().visible = visible;
     if (!visible) return;
     windows_.SetForeground(handle_);
-    if (windows_.Shown) windows_.Shown(handle_);
+    if (windows_.shown) windows_.shown(handle_);
   }
 
  private:
@@ -113,7 +113,7 @@ class HeadlessDesktop::LoggedRun : public PacedRun {
 };
 
 HeadlessDesktop::HeadlessDesktop() {
-  queue.PassEnding = [this] { PresentAll(); };
+  queue.pass_ending = [this] { PresentAll(); };
 }
 
 System HeadlessDesktop::Services() { return {registry, files, windows, sound, programs, host, password}; }

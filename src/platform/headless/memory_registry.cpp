@@ -168,7 +168,7 @@ void MemoryRegistry::SetValue(std::uint32_t hive, const std::string& path, const
 
 std::optional<int> MemoryRegistry::Begin(RegistryCall call) {
   calls.push_back(call);
-  if (Called) Called(call);
+  if (called) called(call);
   return failures.Next(call);
 }
 

@@ -55,7 +55,7 @@ class MemoryRegistry : public Registry {
   // The number of writes and deletions outside transactions.
   int single_writes = 0;
   // Called at the start of each call.
-  std::function<void(RegistryCall)> Called;
+  std::function<void(RegistryCall)> called;
 
   bool HasKey(std::uint32_t hive, const std::string& path) const;
   // The text of a value, without its NUL.

@@ -48,7 +48,7 @@ class WindowTable : public WindowSystem {
   // For tests and for the desktop's own windows.
 
   // Called when a form's window becomes visible, so that a test can send input at that moment.
-  std::function<void(WindowHandle window)> Shown;
+  std::function<void(WindowHandle window)> shown;
   int cursor_count = 0;
   // The window that receives keys; 0 is none.
   WindowHandle focus = 0;

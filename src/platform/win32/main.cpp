@@ -57,8 +57,8 @@ int RunProgram(const std::string& text) {
 
   Main(process, text);
   // Set only now: a form that fails to load also goes, and an ended loop would close the box that reports the failure.
-  if (process.app.Forms.Count() == 0) return 0;
-  process.app.LastFormGone = EndEventLoop;
+  if (process.app.forms.Count() == 0) return 0;
+  process.app.last_form_gone = EndEventLoop;
   return RunEventLoop();
 }
 

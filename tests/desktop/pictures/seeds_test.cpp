@@ -211,7 +211,7 @@ TEST(PictureSeeds, ABadPictureIsSkipped) {
     process.options.Set("Stretch", stretch);
     const auto form = std::make_shared<MainForm>(process);
     form->Show();
-    process.show.PictureList = list;
+    process.show.picture_list = list;
     for (std::int32_t i = 1; i <= list.Count(); ++i) {
       const Surface& surface = form->PicBase.Pixels();
       const Pixel before = surface.At(400, 300);

@@ -31,7 +31,7 @@ class Dialog : public Form {
  public:
   explicit Dialog(Application& app) : Form(app, "Dialog", WindowKind::kDialog, "Widgets") {
     SetClientSize(4800, 5250);
-    cancel.Cancel = true;
+    cancel.is_cancel = true;
     cancel.Click = [this] { done.emplace_back("cancel"); };
     last.Click = [this] { done.emplace_back("last"); };
     bar.Add("menu", "&Menu").Add("item", "&Item", "Ctrl+I").Click = [this] { done.emplace_back("item"); };

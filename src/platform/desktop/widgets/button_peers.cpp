@@ -34,8 +34,8 @@ void ReportClicks(QAbstractButton& widget, Control& control) {
 std::unique_ptr<WidgetPeer> QtWidgets::Make(WindowPeer& window, Button& button) {
   auto widget = std::make_unique<QPushButton>();
   ReportClicks(*widget, button);
-  widget->setDefault(button.Default);
-  if (button.Cancel) WindowOf(window).SetCancelButton(*widget);
+  widget->setDefault(button.is_default);
+  if (button.is_cancel) WindowOf(window).SetCancelButton(*widget);
   auto show = [&button, it = widget.get()] { ShowCaption(*it, button, 2 * Scaled(kButtonMargin)); };
   return std::make_unique<ControlPeer>(window, button, std::move(widget), show);
 }

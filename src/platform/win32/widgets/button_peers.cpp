@@ -7,15 +7,15 @@ namespace {
 
 ControlKind KindOf(const Button& button) {
   return {L"BUTTON",
-          (button.Default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
+          (button.is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
 }
 
 }  // namespace
 
 ButtonControl::ButtonControl(DialogWindow& dialog, Button& button)
     : ControlPeer(dialog, button, KindOf(button)), button_(button) {
-  if (button.Cancel) dialog.Keyboard().SetCancelButton(*this);
-  if (button.Default) dialog.Keyboard().SetDefaultButton(*this);
+  if (button.is_cancel) dialog.Keyboard().SetCancelButton(*this);
+  if (button.is_default) dialog.Keyboard().SetDefaultButton(*this);
 }
 
 ButtonControl::~ButtonControl() { Dialog().Keyboard().ForgetButton(*this); }
