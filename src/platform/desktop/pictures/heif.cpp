@@ -8,6 +8,7 @@
 
 #include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/desktop/system/loaded_library.h"
 #include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
@@ -18,13 +19,49 @@ constexpr int kMostOnASide = 11585;
 // Exif with a large thumbnail fits.
 constexpr std::size_t kLongestExif = std::size_t{1} << 20U;
 
+struct HeifLibrary : LoadedLibrary {
+  HeifLibrary() : LoadedLibrary(QUORVALE_HEIF_LIBRARY) {}
+
+  QUORVALE_IMPORT(heif_context_alloc);
+  QUORVALE_IMPORT(heif_context_free);
+  QUORVALE_IMPORT(heif_context_get_primary_image_handle);
+  QUORVALE_IMPORT(heif_context_read_from_memory_without_copy);
+  QUORVALE_IMPORT(heif_context_set_maximum_image_size_limit);
+  QUORVALE_IMPORT(heif_decode_image);
+  QUORVALE_IMPORT(heif_image_get_bits_per_pixel_range);
+  QUORVALE_IMPORT(heif_image_get_height);
+  QUORVALE_IMPORT(heif_image_get_plane_readonly);
+  QUORVALE_IMPORT(heif_image_get_width);
+  QUORVALE_IMPORT(heif_image_handle_get_height);
+  QUORVALE_IMPORT(heif_image_handle_get_list_of_metadata_block_IDs);
+  QUORVALE_IMPORT(heif_image_handle_get_luma_bits_per_pixel);
+  QUORVALE_IMPORT(heif_image_handle_get_metadata);
+  QUORVALE_IMPORT(heif_image_handle_get_metadata_size);
+  QUORVALE_IMPORT(heif_image_handle_get_nclx_color_profile);
+  QUORVALE_IMPORT(heif_image_handle_get_raw_color_profile);
+  QUORVALE_IMPORT(heif_image_handle_get_raw_color_profile_size);
+  QUORVALE_IMPORT(heif_image_handle_get_width);
+  QUORVALE_IMPORT(heif_image_handle_has_alpha_channel);
+  QUORVALE_IMPORT(heif_image_handle_is_premultiplied_alpha);
+  QUORVALE_IMPORT(heif_image_handle_release);
+  QUORVALE_IMPORT(heif_image_release);
+  QUORVALE_IMPORT(heif_nclx_color_profile_free);
+};
+
+// Fails with kBadPicture if the library is missing.
+const HeifLibrary& Heif() {
+  static const HeifLibrary library;
+  if (!library.IsWhole()) FailLoad("The library for HEIC and AVIF is missing");
+  return library;
+}
+
 template <typename Type, auto kRelease>
 struct Releaser {
-  void operator()(Type* object) const { kRelease(object); }
+  void operator()(Type* object) const { (Heif().*kRelease)(object); }
 };
-using Context = std::unique_ptr<heif_context, Releaser<heif_context, heif_context_free>>;
-using Handle = std::unique_ptr<heif_image_handle, Releaser<const heif_image_handle, heif_image_handle_release>>;
-using Image = std::unique_ptr<heif_image, Releaser<const heif_image, heif_image_release>>;
+using Context = std::unique_ptr<heif_context, Releaser<heif_context, &HeifLibrary::heif_context_free>>;
+using Handle = std::unique_ptr<heif_image_handle, Releaser<heif_image_handle, &HeifLibrary::heif_image_handle_release>>;
+using Image = std::unique_ptr<heif_image, Releaser<heif_image, &HeifLibrary::heif_image_release>>;
 
 bool IsGood(const heif_error& error) { return error.code == heif_error_Ok; }
 
@@ -33,9 +70,9 @@ class HeifPlane {
  public:
   HeifPlane() = default;
   HeifPlane(const heif_image* image, heif_channel channel)
-      : bytes_(heif_image_get_plane_readonly(image, channel, &stride_)),
-        size_{heif_image_get_width(image, channel), heif_image_get_height(image, channel)},
-        depth_(heif_image_get_bits_per_pixel_range(image, channel)) {}
+      : bytes_(Heif().heif_image_get_plane_readonly(image, channel, &stride_)),
+        size_{Heif().heif_image_get_width(image, channel), Heif().heif_image_get_height(image, channel)},
+        depth_(Heif().heif_image_get_bits_per_pixel_range(image, channel)) {}
 
   bool Holds(PixelSize size) const {
     return bytes_ != nullptr && size_.width >= size.width && size_.height >= size.height && depth_ >= 8 && depth_ <= 16;
@@ -71,19 +108,19 @@ class HeifRows : public SequentialRows {
       : SequentialRows(size),
         handle_(handle),
         size_(size),
-        has_alpha_(heif_image_handle_has_alpha_channel(handle) != 0),
-        is_premultiplied_(heif_image_handle_is_premultiplied_alpha(handle) != 0) {}
+        has_alpha_(Heif().heif_image_handle_has_alpha_channel(handle) != 0),
+        is_premultiplied_(Heif().heif_image_handle_is_premultiplied_alpha(handle) != 0) {}
 
   bool IsOpaque() const override { return !has_alpha_; }
   std::size_t Memory() const override {
-    const std::size_t sample = heif_image_handle_get_luma_bits_per_pixel(handle_) > 8 ? 2 : 1;
+    const std::size_t sample = Heif().heif_image_handle_get_luma_bits_per_pixel(handle_) > 8 ? 2 : 1;
     return static_cast<std::size_t>(size_.width) * static_cast<std::size_t>(size_.height) * Channels() * sample;
   }
 
  protected:
   bool GoTo(int /*top*/) override {
     heif_image* decoded = nullptr;
-    const heif_error error = heif_decode_image(handle_, &decoded, heif_colorspace_RGB, heif_chroma_444, nullptr);
+    const heif_error error = Heif().heif_decode_image(handle_, &decoded, heif_colorspace_RGB, heif_chroma_444, nullptr);
     image_.reset(decoded);
     if (!IsGood(error)) return false;
     constexpr heif_channel kFromLowByte[] = {heif_channel_B, heif_channel_G, heif_channel_R, heif_channel_Alpha};
@@ -119,17 +156,18 @@ class HeifRows : public SequentialRows {
 class HeifPicture : public FilePicture {
  public:
   explicit HeifPicture(std::unique_ptr<PictureFile> file)
-      : FilePicture(std::move(file)), context_(heif_context_alloc()) {
+      : FilePicture(std::move(file)), context_(Heif().heif_context_alloc()) {
     if (!context_) FailLoad("Picture too large");
-    heif_context_set_maximum_image_size_limit(context_.get(), kMostOnASide);
+    Heif().heif_context_set_maximum_image_size_limit(context_.get(), kMostOnASide);
     const auto bytes = File().All();
     heif_image_handle* primary = nullptr;
-    if (!IsGood(heif_context_read_from_memory_without_copy(context_.get(), bytes.data(), bytes.size(), nullptr)) ||
-        !IsGood(heif_context_get_primary_image_handle(context_.get(), &primary))) {
+    if (!IsGood(
+            Heif().heif_context_read_from_memory_without_copy(context_.get(), bytes.data(), bytes.size(), nullptr)) ||
+        !IsGood(Heif().heif_context_get_primary_image_handle(context_.get(), &primary))) {
       FailLoad("Damaged picture");
     }
     handle_.reset(primary);
-    size_ = {heif_image_handle_get_width(primary), heif_image_handle_get_height(primary)};
+    size_ = {Heif().heif_image_handle_get_width(primary), Heif().heif_image_handle_get_height(primary)};
     if (size_.width <= 0 || size_.height <= 0) FailLoad("Damaged picture");
     // The library turns the picture. The number in the Exif data says the same, or is out of date.
     Describe(size_, {}, ReadDateTaken());
@@ -144,25 +182,25 @@ class HeifPicture : public FilePicture {
  private:
   std::string ReadDateTaken() const {
     heif_item_id item = 0;
-    if (heif_image_handle_get_list_of_metadata_block_IDs(handle_.get(), "Exif", &item, 1) != 1) return {};
-    const std::size_t size = heif_image_handle_get_metadata_size(handle_.get(), item);
+    if (Heif().heif_image_handle_get_list_of_metadata_block_IDs(handle_.get(), "Exif", &item, 1) != 1) return {};
+    const std::size_t size = Heif().heif_image_handle_get_metadata_size(handle_.get(), item);
     if (size > kLongestExif) return {};
     std::vector<std::uint8_t> block(size);
-    if (!IsGood(heif_image_handle_get_metadata(handle_.get(), item, block.data()))) return {};
+    if (!IsGood(Heif().heif_image_handle_get_metadata(handle_.get(), item, block.data()))) return {};
     return BoxedCameraTags(block).date_taken;
   }
 
   void ReadColours() {
-    const std::size_t size = heif_image_handle_get_raw_color_profile_size(handle_.get());
+    const std::size_t size = Heif().heif_image_handle_get_raw_color_profile_size(handle_.get());
     if (size > 0 && size <= kLongestProfile) {
       std::vector<std::uint8_t> profile(size);
-      if (IsGood(heif_image_handle_get_raw_color_profile(handle_.get(), profile.data()))) UseProfile(profile);
+      if (IsGood(Heif().heif_image_handle_get_raw_color_profile(handle_.get(), profile.data()))) UseProfile(profile);
       return;
     }
     heif_color_profile_nclx* numbers = nullptr;
-    if (!IsGood(heif_image_handle_get_nclx_color_profile(handle_.get(), &numbers)) || numbers == nullptr) return;
+    if (!IsGood(Heif().heif_image_handle_get_nclx_color_profile(handle_.get(), &numbers)) || numbers == nullptr) return;
     const bool is_p3 = numbers->color_primaries == heif_color_primaries_SMPTE_EG_432_1;
-    heif_nclx_color_profile_free(numbers);
+    Heif().heif_nclx_color_profile_free(numbers);
     if (is_p3) UseProfile(ColourProfile::DisplayP3());
   }
 
@@ -173,9 +211,11 @@ class HeifPicture : public FilePicture {
 
 }  // namespace
 
+// A film begins in the same way. The library then finds no picture.
 bool IsHeif(PictureFile& file) {
-  std::array<std::uint8_t, 12> head{};
-  return file.Copy(0, head) && heif_check_filetype(head.data(), head.size()) == heif_filetype_yes_supported;
+  constexpr std::array<std::uint8_t, 4> kFileType{'f', 't', 'y', 'p'};
+  std::array<std::uint8_t, 4> type{};
+  return file.Copy(4, type) && type == kFileType;
 }
 
 OpenedPicture OpenHeif(std::unique_ptr<PictureFile> file) { return std::make_shared<HeifPicture>(std::move(file)); }

@@ -1,16 +1,18 @@
-#include <jxl/decode_cxx.h>
+#include <jxl/decode.h>
 #include <jxl/thread_parallel_runner_cxx.h>
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "base/byte_reader.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/desktop/system/loaded_library.h"
 #include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
@@ -25,6 +27,36 @@ constexpr int kMostBoxes = 10'000;
 constexpr JxlPixelFormat kFormat{4, JXL_TYPE_UINT8, JXL_NATIVE_ENDIAN, 0};
 constexpr std::size_t kChannels = 4;
 
+struct JxlLibrary : LoadedLibrary {
+  JxlLibrary() : LoadedLibrary(QUORVALE_JXL_LIBRARY) {}
+
+  QUORVALE_IMPORT(JxlDecoderCloseInput);
+  QUORVALE_IMPORT(JxlDecoderCreate);
+  QUORVALE_IMPORT(JxlDecoderDestroy);
+  QUORVALE_IMPORT(JxlDecoderFlushImage);
+  QUORVALE_IMPORT(JxlDecoderGetBasicInfo);
+  QUORVALE_IMPORT(JxlDecoderGetColorAsICCProfile);
+  QUORVALE_IMPORT(JxlDecoderGetICCProfileSize);
+  QUORVALE_IMPORT(JxlDecoderProcessInput);
+  QUORVALE_IMPORT(JxlDecoderSetImageOutBuffer);
+  QUORVALE_IMPORT(JxlDecoderSetInput);
+  QUORVALE_IMPORT(JxlDecoderSetKeepOrientation);
+  QUORVALE_IMPORT(JxlDecoderSetParallelRunner);
+  QUORVALE_IMPORT(JxlDecoderSetPreferredColorProfile);
+  QUORVALE_IMPORT(JxlDecoderSubscribeEvents);
+};
+
+// Fails with kBadPicture if the library is missing.
+const JxlLibrary& Jxl() {
+  static const JxlLibrary library;
+  if (!library.IsWhole()) FailLoad("The library for JPEG XL is missing");
+  return library;
+}
+
+struct JxlRelease {
+  void operator()(JxlDecoder* decoder) const { Jxl().JxlDecoderDestroy(decoder); }
+};
+
 // Decodes the first frame of a JPEG XL file.
 class JxlReader {
  public:
@@ -32,7 +64,7 @@ class JxlReader {
       : file_(file),
         bytes_(file.All()),
         runner_(JxlThreadParallelRunnerMake(nullptr, JxlThreadParallelRunnerDefaultNumWorkerThreads())),
-        decoder_(JxlDecoderMake(nullptr)) {}
+        decoder_(Jxl().JxlDecoderCreate(nullptr)) {}
 
   bool ReadHeader();
 
@@ -50,7 +82,7 @@ class JxlReader {
 
  private:
   // The next event.
-  JxlDecoderStatus Proceed() { return JxlDecoderProcessInput(decoder_.get()); }
+  JxlDecoderStatus Proceed() { return Jxl().JxlDecoderProcessInput(decoder_.get()); }
   void ReadProfile();
   // A callback of the library.
   static JxlParallelRetCode OnRun(void* reader, void* decoder, JxlParallelRunInit begin, JxlParallelRunFunction decode,
@@ -59,7 +91,7 @@ class JxlReader {
   PictureFile& file_;
   std::span<const std::uint8_t> bytes_;
   JxlThreadParallelRunnerPtr runner_;
-  JxlDecoderPtr decoder_;
+  std::unique_ptr<JxlDecoder, JxlRelease> decoder_;
   JxlBasicInfo info_{};
   std::vector<std::uint8_t> profile_;
 };
@@ -94,14 +126,14 @@ bool JxlReader::ReadHeader() {
   JxlDecoder* const decoder = decoder_.get();
   if (decoder == nullptr || runner_ == nullptr) return false;
   constexpr int kEvents = JXL_DEC_BASIC_INFO | JXL_DEC_COLOR_ENCODING | JXL_DEC_FULL_IMAGE;
-  if (JxlDecoderSubscribeEvents(decoder, kEvents) != JXL_DEC_SUCCESS ||
-      JxlDecoderSetKeepOrientation(decoder, JXL_TRUE) != JXL_DEC_SUCCESS ||
-      JxlDecoderSetParallelRunner(decoder, OnRun, this) != JXL_DEC_SUCCESS ||
-      JxlDecoderSetInput(decoder, bytes_.data(), bytes_.size()) != JXL_DEC_SUCCESS) {
+  if (Jxl().JxlDecoderSubscribeEvents(decoder, kEvents) != JXL_DEC_SUCCESS ||
+      Jxl().JxlDecoderSetKeepOrientation(decoder, JXL_TRUE) != JXL_DEC_SUCCESS ||
+      Jxl().JxlDecoderSetParallelRunner(decoder, OnRun, this) != JXL_DEC_SUCCESS ||
+      Jxl().JxlDecoderSetInput(decoder, bytes_.data(), bytes_.size()) != JXL_DEC_SUCCESS) {
     return false;
   }
-  JxlDecoderCloseInput(decoder);
-  if (Proceed() != JXL_DEC_BASIC_INFO || JxlDecoderGetBasicInfo(decoder, &info_) != JXL_DEC_SUCCESS) {
+  Jxl().JxlDecoderCloseInput(decoder);
+  if (Proceed() != JXL_DEC_BASIC_INFO || Jxl().JxlDecoderGetBasicInfo(decoder, &info_) != JXL_DEC_SUCCESS) {
     return false;
   }
   constexpr std::uint32_t kMost = kPictureMemoryLimit / kChannels;
@@ -118,13 +150,14 @@ void JxlReader::ReadProfile() {
   screen.white_point = JXL_WHITE_POINT_D65;
   screen.primaries = JXL_PRIMARIES_SRGB;
   screen.transfer_function = JXL_TRANSFER_FUNCTION_SRGB;
-  JxlDecoderSetPreferredColorProfile(decoder_.get(), &screen);
+  Jxl().JxlDecoderSetPreferredColorProfile(decoder_.get(), &screen);
   constexpr auto kOfPixels = JXL_COLOR_PROFILE_TARGET_DATA;
   std::size_t size = 0;
-  if (JxlDecoderGetICCProfileSize(decoder_.get(), &kFormat, kOfPixels, &size) != JXL_DEC_SUCCESS) return;
+  if (Jxl().JxlDecoderGetICCProfileSize(decoder_.get(), &kFormat, kOfPixels, &size) != JXL_DEC_SUCCESS) return;
   if (size > kLongestProfile) return;
   profile_.resize(size);
-  if (JxlDecoderGetColorAsICCProfile(decoder_.get(), &kFormat, kOfPixels, profile_.data(), size) != JXL_DEC_SUCCESS) {
+  if (Jxl().JxlDecoderGetColorAsICCProfile(decoder_.get(), &kFormat, kOfPixels, profile_.data(), size) !=
+      JXL_DEC_SUCCESS) {
     profile_.clear();
   }
 }
@@ -154,9 +187,10 @@ bool JxlReader::Read(std::vector<std::uint8_t>& pixels) {
   JxlDecoder* const decoder = decoder_.get();
   if (Proceed() != JXL_DEC_NEED_IMAGE_OUT_BUFFER) return false;
   pixels.resize(kChannels * info_.xsize * info_.ysize);
-  if (JxlDecoderSetImageOutBuffer(decoder, &kFormat, pixels.data(), pixels.size()) != JXL_DEC_SUCCESS) return false;
+  if (Jxl().JxlDecoderSetImageOutBuffer(decoder, &kFormat, pixels.data(), pixels.size()) != JXL_DEC_SUCCESS)
+    return false;
   if (Proceed() == JXL_DEC_FULL_IMAGE) return true;
-  return !file_.IsOverdue() && JxlDecoderFlushImage(decoder) == JXL_DEC_SUCCESS;
+  return !file_.IsOverdue() && Jxl().JxlDecoderFlushImage(decoder) == JXL_DEC_SUCCESS;
 }
 
 class JxlRows : public SequentialRows {
@@ -206,11 +240,10 @@ class JxlPicture : public DecodedPicture<JxlReader> {
 
 }  // namespace
 
+// A codestream, or a container of boxes.
 bool IsJxl(PictureFile& file) {
-  std::array<std::uint8_t, 12> head{};
-  file.Copy(0, head);
-  const JxlSignature signature = JxlSignatureCheck(head.data(), head.size());
-  return signature == JXL_SIG_CODESTREAM || signature == JXL_SIG_CONTAINER;
+  using namespace std::string_view_literals;
+  return file.BeginsWith("\xFF\x0A"sv) || file.BeginsWith("\0\0\0\x0CJXL "sv);
 }
 
 OpenedPicture OpenJxl(std::unique_ptr<PictureFile> file) { return std::make_shared<JxlPicture>(std::move(file)); }

@@ -1,13 +1,13 @@
 #include "platform/desktop/system/sdl_sound_player.h"
 
 #include <SDL_thread.h>
-#include <dlfcn.h>
 
 #include <algorithm>
 #include <chrono>
 #include <system_error>
 #include <utility>
 
+#include "platform/desktop/system/loaded_library.h"
 #include "platform/desktop/system/wave_stream.h"
 
 namespace quorvale {
@@ -20,13 +20,9 @@ void Ignore(const char* /*file*/, int /*line*/, const char* /*function*/, int /*
 // On a machine without a sound card ALSA writes errors to the terminal. Its own handler is replaced, so that other
 // messages are not lost.
 void SilenceAlsa() {
-  void* library = dlopen("libasound.so.2", RTLD_LAZY);
-  if (library == nullptr) return;
   using Handler = void (*)(const char*, int, const char*, int, const char*, ...);
-  using SetHandler = int (*)(Handler);
-  if (auto set_handler = reinterpret_cast<SetHandler>(dlsym(library, "snd_lib_error_set_handler"))) {
-    set_handler(&Ignore);
-  }
+  int (*const set_handler)(Handler) = LoadedLibrary("libasound.so.2").Find("snd_lib_error_set_handler");
+  if (set_handler != nullptr) set_handler(&Ignore);
 }
 
 using std::chrono::milliseconds;
