@@ -36,6 +36,5 @@ class LoadedLibrary {
 
 }  // namespace quorvale
 
-// In a class derived from `LoadedLibrary`: a member that is the library's function of that name. Its type comes from the
-// library's header.
+// In a class derived from `LoadedLibrary`: a member that is the library's function of that name and type.
 #define QUORVALE_IMPORT(name) decltype(&::name) name = Find(#name)
