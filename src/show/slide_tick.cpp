@@ -6,7 +6,7 @@
 
 #include "base/numbers.h"
 #include "process/process.h"
-#include "process/rules.h"
+#include "process/failed_steps.h"
 #include "show/picture_layout.h"
 #include "show/show_form.h"
 #include "system/sound_player.h"

@@ -4,7 +4,7 @@
 
 #include "base/failure.h"
 #include "process/process.h"
-#include "process/rules.h"
+#include "process/failed_steps.h"
 #include "process/show_state.h"
 #include "support/show_fixture.h"
 
