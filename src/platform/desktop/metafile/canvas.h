@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/desktop/metafile/device_state.h"
-#include "platform/desktop/metafile/dib.h"
+#include "platform/desktop/metafile/record_bitmaps.h"
 
 namespace quorvale::metafile {
 

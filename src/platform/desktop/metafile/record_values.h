@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "base/byte_reader.h"
-#include "platform/desktop/metafile/dib.h"
 #include "platform/desktop/metafile/objects.h"
+#include "platform/desktop/metafile/record_bitmaps.h"
 
 // Readers of the values that records consist of. What lies beyond the end of a record reads as 0.
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/metafile/dib.h"
+#include "platform/desktop/metafile/record_bitmaps.h"
 
 #include <algorithm>
 #include <array>
