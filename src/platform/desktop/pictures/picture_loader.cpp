@@ -14,7 +14,7 @@ namespace quorvale {
 namespace {
 
 // The names of the formats stand in `kPictureFormats`. A test ties both lists together.
-struct Decoder {
+struct FormatReader {
   bool (*recognises)(PictureFile& file) = nullptr;
   OpenedPicture (*opens)(std::unique_ptr<PictureFile> file) = nullptr;
   // Whether a photo takes so long that the show must react to a key meanwhile.
@@ -37,7 +37,7 @@ OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
 }
 
 // One player serves both kinds of metafile.
-constexpr Decoder kDecoders[] = {
+constexpr FormatReader kFormatReaders[] = {
     {IsBmp, OpenBmp},           {IsGif, OpenGif},       {IsJpeg, OpenJpeg},
     {IsMetafile, OpenMetafile}, {IsPng, OpenPng},       {IsWebp, OpenWebp, true},
     {IsHeif, OpenHeif, true},   {IsJxl, OpenJxl, true}, {IsTiff, OpenTiff, true},
@@ -52,10 +52,10 @@ constexpr std::chrono::seconds kLongestWait{5};
 std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, const PicturePlace& place) {
   try {
     auto file = std::make_unique<PictureFile>(path, reading_);
-    for (const Decoder& decoder : kDecoders) {
-      if (!decoder.recognises(*file)) continue;
-      auto picture = decoder.opens(std::move(file));
-      if (decoder.is_slow && place.while_waiting) {
+    for (const FormatReader& reader : kFormatReaders) {
+      if (!reader.recognises(*file)) continue;
+      auto picture = reader.opens(std::move(file));
+      if (reader.is_slow && place.while_waiting) {
         PrepareMeanwhile(picture, place);
       } else {
         picture->Prepare(place);
