@@ -7,8 +7,8 @@
 
 #include "base/numbers.h"
 #include "base/paths.h"
-#include "process/process.h"
 #include "process/failed_steps.h"
+#include "process/process.h"
 #include "show/show_form.h"
 #include "system/file_system.h"
 #include "toolkit/units.h"

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "base/numbers.h"
-#include "process/process.h"
 #include "process/failed_steps.h"
+#include "process/process.h"
 #include "show/picture_layout.h"
 #include "show/show_form.h"
 #include "system/sound_player.h"

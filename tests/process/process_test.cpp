@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "process/process.h"
 #include "process/failed_steps.h"
+#include "process/process.h"
 #include "process/show_state.h"
 #include "support/show_fixture.h"
 
