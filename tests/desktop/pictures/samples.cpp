@@ -18,8 +18,6 @@
 namespace quorvale {
 namespace {
 
-constexpr std::uint8_t kGifClear = 128;
-constexpr std::uint8_t kGifEnd = 129;
 // The size of a PNG's last chunk.
 constexpr std::ptrdiff_t kPngEnd = 12;
 
@@ -129,29 +127,11 @@ Bytes WithPngChunk(const Bytes& png, const std::string& type, const Bytes& data,
   return bytes;
 }
 
-// All codes are 8 bits wide, since the table is cleared before they would grow.
 Bytes MakeGif(int width, int height, const std::function<int(int x, int y)>& colour) {
-  Bytes codes;
-  for (int i = 0; i < width * height; ++i) {
-    if (i % 100 == 0) codes.push_back(kGifClear);
-    codes.push_back(static_cast<std::uint8_t>(colour(i % width, i / width)));
-  }
-  codes.push_back(kGifEnd);
-
-  const auto low = [](int number) { return static_cast<std::uint8_t>(number & 0xFF); };
-  const auto high = [](int number) { return static_cast<std::uint8_t>(number >> 8); };
-  Bytes bytes{'G', 'I', 'F', '8', '9', 'a', low(width), high(width), low(height), high(height), 0xF6, 0, 0};
-  for (int i = 0; i < 128; ++i) bytes.insert(bytes.end(), 3, low(2 * i));
-  bytes.insert(bytes.end(), {0x21, 0xF9, 4, 1, 0, 0, 0, 0});
-  bytes.insert(bytes.end(), {0x2C, 0, 0, 0, 0, low(width), high(width), low(height), high(height), 0, 7});
-  for (std::size_t i = 0; i < codes.size(); i += 255) {
-    const auto count = std::min<std::size_t>(255, codes.size() - i);
-    bytes.push_back(static_cast<std::uint8_t>(count));
-    bytes.insert(bytes.end(), codes.begin() + static_cast<std::ptrdiff_t>(i),
-                 codes.begin() + static_cast<std::ptrdiff_t>(i + count));
-  }
-  bytes.insert(bytes.end(), {0, 0x3B});
-  return bytes;
+  std::array<Pixel, 128> greys{};
+  for (Pixel i = 0; i < greys.size(); ++i) greys[i] = 0x020202U * i;
+  const std::string bytes = GifFile(width, height, {0, 0, width, height}, greys, 0, colour);
+  return {bytes.begin(), bytes.end()};
 }
 
 QImage MakeWaves(int width, int height) {
@@ -187,19 +167,8 @@ QImage Decode(const Bytes& bytes) {
   return reader.read().convertToFormat(QImage::Format_RGB32);
 }
 
-Screen::Screen(int screen_width, int screen_height, Pixel background)
-    : width(screen_width),
-      height(screen_height),
-      pixels(static_cast<std::size_t>(screen_width * screen_height), background) {}
-
-PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip) {
-  return {[box](const TwipSize&) { return box; }, clip, 1};
-}
-
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen, PictureReading reading) {
-  auto picture = DesktopPictureLoader(reading).Load(path, PlaceAt(box, screen.Bounds()));
-  picture->Paint(screen.View(), box, screen.Bounds());
-  return picture;
+  return ShowBy(DesktopPictureLoader(reading), path, box, screen);
 }
 
 int Difference(const Screen& screen, const PixelRect& area, const PixelRect& box, const QImage& image) {

@@ -11,6 +11,7 @@
 #include "base/failure.h"
 #include "desktop/temporary_directory.h"
 #include "platform/desktop/pictures/picture_loader.h"
+#include "support/picture_samples.h"
 #include "toolkit/picture.h"
 
 namespace quorvale {
@@ -55,20 +56,6 @@ QImage MakeNoise(int width, int height);
 // As Qt decodes it, turned upright.
 QImage Decode(const Bytes& bytes);
 
-// A picture on a screen.
-struct Screen {
-  Screen(int width, int height, Pixel background = 0xFF204060);
-  PixelRect Bounds() const { return {0, 0, width, height}; }
-  PixelView View() { return {pixels.data(), width, height, width}; }
-  Pixel At(int x, int y) const { return pixels[static_cast<std::size_t>(y) * width + x]; }
-
-  int width;
-  int height;
-  std::vector<Pixel> pixels;
-};
-
-// A place that does not depend on the picture.
-PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip);
 // Loads for that box on the screen and paints it.
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen,
                               PictureReading reading = {});

@@ -155,29 +155,12 @@ std::string MakeTiff(int width, int height, const Colouring& colours, int orient
 }
 
 std::string MakeGif(int width, int height, const PixelRect& part, const std::function<bool(int x, int y)>& is_clear) {
-  constexpr char kClearColour = 4;
-  std::string bytes = "GIF89a" + Short(width) + Short(height) + std::string("\xF6\0\0", 3);
-  for (std::size_t i = 0; i < 128; ++i) {
-    const std::string colour = Long(i < kQuarters.size() ? kQuarters[i] : 0);
-    bytes += {colour[2], colour[1], colour[0]};
-  }
-  bytes += std::string("\x21\xF9\x04\x01\0\0", 6) + kClearColour + '\0';
-  bytes += '\x2C' + Short(part.left) + Short(part.top) + Short(part.width) + Short(part.height) + '\0';
-  // Codes of one byte a pixel; frequent clear codes keep them that short.
-  std::string codes;
-  for (int y = 0; y < part.height; ++y) {
-    for (int x = 0; x < part.width; ++x) {
-      if (codes.size() % 100 == 0) codes += '\x80';
-      codes += is_clear(x, y) ? kClearColour : static_cast<char>(QuarterAt(x, y, part.width, part.height));
-    }
-  }
-  codes += '\x81';
-  bytes += '\x07';
-  for (std::size_t at = 0; at < codes.size(); at += 200) {
-    const std::string block = codes.substr(at, 200);
-    bytes += static_cast<char>(block.size()) + block;
-  }
-  return bytes + '\0' + ';';
+  constexpr int kClearColour = 4;
+  std::array<Pixel, 128> palette{};
+  std::copy(kQuarters.begin(), kQuarters.end(), palette.begin());
+  return GifFile(width, height, part, palette, kClearColour, [&](int x, int y) {
+    return is_clear(x, y) ? kClearColour : static_cast<int>(QuarterAt(x, y, part.width, part.height));
+  });
 }
 
 std::string MakeEmf(int width, int height) {
@@ -288,10 +271,7 @@ std::string WithProfile(std::string picture, const std::string& profile) {
 }
 
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen) {
-  const PicturePlace place{[box](const TwipSize&) { return box; }, screen.Bounds(), 1};
-  auto picture = Win32PictureLoader().Load(path, place);
-  picture->Paint(screen.View(), box, screen.Bounds());
-  return picture;
+  return ShowBy(Win32PictureLoader(), path, box, screen);
 }
 
 int Difference(Pixel a, Pixel b) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/picture_samples.h"
 #include "toolkit/picture.h"
 
 namespace quorvale {
@@ -47,24 +48,6 @@ inline constexpr Primaries kDisplayP3{0.5151, 0.2412, -0.0011, 0.2920, 0.6922, 0
 std::vector<std::uint8_t> MakeProfile(const Primaries& primaries);
 // A JPEG or PNG file of the functions above with that profile.
 std::string WithProfile(std::string picture, const std::string& profile);
-
-// A picture on a screen of one colour.
-struct Screen {
-  static constexpr Pixel kBackground = 0xFF204060;
-
-  Screen(int screen_width, int screen_height)
-      : width(screen_width),
-        height(screen_height),
-        pixels(static_cast<std::size_t>(screen_width) * static_cast<std::size_t>(screen_height), kBackground) {}
-
-  PixelRect Bounds() const { return {0, 0, width, height}; }
-  PixelView View() { return {pixels.data(), width, height, width}; }
-  Pixel At(int x, int y) { return View().Row(y)[x]; }
-
-  int width;
-  int height;
-  std::vector<Pixel> pixels;
-};
 
 // Loads for that box on the screen and paints it.
 std::shared_ptr<Picture> Show(const std::string& path, const PixelRect& box, Screen& screen);
