@@ -14,9 +14,13 @@
 #include "platform/desktop/system/desktop_host.h"
 #include "platform/desktop/system/start_program.h"
 #include "support/failure_of.h"
+#include "system/programs.h"
 
 namespace quorvale {
 namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 TEST(SplitCommandLine, DividesAtBlanksOutsideQuotes) {
   const std::pair<const char*, std::vector<std::string>> cases[] = {
@@ -57,16 +61,15 @@ TEST(DesktopPrograms, FindsTheDesktopsInformationToolInThePath) {
   EXPECT_EQ(programs.SystemInformationTool(), "");
   directory.Write("gnome-control-center", "");
   EXPECT_EQ(programs.SystemInformationTool(), "") << "no program";
-  std::filesystem::permissions(directory.Path("gnome-control-center"), std::filesystem::perms::owner_all);
+  fs::permissions(directory.Path("gnome-control-center"), fs::perms::owner_all);
   EXPECT_EQ(programs.SystemInformationTool(), "gnome-control-center info-overview");
   setenv("PATH", path.c_str(), 1);
 }
 
 TEST(DesktopHost, TheSystemDirectoryIsTheProgramsOwn) {
   DesktopHost host([] {});
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-  EXPECT_EQ(std::filesystem::path(host.GetSystemDirectory(4096)) / host.ProgramName(),
-            program.parent_path() / program.stem());
+  const fs::path program = fs::read_symlink("/proc/self/exe");
+  EXPECT_EQ(fs::path(host.GetSystemDirectory(4096)) / host.ProgramName(), program.parent_path() / program.stem());
   EXPECT_EQ(host.GetSystemDirectory(4), host.GetSystemDirectory(4096).substr(0, 3));
   EXPECT_EQ(host.GetSystemDirectory(0), "");
   EXPECT_NE(host.ClockSeed(), host.ClockSeed());
@@ -87,7 +90,23 @@ TEST(DesktopHost, ExitsEvenIfTheReleaseThrows) {
   int status = -1;
   waitpid(child, &status, 0);
   EXPECT_EQ(status, 0);
-  EXPECT_TRUE(std::filesystem::exists(directory.Path("released")));
+  EXPECT_TRUE(fs::exists(directory.Path("released")));
+}
+
+TEST(HelpPage, IsTheOneOfTheCommand) {
+  const TemporaryDirectory directory;
+  const std::string file = directory.Path("QVSAVER.HLP");
+  fs::create_directory(directory.Path("help"));
+  for (const char* const page : {"help/index.html", "help/search.html", "help/topic-7.html"}) directory.Write(page, "");
+  const struct {
+    std::uint32_t command;
+    std::uintptr_t data;
+    const char* page;
+  } cases[] = {{kHelpContents, 0, "index.html"},
+               {kHelpPartialKey, 0, "search.html"},
+               {kHelpContext, 7, "topic-7.html"},
+               {kHelpContext, 8, "index.html"}};
+  for (const auto& c : cases) EXPECT_EQ(FindHelpPage(file, c.command, c.data), directory.Path("help/"s + c.page));
 }
 
 }  // namespace

@@ -11,10 +11,8 @@
 #include <filesystem>
 
 #include "desktop/temporary_directory.h"
-#include "platform/desktop/system/desktop_programs.h"
 #include "platform/desktop/system/posix_file_system.h"
 #include "support/failure_of.h"
-#include "system/programs.h"
 
 namespace {
 
@@ -141,22 +139,6 @@ TEST_F(PlainFileTest, AreWrittenInPlaceWhereTheFolderTakesNoNewOnes) {
   EXPECT_EQ(protected_file, FailureNumber::kUnwritable);
   EXPECT_EQ(directory_.Read("protected"), "old");
   EXPECT_EQ(new_file, FailureNumber::kUnwritable);
-}
-
-TEST(HelpPage, IsTheOneOfTheCommand) {
-  const TemporaryDirectory directory;
-  const std::string file = directory.Path("QVSAVER.HLP");
-  fs::create_directory(directory.Path("help"));
-  for (const char* const page : {"help/index.html", "help/search.html", "help/topic-7.html"}) directory.Write(page, "");
-  const struct {
-    std::uint32_t command;
-    std::uintptr_t data;
-    const char* page;
-  } cases[] = {{kHelpContents, 0, "index.html"},
-               {kHelpPartialKey, 0, "search.html"},
-               {kHelpContext, 7, "topic-7.html"},
-               {kHelpContext, 8, "index.html"}};
-  for (const auto& c : cases) EXPECT_EQ(FindHelpPage(file, c.command, c.data), directory.Path("help/"s + c.page));
 }
 
 }  // namespace

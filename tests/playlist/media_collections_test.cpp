@@ -108,7 +108,9 @@ TEST_F(MediaCollectionsTest, AListBoxMayHoldTheEndMarkAndEverythingElse) {
               ElementsAre("C:\\a", "EOF", "", "C:\\d\\f.gif", "C:\\d\\song.wav", "C:\\a"));
 }
 
-TEST_F(HeadlessTest, UnixDirectoriesExpandWithoutRegardToCase) {
+using UnixMediaCollectionsTest = HeadlessTest;
+
+TEST_F(UnixMediaCollectionsTest, DirectoriesExpandWithoutRegardToCase) {
   desktop.files.SetSyntax({'/'});
   for (const char* name : {"B.BMP", "a.Jpg", "A.jpg", "x.jpg~", "no\nise.gif", "sub/c.jpg"}) {
     desktop.files.AddFile(std::string("/d/") + name);
