@@ -38,8 +38,10 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
                  const ColourConversion& convert) {
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
-  if (count > (kPictureMemoryLimit - std::min(source.Memory(), kPictureMemoryLimit)) / sizeof(Pixel))
+  const std::size_t memory = source.Memory();
+  if (memory > kPictureMemoryLimit || count > (kPictureMemoryLimit - memory) / sizeof(Pixel)) {
     FailLoad("Picture too large");
+  }
   if (part.IsEmpty()) {
     if (!source.Start(0, 1, 0) || source.Row(0) == nullptr) FailLoad("Damaged picture");
     return {};

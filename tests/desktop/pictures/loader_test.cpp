@@ -174,12 +174,17 @@ TEST(PictureLoader, DamageAfterLoadingPaintsNothing) {
 
 TEST(PictureLoader, FailsOnDamageOutOfView) {
   const TemporaryDirectory folder;
+  // A small frame on a canvas of 30,000 pixels in either direction.
+  Bytes canvas = ReadBytes(QUORVALE_SEEDS "/picture/moving.webp");
+  canvas[25] = canvas[28] = 30'000 >> 8;
   const Bytes good = MakeJpeg(MakeWaves(64, 64), {.name = ""});
   const std::string whole = WritePicture(folder, "whole.jpg", good);
-  const std::string cut = WritePicture(folder, "cut.jpg", First(good, 200));
   for (const PixelRect box : {PixelRect{100, 100, 64, 64}, {0, 0, 0, 0}, {5, 5, 20, 0}}) {
     EXPECT_NO_THROW(DesktopPictureLoader().Load(whole, PlaceAt(box, {0, 0, 40, 30})));
-    EXPECT_THROW(DesktopPictureLoader().Load(cut, PlaceAt(box, {0, 0, 40, 30})), Failure);
+    for (const Bytes& damaged : {First(good, 200), canvas}) {
+      const std::string path = WritePicture(folder, "damaged", damaged);
+      EXPECT_THROW(DesktopPictureLoader().Load(path, PlaceAt(box, {0, 0, 40, 30})), Failure);
+    }
   }
 }
 
