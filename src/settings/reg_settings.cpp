@@ -24,10 +24,10 @@ void CRegSettings::SetCompany(const std::string& value) { company_ = value.empty
 
 void CRegSettings::SetAppName(const std::string& value) { app_name_ = value.empty() ? kProductName : Trim(value); }
 
-bool CRegSettings::DeleteSetting(const std::string& section, const std::string& key, std::uint32_t key_type) {
+bool CRegSettings::DeleteSetting(const std::string& section, const std::string& key, std::uint32_t hive) {
   const bool whole_section = key.empty();
   RegistryKey opened = 0;
-  if (registry_.RegOpenKeyEx(key_type, BuildKeyPath(whole_section ? "" : section), kKeyAllAccess, opened) !=
+  if (registry_.RegOpenKeyEx(hive, BuildKeyPath(whole_section ? "" : section), kKeyAllAccess, opened) !=
       kErrorSuccess) {
     return false;
   }
@@ -38,15 +38,15 @@ bool CRegSettings::DeleteSetting(const std::string& section, const std::string& 
 }
 
 std::string CRegSettings::GetSetting(const std::string& section, const std::string& key, const std::string& fallback,
-                                     std::uint32_t key_type) {
+                                     std::uint32_t hive) {
   std::string value;
-  return ReadSetting(section, key, value, key_type) == SettingRead::kFound ? value : fallback;
+  return ReadSetting(section, key, value, hive) == SettingRead::kFound ? value : fallback;
 }
 
 SettingRead CRegSettings::ReadSetting(const std::string& section, const std::string& key, std::string& value,
-                                      std::uint32_t key_type) {
+                                      std::uint32_t hive) {
   RegistryKey opened = 0;
-  const std::int32_t found = registry_.RegOpenKeyEx(key_type, BuildKeyPath(section), kKeyAllAccess, opened);
+  const std::int32_t found = registry_.RegOpenKeyEx(hive, BuildKeyPath(section), kKeyAllAccess, opened);
   if (found != kErrorSuccess) return Unread(found);
   const OpenRegistryKey open_key(registry_, opened);
   std::uint32_t type = 0;
@@ -64,16 +64,16 @@ SettingRead CRegSettings::ReadSetting(const std::string& section, const std::str
 }
 
 bool CRegSettings::SaveSetting(const std::string& section, const std::string& key, const std::string& setting,
-                               std::uint32_t key_type) {
-  const bool saved = Save(section, key, setting, key_type);
+                               std::uint32_t hive) {
+  const bool saved = Save(section, key, setting, hive);
   a_save_failed_ = a_save_failed_ || !saved;
   return saved;
 }
 
 bool CRegSettings::Save(const std::string& section, const std::string& key, const std::string& setting,
-                        std::uint32_t key_type) {
+                        std::uint32_t hive) {
   RegistryKey opened = 0;
-  if (registry_.RegCreateKeyEx(key_type, BuildKeyPath(section), kKeyAllAccess, opened) != kErrorSuccess) return false;
+  if (registry_.RegCreateKeyEx(hive, BuildKeyPath(section), kKeyAllAccess, opened) != kErrorSuccess) return false;
   const OpenRegistryKey open_key(registry_, opened);
   return registry_.RegSetValueEx(open_key.Get(), ValueName(key), kRegSz, setting.data(),
                                  static_cast<std::uint32_t>(setting.size())) == kErrorSuccess;

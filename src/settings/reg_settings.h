@@ -24,23 +24,22 @@ class CRegSettings {
   void SetAppName(const std::string& value);
   const std::string& AppName() const { return app_name_; }
 
-  // `key` "*" is the section's unnamed default value in all three calls. `key_type` is the hive.
+  // `key` "*" is the section's unnamed default value in all three calls.
 
   // Removes one value, or with an empty `key` the whole section. True on success.
-  bool DeleteSetting(const std::string& section, const std::string& key = "",
-                     std::uint32_t key_type = kHkeyCurrentUser);
+  bool DeleteSetting(const std::string& section, const std::string& key = "", std::uint32_t hive = kHkeyCurrentUser);
 
   // The stored text, whatever its type, less its last byte; `fallback` when there is none.
   std::string GetSetting(const std::string& section, const std::string& key, const std::string& fallback = "",
-                         std::uint32_t key_type = kHkeyCurrentUser);
+                         std::uint32_t hive = kHkeyCurrentUser);
 
   // The same for callers that must distinguish a missing setting from an unreadable one. Sets `value` on kFound only.
   SettingRead ReadSetting(const std::string& section, const std::string& key, std::string& value,
-                          std::uint32_t key_type = kHkeyCurrentUser);
+                          std::uint32_t hive = kHkeyCurrentUser);
 
   // Creates the section if necessary. True on success.
   bool SaveSetting(const std::string& section, const std::string& key, const std::string& setting,
-                   std::uint32_t key_type = kHkeyCurrentUser);
+                   std::uint32_t hive = kHkeyCurrentUser);
 
   // Runs `writes` as one transaction on registries that support it: its writes are kept together or not at all. True
   // when they are kept. False when the transaction or a `SaveSetting` in it failed; `writes` may then not have run.
@@ -48,7 +47,7 @@ class CRegSettings {
 
  private:
   std::string BuildKeyPath(const std::string& section) const;
-  bool Save(const std::string& section, const std::string& key, const std::string& setting, std::uint32_t key_type);
+  bool Save(const std::string& section, const std::string& key, const std::string& setting, std::uint32_t hive);
 
   Registry& registry_;
   std::string company_;

@@ -37,4 +37,5 @@ class LoadedLibrary {
 }  // namespace quorvale
 
 // In a class derived from `LoadedLibrary`: a member that is the library's function of that name and type.
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a member's name takes none.
 #define QUORVALE_IMPORT(name) decltype(&::name) name = Find(#name)
