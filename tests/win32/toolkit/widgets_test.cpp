@@ -248,6 +248,20 @@ TEST_F(WidgetsTest, LabelShowsItsColour) {
   ReleaseDC(Handle(), context);
 }
 
+LRESULT CALLBACK CountColourChanges(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR /*id*/,
+                                    DWORD_PTR count) {
+  if (message == WM_SYSCOLORCHANGE) ++*reinterpret_cast<int*>(count);
+  return DefSubclassProc(window, message, first, second);
+}
+
+TEST_F(WidgetsTest, ControlsGetToKnowNewSystemColours) {
+  int count = 0;
+  SetWindowSubclass(ListWindow(), &CountColourChanges, 1, reinterpret_cast<DWORD_PTR>(&count));
+  SendMessageW(Handle(), WM_SYSCOLORCHANGE, 0, 0);
+  RemoveWindowSubclass(ListWindow(), &CountColourChanges, 1);
+  EXPECT_EQ(count, 1);
+}
+
 LONG HeightOfFont(HWND window) {
   LOGFONTW font{};
   GetObjectW(reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);

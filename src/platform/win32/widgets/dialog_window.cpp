@@ -46,6 +46,11 @@ BOOL CALLBACK FollowScaleOf(HWND window, LPARAM /*unused*/) {
   return TRUE;
 }
 
+BOOL CALLBACK SendColourChange(HWND window, LPARAM /*unused*/) {
+  SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+  return TRUE;
+}
+
 }  // namespace
 
 DialogWindow::DialogWindow(PixelKind pixels, WindowEvents& events)
@@ -177,8 +182,11 @@ LRESULT DialogWindow::OnMessage(UINT message, WPARAM first, LPARAM second) {
     case WM_SETFOCUS:
       if (focus_ != nullptr) SetFocus(focus_);
       return 0;
-    case WM_THEMECHANGED:
     case WM_SYSCOLORCHANGE:
+      // The system sends it to the dialog alone.
+      EnumChildWindows(Window(), &SendColourChange, 0);
+      [[fallthrough]];
+    case WM_THEMECHANGED:
       page_.Reset();
       break;
     case WM_DPICHANGED:
