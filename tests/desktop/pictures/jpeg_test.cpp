@@ -197,6 +197,7 @@ TEST(PictureJpeg, ReadsTheDayOfThePhoto) {
                         {JxlWithDate(text, false), "2026-05-17"},
                         {JxlWithDate(text, true), "2026-05-17"},
                         {TiffWithDate(folder, text.c_str()), "2026-05-17"},
+                        {ReadBytes(QUORVALE_SEEDS "/picture/dated.heic"), "2026-05-17"},
                         {WithDate("0000:00:00 00:00:00", true), ""},
                         {WithDate("    :  :     :  :  ", false), ""},
                         {WithDate("2026:05", false), ""},
