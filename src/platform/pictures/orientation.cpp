@@ -153,7 +153,10 @@ std::string DayOfExif(std::string_view text) {
     if (kDayShape[i] == 'd' ? !is_digit : text[i] != ':') return {};
     date += is_digit ? text[i] : '-';
   }
-  return date.starts_with("0000") ? std::string() : date;
+  const std::string_view month = std::string_view(date).substr(5, 2);
+  const std::string_view day = std::string_view(date).substr(8);
+  const bool is_day = !date.starts_with("0000") && month >= "01" && month <= "12" && day >= "01" && day <= "31";
+  return is_day ? date : std::string();
 }
 
 Orientation Orientation::FromExif(int number) {

@@ -154,6 +154,7 @@ TEST(PictureJpeg, ReadsTheDayOfThePhoto) {
                         {seed("dated.tif"), "2026-05-17"},
                         {seed("dated.heic"), "2026-05-17"},
                         {WithDate("0000:00:00 00:00:00", true), ""},
+                        {WithDate("2026:13:45 14:03:22", true), ""},
                         {WithDate("    :  :     :  :  ", false), ""},
                         {WithDate("2026:05", false), ""},
                         {WithDate(text, false, 0xFFFFFFFF), ""},
