@@ -31,8 +31,9 @@ TwipRect Scaled(const TwipSize& size, const TwipRect& room, Scaling scaling) {
   }
   const bool is_wider = size.width * room.height > size.height * room.width;
   const bool by_width = is_wider == (scaling == Scaling::kFit);
-  const float width = by_width ? room.width : room.height / size.height * size.width;
-  const float height = by_width ? room.width / size.width * size.height : room.height;
+  // Of a picture that is only a line, a pixel stays.
+  const float width = std::max(by_width ? room.width : room.height / size.height * size.width, kTwipsPerPixel);
+  const float height = std::max(by_width ? room.width / size.width * size.height : room.height, kTwipsPerPixel);
   return {room.left + (room.width - width) / 2, room.top + (room.height - height) / 2, width, height};
 }
 
@@ -83,12 +84,15 @@ class Layout {
   ImageControl& imgFullSize_;
   ScreenSize screen_;
   std::int32_t picture_index_;
+  // If it is not, the picture before is still in view.
+  bool is_loaded_ = false;
 };
 
 void Layout::PlaceNatural() {
   Step([&] {
     imgFullSize_.SetPicture(
         PicBase_.LoadPicture(Path(), [&](const TwipSize& natural) { return ExpectedNaturalBox(natural); }));
+    is_loaded_ = true;
   });
   Step([&] { PicPreview_.SetTop(CentredTop(imgFullSize_.Height())); });
   Step([&] { PicPreview_.SetLeft(CentredLeft(imgFullSize_.Width())); });
@@ -115,6 +119,7 @@ void Layout::PlaceStretched() {
   Step([&] {
     PicPreview_.SetPicture(
         PicBase_.LoadPicture(Path(), [&](const TwipSize& /*natural*/) { return ExpectedStretchedBox(); }));
+    is_loaded_ = true;
   });
   if (!HasCaption()) return;
   MoveToCaption();
@@ -131,6 +136,7 @@ void Layout::PlaceScaled(Scaling scaling) {
     const auto box = [&](const TwipSize& natural) { return ScaledBox(natural, room, scaling); };
     const std::optional<TwipRect> part = scaling == Scaling::kFill ? std::optional(room) : std::nullopt;
     imgFullSize_.SetPicture(PicBase_.LoadPicture(Path(), box, part));
+    is_loaded_ = true;
   });
   Step([&] {
     const TwipRect box = ScaledBox({imgFullSize_.Width(), imgFullSize_.Height()}, room, scaling);
@@ -205,7 +211,8 @@ TwipRect Layout::ExpectedStretchedBox() const {
 std::string Layout::Caption() const {
   const CaptionText choice = process_.options.CaptionChoice();
   const auto& picture = PicPreview_.GetPicture();
-  std::string date = choice == CaptionText::kFileName || !picture ? std::string() : picture->DateTaken();
+  const bool has_date = choice != CaptionText::kFileName && is_loaded_ && picture;
+  const std::string date = has_date ? picture->DateTaken() : std::string();
   if (choice == CaptionText::kDateTaken) return date;
   return date.empty() ? PictureName() : PictureName() + kBeforeDate + date;
 }

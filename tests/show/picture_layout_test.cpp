@@ -46,6 +46,7 @@ TEST_F(PictureLayoutTest, PlacesThePictureWhereTheLoaderExpectsIt) {
        {3000, -3000, 6000, kCaptionTop + 3000}},
       {"fit, enlarged", "picture 40 20 ff0000", {{"Scaling", "Fit"}}, {0, 1500, 12000, 6000}},
       {"fit, reduced", "picture 600 6000 ff0000", {{"Scaling", "Fit"}}, {5550, 0, 900, 9000}},
+      {"fit, a line", "picture 1 30000 ff0000", {{"Scaling", "Fit"}}, {5992.5, 0, 15, 9000}},
       {"fit wins over stretched",
        "picture 30 30 ff0000",
        {{"Scaling", "Fit"}, {"Stretch", "1"}},
@@ -212,21 +213,22 @@ TEST_F(PictureLayoutTest, TheCaptionIsTheNameTheDateOrBoth) {
     const char* text;
   };
   for (const char* scaling : {"", "Fit"}) {
-    for (const Case& c : {Case{"", "picture 4 3 ff0000 taken 2026-05-17", "P0"},
-                          {"Date taken", "picture 4 3 ff0000 taken 2026-05-17", "P0"},
+    for (const Case& c : {Case{"", "picture 4 3 ff0000 taken 2026-05-17", "P1"},
+                          {"Date taken", "picture 4 3 ff0000 taken 2026-05-17", "P1"},
                           {"Date Taken", "picture 4 3 ff0000 taken 2026-05-17", "2026-05-17"},
                           {"Date Taken", "picture 4 3 ff0000", ""},
                           {"Date Taken", "damaged", ""},
-                          {"File Name and Date", "picture 4 3 ff0000 taken 2026-05-17", "P0, 2026-05-17"},
-                          {"File Name and Date", "picture 4 3 ff0000", "P0"}}) {
+                          {"File Name and Date", "picture 4 3 ff0000 taken 2026-05-17", "P1, 2026-05-17"},
+                          {"File Name and Date", "picture 4 3 ff0000", "P1"}}) {
       SCOPED_TRACE(testing::Message() << scaling << " " << c.choice << " " << c.picture);
-      Pictures({c.picture});
+      Pictures({"picture 4 3 ff0000 taken 2001-02-03", c.picture});
       process.options.Set("Scaling", scaling);
       process.options.Set("ShowFileName", "1");
       process.options.Set("CaptionText", c.choice);
       MainForm& form = Start();
       const DrawRecorder recorder(form.PicBase);
       FirstTick();
+      NextTick();
       EXPECT_EQ(recorder.operations.back().text, c.text);
       EXPECT_FLOAT_EQ(recorder.operations.back().y1, kCaptionTop);
       EXPECT_FLOAT_EQ(recorder.operations.back().x1, 6000 - 60 * static_cast<float>(std::string(c.text).size()));
