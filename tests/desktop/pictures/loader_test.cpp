@@ -172,6 +172,17 @@ TEST(PictureLoader, DamageAfterLoadingPaintsNothing) {
   EXPECT_EQ(untouched.pixels, Screen(60, 50).pixels);
 }
 
+TEST(PictureLoader, LetsEventsArriveDuringALargePicture) {
+  const TemporaryDirectory folder;
+  QImage image(9000, 9000, QImage::Format_Grayscale8);
+  image.fill(0);
+  PicturePlace place = PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30});
+  int passes = 0;
+  place.while_waiting = [&] { ++passes; };
+  DesktopPictureLoader().Load(WritePicture(folder, "large.png", MakeImage(image, "png")), place);
+  EXPECT_GT(passes, 0);
+}
+
 TEST(PictureLoader, FailsOnDamageOutOfView) {
   const TemporaryDirectory folder;
   // A small frame on a canvas of 30,000 pixels in either direction.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <limits>
 #include <new>
 #include <thread>
 #include <utility>
@@ -13,12 +14,16 @@
 namespace quorvale {
 namespace {
 
+constexpr float kNeverSlow = std::numeric_limits<float>::infinity();
+// Where a photo takes a tenth of a second.
+constexpr float kSlowPhoto = 16'000'000;
+
 // The names of the formats stand in `kPictureFormats`. A test ties both lists together.
 struct FormatReader {
   bool (*recognises)(PictureFile& file) = nullptr;
   OpenedPicture (*opens)(std::unique_ptr<PictureFile> file) = nullptr;
-  // Whether a photo takes so long that the show must react to a key meanwhile.
-  bool is_slow = false;
+  // From that many pixels on a picture takes so long that the show must react to a key meanwhile.
+  float slow_from = kNeverSlow;
 };
 
 // Enough to recognise a metafile.
@@ -38,9 +43,15 @@ OpenedPicture OpenMetafile(std::unique_ptr<PictureFile> file) {
 
 // One player serves both kinds of metafile.
 constexpr FormatReader kFormatReaders[] = {
-    {IsBmp, OpenBmp},           {IsGif, OpenGif},       {IsJpeg, OpenJpeg},
-    {IsMetafile, OpenMetafile}, {IsPng, OpenPng},       {IsWebp, OpenWebp, true},
-    {IsHeif, OpenHeif, true},   {IsJxl, OpenJxl, true}, {IsTiff, OpenTiff, true},
+    {IsBmp, OpenBmp},
+    {IsGif, OpenGif},
+    {IsJpeg, OpenJpeg, kSlowPhoto},
+    {IsMetafile, OpenMetafile},
+    {IsPng, OpenPng, kSlowPhoto},
+    {IsWebp, OpenWebp, 0},
+    {IsHeif, OpenHeif, 0},
+    {IsJxl, OpenJxl, 0},
+    {IsTiff, OpenTiff, 0},
 };
 
 constexpr std::chrono::milliseconds kQuietWait{50};
@@ -55,7 +66,9 @@ std::shared_ptr<Picture> DesktopPictureLoader::Load(const std::string& path, con
     for (const FormatReader& reader : kFormatReaders) {
       if (!reader.recognises(*file)) continue;
       auto picture = reader.opens(std::move(file));
-      if (reader.is_slow && place.while_waiting) {
+      const TwipSize size = picture->NaturalSize(1);
+      const float pixels = size.width / kTwipsPerPixel * size.height / kTwipsPerPixel;
+      if (pixels >= reader.slow_from && place.while_waiting) {
         PrepareMeanwhile(picture, place);
       } else {
         picture->Prepare(place);
