@@ -44,7 +44,8 @@ void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std:
 }
 
 // The next position in the list of pictures, stored at once and together with the reading: where each monitor has
-// pictures of its own, no two may show the same one, not even if they belong to different processes.
+// pictures of its own, no two may show the same one, not even if they belong to different processes. In random order
+// that holds for one process only, since each shuffles its list by itself.
 std::int32_t ClaimNextPicture(Process& process) {
   ShowState& show = process.show;
   std::int32_t position = 0;
