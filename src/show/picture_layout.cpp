@@ -212,7 +212,7 @@ std::string Layout::Caption() const {
   const CaptionText choice = process_.options.CaptionChoice();
   const auto& picture = PicPreview_.GetPicture();
   const bool has_date = choice != CaptionText::kFileName && is_loaded_ && picture;
-  const std::string date = has_date ? picture->DateTaken() : std::string();
+  std::string date = has_date ? picture->DateTaken() : std::string();
   if (choice == CaptionText::kDateTaken) return date;
   return date.empty() ? PictureName() : PictureName() + kBeforeDate + date;
 }
