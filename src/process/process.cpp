@@ -18,20 +18,20 @@ void LetEventsArrive(Process& process) {
 }
 
 void EndSaver(Process& process) {
-  ForceCursorOn(process);
+  ForceCursorOn(process.system.windows);
   process.app.PumpEvents();
   process.system.windows.EnableWindow(process.config_dialog_hwnd, true);
   process.system.host.EndProcess();
   std::abort();  // never reached: GCC 12 forgets that a virtual function does not return
 }
 
-void ForceCursorOn(Process& process) {
-  while (process.system.windows.ShowCursor(true) <= kCursorCountLimit) {
+void ForceCursorOn(WindowSystem& windows) {
+  while (windows.ShowCursor(true) <= kCursorCountLimit) {
   }
 }
 
-void ForceCursorOff(Process& process) {
-  while (process.system.windows.ShowCursor(false) >= -kCursorCountLimit) {
+void ForceCursorOff(WindowSystem& windows) {
+  while (windows.ShowCursor(false) >= -kCursorCountLimit) {
   }
 }
 

@@ -57,7 +57,7 @@ struct Process {
 
 // Calls `ShowCursor` until its count is greater than 5, or less than -5: past whatever count the system
 // began with.
-void ForceCursorOn(Process& process);
-void ForceCursorOff(Process& process);
+void ForceCursorOn(WindowSystem& windows);
+void ForceCursorOff(WindowSystem& windows);
 
 }  // namespace quorvale

@@ -71,7 +71,7 @@ void Configure(Process& process) {
 }
 
 void ShowMainForm(Process& process) {
-  if (WindowAbsent(process, kMainFormCaption)) std::make_shared<MainForm>(process)->Show();
+  if (process.system.windows.FindWindow(kMainFormCaption) == 0) std::make_shared<MainForm>(process)->Show();
 }
 
 std::vector<ReportedStep> ModeSteps(Process& process, const std::string& text) {
@@ -109,7 +109,5 @@ std::int32_t SwitchHandle(const std::string& text) {
   const bool has_highest_bit = number > std::numeric_limits<std::int32_t>::max() && number < kOnePastTheLargest;
   return RoundToInt32(has_highest_bit ? number - kOnePastTheLargest : number);
 }
-
-bool WindowAbsent(Process& process, const std::string& title) { return process.system.windows.FindWindow(title) == 0; }
 
 }  // namespace quorvale

@@ -19,7 +19,4 @@ bool ShowsPictures(RunMode mode);
 // with kOverflow for larger numbers.
 std::int32_t SwitchHandle(const std::string& text);
 
-// True if no window has that title.
-bool WindowAbsent(Process& process, const std::string& title);
-
 }  // namespace quorvale

@@ -46,7 +46,7 @@ void MainForm::Form_Load() {
   if (process_.beside_primary) process_.show.first_tick_over = true;
   InitShow(process_, *this);
   FollowMonitors();
-  ForceCursorOff(process_);
+  ForceCursorOff(process_.system.windows);
 }
 
 void MainForm::FollowMonitors() {
@@ -57,16 +57,16 @@ void MainForm::FollowMonitors() {
 // from doing anything while the password dialog is open; the timer itself is not stopped.
 void MainForm::Form_QueryUnload(bool& cancel) {
   process_.show.stop_requested = true;
-  if (!IsPasswordInForce(process_)) return;
-  ForceCursorOn(process_);
-  if (VerifyPassword(process_, Hwnd())) return;
-  ForceCursorOff(process_);
+  if (!IsPasswordInForce(process_.show)) return;
+  ForceCursorOn(process_.system.windows);
+  if (VerifyPassword(process_.system.password, Hwnd())) return;
+  ForceCursorOff(process_.system.windows);
   cancel = true;
   process_.show.stop_requested = false;
 }
 
 void MainForm::Form_Unload() {
-  ForceCursorOn(process_);
+  ForceCursorOn(process_.system.windows);
   ReportSaverRunning(process_, false);
   monitors_.Close();
   monitors_.AllTurns().Leave(tmrSwitch);

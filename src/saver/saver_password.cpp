@@ -24,16 +24,17 @@ void ReadPasswordState(Process& process) {
   process.show.platform_id = process.system.host.PlatformId();
 }
 
-bool IsPasswordInForce(const Process& process) {
-  return process.show.platform_id != kPlatformLocksItself && process.show.use_password != 0;
+bool IsPasswordInForce(const ShowState& show) {
+  return show.platform_id != kPlatformLocksItself && show.use_password != 0;
 }
 
 void ReportSaverRunning(Process& process, bool running) {
-  if (IsPasswordInForce(process)) process.system.host.SystemParametersInfo(kSpiScreenSaverRunning, running ? 1 : 0);
+  if (IsPasswordInForce(process.show))
+    process.system.host.SystemParametersInfo(kSpiScreenSaverRunning, running ? 1 : 0);
 }
 
-bool VerifyPassword(Process& process, WindowHandle owner) {
-  return (process.system.password.VerifyScreenSavePwd(owner) & kLowWord) != 0;
+bool VerifyPassword(PasswordSystem& password, WindowHandle owner) {
+  return (password.VerifyScreenSavePwd(owner) & kLowWord) != 0;
 }
 
 void ChangePassword(Process& process) {

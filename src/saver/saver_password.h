@@ -7,21 +7,23 @@
 
 namespace quorvale {
 
+class PasswordSystem;
 class Registry;
 struct Process;
+struct ShowState;
 
 // Reads into the show's state whether a password is set, and the system's family. Fails with kOverflow when the stored
 // flag is out of range.
 void ReadPasswordState(Process& process);
 
 // Whether this program must ask for the password: one is set, and the system leaves the check to savers.
-bool IsPasswordInForce(const Process& process);
+bool IsPasswordInForce(const ShowState& show);
 
 // Reports to the system that a saver has started or stopped. Does nothing unless a password is in force.
 void ReportSaverRunning(Process& process, bool running);
 
 // Asks the user; true when the show may end.
-bool VerifyPassword(Process& process, WindowHandle owner);
+bool VerifyPassword(PasswordSystem& password, WindowHandle owner);
 
 // Opens the system's dialog for changing the password.
 void ChangePassword(Process& process);

@@ -20,10 +20,10 @@ TEST_F(EndSaverTest, ShowsTheCursorWhateverItsCount) {
                                              {5, 6, -6}, {6, 7, -6},  {40, 41, -6}};
   for (const auto& [before, on, off] : cases) {
     desktop.windows.cursor_count = before;
-    ForceCursorOn(process);
+    ForceCursorOn(process.system.windows);
     EXPECT_EQ(desktop.windows.cursor_count, on) << before;
     desktop.windows.cursor_count = before;
-    ForceCursorOff(process);
+    ForceCursorOff(process.system.windows);
     EXPECT_EQ(desktop.windows.cursor_count, off) << before;
   }
 }
@@ -32,7 +32,7 @@ TEST_F(EndSaverTest, PumpsThenEnablesTheDialogThenEnds) {
   process.config_dialog_hwnd = desktop.windows.CreateForeign("Display Properties");
   desktop.windows.EnableWindow(process.config_dialog_hwnd, false);
   desktop.calls.clear();
-  ForceCursorOff(process);
+  ForceCursorOff(process.system.windows);
   desktop.queue.Post([&] {
     EXPECT_EQ(desktop.windows.cursor_count, 6);
     desktop.calls.emplace_back("event");

@@ -1,5 +1,3 @@
-// Text.
-
 #include <QFont>
 #include <QFontMetricsF>
 #include <algorithm>

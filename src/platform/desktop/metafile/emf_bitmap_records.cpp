@@ -142,8 +142,6 @@ void EmrStretchDibits(const Playback& playback, ByteReader& reader) {
   playback.canvas.Blit(request);
 }
 
-// Blends and gradients.
-
 BlitRequest BlendRequest(ByteReader& reader, const BlitStart& start) {
   BlitRequest request;
   request.target = start.target;

@@ -10,8 +10,6 @@
 namespace quorvale::metafile {
 namespace {
 
-// State.
-
 void EmrSetWindowExtEx(const Playback& playback, ByteReader& reader) {
   const QSizeF extent = EmfSize(reader);
   playback.Map().SetWindowExtent(extent.width(), extent.height());
@@ -201,8 +199,6 @@ void EmrSetPaletteEntries(const Playback& playback, ByteReader& reader) {
   if (playback.State().palette == *palette) playback.State().palette = changed;
   playback.objects.Set(index, changed);
 }
-
-// Clipping and regions.
 
 void EmrOffsetClipRgn(const Playback& playback, ByteReader& reader) { playback.canvas.OffsetClip(EmfPoint(reader)); }
 void EmrExcludeClipRect(const Playback& playback, ByteReader& reader) {

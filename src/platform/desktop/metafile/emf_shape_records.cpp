@@ -89,8 +89,6 @@ void EmrExtFloodFill(const Playback& playback, ByteReader& reader) {
   playback.canvas.FloodFill(at, colour, reader.U32() == FLOODFILLBORDER);
 }
 
-// Paths.
-
 template <void (Canvas::*act)()>
 void EmrPath(const Playback& playback, ByteReader& /*reader*/) {
   (playback.canvas.*act)();
@@ -105,8 +103,6 @@ void EmrUsePath(const Playback& playback, ByteReader& /*reader*/) {
 void EmrSelectClipPath(const Playback& playback, ByteReader& reader) {
   playback.canvas.SelectClipPath(static_cast<RegionMode>(reader.U32()));
 }
-
-// Text.
 
 // Longer texts are cut off, because their layout takes time and memory.
 constexpr std::size_t kMostCharacters = 8192;

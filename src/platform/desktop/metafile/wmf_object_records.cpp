@@ -16,8 +16,6 @@ Dib ReadDibOf(const Playback& playback, ByteReader& reader, ColorUsage usage, in
       {.info = reader.Rest(), .bits = {}, .usage = usage, .palette = playback.canvas.SelectedPalette(), .rows = rows});
 }
 
-// Objects.
-
 void MetaSelectObject(const Playback& playback, ByteReader& reader) {
   playback.Select(playback.objects.Get(reader.U16()));
 }
@@ -86,8 +84,6 @@ void MetaSetPalEntries(const Playback& playback, ByteReader& reader) {
   state.palette = ChangedPalette(*state.palette, start, reader, count);
 }
 
-// Regions.
-
 void MetaCreateRegion(const Playback& playback, ByteReader& reader) {
   reader.Skip(10);
   const std::size_t scans = reader.U16();
@@ -149,8 +145,6 @@ void MetaInvertRegion(const Playback& playback, ByteReader& reader) {
   const Region* region = RegionAt(playback, reader.U16());
   if (region != nullptr) playback.canvas.InvertRegion(*region);
 }
-
-// Bitmaps.
 
 enum class BitmapKind { kBitmap16, kDib };
 

@@ -10,8 +10,6 @@
 namespace quorvale::metafile {
 namespace {
 
-// State.
-
 void MetaSaveDc(const Playback& playback, ByteReader& /*reader*/) { playback.canvas.SaveDc(); }
 void MetaRestoreDc(const Playback& playback, ByteReader& reader) { playback.canvas.RestoreDc(reader.I16()); }
 
@@ -84,8 +82,6 @@ void MetaIntersectClipRect(const Playback& playback, ByteReader& reader) {
 }
 void MetaOffsetClipRgn(const Playback& playback, ByteReader& reader) { playback.canvas.OffsetClip(WmfPoint(reader)); }
 
-// Shapes.
-
 void MetaMoveTo(const Playback& playback, ByteReader& reader) { playback.canvas.MoveTo(WmfPoint(reader)); }
 void MetaLineTo(const Playback& playback, ByteReader& reader) { playback.canvas.LineTo(WmfPoint(reader)); }
 
@@ -135,8 +131,6 @@ void MetaExtFloodFill(const Playback& playback, ByteReader& reader) {
   const ColourReference colour = reader.U32();
   playback.canvas.FloodFill(WmfPoint(reader), colour, up_to_colour);
 }
-
-// Text.
 
 // Strings are padded to 16-bit words.
 std::size_t Padded(std::size_t count) { return (count + 1) / 2 * 2; }
