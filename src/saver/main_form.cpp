@@ -1,5 +1,6 @@
 #include "saver/main_form.h"
 
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "process/process.h"
 #include "saver/saver_password.h"
@@ -37,6 +38,7 @@ void MainForm::Form_Load() {
   ReportSaverRunning(process_, true);
   PicBase.Move(0, 0, screen.width, screen.height);
   // Show the window first: reading the lists may take seconds, and the desktop must be covered meanwhile.
+  ColourCover();
   Window().SetVisible(true);
   // An event may have ended the show and unloaded the form.
   if (!IsLoaded()) return;
@@ -47,6 +49,15 @@ void MainForm::Form_Load() {
   InitShow(process_, *this);
   FollowMonitors();
   ForceCursorOff(process_.system.windows);
+}
+
+// The screen would be painted twice if the cover had another colour than the show. A colour out of range fails the start
+// of the show, where a failure is handled; the cover is black then.
+void MainForm::ColourCover() {
+  try {
+    PicBase.SetBackColor(process_.options.BackColor());
+  } catch (const Failure&) {  // NOLINT(bugprone-empty-catch): see above.
+  }
 }
 
 void MainForm::FollowMonitors() {

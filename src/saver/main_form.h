@@ -32,6 +32,7 @@ class MainForm : public ShowForm {
 
  private:
   void CountMouseMove();
+  void ColourCover();
   void FollowMonitors();
 
   // Start of the current count of mouse moves, in seconds since midnight; 0 if there is none.

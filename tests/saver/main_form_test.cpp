@@ -36,18 +36,22 @@ TEST_F(MainFormTest, CoversTheScreenBeforeItReadsTheLists) {
   struct WatchedRegistry : MemoryRegistry {
     std::int32_t RegOpenKeyEx(std::uint32_t hive, const std::string& path, std::uint32_t access,
                               RegistryKey& key) override {
-      if (path.ends_with("\\PictureFiles")) found_visible = is_visible();
+      if (path.ends_with("\\PictureFiles")) found_covered = is_covered();
       return MemoryRegistry::RegOpenKeyEx(hive, path, access, key);
     }
-    std::function<bool()> is_visible;
-    bool found_visible = false;
+    std::function<bool()> is_covered;
+    bool found_covered = false;
   } registry;
   const System real = desktop.Services();
   Process watched(desktop, {registry, real.files, real.windows, real.sound, real.programs, real.host, real.password});
   const auto form = std::make_shared<MainForm>(watched);
-  registry.is_visible = [&] { return desktop.windows.Find(form->Hwnd())->visible; };
+  // In the show's colour, so that nothing is painted twice.
+  watched.settings.SaveSetting("Options", "BackColor", "255");
+  registry.is_covered = [&] {
+    return desktop.windows.Find(form->Hwnd())->visible && form->PicBase.Pixels().At(0, 0) == ToPixel(Colour{255});
+  };
   form->Show();
-  EXPECT_TRUE(registry.found_visible);
+  EXPECT_TRUE(registry.found_covered);
 }
 
 TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
