@@ -8,8 +8,8 @@
 namespace quorvale {
 namespace {
 
-// The length in bytes of the character at `at`; 1 for an invalid byte.
-std::size_t CharacterBytes(std::string_view text, std::size_t at) {
+// The length in bytes of the character at `at`, whose first byte is not ASCII; 1 for an invalid byte.
+std::size_t LongCharacterBytes(std::string_view text, std::size_t at) {
   const auto lead = static_cast<std::uint8_t>(text[at]);
   std::size_t length = 1;
   if (lead >= 0xC2 && lead <= 0xDF) length = 2;
@@ -24,6 +24,12 @@ std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   const bool invalid = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
                        (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
   return invalid ? 1 : length;
+}
+
+// The length in bytes of the character at `at`; 1 for an invalid byte. The columns of a list entry are counted for every
+// entry at every change of a list, and most are ASCII: these cost no call.
+inline std::size_t CharacterBytes(std::string_view text, std::size_t at) {
+  return static_cast<std::uint8_t>(text[at]) < 0x80 ? 1 : LongCharacterBytes(text, at);
 }
 
 // The byte offset of character `count` (from 0), or the text's size if it is shorter.
