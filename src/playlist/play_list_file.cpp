@@ -32,7 +32,7 @@ void AppendPlayListText(std::string_view text, FileSystem& files, ListBox& pictu
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   while (!text.empty()) {
     std::string_view line = CutLine(text);
-    line = line.substr(0, line.find_first_of(kLineEnd));
+    line = line.substr(0, line.find_last_not_of(kLineEnd) + 1);
     ListBox& list = line.starts_with('P') ? pictures : sounds;
     list.AddItem(IsUtf8(line) ? Mid(line, 3) : Mid(files.FromOlderCodePage(std::string(line)), 3));
   }
