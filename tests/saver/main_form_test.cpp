@@ -157,8 +157,7 @@ TEST_F(MainFormTest, AKeyDuringALongDecodeEndsTheProcess) {
 
 // The show stayed as large as the screen was at its start.
 TEST_F(MainFormTest, CoversAnotherScreenAtOnceAndLaysTheNextPictureOutForIt) {
-  process.options.Set("Stretch", "1");
-  process.options.Set("SwapAffect", "Sweep Down");
+  SetOptions({{"Stretch", "1"}, {"SwapAffect", "Sweep Down"}});
   Start();
   FirstTick();
   desktop.queue.AtPump(5, [&] {

@@ -20,8 +20,7 @@ class MonitorFormsTest : public ShowTest {
  protected:
   void SetUp() override {
     ShowTest::SetUp();
-    process.options.Set("Stretch", "1");
-    process.options.Set("Monitors", "A Picture on Each");
+    SetOptions({{"Stretch", "1"}, {"Monitors", "A Picture on Each"}});
     Numbered(9);
     desktop.SetFurtherMonitors({kSecond});
   }
@@ -96,8 +95,7 @@ TEST_F(MonitorFormsTest, ShowWhatTheListsHave) {
     SCOPED_TRACE(c.what);
     process.settings.DeleteSetting("PictureFiles");
     Numbered(c.pictures);
-    process.options.Set("ResetPicList", c.reset);
-    process.options.Set("LastPicture", c.last);
+    SetOptions({{"ResetPicList", c.reset}, {"LastPicture", c.last}});
     process.show.first_tick_over = false;
     process.show.stop_requested = false;
     Start();
@@ -124,8 +122,7 @@ TEST_F(MonitorFormsTest, ExistOnlyWithAPictureOnEach) {
 
 // No natural size of the primary monitor, whose centre is elsewhere.
 TEST_F(MonitorFormsTest, LayPicturesOutForTheirOwnMonitor) {
-  process.options.Set("Stretch", "0");
-  process.options.Set("BackColor", "255");
+  SetOptions({{"Stretch", "0"}, {"BackColor", "255"}});
   Start();
   FirstTick();
   const Surface& surface = *desktop.windows.Find(BoxAt(kSecond))->surface;
@@ -284,8 +281,7 @@ TEST_F(MonitorFormsTest, CloseWhenTheShowFailsToStart) {
 TEST_F(MonitorFormsTest, AShowBesideThePrimarysIsSilentAndGoesOnWithItsList) {
   desktop.SetFurtherMonitors({});
   process.beside_primary = true;
-  process.options.Set("ResetPicList", "1");
-  process.options.Set("LastPicture", "6");
+  SetOptions({{"ResetPicList", "1"}, {"LastPicture", "6"}});
   Sounds(2);
   Start();
   FirstTick();

@@ -115,9 +115,7 @@ TEST_F(PictureLayoutTest, AFillingPictureIsCutEvenlyToWhatIsSeen) {
 
 TEST_F(PictureLayoutTest, NothingOfTheLastPictureStaysBesideAFittedOne) {
   Pictures({"picture 10 10 ff0000", "picture 10 20 ff0000", "damaged"});
-  process.options.Set("Scaling", "Fit");
-  process.options.Set("ShowFrame", "1");
-  process.options.Set("FrameColor", "&HFF00&");
+  SetOptions({{"Scaling", "Fit"}, {"ShowFrame", "1"}, {"FrameColor", "&HFF00&"}});
   MainForm& form = Start();
   FirstTick();
   EXPECT_EQ(At(102, 300), 0x00FF00U);
@@ -128,8 +126,7 @@ TEST_F(PictureLayoutTest, NothingOfTheLastPictureStaysBesideAFittedOne) {
   NextTick();
   ExpectRect(form.PicPreview.Bounds(), place);
   form.PicBase.Move(0, 0, 3000, 4500);  // a quarter across, half down
-  process.options.Set("ShowFrame", "");
-  process.options.Set("LastPicture", "0");
+  SetOptions({{"ShowFrame", ""}, {"LastPicture", "0"}});
   NextTick();
   ExpectRect(form.PicPreview.Bounds(), {375, 0, 2250, 4500});
 }
@@ -180,9 +177,7 @@ TEST_F(PictureLayoutTest, APixelOfAPictureIsAPixelOfADenseScreen) {
 
 TEST_F(PictureLayoutTest, FrameAndNameAreDrawnUnderThePicture) {
   Pictures({"picture 400 300 ff0000"});
-  process.options.Set("ShowFileName", "1");
-  process.options.Set("ShowFrame", "1");
-  process.options.Set("FrameColor", "&HFF00&");
+  SetOptions({{"ShowFileName", "1"}, {"ShowFrame", "1"}, {"FrameColor", "&HFF00&"}});
   MainForm& form = Start();
   form.PicBase.SetDrawWidth(30);
   const DrawRecorder recorder(form.PicBase);
@@ -222,9 +217,7 @@ TEST_F(PictureLayoutTest, TheCaptionIsTheNameTheDateOrBoth) {
                           {"File Name and Date", "picture 4 3 ff0000", "P1"}}) {
       SCOPED_TRACE(testing::Message() << scaling << " " << c.choice << " " << c.picture);
       Pictures({"picture 4 3 ff0000 taken 2001-02-03", c.picture});
-      process.options.Set("Scaling", scaling);
-      process.options.Set("ShowFileName", "1");
-      process.options.Set("CaptionText", c.choice);
+      SetOptions({{"Scaling", scaling}, {"ShowFileName", "1"}, {"CaptionText", c.choice}});
       MainForm& form = Start();
       const DrawRecorder recorder(form.PicBase);
       FirstTick();
@@ -240,8 +233,7 @@ TEST_F(PictureLayoutTest, TheCaptionIsTheNameTheDateOrBoth) {
 
 TEST_F(PictureLayoutTest, AFrameWithoutAColourIsBlack) {
   Pictures({"picture 400 300 ff0000"});
-  process.options.Set("ShowFrame", "1");
-  process.options.Set("BackColor", "&HFF00&");
+  SetOptions({{"ShowFrame", "1"}, {"BackColor", "&HFF00&"}});
   Start();
   FirstTick();
   EXPECT_EQ(At(100, 100), 0x00FF00U);
@@ -264,8 +256,7 @@ TEST_F(PictureLayoutTest, FrameWidthsFollowTheModeAndTheOption) {
                         {RunMode::kShow, "2000", 0}}) {
     SCOPED_TRACE(testing::Message() << static_cast<int>(c.mode) << " " << c.thickness);
     Pictures({"picture 400 300 ff0000"});
-    process.options.Set("ShowFrame", "1");
-    process.options.Set("FrameThickness", c.thickness);
+    SetOptions({{"ShowFrame", "1"}, {"FrameThickness", c.thickness}});
     MainForm& form = Start();
     process.mode = c.mode;
     const DrawRecorder recorder(form.PicBase);
@@ -306,8 +297,7 @@ TEST_F(PictureLayoutTest, AFailedLoadRepeatsThePictureUnderItsOwnName) {
 
 TEST_F(PictureLayoutTest, WithoutAPictureThereIsStillNameAndFrame) {
   Pictures({"damaged"});
-  process.options.Set("ShowFileName", "1");
-  process.options.Set("ShowFrame", "1");
+  SetOptions({{"ShowFileName", "1"}, {"ShowFrame", "1"}});
   MainForm& form = Start();
   const DrawRecorder recorder(form.PicBase);
   FirstTick();
@@ -333,8 +323,7 @@ TEST_F(PictureLayoutTest, ACaptionThatFailsLeavesThePictureAndItsFrame) {
 
 TEST_F(PictureLayoutTest, AStretchedPictureHasNoFrame) {
   Pictures({"picture 40 30 ff0000"});
-  process.options.Set("Stretch", "1");
-  process.options.Set("ShowFrame", "1");
+  SetOptions({{"Stretch", "1"}, {"ShowFrame", "1"}});
   MainForm& form = Start();
   form.PicBase.SetDrawWidth(30);
   const DrawRecorder recorder(form.PicBase);

@@ -73,8 +73,7 @@ TEST_F(StartShowTest, MoreKindsAreFoundInDirectoriesAndTrees) {
   Store("PictureFiles", {"C:\\k\\", "C:\\k\\a.heic"});
   for (const char* entry : {"C:\\k\\", "C:\\k\\a.heic"}) form->pictures.AddItem(entry);
   for (const auto& [more_kinds, sub_folders, count] : {std::tuple{"0", "1", 1}, {"1", "0", 2}, {"1", "1", 4}}) {
-    process.options.Set("MoreKinds", more_kinds);
-    process.options.Set("SubFolders", sub_folders);
+    SetOptions({{"MoreKinds", more_kinds}, {"SubFolders", sub_folders}});
     for (const bool from_store : {true, false}) {
       from_store ? InitShow(process, *form) : InitShow(process, *form, form->pictures, form->sounds);
       EXPECT_EQ(process.show.picture_list.Count(), count) << more_kinds << sub_folders;
@@ -98,8 +97,7 @@ TEST_F(StartShowTest, OrderSortsThePicturesUnlessTheyAreRandom) {
     EXPECT_EQ(process.show.sound_list.TakeItems(), listed);
   }
   const auto random = [&](const char* order) {
-    process.options.Set("PicRandom", "1");
-    process.options.Set("Order", order);
+    SetOptions({{"PicRandom", "1"}, {"Order", order}});
     InitShow(process, *form);
     return process.show.picture_list.TakeItems();
   };
@@ -110,8 +108,7 @@ TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   InitShow(process, *form);
   EXPECT_EQ(process.show.transition_speed, 20);
   EXPECT_EQ(form->PicBase.BackColor(), kBlack);
-  process.options.Set("BackColor", "16711680");
-  process.options.Set("TransSpeed", "7.5");
+  SetOptions({{"BackColor", "16711680"}, {"TransSpeed", "7.5"}});
   form->tmrSwitch.SetInterval(9000);
   InitShow(process, *form);
   EXPECT_EQ(process.show.transition_speed, 8);
@@ -137,8 +134,7 @@ TEST_F(StartShowTest, OnlyTheValueOneShuffles) {
 TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
   const auto order = [&](std::uint64_t seed, const char* pictures, const char* sounds) {
     desktop.host.clock_seed = seed;
-    process.options.Set("PicRandom", pictures);
-    process.options.Set("SoundRandom", sounds);
+    SetOptions({{"PicRandom", pictures}, {"SoundRandom", sounds}});
     InitShow(process, *form);
     return std::pair(process.show.picture_list.TakeItems(), process.show.sound_list.TakeItems());
   };
@@ -155,15 +151,13 @@ TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
 
 TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStart) {
   Store("PictureFiles", {"C:\\new.jpg"});
-  process.options.Set("LastPicture", "7");
-  process.options.Set("BackColor", "99999999999");
+  SetOptions({{"LastPicture", "7"}, {"BackColor", "99999999999"}});
   form->tmrSwitch.SetInterval(9000);
   form->tmrSwitch.SetEnabled(true);
   EXPECT_THROW(InitShow(process, *form), Failure);
   EXPECT_FALSE(form->tmrSwitch.Enabled());
   EXPECT_EQ(process.show.picture_list.Count(), 1);
-  process.options.Set("BackColor", "&H0000FF&");
-  process.options.Set("TransSpeed", "99999999999");
+  SetOptions({{"BackColor", "&H0000FF&"}, {"TransSpeed", "99999999999"}});
   EXPECT_THROW(InitShow(process, *form), Failure);
   EXPECT_TRUE(form->tmrSwitch.Enabled());
   EXPECT_EQ(form->PicBase.BackColor(), 0xFFU);

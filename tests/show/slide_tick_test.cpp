@@ -18,9 +18,7 @@ class SlideTickTest : public ShowTest {
   void StartFullShow() {
     ThreePictures();
     Sounds(1);
-    process.options.Set("ShowFileName", "1");
-    process.options.Set("ShowFrame", "1");
-    process.options.Set("SwapAffect", "Shrinking Square");
+    SetOptions({{"ShowFileName", "1"}, {"ShowFrame", "1"}, {"SwapAffect", "Shrinking Square"}});
     Start();
     FirstTick();
   }
@@ -130,8 +128,7 @@ TEST_F(SlideTickTest, WithoutPicturesTheSurfaceIsClearedAndSoundsGoOn) {
 }
 
 TEST_F(SlideTickTest, TheResetHappensOnceEvenForAnEmptyList) {
-  process.options.Set("ResetPicList", "1");
-  process.options.Set("LastPicture", "1");
+  SetOptions({{"ResetPicList", "1"}, {"LastPicture", "1"}});
   Start();
   FirstTick();
   process.show.picture_list = Collection({"C:\\a", "C:\\b"});
@@ -142,9 +139,7 @@ TEST_F(SlideTickTest, TheResetHappensOnceEvenForAnEmptyList) {
 TEST_F(SlideTickTest, SoundsStartOverApartFromThePictures) {
   ThreePictures();
   Sounds(3);
-  process.options.Set("ResetSoundList", "1");
-  process.options.Set("LastPicture", "1");
-  process.options.Set("LastSound", "1");
+  SetOptions({{"ResetSoundList", "1"}, {"LastPicture", "1"}, {"LastSound", "1"}});
   Start();
   FirstTick();
   EXPECT_EQ(Position(), "2");
@@ -252,8 +247,7 @@ TEST_F(SlideTickTest, TwoShowsSideBySideShareNothing) {
 
 TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
   ThreePictures();
-  process.options.Set("SwapAffect", "Sweep Right");
-  process.options.Set("LastPicture", "1");
+  SetOptions({{"SwapAffect", "Sweep Right"}, {"LastPicture", "1"}});
   Start();
   FirstTick();
   // The effect of the tick for entry 3 finds a list of two: the entry is one failed step.
@@ -267,8 +261,7 @@ TEST_F(SlideTickTest, AListReplacedInMidTickIsTheOneThatIsUsed) {
 
 TEST_F(SlideTickTest, TheTimerDoesNotFireIntoATickThatRuns) {
   ThreePictures();
-  process.options.Set("SwapAffect", "Sweep Right");
-  process.options.Set("Interval", "2");
+  SetOptions({{"SwapAffect", "Sweep Right"}, {"Interval", "2"}});
   Start();
   FirstTick();
   desktop.queue.SetMicrosecondsPerPump(50'000);  // the effect takes 40 seconds, twenty times the interval

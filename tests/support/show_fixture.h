@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,10 @@ class ShowTest : public HeadlessTest {
   Process process{desktop, desktop.Services()};
 
   void SetUp() override { process.options.Set("SwapAffect", "None"); }
+
+  void SetOptions(const std::map<std::string, std::string>& options) {
+    for (const auto& [key, value] : options) process.options.Set(key, value);
+  }
 
   // Puts files C:\P0.jpg, C:\P1.jpg and so on in the picture list, each a picture of that content.
   void Pictures(const std::vector<std::string>& contents) {
