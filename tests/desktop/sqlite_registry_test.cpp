@@ -89,6 +89,8 @@ TEST_F(SqliteRegistryTest, TransactionsAreAtomic) {
       EXPECT_EQ(registry_.BeginWrites(), kErrorInvalidFunction) << "acts don't nest";
       EXPECT_TRUE(here.SaveSetting("New\\Section", "a", "1")) << "a key is made in it";
       EXPECT_FALSE(here.DeleteSetting("Missing")) << "which is no failure of the act";
+      EXPECT_EQ(here.GetSetting("Options", "Interval"), "5");
+      EXPECT_EQ(here.GetSetting("Options", "Interval", "of the machine", kHkeyLocalMachine), "of the machine");
       EXPECT_TRUE(here.DeleteSetting("Options"));
       EXPECT_EQ(there.GetSetting("Options", "Interval"), "5");
       if (committed) {

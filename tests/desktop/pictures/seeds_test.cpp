@@ -172,6 +172,26 @@ TEST(PictureSeeds, DamagedFilesOfEveryKindEndQuickly) {
   }
 }
 
+// Strips of 16 grey rows, the third of which lies beyond the end of the file.
+TEST(PictureSeeds, ATiffIsSeenUpToItsFirstDamagedStrip) {
+  std::vector<std::uint16_t> words = {
+      0x4949, 42, 8,   0, 9,                                                  //
+      256,    3,  1,   0, 8,   0, 257, 3, 1, 0, 48, 0, 258, 3, 1, 0, 8,   0,  // width, height, depth
+      259,    3,  1,   0, 1,   0, 262, 3, 1, 0, 1,  0, 273, 4, 3, 0, 122, 0,  // compression, kind, offsets
+      277,    3,  1,   0, 1,   0, 278, 3, 1, 0, 16, 0, 279, 4, 3, 0, 134, 0,  // samples, rows, lengths
+      0,      0,  146, 0, 274, 0, 402, 0,                                     //
+      128,    0,  128, 0, 128, 0};
+  words.resize(words.size() + 128, 0x8080);
+  Bytes bytes;
+  for (const std::uint16_t word : words)
+    bytes.insert(bytes.end(), {static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8U)});
+  const TemporaryDirectory folder;
+  Screen screen(8, 48, 0xFF000000);
+  Show(WritePicture(folder, "short.tif", bytes), screen.Bounds(), screen);
+  EXPECT_EQ(screen.At(7, 31) & 0xFFFFFF, 0x808080U);
+  EXPECT_EQ(screen.At(0, 32) & 0xFFFFFF, 0U);
+}
+
 // A jump over two rows and the rest of a third, and an end before the last rows.
 TEST(PictureSeeds, RunsLeaveOutTheFirstColour) {
   Screen screen(kWidth, kHeight);
