@@ -67,12 +67,11 @@ std::int32_t ClaimNextPicture(Process& process) {
 
 // If the only loaded form is hidden, the user can't close it, so it is unloaded and the show ends. The preview's form
 // is always hidden and is exempt.
-void CloseOrphanedForm(Process& process) {
-  if (process.mode == RunMode::kPreview || process.app.forms.Count() != 1 || process.app.forms[0].Visible()) return;
-  const std::shared_ptr<Form> form = process.app.forms[0].shared_from_this();
-  Step([&] { dynamic_cast<ShowForm&>(*form).tmrSwitch.SetEnabled(false); });
+void CloseOrphanedForm(Process& process, ShowForm& form) {
+  if (process.mode == RunMode::kPreview || process.app.forms.Count() != 1 || form.Visible()) return;
+  Step([&] { form.tmrSwitch.SetEnabled(false); });
   Step([&] { process.app.PumpEvents(); });
-  Step([&] { form->Unload(); });
+  Step([&] { form.Unload(); });
   process.show.stop_requested = true;
 }
 
@@ -118,7 +117,7 @@ void ShowNoPicture(ShowForm& form) {
 
 void Tick(Process& process, ShowForm& form) {
   if (process.show.preview_suspended) return;
-  CloseOrphanedForm(process);
+  CloseOrphanedForm(process, form);
   if (process.show.picture_list.Count() >= 1) {
     ShowNextPicture(process, form);
   } else {
