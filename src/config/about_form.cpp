@@ -96,7 +96,7 @@ std::string AboutForm::FindSysInfo() {
 }
 
 bool AboutForm::GetKeyValue(std::uint32_t key_root, const std::string& key_name, const std::string& sub_key,
-                            std::string& key_val) {
+                            std::string& text) {
   Registry& registry = process_.system.registry;
   RegistryKey key = 0;
   const std::int32_t opened = registry.RegOpenKeyEx(key_root, key_name, kInfoAccess, key);
@@ -107,13 +107,13 @@ bool AboutForm::GetKeyValue(std::uint32_t key_root, const std::string& key_name,
   std::uint32_t size = kValueSize;
   if (opened != kErrorSuccess ||
       registry.RegQueryValueEx(open_key.Get(), sub_key, type, buffer.data(), size) != kErrorSuccess) {
-    key_val.clear();
+    text.clear();
     return false;
   }
   std::string value(buffer.data(), size);
   if (value.ends_with('\0')) value.pop_back();
-  if (type == kRegSz) key_val = value;
-  if (type == kRegDword) key_val = std::to_string(static_cast<std::int32_t>(DwordOf(value)));
+  if (type == kRegSz) text = value;
+  if (type == kRegDword) text = std::to_string(static_cast<std::int32_t>(DwordOf(value)));
   return true;
 }
 

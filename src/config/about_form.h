@@ -31,10 +31,9 @@ class AboutForm : public Form {
   // Starts the information tool that the registry names, or else the desktop's own, or says that there is none.
   void StartSysInfo();
 
-  // Reads a registry value, a text or a 32-bit number, into `key_val`. Other types leave `key_val` unchanged. Returns
+  // Reads a registry value, a text or a 32-bit number, into `text`. Other types leave `text` unchanged. Returns
   // false and an empty text if the value can't be read or has more than 1024 bytes.
-  bool GetKeyValue(std::uint32_t key_root, const std::string& key_name, const std::string& sub_key,
-                   std::string& key_val);
+  bool GetKeyValue(std::uint32_t key_root, const std::string& key_name, const std::string& sub_key, std::string& text);
 
  protected:
   void Form_Load() override;
