@@ -155,6 +155,26 @@ TEST(PictureSeeds, TurnsAPictureOnce) {
   }
 }
 
+TEST(PictureSeeds, TurnsAndMirrorsHeicAsItsPropertySays) {
+  const TemporaryDirectory folder;
+  Bytes bytes = ReadBytes(Seed("turned.heic"));
+  const auto property = std::ranges::search(bytes, std::string_view("irot")).begin();
+  ASSERT_NE(property, bytes.end());
+  const auto rotated = [](int degrees) { return QTransform().rotate(degrees); };
+  const std::tuple<std::string, int, QTransform> cases[] = {{"irot", 0, {}},
+                                                            {"irot", 1, rotated(-90)},
+                                                            {"irot", 2, rotated(180)},
+                                                            {"irot", 3, rotated(90)},
+                                                            {"imir", 1, QTransform::fromScale(-1, 1)}};
+  for (const auto& [name, value, transform] : cases) {
+    *std::ranges::copy(name, property).out = static_cast<std::uint8_t>(value);
+    const QImage wanted = SeedPicture(16).transformed(transform);
+    Screen screen(wanted.width(), wanted.height());
+    Show(WritePicture(folder, "turned.heic", bytes), screen.Bounds(), screen);
+    EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 1) << name << ' ' << value;
+  }
+}
+
 // No damage takes more than one file: a failure, or as much of the picture as can be read.
 TEST(PictureSeeds, DamagedFilesOfEveryKindEndQuickly) {
   const TemporaryDirectory folder;

@@ -8,6 +8,7 @@
 
 #include "platform/desktop/pictures/colour_profile.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/desktop/pictures/iso_boxes.h"
 #include "platform/desktop/system/loaded_library.h"
 #include "platform/pictures/embedded_profile.h"
 
@@ -28,11 +29,15 @@ struct HeifLibrary : LoadedLibrary {
   QUORVALE_IMPORT(heif_context_read_from_memory_without_copy);
   QUORVALE_IMPORT(heif_context_set_maximum_image_size_limit);
   QUORVALE_IMPORT(heif_decode_image);
+  QUORVALE_IMPORT(heif_decoding_options_alloc);
+  QUORVALE_IMPORT(heif_decoding_options_free);
   QUORVALE_IMPORT(heif_image_get_bits_per_pixel_range);
   QUORVALE_IMPORT(heif_image_get_height);
   QUORVALE_IMPORT(heif_image_get_plane_readonly);
   QUORVALE_IMPORT(heif_image_get_width);
   QUORVALE_IMPORT(heif_image_handle_get_height);
+  QUORVALE_IMPORT(heif_image_handle_get_ispe_height);
+  QUORVALE_IMPORT(heif_image_handle_get_ispe_width);
   QUORVALE_IMPORT(heif_image_handle_get_list_of_metadata_block_IDs);
   QUORVALE_IMPORT(heif_image_handle_get_luma_bits_per_pixel);
   QUORVALE_IMPORT(heif_image_handle_get_metadata);
@@ -61,6 +66,8 @@ struct Releaser {
 };
 using Context = std::unique_ptr<heif_context, Releaser<heif_context, &HeifLibrary::heif_context_free>>;
 using Handle = std::unique_ptr<heif_image_handle, Releaser<heif_image_handle, &HeifLibrary::heif_image_handle_release>>;
+using Options =
+    std::unique_ptr<heif_decoding_options, Releaser<heif_decoding_options, &HeifLibrary::heif_decoding_options_free>>;
 using Image = std::unique_ptr<heif_image, Releaser<heif_image, &HeifLibrary::heif_image_release>>;
 
 bool IsGood(const heif_error& error) { return error.code == heif_error_Ok; }
@@ -100,14 +107,15 @@ class HeifPlane {
   int depth_ = 0;
 };
 
-// The picture of a file that is meant to be shown, turned and cut as the file says. The library has no way to give part
-// of it. Inside it is always red, green and blue in planes; asking for anything else makes a copy beside them.
+// The picture of a file that is meant to be shown. The library has no way to give part of it. Inside it is always red,
+// green and blue in planes; asking for anything else, or for a picture that is turned, makes a copy beside them.
 class HeifRows : public SequentialRows {
  public:
-  HeifRows(const heif_image_handle* handle, PixelSize size)
+  HeifRows(const heif_image_handle* handle, PixelSize size, bool as_stored)
       : SequentialRows(size),
         handle_(handle),
         size_(size),
+        as_stored_(as_stored),
         has_alpha_(Heif().heif_image_handle_has_alpha_channel(handle) != 0),
         is_premultiplied_(Heif().heif_image_handle_is_premultiplied_alpha(handle) != 0) {}
 
@@ -119,8 +127,12 @@ class HeifRows : public SequentialRows {
 
  protected:
   bool GoTo(int /*top*/) override {
+    const Options options(Heif().heif_decoding_options_alloc());
+    if (!options) return false;
+    options->ignore_transformations = as_stored_ ? 1 : 0;
     heif_image* decoded = nullptr;
-    const heif_error error = Heif().heif_decode_image(handle_, &decoded, heif_colorspace_RGB, heif_chroma_444, nullptr);
+    const heif_error error =
+        Heif().heif_decode_image(handle_, &decoded, heif_colorspace_RGB, heif_chroma_444, options.get());
     image_.reset(decoded);
     if (!IsGood(error)) return false;
     constexpr heif_channel kFromLowByte[] = {heif_channel_B, heif_channel_G, heif_channel_R, heif_channel_Alpha};
@@ -145,6 +157,7 @@ class HeifRows : public SequentialRows {
 
   const heif_image_handle* handle_;
   PixelSize size_;
+  bool as_stored_;
   bool has_alpha_;
   bool is_premultiplied_;
   Image image_;
@@ -168,15 +181,24 @@ class HeifPicture : public FilePicture {
     }
     handle_.reset(primary);
     size_ = {Heif().heif_image_handle_get_width(primary), Heif().heif_image_handle_get_height(primary)};
+    // The number in the Exif data says the same as the file, or is out of date.
+    Orientation orientation;
+    const PixelSize stored{Heif().heif_image_handle_get_ispe_width(primary),
+                           Heif().heif_image_handle_get_ispe_height(primary)};
+    const auto rotation = HeifRotation(bytes);
+    if (rotation && rotation->Turn(stored) == size_ && Heif().heif_image_handle_has_alpha_channel(primary) == 0) {
+      as_stored_ = true;
+      orientation = *rotation;
+      size_ = stored;
+    }
     if (size_.width <= 0 || size_.height <= 0) FailLoad("Damaged picture");
-    // The library turns the picture. The number in the Exif data says the same, or is out of date.
-    Describe(size_, {}, ReadDateTaken());
+    Describe(size_, orientation, ReadDateTaken());
     ReadColours();
   }
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    return std::make_unique<HeifRows>(handle_.get(), size_);
+    return std::make_unique<HeifRows>(handle_.get(), size_, as_stored_);
   }
 
  private:
@@ -206,7 +228,9 @@ class HeifPicture : public FilePicture {
 
   Context context_;
   Handle handle_;
+  // As the library gives the pixels: as they are stored, or turned and cut by itself.
   PixelSize size_;
+  bool as_stored_ = false;
 };
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <jxl/thread_parallel_runner_cxx.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/byte_reader.h"
 #include "platform/desktop/pictures/formats.h"
+#include "platform/desktop/pictures/iso_boxes.h"
 #include "platform/desktop/system/loaded_library.h"
 #include "platform/pictures/embedded_profile.h"
 
@@ -20,9 +19,6 @@ namespace {
 
 // Depth, masks and the like, which are decoded but not shown. Each takes as much memory as a colour.
 constexpr std::uint32_t kMostFurtherChannels = 4;
-
-// A picture may be spread over many.
-constexpr int kMostBoxes = 10'000;
 
 constexpr JxlPixelFormat kFormat{4, JXL_TYPE_UINT8, JXL_NATIVE_ENDIAN, 0};
 constexpr std::size_t kChannels = 4;
@@ -163,25 +159,7 @@ void JxlReader::ReadProfile() {
 }
 
 // From the boxes of the file, before the picture or after it. A file without boxes has no camera data.
-std::string JxlReader::DateTaken() const {
-  constexpr std::uint32_t kExif = 0x45786966;
-  constexpr std::size_t kHead = 8;
-  ByteReader reader(bytes_, 0, std::endian::big);
-  for (int box = 0; box < kMostBoxes && reader.Left() >= kHead; ++box) {
-    std::uint64_t size = reader.U32();
-    const bool is_exif = reader.U32() == kExif;
-    // 1: a longer number follows. A box of less than its head, such as 0, goes on to the end.
-    if (size == 1) {
-      size = std::uint64_t{reader.U32()} << 32U;
-      size = (size | reader.U32()) - kHead;
-    }
-    const std::uint64_t left = reader.Left();
-    const auto content = static_cast<std::size_t>(size < kHead ? left : std::min(size - kHead, left));
-    if (is_exif) return BoxedCameraTags(reader.Rest().first(content)).date_taken;
-    reader.Skip(content);
-  }
-  return {};
-}
+std::string JxlReader::DateTaken() const { return BoxedCameraTags(FindBox(bytes_, BoxType("Exif"))).date_taken; }
 
 bool JxlReader::Read(std::vector<std::uint8_t>& pixels) {
   JxlDecoder* const decoder = decoder_.get();
