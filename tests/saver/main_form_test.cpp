@@ -13,9 +13,6 @@ class MainFormTest : public ShowTest {
   }
 
   WindowHandle Box() { return form_->PicBase.Hwnd(); }
-  void Moves(int count) {
-    for (int i = 0; i < count && form_->IsLoaded(); ++i) desktop.MoveMouse(Box());
-  }
 };
 
 TEST_F(MainFormTest, CoversTheScreenAboveAllOthersWithoutACursor) {
@@ -55,7 +52,7 @@ TEST_F(MainFormTest, CoversTheScreenBeforeItReadsTheLists) {
 }
 
 TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
-  const std::tuple<const char*, std::function<void()>, bool> cases[] = {
+  const std::vector<Ending> cases = {
       {"a key on the picture box", [&] { desktop.PressKey(Box(), 65); }, true},
       {"a key on the form", [&] { desktop.PressKey(form_->Hwnd(), 16); }, true},
       {"a press on the form", [&] { desktop.PressMouse(form_->Hwnd()); }, true},
@@ -63,8 +60,8 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
       {"another program's window", [&] { desktop.Deactivate(form_->Hwnd()); }, true},
       {"a press on the background", [&] { desktop.PressMouse(Box(), 1, 1); }, false},
       {"a press on the picture", [&] { desktop.PressMouse(Box(), 400, 300); }, false},
-      {"nine moves", [&] { Moves(9); }, false},
-      {"ten moves", [&] { Moves(10); }, true},
+      {"nine moves", [&] { Moves(Box(), 9); }, false},
+      {"ten moves", [&] { Moves(Box(), 10); }, true},
       {"ten moves on the form, the box and the picture",
        [&] {
          for (int i = 0; i < 4; ++i) desktop.MoveMouse(form_->Hwnd());
@@ -73,20 +70,11 @@ TEST_F(MainFormTest, WhatEndsTheShowAndWhatDoesNot) {
        },
        true},
   };
-  for (const auto& [what, act, ends] : cases) {
-    SCOPED_TRACE(what);
-    process.show.stop_requested = false;
-    process.show.mouse_move_count = 0;
-    Start();
-    FirstTick();
-    act();
-    EXPECT_EQ(form_->IsLoaded(), !ends);
+  CheckEndings(cases, [&](bool ends) {
     EXPECT_EQ(process.app.forms.Count(), ends ? 0 : 1);
     EXPECT_EQ(process.show.stop_requested, ends);
     EXPECT_EQ(desktop.windows.cursor_count, ends ? 6 : -6);
-    form_->Unload();
-    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
-  }
+  });
 }
 
 struct Movement {
@@ -121,7 +109,7 @@ TEST_F(MainFormTest, MovesAreCountedUntilOneComesTooLate) {
     Start();
     for (const Movement& movement : c.movements) {
       desktop.queue.Skip(static_cast<int>(movement.pause * 1000));
-      Moves(movement.moves);
+      Moves(Box(), movement.moves);
     }
     EXPECT_EQ(form_->IsLoaded(), !c.ends);
     form_->Unload();

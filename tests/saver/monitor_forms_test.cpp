@@ -133,34 +133,19 @@ TEST_F(MonitorFormsTest, LayPicturesOutForTheirOwnMonitor) {
 }
 
 TEST_F(MonitorFormsTest, EndTheShowAtInput) {
-  const std::tuple<const char*, std::function<void()>, bool> cases[] = {
+  const std::vector<Ending> cases = {
       {"a key", [&] { desktop.PressKey(BoxAt(kSecond), 65); }, true},
       {"a press", [&] { desktop.PressMouse(BoxAt(kSecond), 5, 5); }, true},
       {"a request to close", [&] { desktop.RequestClose(FormAt(kSecond)); }, true},
-      {"nine moves",
-       [&] {
-         for (int i = 0; i < 9; ++i) desktop.MoveMouse(BoxAt(kSecond), 5, 5);
-       },
-       false},
+      {"nine moves", [&] { Moves(BoxAt(kSecond), 9); }, false},
       {"ten moves on two monitors",
        [&] {
-         for (int i = 0; i < 5; ++i) desktop.MoveMouse(BoxAt(kSecond), 5, 5);
-         for (int i = 0; i < 5; ++i) desktop.MoveMouse(form_->PicBase.Hwnd(), 5, 5);
+         Moves(BoxAt(kSecond), 5);
+         Moves(form_->PicBase.Hwnd(), 5);
        },
        true},
   };
-  for (const auto& [what, act, ends] : cases) {
-    SCOPED_TRACE(what);
-    process.show.stop_requested = false;
-    process.show.mouse_move_count = 0;
-    Start();
-    FirstTick();
-    act();
-    EXPECT_EQ(form_->IsLoaded(), !ends);
-    EXPECT_EQ(MonitorWindows(), ends ? 0 : 1);
-    form_->Unload();
-    EXPECT_EQ(desktop.queue.RunningTimers(), 0);
-  }
+  CheckEndings(cases, [&](bool ends) { EXPECT_EQ(MonitorWindows(), ends ? 0 : 1); });
 }
 
 TEST_F(MonitorFormsTest, FollowTheMonitors) {

@@ -82,7 +82,7 @@ TEST_F(SaverPasswordTest, ARefusalLetsTheShowGoOnUntilTheRightAnswer) {
     NextTick();  // the timer fires under the dialog, and no slide changes
     return answer;
   };
-  for (int i = 0; i < 10; ++i) desktop.MoveMouse(form_->PicBase.Hwnd());
+  Moves(form_->PicBase.Hwnd(), 10);
   EXPECT_TRUE(form_->IsLoaded());
   EXPECT_FALSE(process.show.stop_requested);
   EXPECT_EQ(cursor_while_asked, 6);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -52,6 +53,32 @@ class ShowTest : public HeadlessTest {
   // Waits for the first tick, or for the next.
   void FirstTick() { desktop.queue.Advance(500); }
   void NextTick() { desktop.queue.Advance(form_->tmrSwitch.Interval()); }
+
+  void Moves(WindowHandle window, int count) {
+    for (; count > 0 && form_->IsLoaded(); --count) desktop.MoveMouse(window, 5, 5);
+  }
+
+  // What happens in a show, and whether it ends the show.
+  struct Ending {
+    const char* what;
+    std::function<void()> act;
+    bool ends;
+  };
+  // A show for each. `check` gets `ends`.
+  void CheckEndings(const std::vector<Ending>& cases, const std::function<void(bool)>& check) {
+    for (const auto& [what, act, ends] : cases) {
+      SCOPED_TRACE(what);
+      process.show.stop_requested = false;
+      process.show.mouse_move_count = 0;
+      Start();
+      FirstTick();
+      act();
+      EXPECT_EQ(form_->IsLoaded(), !ends);
+      check(ends);
+      form_->Unload();
+      EXPECT_EQ(desktop.queue.RunningTimers(), 0);
+    }
+  }
 
   std::string Position() const { return process.options.Get("LastPicture", "none"); }
   Pixel At(int x, int y) { return RgbAt(form_->PicBase.Pixels(), x, y); }
