@@ -190,6 +190,14 @@ void Surface::KnownRun::Cut(int from, int to) {
 void Surface::FillSpan(int y, int left, int right, Pixel colour) {
   if (left >= right) return;
   KnownRow& known = known_[static_cast<std::size_t>(y)];
+  // The picture that covered the row has hardly a pixel of the colour.
+  if (right - left == width_ && known.one.Length() + known.other.Length() == 0) {
+    std::fill_n(Pixels().Row(y), width_, colour);
+    dirty_.Add(y, 0, width_);
+    known.one = {0, width_, colour};
+    return;
+  }
+
   const bool is_one = known.one.Meets(left, right, colour);
   if (is_one || known.other.Meets(left, right, colour)) {
     KnownRun& same = is_one ? known.one : known.other;
