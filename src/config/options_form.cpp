@@ -28,9 +28,11 @@ OptionsForm::OptionsForm(Process& process)
   cancel_.is_cancel = true;
 
   tabs_.Click = [this] { TabStrip1_Click(); };
-  show_frame_.Click = [this] { UpdateFrameControls(); };
-  stretch_.Click = [this] { UpdateFrameControls(); };
-  scaling_.Click = [this] { UpdateFrameControls(); };
+  show_frame_.Click = [this] { UpdateEnabled(); };
+  stretch_.Click = [this] { UpdateEnabled(); };
+  scaling_.Click = [this] { UpdateEnabled(); };
+  show_file_name_.Click = [this] { UpdateEnabled(); };
+  random_pictures_.Click = [this] { UpdateEnabled(); };
   pick_back_colour_.Click = [this] { PickColour(back_colour_); };
   pick_frame_colour_.Click = [this] { PickColour(frame_colour_); };
   interval_.KeyPress = [this](int& code) { txtInterval_KeyPress(code); };
@@ -43,7 +45,7 @@ void OptionsForm::Form_Load() {
   CenterOnScreen();
   current_page_ = kPicturesPage;
   ReadOptions();
-  UpdateFrameControls();
+  UpdateEnabled();
 }
 
 // A damaged value must not keep the dialog from opening, because the user corrects it there.
@@ -63,7 +65,8 @@ void OptionsForm::Warn(const std::string& text) {
 
 void OptionsForm::Form_Help() { process_.system.programs.WinHelp(Hwnd(), kHelpFile, kHelpContext, kHelpTopicOptions); }
 
-void OptionsForm::UpdateFrameControls() {
+// What another option puts out of effect is grey.
+void OptionsForm::UpdateEnabled() {
   const auto scaling = static_cast<Scaling>(kScaling.ChoiceOf(scaling_.Text()));
   const bool is_scaled = scaling != Scaling::kAsSet;
   const bool is_stretched = stretch_.Value() == 1 && !is_scaled;
@@ -74,6 +77,13 @@ void OptionsForm::UpdateFrameControls() {
   thickness_.SetEnabled(has_frame);
   pick_frame_colour_.SetEnabled(has_frame);
   thickness_label_.SetEnabled(has_frame);
+
+  const bool has_name = show_file_name_.Value() == 1;
+  caption_text_.SetEnabled(has_name);
+  caption_text_label_.SetEnabled(has_name);
+  const bool is_ordered = random_pictures_.Value() != 1;
+  order_.SetEnabled(is_ordered);
+  order_label_.SetEnabled(is_ordered);
 }
 
 void OptionsForm::TabStrip1_Click() {

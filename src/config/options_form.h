@@ -28,7 +28,7 @@ class OptionsForm : public Form {
 
  private:
   void ReadOptions();
-  void UpdateFrameControls();
+  void UpdateEnabled();
   void TabStrip1_Click();
   void PickColour(Label& swatch);
   void txtInterval_KeyPress(int& code);
@@ -44,6 +44,8 @@ class OptionsForm : public Form {
   CheckBox& stretch_ = Find<CheckBox>("chkStretch");
   Button& pick_back_colour_ = Find<Button>("cmdBackColor");
   Label& back_colour_ = Find<Label>("lblBackColor");
+  CheckBox& random_pictures_ = Find<CheckBox>("chkPicRandom");
+  CheckBox& show_file_name_ = Find<CheckBox>("chkShowFileName");
   CheckBox& show_frame_ = Find<CheckBox>("chkShowFrame");
   Label& thickness_label_ = Find<Label>("lblThickness");
   TextBox& thickness_ = Find<TextBox>("txtFrameThickness");
@@ -51,6 +53,10 @@ class OptionsForm : public Form {
   Label& frame_colour_ = Find<Label>("lblFrameColor");
   DropDownList& scaling_ = Find<DropDownList>("cboScaling");
   CheckBox& backdrop_ = Find<CheckBox>("chkFitBackdrop");
+  Label& caption_text_label_ = Find<Label>("lblCaptionText");
+  DropDownList& caption_text_ = Find<DropDownList>("cboCaptionText");
+  Label& order_label_ = Find<Label>("lblOrder");
+  DropDownList& order_ = Find<DropDownList>("cboOrder");
   Button& ok_ = Find<Button>("cmdOK");
   Button& cancel_ = Find<Button>("cmdCancel");
   CommonDialog colour_dialog_{*this, "cd1"};

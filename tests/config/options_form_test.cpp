@@ -154,6 +154,15 @@ TEST_F(OptionsFormTest, AFlagOfThePageMoreIsStoredWhenItChanges) {
   }
 }
 
+TEST_F(OptionsFormTest, WhatIsOutOfEffectIsDisabled) {
+  Open();
+  for (const bool is_on : {true, false}) {
+    for (const char* const name : {"chkShowFileName", "chkPicRandom"}) Check(name).UserClick();
+    EXPECT_EQ(form->Find<DropDownList>("cboCaptionText").Enabled(), is_on);
+    EXPECT_EQ(form->Find<DropDownList>("cboOrder").Enabled(), !is_on);
+  }
+}
+
 // Fitted pictures have their frame whatever the stretching, which is out of effect then.
 TEST_F(OptionsFormTest, ScalingDisablesStretching) {
   process.options.Set("ShowFrame", "1");
