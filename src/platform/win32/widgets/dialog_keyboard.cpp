@@ -1,11 +1,13 @@
 #include "platform/win32/widgets/dialog_keyboard.h"
 
 #include <algorithm>
+#include <cwctype>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 #include "platform/common/deliver.h"
+#include "platform/win32/system/system_text.h"
 #include "platform/win32/widgets/native_control.h"
 
 namespace quorvale {
@@ -85,6 +87,12 @@ BOOL CALLBACK OfferAccessKey(HWND window, LPARAM pressed) {
 }
 
 }  // namespace
+
+bool IsAccessKeyOf(const std::string& caption, wchar_t key) {
+  const std::wstring text = ToWide(caption);
+  const std::size_t mark = text.find(L'&');
+  return mark != std::wstring::npos && mark + 1 < text.size() && std::towupper(text[mark + 1]) == std::towupper(key);
+}
 
 void DialogKeyboard::ArrangeControls() const { ArrangeChildren(dialog_); }
 

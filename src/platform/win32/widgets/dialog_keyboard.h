@@ -1,10 +1,15 @@
 #pragma once
 
+#include <string>
+
 #include "platform/win32/windows_api.h"
 
 namespace quorvale {
 
 class NativeControl;
+
+// Whether an "&" in the caption marks that key, in either case.
+bool IsAccessKeyOf(const std::string& caption, wchar_t key);
 
 // The keys of a dialog: Tab, Enter, Escape, access keys, and everything else that the system's dialogs do. The system's
 // own tab order finishes one frame before it goes to the next; ours follows the tab indices across all frames.

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/win32/system/system_text.h"
+#include "platform/win32/widgets/dialog_keyboard.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {
@@ -83,7 +84,16 @@ bool Win32MenuBar::Choose(int id) const {
 }
 
 bool Win32MenuBar::TranslateKey(HWND window, MSG& message) const {
-  return shortcuts_ != nullptr && TranslateAcceleratorW(window, shortcuts_, &message) != 0;
+  if (shortcuts_ != nullptr && TranslateAcceleratorW(window, shortcuts_, &message) != 0) return true;
+  return message.message == WM_SYSCHAR && OpenMenu(window, static_cast<wchar_t>(message.wParam));
+}
+
+bool Win32MenuBar::OpenMenu(HWND window, wchar_t access_key) const {
+  const bool is_there = std::any_of(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+    return entry.parent == menu_ && IsAccessKeyOf(entry.item->Caption(), access_key);
+  });
+  if (is_there) SendMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, access_key);
+  return is_there;
 }
 
 void Win32MenuBar::Build(HMENU menu, const std::vector<std::unique_ptr<MenuItem>>& items) {

@@ -28,6 +28,7 @@ class Win32MenuBar : public MenuBarPeer {
   void Opens(HMENU menu) const;
   // False if no item has this number.
   bool Choose(int id) const;
+  // Handles a shortcut, or the access key of a menu; one that a control shares opens the menu. False for other keys.
   bool TranslateKey(HWND window, MSG& message) const;
 
  private:
@@ -40,6 +41,7 @@ class Win32MenuBar : public MenuBarPeer {
 
   void Build(HMENU menu, const std::vector<std::unique_ptr<MenuItem>>& items);
   void MakeShortcuts();
+  bool OpenMenu(HWND window, wchar_t access_key) const;
 
   DialogWindow& dialog_;
   HMENU menu_;

@@ -4,10 +4,10 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <cwctype>
 
 #include "platform/win32/system/system_text.h"
 #include "platform/win32/toolkit/top_window.h"
+#include "platform/win32/widgets/dialog_keyboard.h"
 #include "platform/win32/widgets/dialog_window.h"
 
 namespace quorvale {
@@ -139,11 +139,8 @@ TabStripControl::TabStripControl(DialogWindow& dialog, TabStrip& strip)
 
 bool TabStripControl::PressAccessKey(wchar_t key) {
   if (IsWindowVisible(Window()) == 0 || IsWindowEnabled(Window()) == 0) return false;
-  const auto upper = [](wchar_t c) { return static_cast<wchar_t>(std::towupper(c)); };
   for (std::size_t i = 0; i < strip_.Tabs().size(); ++i) {
-    const std::wstring caption = ToWide(strip_.Tabs()[i].caption);
-    const std::size_t mark = caption.find(L'&');
-    if (mark == std::wstring::npos || mark + 1 == caption.size() || upper(caption[mark + 1]) != upper(key)) continue;
+    if (!IsAccessKeyOf(strip_.Tabs()[i].caption, key)) continue;
     TakeFocus();
     strip_.UserSelect(static_cast<int>(i) + 1);
     return true;
