@@ -30,11 +30,6 @@ build_program() {
   cmake --build build --target "$@"
 }
 
-build_everything() {
-  need $build_packages $whole_packages
-  build release "$@"
-}
-
 # A settings store of the show's own, with the samples in both lists.
 prepare_show() {
   export XDG_CONFIG_HOME=$PWD/build/show
@@ -142,8 +137,8 @@ soak() {
 
 # "windows" is a table of its own: the Windows program's code beside the Linux program's.
 bench() {
-  need $screen_packages $bench_packages
-  build_everything
+  need $build_packages $whole_packages $screen_packages $bench_packages
+  build release --target program quorvale-bench quorvale-yardstick quorvale-portable-bench
   if [ "${1:-}" = windows ]; then
     need $windows_packages $wine_packages
     build windows-64
@@ -187,7 +182,8 @@ with QUORVALE_INSTALL=no in the environment it names that and stops.
   soak       [MINUTES [SEED]] runs every mode with faults injected, and reports whether it survived
   configure  open the configuration window
   build      only build; the program is build/quorvale
-  bench      measure speed and memory; prints a table, and JSON beside it; "bench windows" compares with Wine
+  bench      [GROUP...] [--quick] measure speed and memory; prints tables, and leaves JSON; the groups are load kinds
+             metafiles memory effects spotlight lists show preview start config; "bench windows" compares with Wine
   package    make a Debian package, an installer and a zip for Windows in build/packages
   lint       check format and code
 TEXT
