@@ -30,10 +30,12 @@ class SettingsToolTest : public testing::Test {
     tool.start(QUORVALE_SETTINGS_TOOL, arguments);
     tool.waitForFinished();
     const bool is_done = tool.exitStatus() == QProcess::NormalExit;
+    complaint_ = tool.readAllStandardError();
     return {is_done ? tool.exitCode() : -1, tool.readAllStandardOutput().toStdString()};
   }
 
   TemporaryDirectory directory_;
+  QByteArray complaint_;
 };
 
 TEST_F(SettingsToolTest, SetsAndGetsWhatTheProgramReads) {
@@ -95,10 +97,14 @@ TEST_F(SettingsToolTest, RejectsInvalidArguments) {
   const QStringList cases[] = {
       {},        {"show"},       {"get", "Options"},    {"set", "Options", "Interval"}, {"reset", "Options"},
       {"--key"}, {"--key", "x"}, {"--key", "", "reset"}};
-  for (const auto& arguments : cases) EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << arguments.join(' ').toStdString();
+  for (const auto& arguments : cases) {
+    EXPECT_EQ(Run(arguments), (Outcome{2, ""})) << arguments.join(' ').toStdString();
+    EXPECT_EQ(complaint_.count('\n'), 1) << complaint_.toStdString();
+  }
   EXPECT_EQ(Run({"--help"}).status, 0);
   directory_.Write("quorvale", "a file where the directory should be");
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 1);
+  EXPECT_TRUE(complaint_.contains(directory_.Path("quorvale").c_str())) << complaint_.toStdString();
 }
 
 }  // namespace

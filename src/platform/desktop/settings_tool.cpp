@@ -156,7 +156,8 @@ class SettingsTool {
 
   static int Report(std::int32_t result) {
     if (result == kErrorSuccess) return kDone;
-    std::string reason = "The settings can't be read or written (error " + std::to_string(result) + ").";
+    std::string reason =
+        "The settings in " + SettingsDirectory() + " can't be read or written (error " + std::to_string(result) + ").";
     if (result == kErrorFileNotFound) reason = "There is no such setting.";
     if (result == kErrorAccessDenied) reason = "There are sections below this one.";
     std::fprintf(stderr, "quorvale-settings: %s\n", reason.c_str());
@@ -189,13 +190,15 @@ int RunTool(Arguments arguments) {
     Print(kUsage);
     return kDone;
   }
+  const std::string name = arguments.empty() ? "" : arguments[0];
+  if (!arguments.empty()) arguments.erase(arguments.begin());
   for (const Command& command : kCommands) {
-    if (arguments.empty() || arguments[0] != command.name) continue;
-    arguments.erase(arguments.begin());
+    if (name != command.name) continue;
     if (arguments.size() < command.fewest_arguments || arguments.size() > command.most_arguments) break;
     return (SettingsTool(key).*command.run)(arguments);
   }
-  std::fputs(kUsage, stderr);
+  const std::string reason = name.empty() ? "no command" : name + ": no such command, or not with these arguments";
+  std::fprintf(stderr, "quorvale-settings: %s; quorvale-settings --help lists them\n", reason.c_str());
   return kUsageError;
 }
 
