@@ -1,4 +1,4 @@
-// The built tool, run as a user runs it.
+// The built tools, run as a user runs them.
 
 #include <gtest/gtest.h>
 
@@ -105,6 +105,17 @@ TEST_F(SettingsToolTest, RejectsInvalidArguments) {
   directory_.Write("quorvale", "a file where the directory should be");
   EXPECT_EQ(Run({"set", "Options", "Interval", "7"}).status, 1);
   EXPECT_TRUE(complaint_.contains(directory_.Path("quorvale").c_str())) << complaint_.toStdString();
+}
+
+TEST(HelpViewer, NeedsAPageAndADisplay) {
+  for (const auto& [argument, status] : {std::pair("--help", 2), std::pair("index.html", 1)}) {
+    QProcess viewer;
+    viewer.setProcessEnvironment(QProcessEnvironment());
+    viewer.start(QUORVALE_HELP_VIEWER, {argument});
+    viewer.waitForFinished(5'000);
+    EXPECT_EQ(viewer.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(viewer.exitCode(), status) << argument;
+  }
 }
 
 }  // namespace

@@ -13,9 +13,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/desktop/toolkit/start_up.h"
+
 namespace quorvale {
 namespace {
 
+constexpr int kUsageError = 2;
 constexpr QSize kWindowSize(760, 620);
 
 class HelpViewer : public QMainWindow {
@@ -82,8 +85,13 @@ class HelpViewer : public QMainWindow {
 }  // namespace quorvale
 
 int main(int argc, char** argv) {
-  if (argc == 1 && isatty(STDIN_FILENO) != 0) {
+  if (argc == 1 ? isatty(STDIN_FILENO) != 0 : argv[1][0] == '-') {
     std::fputs("Usage: quorvale-help PAGE, an HTML file. F1 in the windows of quorvale opens the help.\n", stderr);
+    return quorvale::kUsageError;
+  }
+  const quorvale::DisplayProbe probe;
+  if (!probe.HasDisplay()) {
+    std::fputs("quorvale-help: there is no display to show anything on\n", stderr);
     return EXIT_FAILURE;
   }
   QApplication application(argc, argv);
