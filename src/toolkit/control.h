@@ -81,6 +81,10 @@ class Widget : public Control {
   // Moves the focus to it. Fails with kInvalidArgument if it, or a frame around it, is hidden or disabled.
   void SetFocus();
   bool CanTakeFocus() const;
+  // Whether the user can do something with it. The Tab key passes over the others.
+  virtual bool Acts() const { return true; }
+  // Whether the Tab key comes to it while it is visible and enabled.
+  bool IsTabStop() const { return design_.tab_index >= 0 && Acts(); }
   bool HasFocus() const;
 
  protected:

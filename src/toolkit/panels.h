@@ -16,6 +16,7 @@ class Frame : public Widget {
   Frame(Form& parent, WidgetDesign design, bool border);
 
   bool Border() const { return border_; }
+  bool Acts() const override { return false; }
 
  protected:
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
@@ -47,6 +48,7 @@ class Label : public Widget {
   bool HasForeColor() const { return has_fore_colour_; }
   Colour ForeColor() const { return fore_colour_; }
   void SetForeColor(Colour colour);
+  bool Acts() const override { return false; }
 
  protected:
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
@@ -65,6 +67,7 @@ class Rule : public Widget {
   Rule(Form& parent, WidgetDesign design, Colour colour);
 
   Colour LineColor() const { return colour_; }
+  bool Acts() const override { return false; }
 
  protected:
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;
@@ -83,6 +86,7 @@ class ImageView : public Widget {
 
   const Artwork& GetArtwork() const { return artwork_; }
   void SetArtwork(Artwork artwork);
+  bool Acts() const override { return Click != nullptr; }
   void UserClick();
 
  protected:

@@ -11,16 +11,11 @@
 namespace quorvale {
 namespace {
 
-bool IsStop(const Widget& control) {
-  return control.Design().tab_index >= 0 && dynamic_cast<const Frame*>(&control) == nullptr &&
-         dynamic_cast<const Label*>(&control) == nullptr;
-}
-
 template <typename Interface>
 class FocusOnly : public Interface {
  public:
   FocusOnly(HeadlessWidgets& widgets, const Widget& control) : widgets_(widgets), control_(control) {
-    if (IsStop(control)) widgets.Add(control);
+    if (control.IsTabStop()) widgets.Add(control);
   }
   ~FocusOnly() override { widgets_.Remove(control_); }
   FocusOnly(const FocusOnly&) = delete;

@@ -6,8 +6,7 @@ namespace quorvale {
 namespace {
 
 ControlKind KindOf(const Button& button) {
-  return {L"BUTTON",
-          (button.is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
+  return {L"BUTTON", static_cast<DWORD>(button.is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON)};
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ template <typename Kind>
 class MarkControl : public ControlPeer<> {
  public:
   MarkControl(DialogWindow& dialog, Kind& button, DWORD style)
-      : ControlPeer(dialog, button, StyleFor(button, style)), button_(button) {
+      : ControlPeer(dialog, button, {L"BUTTON", style}), button_(button) {
     ShowValue();
   }
 
@@ -43,10 +43,6 @@ class MarkControl : public ControlPeer<> {
   void ShowValue() override { Send(BM_SETCHECK, button_.Value() ? BST_CHECKED : BST_UNCHECKED); }
 
  private:
-  static ControlKind StyleFor(const Kind& button, DWORD style) {
-    return {L"BUTTON", style | (button.Design().tab_index >= 0 ? WS_TABSTOP : 0U)};
-  }
-
   Kind& button_;
 };
 

@@ -24,7 +24,7 @@ std::string TextOf(HWND window) {
 }  // namespace
 
 TextBoxControl::TextBoxControl(DialogWindow& dialog, TextBox& box)
-    : ControlPeer(dialog, box, {L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+    : ControlPeer(dialog, box, {L"EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
   Send(EM_LIMITTEXT, static_cast<WPARAM>(box.MaxLength()));
   ShowValue();
 }
@@ -47,7 +47,7 @@ void TextBoxControl::ShowValue() {
 }
 
 DropDownControl::DropDownControl(DialogWindow& dialog, DropDownList& list)
-    : ControlPeer(dialog, list, {L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST}), list_(list) {
+    : ControlPeer(dialog, list, {L"COMBOBOX", WS_VSCROLL | CBS_DROPDOWNLIST}), list_(list) {
   for (const std::string& item : list.Items()) {
     Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToWide(item).c_str()));
   }
@@ -70,8 +70,7 @@ void DropDownControl::Place() const {
 void DropDownControl::ShowValue() { Send(CB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex())); }
 
 SliderControl::SliderControl(DialogWindow& dialog, Slider& slider)
-    : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, WS_TABSTOP | TBS_HORZ | TBS_AUTOTICKS | TBS_FIXEDLENGTH}),
-      slider_(slider) {
+    : ControlPeer(dialog, slider, {TRACKBAR_CLASSW, TBS_HORZ | TBS_AUTOTICKS | TBS_FIXEDLENGTH}), slider_(slider) {
   FitThumb();
   Send(TBM_SETRANGE, TRUE, MAKELPARAM(slider.Min(), slider.Max()));
   ShowValue();

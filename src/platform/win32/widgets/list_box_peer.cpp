@@ -21,7 +21,7 @@ constexpr std::size_t kMostCharacters = 300;
 constexpr LPARAM kUsualTextBytes = 600;
 
 constexpr DWORD kStyle =
-    WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_EXTENDEDSEL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
+    WS_VSCROLL | LBS_NOTIFY | LBS_EXTENDEDSEL | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
 
 int LineHeight(HFONT font) {
   const MemoryContext context;

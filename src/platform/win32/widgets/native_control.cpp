@@ -21,6 +21,7 @@ DWORD StyleOf(const Widget& widget, DWORD kind_style) {
   DWORD style = kind_style | WS_CHILD | WS_CLIPSIBLINGS;
   if (widget.Visible()) style |= WS_VISIBLE;
   if (!widget.Enabled()) style |= WS_DISABLED;
+  if (widget.IsTabStop()) style |= WS_TABSTOP;
   return style;
 }
 

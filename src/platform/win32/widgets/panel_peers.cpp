@@ -124,7 +124,7 @@ void ImageViewControl::Paint() {
 }
 
 TabStripControl::TabStripControl(DialogWindow& dialog, TabStrip& strip)
-    : ControlPeer(dialog, strip, {WC_TABCONTROLW, WS_TABSTOP | TCS_TOOLTIPS | TCS_FOCUSONBUTTONDOWN}), strip_(strip) {
+    : ControlPeer(dialog, strip, {WC_TABCONTROLW, TCS_TOOLTIPS | TCS_FOCUSONBUTTONDOWN}), strip_(strip) {
   int position = 0;
   for (const TabStrip::Tab& tab : strip.Tabs()) {
     std::wstring caption = ToWide(tab.caption);

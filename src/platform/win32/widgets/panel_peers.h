@@ -35,11 +35,11 @@ class RuleControl : public ControlPeer<> {
 class ImageViewControl : public ControlPeer<> {
  public:
   ImageViewControl(DialogWindow& dialog, ImageView& view)
-      : ControlPeer(dialog, view, {L"STATIC", SS_NOTIFY | (view.Click ? WS_TABSTOP : 0U)}), view_(view) {}
+      : ControlPeer(dialog, view, {L"STATIC", SS_NOTIFY}), view_(view) {}
 
   bool IsBackground() const override { return true; }
   bool ShowsCaption() const override { return false; }
-  bool IsLink() const override { return view_.Click != nullptr; }
+  bool IsLink() const override { return view_.Acts(); }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
