@@ -181,18 +181,23 @@ inline constexpr ControlText kResetSoundList{"Reset Play List when Started",
 inline constexpr ControlText kMorePage{"&More", "Set More Options"};
 inline constexpr ControlText kScaling{"P&roportions:",
                                       "Show each picture whole, or let it fill the screen, without distorting it."};
+// The entries of this list and of those below: a text for each value that is stored, in the same order.
+inline constexpr const char* kScalings[] = {"As Set Under Pictures", "Fit", "Fill"};
 inline constexpr ControlText kFitBackdrop{"Bl&urred Picture beside a Fitted One",
                                           "Fill the bars beside a picture that is shown whole."};
 inline constexpr ControlText kCaptionText{"Text &below the Picture:",
                                           "What stands at the bottom of the screen while the file name is shown."};
+inline constexpr const char* kCaptionTexts[] = {"File Name", "Date Taken", "File Name and Date"};
 inline constexpr ControlText kSubFolders{"Include Sub-&Folders",
                                          "Show and play what is in the folders inside a directory of the lists, too."};
 inline constexpr ControlText kOrder{"Or&der of the Pictures:",
                                     "Sort the pictures by the dates of their files, unless their order is random."};
+inline constexpr const char* kOrders[] = {"As Listed", "Newest First", "Oldest First"};
 inline constexpr ControlText kMoreKinds{
     "More &Kinds of Pictures",
     "Find PNG, WebP, HEIC, AVIF, JPEG XL and TIFF pictures in directories and file dialogs, too."};
 inline constexpr ControlText kMonitors{"Mo&nitors:", "Show pictures on all monitors, or leave all but one black."};
+inline constexpr const char* kMonitorChoices[] = {"Primary Only", "A Picture on Each"};
 
 inline constexpr ControlText kOk{"&OK", "Save changes."};
 inline constexpr ControlText kCancel{"&Cancel", "Close without saving changes."};

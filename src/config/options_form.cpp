@@ -1,5 +1,7 @@
 #include "config/options_form.h"
 
+#include <algorithm>
+
 #include "base/application_info.h"
 #include "base/failure.h"
 #include "base/numbers.h"
@@ -67,7 +69,8 @@ void OptionsForm::Form_Help() { process_.system.programs.WinHelp(Hwnd(), kHelpFi
 
 // What another option puts out of effect is grey.
 void OptionsForm::UpdateEnabled() {
-  const auto scaling = static_cast<Scaling>(kScaling.ChoiceOf(scaling_.Text()));
+  // Nothing is chosen until the options have been read.
+  const auto scaling = static_cast<Scaling>(std::max(scaling_.ListIndex(), 0));
   const bool is_scaled = scaling != Scaling::kAsSet;
   const bool is_stretched = stretch_.Value() == 1 && !is_scaled;
   stretch_.SetEnabled(!is_scaled);

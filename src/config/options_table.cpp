@@ -9,7 +9,6 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -73,9 +72,15 @@ OptionField FieldOf(const OptionRow* option, DropDownList& list) {
   return {.option = option,
           .show =
               [&list, option](const std::string& stored) {
-                list.SetText(option->kind == OptionKind::kChoice ? option->choices[option->ChoiceOf(stored)] : stored);
+                list.SetText(option->kind == OptionKind::kChoice ? list.Items()[option->ChoiceOf(stored)] : stored);
               },
-          .value = [&list] { return list.Text(); }};
+          .value =
+              [&list, option] {
+                const int index = list.ListIndex();
+                return option->kind == OptionKind::kChoice && index >= 0
+                           ? option->choices[static_cast<std::size_t>(index)]
+                           : list.Text();
+              }};
 }
 
 OptionField FieldOf(const OptionRow* option, Slider& slider) {
@@ -153,7 +158,11 @@ constexpr TwipRect MoreLabel(int row) { return {120, MoreTop(row) + 42, 2280, 22
 constexpr TwipRect MoreCheck(int row) { return {120, MoreTop(row) + 30, 5484, 252}; }
 constexpr TwipRect MoreList(int row) { return {2460, MoreTop(row), 3144, 315}; }
 
-std::vector<std::string> Names(std::span<const char* const> choices) { return {choices.begin(), choices.end()}; }
+// The texts of a choice, one for each of its stored values.
+template <std::size_t Count>
+std::vector<std::string> Texts(const char* const (&texts)[Count], const char* const (&/*values*/)[Count]) {
+  return {std::begin(texts), std::end(texts)};
+}
 
 std::vector<std::string> EffectNames() {
   std::vector<std::string> names = {kNoEffect, kRandomEffect};
@@ -173,10 +182,10 @@ std::vector<ControlRow> Rows() {
   const Maker group = A<Frame>(true);
   const Maker page = A<Frame>(false);
   const Maker effects = A<DropDownList>(EffectNames());
-  const Maker scalings = A<DropDownList>(Names(kScalings));
-  const Maker captions = A<DropDownList>(Names(kCaptionTexts));
-  const Maker orders = A<DropDownList>(Names(kOrders));
-  const Maker monitors = A<DropDownList>(Names(kMonitorChoices));
+  const Maker scalings = A<DropDownList>(Texts(option_texts::kScalings, kScalings));
+  const Maker captions = A<DropDownList>(Texts(option_texts::kCaptionTexts, kCaptionTexts));
+  const Maker orders = A<DropDownList>(Texts(option_texts::kOrders, kOrders));
+  const Maker monitors = A<DropDownList>(Texts(option_texts::kMonitorChoices, kMonitorChoices));
   const Maker speed = A<Slider>(kSlowest, kFastest);
   const auto caption = [](const strings::ControlText& text) { return strings::ControlText{text.caption}; };
   const auto tip = [](const char* text) { return strings::ControlText{"", text}; };
