@@ -14,8 +14,6 @@ class LabelControl : public ControlPeer<> {
  public:
   LabelControl(DialogWindow& dialog, Label& label);
 
-  // A label without a text has a name all the same.
-  bool ShowsCaption() const override { return !label_.Caption().empty(); }
   void Refresh(WidgetAspect aspect) override;
   void FollowScale() override;
 

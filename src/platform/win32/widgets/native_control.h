@@ -43,7 +43,7 @@ class NativeControl {
   const WidgetDesign& Design() const { return widget_.Design(); }
 
   // Whether screen readers find its name in its window text. If not, they need `NameToSpeak`.
-  virtual bool ShowsCaption() const { return true; }
+  virtual bool ShowsCaption() const { return !widget_.Caption().empty(); }
   std::string NameToSpeak() const { return SpokenName(widget_); }
   // Screen readers announce it as a link.
   virtual bool IsLink() const { return false; }

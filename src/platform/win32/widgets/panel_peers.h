@@ -13,6 +13,9 @@ class FrameControl : public ControlPeer<> {
  public:
   FrameControl(DialogWindow& dialog, Frame& frame);
 
+  // A frame without a caption has no name.
+  bool ShowsCaption() const override { return true; }
+
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
 
