@@ -26,8 +26,8 @@ std::size_t LongCharacterBytes(std::string_view text, std::size_t at) {
   return invalid ? 1 : length;
 }
 
-// The length in bytes of the character at `at`; 1 for an invalid byte. The columns of a list entry are counted for every
-// entry at every change of a list, and most are ASCII: these cost no call.
+// The length in bytes of the character at `at`; 1 for an invalid byte. The columns of a list entry are counted for
+// every entry at every change of a list, and most are ASCII: these cost no call.
 inline std::size_t CharacterBytes(std::string_view text, std::size_t at) {
   return static_cast<std::uint8_t>(text[at]) < 0x80 ? 1 : LongCharacterBytes(text, at);
 }

@@ -51,8 +51,8 @@ void MainForm::Form_Load() {
   ForceCursorOff(process_.system.windows);
 }
 
-// The screen would be painted twice if the cover had another colour than the show. A colour out of range fails the start
-// of the show, where a failure is handled; the cover is black then.
+// The screen would be painted twice if the cover had another colour than the show. A colour out of range fails the
+// start of the show, where a failure is handled; the cover is black then.
 void MainForm::ColourCover() {
   try {
     PicBase.SetBackColor(process_.options.BackColor());
