@@ -158,7 +158,8 @@ TEST(PictureSeeds, TurnsAPictureOnce) {
 TEST(PictureSeeds, TurnsAndMirrorsHeicAsItsPropertySays) {
   const TemporaryDirectory folder;
   Bytes bytes = ReadBytes(Seed("turned.heic"));
-  const auto property = std::ranges::search(bytes, std::string_view("irot")).begin();
+  constexpr std::string_view kRotation = "irot";
+  const auto property = std::search(bytes.begin(), bytes.end(), kRotation.begin(), kRotation.end());
   ASSERT_NE(property, bytes.end());
   const auto rotated = [](int degrees) { return QTransform().rotate(degrees); };
   const std::tuple<std::string, int, QTransform> cases[] = {{"irot", 0, {}},

@@ -34,7 +34,7 @@ bool AddRotation(const IsoBox& property, int& quarters) {
   if (property.type == BoxType("clap") || property.type == BoxType("imir")) return false;
   if (property.type != BoxType("irot")) return true;
   if (quarters != 0 || property.content.empty()) return false;
-  quarters = property.content[0] & 3U;
+  quarters = property.content[0] % 4;
   return true;
 }
 
