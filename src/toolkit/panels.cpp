@@ -56,6 +56,11 @@ void TabStrip::UserSelect(int index) {
   Raise(Click);
 }
 
+void TabStrip::UserTurn(bool backwards) {
+  const int count = static_cast<int>(tabs_.size());
+  if (count > 0) UserSelect((selected_ + (backwards ? count - 2 : 0)) % count + 1);
+}
+
 std::unique_ptr<WidgetPeer> TabStrip::MakePeer(WidgetFactory& factory) {
   return factory.Make(Parent().Window(), *this);
 }

@@ -113,6 +113,8 @@ class TabStrip : public Widget {
   int SelectedItem() const { return selected_; }
   // The user clicked a tab, perhaps the one that is selected.
   void UserSelect(int index);
+  // The user asked for the next tab or the one before. The first comes after the last.
+  void UserTurn(bool backwards);
 
  protected:
   std::unique_ptr<WidgetPeer> MakePeer(WidgetFactory& factory) override;

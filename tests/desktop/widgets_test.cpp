@@ -186,6 +186,11 @@ TEST_F(WidgetsTest, AreVisitedInTabOrder) {
               ElementsAre("opt1", "txt", "chk", "lst", "cbo", "sld", "cmdFile", "cmdOK", "cmdCancel", "picture"));
   Press(Qt::Key_T, Qt::AltModifier);
   EXPECT_EQ(Focused(), "txt") << "a label's access key leads to the control behind it";
+  for (const int tab : {2, 1}) {
+    Press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(form_->tabs.SelectedItem(), tab);
+    EXPECT_EQ(Focused(), "tabs");
+  }
 }
 
 TEST_F(WidgetsTest, HaveTheFocusBackWhenOneEventDisablesAndEnablesThem) {

@@ -61,11 +61,12 @@ class Configuration(WindowsTest):
             with self.subTest(last=last):
                 self.keys("alt+p", "o")
                 self.session.wait_for_window("Screen Saver Options")
-                self.keys("alt+w", "BackSpace", "x", "7", "alt+s", "Tab")
+                self.keys("alt+w", "BackSpace", "x", "7", "alt+s", "ctrl+Tab", "alt+k")
                 self.keep_screenshot("windows-options")
                 self.keys(last)
                 time.sleep(0.3)
                 self.assertEqual(self.session.read("Options")["Interval"], expected)
+                self.assertEqual(self.session.read("Options").get("MoreKinds"), "1" if last == "Return" else None)
         self.keys("F10", "Right", "Right", "Down", "Up", "Return")
         self.session.wait_for_window("About Quorvale Customizable Screen Saver")
         self.keep_screenshot("windows-about")

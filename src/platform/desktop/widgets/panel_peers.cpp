@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOption>
@@ -194,6 +195,14 @@ TabArea::TabArea(TabStrip& strip) {
   setFocusPolicy(Qt::StrongFocus);
   connect(&tabs_, &QTabBar::currentChanged, this,
           [&strip](int index) { Deliver([&] { strip.UserSelect(index + 1); }); });
+  for (const bool backwards : {false, true}) {
+    auto* const turn = new QShortcut(backwards ? QKeySequence::PreviousChild : QKeySequence::NextChild, this);
+    connect(turn, &QShortcut::activated, this, [this, &strip, backwards] {
+      // What has the focus may be on the page that goes.
+      tabs_.setFocus(Qt::TabFocusReason);
+      Deliver([&] { strip.UserTurn(backwards); });
+    });
+  }
 }
 
 void TabArea::paintEvent(QPaintEvent* /*event*/) {

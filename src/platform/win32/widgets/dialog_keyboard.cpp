@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <functional>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -74,16 +75,23 @@ void ShowDefault(const NativeControl* button, bool is_default) {
   SendMessageW(button->Window(), BM_SETSTYLE, is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
 }
 
-struct AccessKey {
-  wchar_t key;
-  bool is_handled;
+// A key that each control may handle.
+struct OfferedKey {
+  std::function<bool(NativeControl& control)> press;
+  bool is_handled = false;
 };
 
-BOOL CALLBACK OfferAccessKey(HWND window, LPARAM pressed) {
-  auto& access = *reinterpret_cast<AccessKey*>(pressed);
+BOOL CALLBACK OfferKey(HWND window, LPARAM offered) {
+  auto& key = *reinterpret_cast<OfferedKey*>(offered);
   NativeControl* const control = NativeControl::Of(window);
-  if (control != nullptr) Deliver([&] { access.is_handled = control->PressAccessKey(access.key); });
-  return access.is_handled ? FALSE : TRUE;
+  if (control != nullptr) Deliver([&] { key.is_handled = key.press(*control); });
+  return key.is_handled ? FALSE : TRUE;
+}
+
+// Whether a control of the dialog handles it.
+bool Offer(HWND dialog, OfferedKey key) {
+  EnumChildWindows(dialog, &OfferKey, reinterpret_cast<LPARAM>(&key));
+  return key.is_handled;
 }
 
 }  // namespace
@@ -110,7 +118,10 @@ bool DialogKeyboard::TranslateDialogKey(const MSG& message) const {
   const LRESULT wishes = SendMessageW(message.hwnd, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message));
   if ((wishes & (DLGC_WANTALLKEYS | DLGC_WANTMESSAGE)) != 0) return false;
   if (key == VK_TAB) {
-    MoveFocus(GetKeyState(VK_SHIFT) < 0);
+    const bool backwards = GetKeyState(VK_SHIFT) < 0;
+    const bool turns = GetKeyState(VK_CONTROL) < 0 &&
+                       Offer(dialog_, {[backwards](NativeControl& control) { return control.TurnPage(backwards); }});
+    if (!turns) MoveFocus(backwards);
   } else if (key == VK_RETURN) {
     PressDefault();
   } else if (cancel_button_ != nullptr) {
@@ -144,9 +155,7 @@ void DialogKeyboard::MoveFocus(bool backwards) const {
 }
 
 bool DialogKeyboard::PressAccessKey(wchar_t key) const {
-  AccessKey pressed{key, false};
-  EnumChildWindows(dialog_, &OfferAccessKey, reinterpret_cast<LPARAM>(&pressed));
-  return pressed.is_handled;
+  return Offer(dialog_, {[key](NativeControl& control) { return control.PressAccessKey(key); }});
 }
 
 void DialogKeyboard::PressDefault() const {

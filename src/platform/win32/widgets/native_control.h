@@ -58,6 +58,8 @@ class NativeControl {
 
   // Alt and this key were pressed. Returns true if the control handled it; the system handles the other access keys.
   virtual bool PressAccessKey(wchar_t /*key*/) { return false; }
+  // Ctrl+Tab was pressed, with Shift for backwards. Returns true if the control has pages and has turned to another.
+  virtual bool TurnPage(bool /*backwards*/) { return false; }
 
   // Shows that aspect of the widget anew.
   virtual void Refresh(WidgetAspect aspect);

@@ -148,6 +148,14 @@ bool TabStripControl::PressAccessKey(wchar_t key) {
   return false;
 }
 
+bool TabStripControl::TurnPage(bool backwards) {
+  if (IsWindowVisible(Window()) == 0 || IsWindowEnabled(Window()) == 0) return false;
+  // What has the focus may be on the page that goes.
+  TakeFocus();
+  strip_.UserTurn(backwards);
+  return true;
+}
+
 // The system does not report a click on the tab that is already selected.
 LRESULT TabStripControl::OnMessage(UINT message, WPARAM first, LPARAM second) {
   if (message == WM_LBUTTONDOWN) {

@@ -61,6 +61,7 @@ class TabStripControl : public ControlPeer<> {
   bool IsBackground() const override { return true; }
   bool ShowsCaption() const override { return false; }
   bool PressAccessKey(wchar_t key) override;
+  bool TurnPage(bool backwards) override;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM first, LPARAM second) override;
