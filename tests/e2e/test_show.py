@@ -71,6 +71,14 @@ class WithoutWindowManager(ShowTest):
         self.assertEqual(self.pixels((0, 0), (799, 599)), [RED] * 2)
         self.assert_ends_by_key(program)
 
+    def test_what_another_window_has_covered_is_shown_again(self):
+        program = self.start_show(Interval="60")
+        other = self.run_beside("xev", "-geometry", "200x200+300+200", "-event", "button")
+        wait_until(lambda: self.pixels((400, 300)) != [RED], "the other window")
+        other.kill()
+        self.wait_for_colour(RED)
+        self.assert_runs(program)
+
 
 class SecondCopy(ShowTest):
     def test_ends_at_once_and_leaves_the_first_alone(self):
