@@ -24,7 +24,9 @@ std::uint32_t PrimaryItem(ByteSpan box) {
   return is_short ? reader.U16() : reader.U32();
 }
 
+// Counted from 1. 0 stands for no property.
 IsoBox BoxAt(ByteSpan boxes, unsigned number) {
+  if (number == 0) return {};
   for (unsigned i = 1; i < number; ++i) CutBox(boxes);
   return CutBox(boxes).value_or(IsoBox{});
 }
