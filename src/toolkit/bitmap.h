@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <type_traits>
 #include <vector>
 
 #include "toolkit/units.h"
@@ -17,15 +18,21 @@ constexpr Pixel ToPixel(Colour colour) {
 }
 
 // A view of pixels owned elsewhere: `height` rows of `width`. `stride` is the distance between rows in pixels.
-struct PixelView {
-  Pixel* pixels = nullptr;
+template <typename AnyPixel>
+struct BasicPixelView {
+  AnyPixel* pixels = nullptr;
   int width = 0;
   int height = 0;
   std::ptrdiff_t stride = 0;
 
-  Pixel* Row(int y) const { return pixels + y * stride; }
+  AnyPixel* Row(int y) const { return pixels + y * stride; }
   PixelRect Bounds() const { return {0, 0, width, height}; }
+  operator BasicPixelView<const Pixel>() const requires(!std::is_const_v<AnyPixel>) {
+    return {pixels, width, height, stride};
+  }
 };
+using PixelView = BasicPixelView<Pixel>;
+using ConstPixelView = BasicPixelView<const Pixel>;
 
 // An image that owns its pixels. Used for artwork.
 class Bitmap {

@@ -22,6 +22,10 @@ class Picture {
   // The day on which the camera took it, such as "2026-05-17". Empty if the file does not say it.
   virtual std::string DateTaken() const { return {}; }
 
+  // What `Paint` with that box would leave on all of a target of that size, row by row, if the picture covers it and
+  // has these pixels at hand. They don't change any more. Null otherwise.
+  virtual std::shared_ptr<const Pixel[]> Covering(PixelSize /*target*/, const PixelRect& /*box*/) { return {}; }
+
   // Paints the picture, scaled to `box`, on the part of `target` inside `clip`. Transparent pixels leave the target
   // unchanged. If the picture proves to be damaged, paints what can be decoded.
   virtual void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) = 0;

@@ -175,7 +175,14 @@ void PictureBox::RepaintPixels(const PixelRect& area) {
     if (!image->Visible() || !image->GetPicture()) continue;
     const PixelRect seen = Intersect(ToPixels(image->Bounds(), scale_), inside);
     if (seen.IsEmpty()) continue;
-    image->GetPicture()->Paint(surface_.Pixels(), ToPixels(image->PictureBounds(), scale_), seen);
+    const PixelRect box = ToPixels(image->PictureBounds(), scale_);
+    if (seen == surface_.Bounds()) {
+      if (auto pixels = image->GetPicture()->Covering({seen.width, seen.height}, box)) {
+        surface_.ShowPixels(std::move(pixels));
+        continue;
+      }
+    }
+    image->GetPicture()->Paint(surface_.Pixels(), box, seen);
     surface_.Changed(seen);
   }
   InvalidateIfDirty();

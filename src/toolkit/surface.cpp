@@ -67,6 +67,7 @@ bool FillBlock(Pixel* block, int unknown, Pixel colour) {
 void Surface::Resize(int width, int height, Pixel fill) {
   width_ = std::max(width, 0);
   height_ = std::max(height, 0);
+  seen_.reset();
   pixels_.assign(static_cast<std::size_t>(width_) * height_, fill);
   known_.assign(static_cast<std::size_t>(height_), {{0, width_, fill}, {}});
   dirty_.Reset(width_, height_);
@@ -75,6 +76,11 @@ void Surface::Resize(int width, int height, Pixel fill) {
 
 void Surface::FillRect(const PixelRect& rect, Pixel colour) {
   const PixelRect inside = Intersect(rect, Bounds());
+  if (seen_ && inside == Bounds()) {
+    seen_.reset();
+    dirty_.Add(inside);
+  }
+  CopySeen();
   for (int y = inside.top; y < inside.Bottom(); ++y) FillSpan(y, inside.left, inside.Right(), colour);
 }
 
@@ -85,6 +91,7 @@ void Surface::DrawLine(double x1, double y1, double x2, double y2, double pen, P
   x2 = Near(x2);
   y2 = Near(y2);
   pen = std::clamp(pen, 0.0, kFarthestCoordinate);
+  CopySeen();
   if (std::abs(x2 - x1) > kStraight && std::abs(y2 - y1) > kStraight) {
     DrawSlantedLine(x1, y1, x2, y2, pen, colour);
     return;
@@ -119,6 +126,7 @@ void Surface::DrawSlantedLine(double x1, double y1, double x2, double y2, double
 
 void Surface::DrawCircle(double x, double y, double radius, double pen, Pixel outline, Pixel fill) {
   if (AnyNan(x, y, radius, pen) || radius < 0) return;
+  CopySeen();
   x = Near(x);
   y = Near(y);
   radius = Near(radius);
@@ -146,15 +154,33 @@ void Surface::DrawCircle(double x, double y, double radius, double pen, Pixel ou
 
 void Surface::DrawDot(double x, double y, double diameter, Pixel colour) {
   if (AnyNan(x, y, diameter)) return;
+  CopySeen();
   if (x >= 0 && x < width_ && y >= 0 && y < height_) {
     FillSpan(static_cast<int>(y), static_cast<int>(x), static_cast<int>(x) + 1, colour);
   }
   DrawCircle(x, y, std::max(diameter, 0.0) / 2, 0, colour, colour);
 }
 
+PixelView Surface::Pixels() {
+  CopySeen();
+  return {pixels_.data(), width_, height_, width_};
+}
+
+void Surface::ShowPixels(std::shared_ptr<const Pixel[]> pixels) {
+  seen_ = std::move(pixels);
+  dirty_.Add(Bounds());
+}
+
+void Surface::CopySeen() {
+  if (!seen_) return;
+  std::copy_n(seen_.get(), pixels_.size(), pixels_.begin());
+  known_.assign(known_.size(), {});
+  seen_.reset();
+}
+
 void Surface::Changed(const PixelRect& rect) {
   const PixelRect inside = Intersect(rect, Bounds());
-  for (int y = inside.top; y < inside.Bottom(); ++y) {
+  for (int y = inside.top; y < inside.Bottom() && !seen_; ++y) {
     KnownRow& known = known_[static_cast<std::size_t>(y)];
     known.one.Cut(inside.left, inside.Right());
     known.other.Cut(inside.left, inside.Right());
@@ -163,7 +189,7 @@ void Surface::Changed(const PixelRect& rect) {
 }
 
 std::optional<Pixel> Surface::SolidColour(const PixelRect& rect) const {
-  if (rect.IsEmpty()) return {};
+  if (rect.IsEmpty() || seen_) return {};
   const KnownRow& first = known_[static_cast<std::size_t>(rect.top)];
   const auto is_solid = [&](Pixel colour) {
     const auto begin = known_.begin() + rect.top;
@@ -192,7 +218,7 @@ void Surface::FillSpan(int y, int left, int right, Pixel colour) {
   KnownRow& known = known_[static_cast<std::size_t>(y)];
   // The picture that covered the row has hardly a pixel of the colour.
   if (right - left == width_ && known.one.Length() + known.other.Length() == 0) {
-    std::fill_n(Pixels().Row(y), width_, colour);
+    std::fill_n(RowOf(y), width_, colour);
     dirty_.Add(y, 0, width_);
     known.one = {0, width_, colour};
     return;
@@ -219,7 +245,7 @@ void Surface::FillSpan(int y, int left, int right, Pixel colour) {
 // from row to row, which they do on one side only.
 void Surface::GrowLeft(KnownRun& known, int y, int left) {
   if (left >= known.left) return;
-  if (left + kGrownBlock <= known.right && FillBlock(Pixels().Row(y) + left, known.left - left, known.colour)) {
+  if (left + kGrownBlock <= known.right && FillBlock(RowOf(y) + left, known.left - left, known.colour)) {
     dirty_.Add(y, left, known.left);
   } else {
     FillUnknown(y, left, known.left, known.colour);
@@ -230,7 +256,7 @@ void Surface::GrowLeft(KnownRun& known, int y, int left) {
 void Surface::GrowRight(KnownRun& known, int y, int right) {
   if (right <= known.right) return;
   const int block = right - kGrownBlock;
-  if (block >= known.left && FillBlock(Pixels().Row(y) + block, right - known.right, known.colour)) {
+  if (block >= known.left && FillBlock(RowOf(y) + block, right - known.right, known.colour)) {
     dirty_.Add(y, known.right, right);
   } else {
     FillUnknown(y, known.right, right, known.colour);
@@ -239,7 +265,7 @@ void Surface::GrowRight(KnownRun& known, int y, int right) {
 }
 
 void Surface::FillUnknown(int y, int left, int right, Pixel colour) {
-  Pixel* row = Pixels().Row(y);
+  Pixel* row = RowOf(y);
   int changed_from = left;
   int x = left;
   for (; right - x >= kLongBlock; x += kLongBlock) {
@@ -259,7 +285,7 @@ void Surface::FillUnknown(int y, int left, int right, Pixel colour) {
 
 // All pixels from `changed_from` to `left` have changed and are not dirty yet; gives the same for `right`.
 int Surface::FillMixed(int y, int left, int right, Pixel colour, int changed_from) {
-  Pixel* row = Pixels().Row(y);
+  Pixel* row = RowOf(y);
   for (int x = left; x < right; ++x) {
     if (row[x] != colour) {
       row[x] = colour;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -37,8 +38,15 @@ class Surface {
   void DrawDot(double x, double y, double diameter, Pixel colour);
 
   // For painting pictures and text. After writing, call `Changed`.
-  PixelView Pixels() { return {pixels_.data(), width_, height_, width_}; }
-  Pixel At(int x, int y) const { return pixels_[static_cast<std::size_t>(y) * width_ + x]; }
+  PixelView Pixels();
+
+  // What the surface shows. Valid until it is drawn on.
+  ConstPixelView Seen() const { return {seen_ ? seen_.get() : pixels_.data(), width_, height_, width_}; }
+  Pixel At(int x, int y) const { return Seen().Row(y)[x]; }
+
+  // Shows `pixels`, as many as the surface has, row by row. They are read until the surface is drawn on, and copied
+  // only if something of them stays then. All becomes dirty.
+  void ShowPixels(std::shared_ptr<const Pixel[]> pixels);
 
   // Makes all of `rect` dirty.
   void Changed(const PixelRect& rect);
@@ -69,6 +77,8 @@ class Surface {
   };
 
   void DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
+  void CopySeen();
+  Pixel* RowOf(int y) { return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_; }
   void FillSpan(int y, int left, int right, Pixel colour);
   void GrowLeft(KnownRun& known, int y, int left);
   void GrowRight(KnownRun& known, int y, int right);
@@ -76,6 +86,10 @@ class Surface {
   int FillMixed(int y, int left, int right, Pixel colour, int changed_from);
 
   std::vector<Pixel> pixels_;
+  // What is shown instead of `pixels_`. These keep what was drawn last: mostly the background, as the next picture
+  // needs it.
+  std::shared_ptr<const Pixel[]> seen_;
+  // Of `pixels_`.
   std::vector<KnownRow> known_;
   DirtyRegion dirty_;
   int width_ = 0;

@@ -30,6 +30,13 @@ struct TwipRect {
   bool operator==(const TwipRect&) const = default;
 };
 
+// In pixels.
+struct PixelSize {
+  int width = 0;
+  int height = 0;
+  bool operator==(const PixelSize&) const = default;
+};
+
 // In pixels; empty when a side is 0 or less.
 struct PixelRect {
   int left = 0;

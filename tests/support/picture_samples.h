@@ -2,6 +2,9 @@
 
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <memory>
@@ -66,6 +69,9 @@ inline std::shared_ptr<Picture> ShowBy(PictureLoader&& loader, const std::string
                                        Screen& screen) {
   auto picture = loader.Load(path, PlaceAt(box, screen.Bounds()));
   picture->Paint(screen.View(), box, screen.Bounds());
+  if (const auto pixels = picture->Covering({screen.View().width, screen.View().height}, box)) {
+    EXPECT_TRUE(std::equal(screen.pixels.begin(), screen.pixels.end(), pixels.get())) << path;
+  }
   return picture;
 }
 

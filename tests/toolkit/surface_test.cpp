@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <random>
 
@@ -322,6 +323,44 @@ TEST(Surface, KnowsAreasOfOneColour) {
   EXPECT_EQ(surface.SolidColour(surface.Bounds()), kRim);
   surface.Changed({9, 9, 1, 1});
   EXPECT_EQ(surface.SolidColour(surface.Bounds()), std::nullopt);
+}
+
+TEST(Surface, ShowsPixelsOfOthersUntilItIsDrawnOn) {
+  const std::pair<const char*, std::function<void(Surface&)>> cases[] = {
+      {"rectangle",
+       [](Surface& s) {
+         s.FillRect({3, 2, 1, 1}, kInk);
+       }},
+      {"line", [](Surface& s) { s.DrawLine(3, 2.5, 4, 2.5, 0.1, kInk); }},
+      {"disc", [](Surface& s) { s.DrawCircle(3.5, 2.5, 0.4, 0, kInk, kInk); }},
+      {"dot", [](Surface& s) { s.DrawDot(3, 2, 1, kInk); }},
+      {"paint", [](Surface& s) { s.Pixels().Row(2)[3] = kInk; }},
+  };
+  constexpr int kCount = 8 * 4;
+  const std::shared_ptr<Pixel[]> shown(new Pixel[kCount]);
+  std::fill_n(shown.get(), kCount, kRim);
+  for (const auto& [kind, draw] : cases) {
+    SCOPED_TRACE(kind);
+    Surface surface;
+    surface.Resize(8, 4, kPaper);
+    surface.Dirty().Take();
+    surface.ShowPixels(shown);
+    EXPECT_THAT(surface.Dirty().Take(), ElementsAre(surface.Bounds()));
+    surface.Changed(surface.Bounds());
+    EXPECT_EQ(surface.SolidColour({0, 0, 1, 1}), std::nullopt);
+    EXPECT_EQ(surface.Seen().pixels, shown.get());
+    draw(surface);
+    EXPECT_EQ(surface.At(3, 2), kInk);
+    EXPECT_EQ(std::count(surface.Seen().pixels, surface.Seen().pixels + kCount, kRim), kCount - 1);
+    EXPECT_EQ(surface.SolidColour({0, 0, 1, 1}), std::nullopt);
+    surface.ShowPixels(shown);
+    surface.Dirty().Take();
+    surface.FillRect({-1, -1, 10, 10}, kPaper);
+    EXPECT_THAT(surface.Dirty().Take(), ElementsAre(surface.Bounds()));
+    EXPECT_EQ(surface.SolidColour(surface.Bounds()), kPaper);
+    EXPECT_EQ(surface.At(3, 2), kPaper);
+  }
+  EXPECT_EQ(std::count(shown.get(), shown.get() + kCount, kRim), kCount) << "not drawn on";
 }
 
 TEST(Surface, ResizingMakesEverythingDirty) {

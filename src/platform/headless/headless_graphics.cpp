@@ -47,6 +47,14 @@ class StripedPicture : public Picture {
     }
   }
 
+  std::shared_ptr<const Pixel[]> Covering(PixelSize target, const PixelRect& box) override {
+    const PixelRect all{0, 0, target.width, target.height};
+    if (Intersect(box, all) != all) return nullptr;
+    auto pixels = std::make_shared<Pixel[]>(static_cast<std::size_t>(target.width) * target.height);
+    Paint({pixels.get(), target.width, target.height, target.width}, box, all);
+    return pixels;
+  }
+
  private:
   // The colour of column `x` of `width`, taken at its middle.
   Pixel At(int x, int width) const {

@@ -11,13 +11,6 @@
 
 namespace quorvale {
 
-// In pixels.
-struct PixelSize {
-  int width = 0;
-  int height = 0;
-  bool operator==(const PixelSize&) const = default;
-};
-
 // How to turn a picture from the way it is stored to the way it is shown: first exchange rows and columns, then mirror
 // and flip.
 struct Orientation {

@@ -98,6 +98,12 @@ void RenderedPicture::Paint(const PixelView& target, const PixelRect& box, const
   PaintShown(target, box.left, box.top, wanted);
 }
 
+std::shared_ptr<const Pixel[]> RenderedPicture::Covering(PixelSize target, const PixelRect& box) {
+  const PixelRect part = Within(box, {0, 0, target.width, target.height});
+  const bool is_all = rendering_.Shows({box.width, box.height}, part) && rendering_.part == part;
+  return is_all && rendering_.opaque ? rendering_.pixels : nullptr;
+}
+
 void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part) {
   try {
     // Frees the memory of the last one first.

@@ -36,7 +36,7 @@ struct Rendering {
   PixelSize box;
   // In coordinates of the box.
   PixelRect part;
-  std::unique_ptr<Pixel[]> pixels;
+  std::shared_ptr<Pixel[]> pixels;
   // Whether every pixel's alpha is 255. Otherwise colours are premultiplied.
   bool opaque = true;
 
@@ -65,6 +65,7 @@ class RenderedPicture : public Picture {
   void Prepare(const PicturePlace& place);
 
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
+  std::shared_ptr<const Pixel[]> Covering(PixelSize target, const PixelRect& box) override;
 
  protected:
   const Rendering& Shown() const { return rendering_; }

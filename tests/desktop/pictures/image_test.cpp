@@ -115,6 +115,7 @@ TEST(PictureImage, APngIsUpright) {
       const auto picture = Show(path, screen.Bounds(), screen);
       EXPECT_EQ(picture->NaturalSize(1).width, upright.width() * kTwipsPerPixel) << exif;
       EXPECT_EQ(Difference(screen, screen.Bounds(), screen.Bounds(), upright), 0) << exif << at_end;
+      EXPECT_NE(picture->Covering({upright.width(), upright.height()}, screen.Bounds()), nullptr);
     }
   }
 }

@@ -48,6 +48,11 @@ QImage ImageOver(const PixelView& pixels, QImage::Format format) {
           static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)), format};
 }
 
+QImage ImageOver(const ConstPixelView& pixels) {
+  return {reinterpret_cast<const uchar*>(pixels.pixels), pixels.width, pixels.height,
+          static_cast<qsizetype>(pixels.stride) * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32};
+}
+
 QImage ToImage(const Artwork& artwork, float scale) {
   Bitmap bitmap = artwork(scale);
   return ImageOver(bitmap.View(), QImage::Format_ARGB32).copy();

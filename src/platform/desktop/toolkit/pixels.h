@@ -36,6 +36,7 @@ inline Colour ToColour(const QColor& colour) {
 
 // Uses the pixels where they are; they outlive the image.
 QImage ImageOver(const PixelView& pixels, QImage::Format format = QImage::Format_RGB32);
+QImage ImageOver(const ConstPixelView& pixels);
 
 // Draws the artwork at that many device pixels per toolkit pixel.
 QImage ToImage(const Artwork& artwork, float scale);

@@ -186,7 +186,7 @@ QRegion SurfaceWindow::ToRegion(const std::vector<PixelRect>& rects) const {
 
 // Covers the whole region, since some platforms clear it first.
 void SurfaceWindow::CopyTo(QImage& image, const QRegion& region) const {
-  const PixelView pixels = Shown().Pixels();
+  const ConstPixelView pixels = Shown().Seen();
   if (pixels.Bounds().IsEmpty()) return;
   const QImage source = ImageOver(pixels);
   // The same memory without Qt's ratio, so that the painter counts device pixels.

@@ -55,7 +55,7 @@ void SurfaceWidget::paintEvent(QPaintEvent* event) {
     QMetaObject::invokeMethod(
         this, [this] { UpdateScale(); }, Qt::QueuedConnection);
   QPainter painter(this);
-  const PixelView pixels = Shown().Pixels();
+  const ConstPixelView pixels = Shown().Seen();
   QImage image = ImageOver(pixels);
   image.setDevicePixelRatio(devicePixelRatioF());
   // With a fractional ratio the surface may be a pixel smaller.

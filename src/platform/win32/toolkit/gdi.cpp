@@ -29,7 +29,7 @@ PixelBitmap::PixelBitmap(int width, int height) {
   pixels_ = {static_cast<Pixel*>(bits), width, height, width};
 }
 
-void CopyPixels(HDC context, const PixelView& source, const PixelRect& rect) {
+void CopyPixels(HDC context, const ConstPixelView& source, const PixelRect& rect) {
   const BITMAPINFO info = PixelFormat(static_cast<int>(source.stride), rect.height);
   SetDIBitsToDevice(context, rect.left, rect.top, static_cast<DWORD>(rect.width), static_cast<DWORD>(rect.height),
                     rect.left, 0, 0, static_cast<UINT>(rect.height), source.Row(rect.top), &info, DIB_RGB_COLORS);

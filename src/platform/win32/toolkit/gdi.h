@@ -53,7 +53,7 @@ class PixelBitmap {
 };
 
 // Copies the pixels of `source` in `rect` to the same place in the context.
-void CopyPixels(HDC context, const PixelView& source, const PixelRect& rect);
+void CopyPixels(HDC context, const ConstPixelView& source, const PixelRect& rect);
 
 struct DeleteIcon {
   void operator()(HICON icon) const { DestroyIcon(icon); }

@@ -26,7 +26,7 @@ void SurfaceWindow::PostPresent() { PostMessageW(Window(), kPresent, 0, 0); }
 
 void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
   const HDC context = GetDC(Window());
-  for (const PixelRect& rect : dirty) CopyPixels(context, Shown().Pixels(), rect);
+  for (const PixelRect& rect : dirty) CopyPixels(context, Shown().Seen(), rect);
   ReleaseDC(Window(), context);
   GdiFlush();
 }
