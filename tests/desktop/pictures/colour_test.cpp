@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "desktop/pictures/samples.h"
-#include "platform/desktop/pictures/colour_profile.h"
 #include "platform/pictures/embedded_profile.h"
 
 namespace quorvale {
@@ -33,18 +32,16 @@ TEST(PictureColours, AreConvertedFromTheProfileToSrgb) {
   const TemporaryDirectory folder;
   Bytes damaged = Profile(QColorSpace::DisplayP3);
   for (std::size_t i = 128; i < damaged.size(); i += 2) damaged[i] ^= 0x55;
-  const Bytes made = ColourProfile::DisplayP3();
   const struct {
     const char* name;
     Bytes profile;
     QColorSpace space = QColorSpace::SRgb;
   } cases[] = {{"P3", Profile(QColorSpace::DisplayP3), QColorSpace::DisplayP3},
-               {"made P3", made, QColorSpace::DisplayP3},
                {"Adobe", Profile(QColorSpace::AdobeRgb), QColorSpace::AdobeRgb},
                {"sRGB", Profile(QColorSpace::SRgb)},
                {"none", {}},
                {"damaged", damaged},
-               {"cut", First(made, 200)},
+               {"cut", First(Profile(QColorSpace::DisplayP3), 200)},
                {"long", Bytes(kLongestProfile + 1, 1)}};
   for (const auto& c : cases) {
     for (const QRgb colour : kColours) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QColorSpace>
 #include <QTransform>
 #include <chrono>
 #include <filesystem>
@@ -173,6 +174,37 @@ TEST(PictureSeeds, TurnsAndMirrorsHeicAsItsPropertySays) {
     Screen screen(wanted.width(), wanted.height());
     Show(WritePicture(folder, "turned.heic", bytes), screen.Bounds(), screen);
     EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 1) << name << ' ' << value;
+  }
+}
+
+// Primaries and transfer curve stand behind their name, in two bytes each. Qt's conversion is the reference.
+TEST(PictureSeeds, ConvertsColoursThatAreGivenByNumbers) {
+  const TemporaryDirectory folder;
+  Bytes bytes = ReadBytes(Seed("plain.avif"));
+  constexpr std::string_view kName = "nclx";
+  const auto numbers = std::search(bytes.begin(), bytes.end(), kName.begin(), kName.end()) + 4;
+  Screen stored(kWidth, kHeight);
+  Show(Seed("plain.avif"), kBounds, stored);
+  const QColorSpace wide({0.3127, 0.3290}, {0.708, 0.292}, {0.170, 0.797}, {0.131, 0.046},
+                         QColorSpace::TransferFunction::SRgb);
+  const QColorSpace early({0.310, 0.316}, {0.67, 0.33}, {0.21, 0.71}, {0.14, 0.08},
+                          QColorSpace::TransferFunction::Gamma, 2.2F);
+  const std::tuple<int, int, QColorSpace> cases[] = {{1, 8, QColorSpace::SRgbLinear},
+                                                     {12, 13, QColorSpace::DisplayP3},
+                                                     {4, 4, early},
+                                                     {9, 14, wide},
+                                                     {9, 16, QColorSpace::SRgb},
+                                                     {12, 18, QColorSpace::SRgb},
+                                                     {3, 1, QColorSpace::SRgb}};
+  for (const auto& [primaries, transfer, space] : cases) {
+    numbers[1] = static_cast<std::uint8_t>(primaries);
+    numbers[3] = static_cast<std::uint8_t>(transfer);
+    QImage wanted(reinterpret_cast<const uchar*>(stored.pixels.data()), kWidth, kHeight, QImage::Format_RGB32);
+    wanted.setColorSpace(space);
+    wanted.convertToColorSpace(QColorSpace::SRgb);
+    Screen screen(kWidth, kHeight);
+    Show(WritePicture(folder, "numbers.avif", bytes), kBounds, screen);
+    EXPECT_LE(Difference(screen, kBounds, kBounds, wanted), 2) << primaries << ' ' << transfer;
   }
 }
 

@@ -124,6 +124,29 @@ ColourConversion ByTransform(void* profile) {
   };
 }
 
+// Red, green, blue and white by the number that the standards of films give them. Missing are those of cinemas.
+struct Primaries {
+  int number;
+  cmsCIExyYTRIPLE colours;
+  cmsCIExyY white;
+};
+constexpr cmsCIExyY kDaylight = {0.3127, 0.3290, 1};
+constexpr int kPrimariesOfSrgb = 1;
+constexpr Primaries kPrimaries[] = {
+    {kPrimariesOfSrgb, {{0.640, 0.330, 1}, {0.300, 0.600, 1}, {0.150, 0.060, 1}}, kDaylight},
+    {4, {{0.670, 0.330, 1}, {0.210, 0.710, 1}, {0.140, 0.080, 1}}, {0.310, 0.316, 1}},
+    {5, {{0.640, 0.330, 1}, {0.290, 0.600, 1}, {0.150, 0.060, 1}}, kDaylight},
+    {6, {{0.630, 0.340, 1}, {0.310, 0.595, 1}, {0.155, 0.070, 1}}, kDaylight},
+    {7, {{0.630, 0.340, 1}, {0.310, 0.595, 1}, {0.155, 0.070, 1}}, kDaylight},
+    {9, {{0.708, 0.292, 1}, {0.170, 0.797, 1}, {0.131, 0.046, 1}}, kDaylight},
+    {12, {{0.680, 0.320, 1}, {0.265, 0.690, 1}, {0.150, 0.060, 1}}, kDaylight},
+};
+
+// Transfer curves that are a power of the level, by their numbers. The rest are shown by that of sRGB, as everywhere.
+constexpr std::pair<int, double> kPowers[] = {{4, 2.2}, {5, 2.8}, {8, 1}};
+// Light that is brighter than the screen would have to be compressed.
+constexpr int kBrightCurves[] = {16, 18};
+
 }  // namespace
 
 std::shared_ptr<const ColourProfile> ColourProfile::Read(std::span<const std::uint8_t> profile) {
@@ -155,15 +178,21 @@ bool ColourProfile::ChangesColours() const {
   return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
 }
 
-std::vector<std::uint8_t> ColourProfile::DisplayP3() {
-  const cmsCIExyY white = {0.3127, 0.3290, 1};
-  const cmsCIExyYTRIPLE primaries = {{0.680, 0.320, 1}, {0.265, 0.690, 1}, {0.150, 0.060, 1}};
-  // The curve of sRGB: gamma, scale, offset, slope near black, and where it ends.
-  const double curve[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
-  const std::unique_ptr<cmsToneCurve, decltype(&cmsFreeToneCurve)> transfer(
-      cmsBuildParametricToneCurve(nullptr, 4, curve), &cmsFreeToneCurve);
-  cmsToneCurve* const transfers[] = {transfer.get(), transfer.get(), transfer.get()};
-  const Profile profile(cmsCreateRGBProfile(&white, &primaries, transfers));
+std::vector<std::uint8_t> ColourProfile::OfNumbers(int primaries, int transfer) {
+  const auto* const from = std::ranges::find(kPrimaries, primaries, &Primaries::number);
+  const auto* const power = std::ranges::find(kPowers, transfer, &std::pair<int, double>::first);
+  const bool has_srgb_curve = power == std::end(kPowers);
+  if (from == std::end(kPrimaries) || (from->number == kPrimariesOfSrgb && has_srgb_curve) ||
+      std::ranges::find(kBrightCurves, transfer) != std::end(kBrightCurves)) {
+    return {};
+  }
+  // Gamma, scale, offset, slope near black, and where it ends.
+  constexpr double kSrgbCurve[] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
+  const std::unique_ptr<cmsToneCurve, decltype(&cmsFreeToneCurve)> curve(
+      has_srgb_curve ? cmsBuildParametricToneCurve(nullptr, 4, kSrgbCurve) : cmsBuildGamma(nullptr, power->second),
+      &cmsFreeToneCurve);
+  cmsToneCurve* const curves[] = {curve.get(), curve.get(), curve.get()};
+  const Profile profile(cmsCreateRGBProfile(&from->white, &from->colours, curves));
   cmsUInt32Number size = 0;
   if (!profile || cmsSaveProfileToMem(profile.get(), nullptr, &size) == 0) return {};
   std::vector<std::uint8_t> bytes(size);

@@ -16,8 +16,9 @@ class ColourProfile {
  public:
   // Null if nothing has to be converted: the profile is empty, damaged, not one for RGB, or sRGB by its effect.
   static std::shared_ptr<const ColourProfile> Read(std::span<const std::uint8_t> profile);
-  // The profile of RGB with the primaries of Display P3 and the transfer curve of sRGB.
-  static std::vector<std::uint8_t> DisplayP3();
+  // The profile of RGB with the primaries and the transfer curve that the standards of films give these numbers. Empty
+  // if they are unknown, those of sRGB, or of a range that the screen does not have.
+  static std::vector<std::uint8_t> OfNumbers(int primaries, int transfer);
 
   // `row` is premultiplied.
   void ToScreen(std::span<Pixel> row) const;

@@ -221,9 +221,10 @@ class HeifPicture : public FilePicture {
     }
     heif_color_profile_nclx* numbers = nullptr;
     if (!IsGood(Heif().heif_image_handle_get_nclx_color_profile(handle_.get(), &numbers)) || numbers == nullptr) return;
-    const bool is_p3 = numbers->color_primaries == heif_color_primaries_SMPTE_EG_432_1;
+    const int primaries = numbers->color_primaries;
+    const int transfer = numbers->transfer_characteristics;
     Heif().heif_nclx_color_profile_free(numbers);
-    if (is_p3) UseProfile(ColourProfile::DisplayP3());
+    UseProfile(ColourProfile::OfNumbers(primaries, transfer));
   }
 
   Context context_;
