@@ -12,9 +12,19 @@ namespace {
 
 constexpr QRgb kColours[] = {0xFFFF0000, 0xFF00FF00, 0xFF0000FF, 0xFFC86432, 0xFF808080, 0xFF102030, 0x80C86432};
 
-Bytes Profile(QColorSpace::NamedColorSpace space) {
-  const QByteArray icc = QColorSpace(space).iccProfile();
+// One for greys takes its curve from that of red.
+Bytes Profile(QColorSpace::NamedColorSpace space, bool for_greys = false) {
+  QByteArray icc = QColorSpace(space).iccProfile();
+  if (for_greys) icc.replace("mntrRGB ", "mntrGRAY").replace("rTRC", "kTRC");
   return {icc.begin(), icc.end()};
+}
+
+Bytes WithProfile(const Bytes& png, const Bytes& profile) {
+  if (profile.empty()) return png;
+  // The profile's name and the way of packing come first.
+  const QByteArray chunk =
+      QByteArray("x\0\0", 3) + qCompress(profile.data(), static_cast<qsizetype>(profile.size())).mid(4);
+  return WithPngChunk(png, "iCCP", {chunk.begin(), chunk.end()}, false);
 }
 
 Pixel Shown(const TemporaryDirectory& folder, const Bytes& bytes) {
@@ -56,18 +66,8 @@ TEST(PictureColours, AreConvertedFromTheProfileToSrgb) {
       }
       // Qt writes the profile of the image itself; a plain one has none.
       image.setColorSpace({});
-      const Bytes png = MakeImage(image, "PNG");
-      const QByteArray packed = qCompress(QByteArray(reinterpret_cast<const char*>(c.profile.data()),
-                                                     static_cast<qsizetype>(c.profile.size())))
-                                    .mid(4);
-      Bytes chunk(packed.begin(), packed.end());
-      // The profile's name and the way of packing.
-      for (const int byte : {0, 0, 120}) chunk.insert(chunk.begin(), static_cast<std::uint8_t>(byte));
-      const bool has_profile = !c.profile.empty();
-      EXPECT_LE(
-          DifferenceOf(Shown(folder, has_profile ? WithPngChunk(png, "iCCP", chunk, false) : png), wanted.pixel(0, 0)),
-          2)
-          << c.name << std::hex << colour;
+      const Bytes png = WithProfile(MakeImage(image, "PNG"), c.profile);
+      EXPECT_LE(DifferenceOf(Shown(folder, png), wanted.pixel(0, 0)), 2) << c.name << std::hex << colour;
       if (qAlpha(colour) < 255) continue;
       // In two pieces; JPEG itself changes saturated colours by some levels.
       JpegStyle style{.name = ""};
@@ -77,6 +77,24 @@ TEST(PictureColours, AreConvertedFromTheProfileToSrgb) {
           << c.name << std::hex << colour;
     }
   }
+}
+
+// Some programs give a grey picture a profile of RGB.
+TEST(PictureColours, OfGreyPicturesAreConvertedToo) {
+  const TemporaryDirectory folder;
+  constexpr QRgb kStored = 0xFF202020;
+  const QRgb converted = QColorSpace(QColorSpace::AdobeRgb).transformationToColorSpace(QColorSpace::SRgb).map(kStored);
+  QImage image(8, 8, QImage::Format_RGB32);
+  image.fill(kStored);
+  const Bytes rgb = Profile(QColorSpace::AdobeRgb);
+  const Bytes grey = Profile(QColorSpace::AdobeRgb, true);
+  const Bytes png = MakeImage(image.convertToFormat(QImage::Format_Grayscale8), "PNG");
+  const std::pair<Bytes, QRgb> cases[] = {{WithProfile(png, grey), converted},
+                                          {WithProfile(MakeImage(image, "PNG"), grey), kStored},
+                                          {MakeJpeg(image, {.name = "", .grey = true, .profile = grey}), converted},
+                                          {MakeJpeg(image, {.name = "", .grey = true, .profile = rgb}), converted},
+                                          {MakeJpeg(image, {.name = "", .profile = grey}), kStored}};
+  for (const auto& [file, shown] : cases) EXPECT_LE(DifferenceOf(Shown(folder, file), shown), 1) << file.size();
 }
 
 }  // namespace

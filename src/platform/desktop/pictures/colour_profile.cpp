@@ -39,15 +39,19 @@ constexpr int kLeastSteps = -kLightSteps;
 constexpr int kMostSteps = 3 * kLightSteps;
 constexpr int kSumOfLeast = 3 * kLeastSteps;
 
-// The level in sRGB for each sum of three channels. Light below black or above white is cut off.
+// In sRGB. Light below black or above white is cut off, and no number at all becomes black.
+std::uint8_t ScreenLevel(double light) {
+  const double seen = light > 0 ? std::min(light, 1.0) : 0;
+  const double level = seen <= 0.0031308 ? 12.92 * seen : 1.055 * std::pow(seen, 1 / 2.4) - 0.055;
+  return static_cast<std::uint8_t>(std::lround(255 * level));
+}
+
+// The level for each sum of three channels.
 const std::vector<std::uint8_t>& ScreenLevels() {
   static const auto levels = [] {
     std::vector<std::uint8_t> table;
-    for (int sum = kSumOfLeast; sum <= 3 * kMostSteps; ++sum) {
-      const double light = std::clamp(static_cast<double>(sum) / kLightSteps, 0.0, 1.0);
-      const double level = light <= 0.0031308 ? 12.92 * light : 1.055 * std::pow(light, 1 / 2.4) - 0.055;
-      table.push_back(static_cast<std::uint8_t>(std::lround(255 * level)));
-    }
+    for (int sum = kSumOfLeast; sum <= 3 * kMostSteps; ++sum)
+      table.push_back(ScreenLevel(static_cast<double>(sum) / kLightSteps));
     return table;
   }();
   return levels;
@@ -110,6 +114,25 @@ ColourConversion ByMatrix(void* profile) {
   return MatrixConversion(curves, primaries);
 }
 
+// The profiles of grey pictures: a curve, from levels to light or to lightness.
+ColourConversion ByCurve(void* profile) {
+  const auto* const curve = static_cast<const cmsToneCurve*>(cmsReadTag(profile, cmsSigGrayTRCTag));
+  if (curve == nullptr) return {};
+  const bool gives_lightness = cmsGetPCS(profile) == cmsSigLabData;
+  std::vector<Pixel> shown;
+  for (std::size_t level = 0; level < 256; ++level) {
+    const float value = cmsEvalToneCurveFloat(curve, static_cast<float>(level) / 255.0F);
+    const cmsCIELab lightness = {100.0 * value, 0, 0};
+    cmsCIEXYZ light = {0, value, 0};
+    if (gives_lightness) cmsLab2XYZ(nullptr, &light, &lightness);
+    shown.push_back(0xFF000000U | ScreenLevel(light.Y) * 0x010101U);
+  }
+  // All channels are equal.
+  return [shown = std::move(shown)](std::span<Pixel> row) {
+    for (Pixel& pixel : row) pixel = shown[pixel & 0xFFU];
+  };
+}
+
 // Profiles of scanners and printers: tables of colours.
 ColourConversion ByTransform(void* profile) {
   const Profile srgb(cmsCreate_sRGBProfile());
@@ -122,6 +145,36 @@ ColourConversion ByTransform(void* profile) {
   return [transform](std::span<Pixel> row) {
     cmsDoTransform(transform.get(), row.data(), row.data(), static_cast<cmsUInt32Number>(row.size()));
   };
+}
+
+// All levels of grey.
+std::vector<Pixel> Greys() {
+  std::vector<Pixel> colours;
+  for (Pixel level = 0; level <= 255; ++level) colours.push_back(0xFF000000U | level * 0x010101U);
+  return colours;
+}
+
+// Colours all over the cube.
+std::vector<Pixel> Colours() {
+  std::vector<Pixel> colours;
+  for (Pixel red = 0; red <= 255; red += 51) {
+    for (Pixel green = 0; green <= 255; green += 51) {
+      for (Pixel blue = 0; blue <= 255; blue += 51) colours.push_back(0xFF000000U | red << 16U | green << 8U | blue);
+    }
+  }
+  return colours;
+}
+
+bool Changes(const ColourConversion& convert, std::vector<Pixel> colours) {
+  const std::vector<Pixel> before = colours;
+  convert(colours);
+  const auto differs = [](Pixel a, Pixel b) {
+    const auto channel = [](Pixel pixel, unsigned shift) { return static_cast<int>(pixel >> shift & 0xFFU); };
+    return std::ranges::any_of(std::array{0U, 8U, 16U}, [&](unsigned shift) {
+      return std::abs(channel(a, shift) - channel(b, shift)) > kRounding;
+    });
+  };
+  return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
 }
 
 // Red, green, blue and white by the number that the standards of films give them. Missing are those of cinemas.
@@ -149,33 +202,19 @@ constexpr int kBrightCurves[] = {16, 18};
 
 }  // namespace
 
-std::shared_ptr<const ColourProfile> ColourProfile::Read(std::span<const std::uint8_t> profile) {
+std::shared_ptr<const ColourProfile> ColourProfile::Read(std::span<const std::uint8_t> profile, bool is_grey) {
   if (profile.empty() || profile.size() > kLongestProfile) return nullptr;
   const Profile from(cmsOpenProfileFromMem(profile.data(), static_cast<cmsUInt32Number>(profile.size())));
-  if (!from || cmsGetColorSpace(from.get()) != cmsSigRgbData) return nullptr;
-  ColourConversion convert = cmsIsMatrixShaper(from.get()) != 0 ? ByMatrix(from.get()) : ByTransform(from.get());
-  if (!convert) return nullptr;
-  std::shared_ptr<const ColourProfile> colours(new ColourProfile(std::move(convert)));
-  return colours->ChangesColours() ? colours : nullptr;
-}
-
-// Tries colours all over the cube.
-bool ColourProfile::ChangesColours() const {
-  std::vector<Pixel> colours;
-  for (Pixel red = 0; red <= 255; red += 51) {
-    for (Pixel green = 0; green <= 255; green += 51) {
-      for (Pixel blue = 0; blue <= 255; blue += 51) colours.push_back(0xFF000000U | red << 16U | green << 8U | blue);
-    }
-  }
-  const std::vector<Pixel> before = colours;
-  ToScreen(colours);
-  const auto differs = [](Pixel a, Pixel b) {
-    const auto channel = [](Pixel pixel, unsigned shift) { return static_cast<int>(pixel >> shift & 0xFFU); };
-    return std::ranges::any_of(std::array{0U, 8U, 16U}, [&](unsigned shift) {
-      return std::abs(channel(a, shift) - channel(b, shift)) > kRounding;
-    });
-  };
-  return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
+  if (!from) return nullptr;
+  // A damaged one names no space of the list.
+  const std::uint32_t space = cmsGetColorSpace(from.get());
+  const bool of_greys = is_grey && space == cmsSigGrayData;
+  if (!of_greys && space != cmsSigRgbData) return nullptr;
+  ColourConversion convert = of_greys                             ? ByCurve(from.get())
+                             : cmsIsMatrixShaper(from.get()) != 0 ? ByMatrix(from.get())
+                                                                  : ByTransform(from.get());
+  if (!convert || !Changes(convert, of_greys ? Greys() : Colours())) return nullptr;
+  return std::shared_ptr<const ColourProfile>(new ColourProfile(std::move(convert)));
 }
 
 std::vector<std::uint8_t> ColourProfile::OfNumbers(int primaries, int transfer) {

@@ -14,8 +14,9 @@ namespace quorvale {
 // Converts pixels from the colours of an ICC profile to sRGB, those of the screen.
 class ColourProfile {
  public:
-  // Null if nothing has to be converted: the profile is empty, damaged, not one for RGB, or sRGB by its effect.
-  static std::shared_ptr<const ColourProfile> Read(std::span<const std::uint8_t> profile);
+  // Null if nothing has to be converted: the profile is empty, damaged, sRGB by its effect, or not one for RGB. In a
+  // grey picture it may also be one for greys.
+  static std::shared_ptr<const ColourProfile> Read(std::span<const std::uint8_t> profile, bool is_grey);
   // The profile of RGB with the primaries and the transfer curve that the standards of films give these numbers. Empty
   // if they are unknown, those of sRGB, or of a range that the screen does not have.
   static std::vector<std::uint8_t> OfNumbers(int primaries, int transfer);
@@ -25,7 +26,6 @@ class ColourProfile {
 
  private:
   explicit ColourProfile(ColourConversion convert) : convert_(std::move(convert)) {}
-  bool ChangesColours() const;
 
   // Of opaque pixels.
   ColourConversion convert_;

@@ -58,6 +58,7 @@ class JpegDecoder {
   // The same at a scale of `eighths`/8, 1 to 8.
   int ScaledWidth(int eighths) const { return Scaled(Width(), eighths); }
   int ScaledHeight(int eighths) const { return Scaled(Height(), eighths); }
+  bool IsGrey() const { return decoder_.num_components == 1; }
   bool HasInks() const { return decoder_.num_components == 4; }
   // The bytes that a picture of several scans takes before its first row.
   std::size_t Memory() const;
@@ -312,7 +313,7 @@ class JpegPicture : public DecodedPicture<JpegDecoder> {
     const CameraTags tags = JpegCameraTags(File());
     Describe({Header().Width(), Header().Height()}, tags.orientation, tags.date_taken);
     // CMYK is converted without a profile.
-    if (!Header().HasInks()) UseProfile(JpegProfile(File()));
+    if (!Header().HasInks()) UseProfile(JpegProfile(File()), Header().IsGrey());
   }
 
  protected:

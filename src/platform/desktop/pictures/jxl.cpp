@@ -66,6 +66,7 @@ class JxlReader {
 
   // After `ReadHeader`.
   PixelSize Size() const { return {static_cast<int>(info_.xsize), static_cast<int>(info_.ysize)}; }
+  bool IsGrey() const { return info_.num_color_channels == 1; }
   bool HasAlpha() const { return info_.alpha_bits > 0; }
   bool IsPremultiplied() const { return info_.alpha_premultiplied != JXL_FALSE; }
   Orientation StoredOrientation() const { return Orientation::FromExif(info_.orientation); }
@@ -142,7 +143,7 @@ bool JxlReader::ReadHeader() {
 // Lossy files have no colours of their own: the decoder makes those of the screen.
 void JxlReader::ReadProfile() {
   JxlColorEncoding screen{};
-  screen.color_space = info_.num_color_channels == 1 ? JXL_COLOR_SPACE_GRAY : JXL_COLOR_SPACE_RGB;
+  screen.color_space = IsGrey() ? JXL_COLOR_SPACE_GRAY : JXL_COLOR_SPACE_RGB;
   screen.white_point = JXL_WHITE_POINT_D65;
   screen.primaries = JXL_PRIMARIES_SRGB;
   screen.transfer_function = JXL_TRANSFER_FUNCTION_SRGB;
@@ -207,7 +208,7 @@ class JxlPicture : public DecodedPicture<JxlReader> {
  public:
   explicit JxlPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     Describe(Header().Size(), Header().StoredOrientation(), Header().DateTaken());
-    UseProfile(Header().Profile());
+    UseProfile(Header().Profile(), Header().IsGrey());
   }
 
  protected:

@@ -85,8 +85,8 @@ void PictureFile::Read(std::size_t offset, std::size_t count) {
   buffer_.resize(done);
 }
 
-void FilePicture::UseProfile(std::span<const std::uint8_t> profile) {
-  if (auto colours = ColourProfile::Read(profile)) {
+void FilePicture::UseProfile(std::span<const std::uint8_t> profile, bool is_grey) {
+  if (auto colours = ColourProfile::Read(profile, is_grey)) {
     ConvertColours([colours = std::move(colours)](std::span<Pixel> row) { colours->ToScreen(row); });
   }
 }

@@ -70,8 +70,8 @@ class FilePicture : public BitmapPicture {
 
   PictureFile& File() { return *file_; }
 
-  // Converts from the colours of an ICC profile, which may be empty or damaged.
-  void UseProfile(std::span<const std::uint8_t> profile);
+  // Converts from the colours of an ICC profile, which may be empty or damaged. One for greys is used if `is_grey`.
+  void UseProfile(std::span<const std::uint8_t> profile, bool is_grey = false);
 
   // Starts decoding, for a box of that size as stored. Fails with kBadPicture.
   virtual std::unique_ptr<RowSource> OpenRows(PixelSize stored_box) = 0;

@@ -34,6 +34,7 @@ class PngDecoder {
   // After `ReadHeader`, before `Start`.
   int Width() const { return static_cast<int>(png_get_image_width(png_, info_)); }
   int Height() const { return static_cast<int>(png_get_image_height(png_, info_)); }
+  bool IsGrey() const { return (png_get_color_type(png_, info_) & PNG_COLOR_MASK_COLOR) == 0; }
   bool HasAlpha() const {
     return (png_get_color_type(png_, info_) & PNG_COLOR_MASK_ALPHA) != 0 ||
            png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
@@ -201,7 +202,7 @@ class PngPicture : public DecodedPicture<PngDecoder> {
   explicit PngPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     const CameraTags tags = PngCameraTags(File());
     Describe({Header().Width(), Header().Height()}, tags.orientation, tags.date_taken);
-    UseProfile(Header().Profile());
+    UseProfile(Header().Profile(), Header().IsGrey());
   }
 
  protected:

@@ -31,6 +31,9 @@ class TiffDecoder {
 
   // After `ReadHeader`.
   PixelSize Size() const { return {static_cast<int>(image_.width), static_cast<int>(image_.height)}; }
+  bool IsGrey() const {
+    return image_.photometric == PHOTOMETRIC_MINISBLACK || image_.photometric == PHOTOMETRIC_MINISWHITE;
+  }
   bool HasAlpha() const { return image_.alpha != 0; }
   int BandRows() const { return band_rows_; }
   Orientation StoredOrientation() const { return orientation_; }
@@ -185,7 +188,7 @@ class TiffPicture : public DecodedPicture<TiffDecoder> {
  public:
   explicit TiffPicture(std::unique_ptr<PictureFile> file) : DecodedPicture(std::move(file)) {
     Describe(Header().Size(), Header().StoredOrientation(), Header().DateTaken());
-    UseProfile(Header().Profile());
+    UseProfile(Header().Profile(), Header().IsGrey());
   }
 
  protected:
