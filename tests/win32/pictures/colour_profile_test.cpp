@@ -11,7 +11,7 @@ namespace {
 // The last but one is half transparent.
 TEST(ColourProfile, ConvertsToTheScreen) {
   const std::vector<std::uint8_t> bytes = MakeProfile(kDisplayP3);
-  const auto profile = ColourProfile::Read(bytes);
+  const auto profile = ColourProfile::Read(bytes, true);
   ASSERT_NE(profile, nullptr);
   const struct {
     Pixel stored;
@@ -51,10 +51,16 @@ TEST(ColourProfile, IsIgnoredWhereItChangesNothing) {
   std::vector<std::uint8_t> damaged = MakeProfile(kDisplayP3);
   std::vector<std::uint8_t> grey = damaged;
   std::copy_n("GRAY", 4, grey.begin() + 16);
-  EXPECT_EQ(ColourProfile::Read(MakeProfile(kSrgb)), nullptr);
-  EXPECT_EQ(ColourProfile::Read(grey), nullptr);
+  EXPECT_EQ(ColourProfile::Read(MakeProfile(kSrgb), false), nullptr);
+  // The curve of red and its exponent.
+  grey[156] = 'k';
+  grey[249] = 3;
+  std::vector<Pixel> row = {0xFF000000, 0xFF808080, 0x80404040};
+  EXPECT_EQ(ColourProfile::Read(grey, false), nullptr);
+  ColourProfile::Read(grey, true)->ToScreen(row);
+  EXPECT_LE(Difference(row[0], 0xFF000000) + Difference(row[1], 0xFF5F5F5F) + Difference(row[2], 0x80303030), 2);
   for (std::size_t size = 0; size < damaged.size(); size += 20) {
-    const auto profile = ColourProfile::Read(ByteSpan(damaged).first(size));
+    const auto profile = ColourProfile::Read(ByteSpan(damaged).first(size), false);
     EXPECT_TRUE(profile == nullptr || size > 128) << size;
   }
 }

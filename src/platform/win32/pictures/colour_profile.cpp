@@ -19,6 +19,7 @@ namespace {
 // The system's names for them are character constants of several letters, whose values compilers do not agree on.
 constexpr DWORD kStandardColours = 0x73524742;  // "sRGB"
 constexpr DWORD kRgb = 0x52474220;              // "RGB "
+constexpr DWORD kGrey = 0x47524159;             // "GRAY"
 
 // Levels by which a profile that was written for sRGB may differ by rounding.
 constexpr int kRounding = 2;
@@ -28,6 +29,9 @@ constexpr int kRounding = 2;
 constexpr unsigned kSteps = 33;
 // The distance from one to the next.
 constexpr unsigned kWhole = 256;
+
+// Of greys every level is asked for.
+constexpr std::size_t kLevels = 256;
 
 constexpr unsigned kRedLane = 32;
 constexpr unsigned kGreenLane = 16;
@@ -84,15 +88,10 @@ struct DeleteTransform {
 using Transform = std::unique_ptr<void, DeleteTransform>;
 
 // From the profile to sRGB. Null if there is no such transform.
-Transform Create(const ColourSystem& system, ByteSpan bytes) {
-  // The call only reads, though its parameter is not const.
-  const Profile from = Open(system, PROFILE_MEMBUFFER, const_cast<std::uint8_t*>(bytes.data()), bytes.size());
-  PROFILEHEADER header{};
-  if (!from || system.header(from.get(), &header) == FALSE || header.phDataColorSpace != kRgb)
-    return {nullptr, {system.remove}};
+Transform Create(const ColourSystem& system, HPROFILE from) {
   const Profile to = OpenStandard(system);
   if (!to) return {nullptr, {system.remove}};
-  HPROFILE profiles[] = {from.get(), to.get()};
+  HPROFILE profiles[] = {from, to.get()};
   DWORD intents[] = {INTENT_PERCEPTUAL, INTENT_PERCEPTUAL};
   return {system.create(profiles, 2, intents, 2, NORMAL_MODE, INDEX_DONT_CARE), {system.remove}};
 }
@@ -116,6 +115,16 @@ std::vector<COLOR> MakeGrid() {
   return colours;
 }
 
+// As greys they are their first channel.
+std::vector<COLOR> MakeGreys() {
+  std::vector<COLOR> colours(kLevels);
+  for (WORD level = 0; level < kLevels; ++level) {
+    COLOR& colour = colours[level];
+    colour.rgb.red = colour.rgb.green = colour.rgb.blue = static_cast<WORD>(level * 257);
+  }
+  return colours;
+}
+
 bool Differs(WORD a, WORD b) { return std::abs(static_cast<int>(a) - static_cast<int>(b)) > kRounding * 257; }
 bool Differ(const COLOR& a, const COLOR& b) {
   return Differs(a.rgb.red, b.rgb.red) || Differs(a.rgb.green, b.rgb.green) || Differs(a.rgb.blue, b.rgb.blue);
@@ -123,16 +132,22 @@ bool Differ(const COLOR& a, const COLOR& b) {
 
 }  // namespace
 
-std::shared_ptr<const ColourProfile> ColourProfile::Read(ByteSpan profile) {
+std::shared_ptr<const ColourProfile> ColourProfile::Read(ByteSpan profile, bool is_grey) {
   if (profile.empty() || profile.size() > kLongestProfile) return nullptr;
   const ColourSystem system;
   if (!system.IsComplete()) return nullptr;
-  const Transform transform = Create(system, profile);
+  // The call only reads, though its parameter is not const.
+  const Profile read = Open(system, PROFILE_MEMBUFFER, const_cast<std::uint8_t*>(profile.data()), profile.size());
+  PROFILEHEADER header{};
+  if (!read || system.header(read.get(), &header) == FALSE) return nullptr;
+  const bool of_greys = is_grey && header.phDataColorSpace == kGrey;
+  if (!of_greys && header.phDataColorSpace != kRgb) return nullptr;
+  const Transform transform = Create(system, read.get());
   if (!transform) return nullptr;
-  std::vector<COLOR> from = MakeGrid();
+  std::vector<COLOR> from = of_greys ? MakeGreys() : MakeGrid();
   std::vector<COLOR> to(from.size());
-  if (system.translate(transform.get(), from.data(), static_cast<DWORD>(from.size()), COLOR_RGB, to.data(),
-                       COLOR_RGB) == FALSE ||
+  if (system.translate(transform.get(), from.data(), static_cast<DWORD>(from.size()), of_greys ? COLOR_GRAY : COLOR_RGB,
+                       to.data(), COLOR_RGB) == FALSE ||
       std::equal(from.begin(), from.end(), to.begin(), std::not_fn(Differ))) {
     return nullptr;
   }
@@ -146,7 +161,7 @@ std::shared_ptr<const ColourProfile> ColourProfile::Read(ByteSpan profile) {
 
 // A mix of the four grid colours around the pixel: of the one below it, and of those that are met on the way to the one
 // above it, along the axes in the order of their shares.
-Pixel ColourProfile::Converted(Pixel pixel) const {
+ColourProfile::Lanes ColourProfile::Mixed(Pixel pixel) const {
   std::size_t at = 0;
   struct Axis {
     unsigned share;
@@ -169,6 +184,11 @@ Pixel ColourProfile::Converted(Pixel pixel) const {
   sum += grid_[at += first.next] * (first.share - second.share);
   sum += grid_[at += second.next] * (second.share - third.share);
   sum += grid_[at += third.next] * third.share;
+  return sum;
+}
+
+Pixel ColourProfile::Converted(Pixel pixel) const {
+  const Lanes sum = grid_.size() == kLevels ? grid_[pixel & 0xFFU] * kWhole : Mixed(pixel);
   const auto channel = [sum](unsigned lane) { return static_cast<Pixel>(sum >> (lane + 8U) & 0xFFU); };
   return (pixel & 0xFF000000U) | channel(kRedLane) << 16U | channel(kGreenLane) << 8U | channel(0);
 }

@@ -14,8 +14,9 @@ namespace quorvale {
 // colours once; those between are interpolated, which takes less time than asking for each.
 class ColourProfile {
  public:
-  // Null if nothing has to be converted: the profile is empty, damaged, not one for RGB, or sRGB by its effect.
-  static std::shared_ptr<const ColourProfile> Read(ByteSpan profile);
+  // Null if nothing has to be converted: the profile is empty, damaged, sRGB by its effect, or not one for RGB. In a
+  // grey picture it may also be one for greys.
+  static std::shared_ptr<const ColourProfile> Read(ByteSpan profile, bool is_grey);
 
   // `row` is premultiplied.
   void ToScreen(std::span<Pixel> row) const;
@@ -25,9 +26,10 @@ class ColourProfile {
   using Lanes = std::uint64_t;
 
   ColourProfile() = default;
+  Lanes Mixed(Pixel pixel) const;
   Pixel Converted(Pixel pixel) const;
 
-  // Blue changes fastest, then green.
+  // Blue changes fastest, then green. Or all levels of grey.
   std::vector<Lanes> grid_;
 };
 

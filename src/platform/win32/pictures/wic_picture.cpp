@@ -225,6 +225,17 @@ std::vector<std::uint8_t> ReadProfile(const WicFactory& factory, const WicFrame&
   return profile;
 }
 
+bool IsGrey(const WicFrame& frame, ByteSpan bytes) {
+  // Greys with alpha are decoded as colours. Behind the depth stands what a pixel is made of.
+  constexpr std::size_t kPngKind = 25;
+  constexpr unsigned kPngHasColours = 2;
+  if (IsPng(bytes)) return bytes.size() > kPngKind && (bytes[kPngKind] & kPngHasColours) == 0;
+  WICPixelFormatGUID format{};
+  if (FAILED(frame->GetPixelFormat(&format))) return false;
+  return format == GUID_WICPixelFormatBlackWhite || format == GUID_WICPixelFormat4bppGray ||
+         format == GUID_WICPixelFormat8bppGray || format == GUID_WICPixelFormat16bppGray;
+}
+
 void CheckSize(PixelSize size, ByteSpan bytes) {
   if (size.width <= 0 || size.height <= 0) CheckPicture(WINCODEC_ERR_BADIMAGE);
   const std::uint64_t count = static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height);
@@ -303,7 +314,7 @@ WicPicture::WicPicture(std::vector<std::uint8_t> bytes)
   CheckSize(size, *file_);
   const CameraTags tags = ReadCameraTags(*file_);
   Describe(size, tags.orientation, tags.date_taken);
-  if (const auto colours = ColourProfile::Read(ReadProfile(factory_, frame_, *file_))) {
+  if (const auto colours = ColourProfile::Read(ReadProfile(factory_, frame_, *file_), IsGrey(frame_, *file_))) {
     ConvertColours([colours](std::span<Pixel> row) { colours->ToScreen(row); });
   }
 }
