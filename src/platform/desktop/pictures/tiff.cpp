@@ -35,12 +35,15 @@ class TiffDecoder {
     return image_.photometric == PHOTOMETRIC_MINISBLACK || image_.photometric == PHOTOMETRIC_MINISWHITE;
   }
   bool HasAlpha() const { return image_.alpha != 0; }
+  // The library multiplies colours by an alpha that stands apart, but not greys.
+  bool LeavesAlphaApart() const { return IsGrey() && image_.alpha == EXTRASAMPLE_UNASSALPHA; }
   int BandRows() const { return band_rows_; }
   Orientation StoredOrientation() const { return orientation_; }
   const std::string& DateTaken() const { return date_taken_; }
   std::span<const std::uint8_t> Profile() const;
 
-  // Decodes up to that many rows from `top` on. Pixels are red, green, blue, alpha from the low byte up, premultiplied.
+  // Decodes up to that many rows from `top` on. Pixels are red, green, blue, alpha from the low byte up, premultiplied
+  // unless `LeavesAlphaApart`.
   bool Read(int top, int rows, std::vector<std::uint32_t>& band);
 
  private:
@@ -168,6 +171,9 @@ class TiffRows : public SequentialRows {
     const auto width = static_cast<std::size_t>(decoder_->Size().width);
     const std::uint32_t* const from = band_.data() + static_cast<std::size_t>(y - band_top_) * width + Left();
     std::transform(from, from + row.size(), row.begin(), ToPixel);
+    if (decoder_->LeavesAlphaApart()) {
+      for (Pixel& pixel : row) pixel = Premultiplied(pixel, pixel >> 24U);
+    }
     return true;
   }
 
