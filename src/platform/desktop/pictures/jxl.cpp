@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -47,6 +48,17 @@ const JxlLibrary& Jxl() {
   static const JxlLibrary library;
   if (!library.IsWhole()) FailLoad("The library for JPEG XL is missing");
   return library;
+}
+
+// Up to 0.8 the library wants a format here too, which it does not use.
+template <typename Function, typename... Arguments>
+JxlDecoderStatus AskForProfile(Function function, const JxlDecoder* decoder, Arguments... arguments) {
+  constexpr auto kOfPixels = JXL_COLOR_PROFILE_TARGET_DATA;
+  if constexpr (std::is_invocable_v<Function, const JxlDecoder*, JxlColorProfileTarget, Arguments...>) {
+    return function(decoder, kOfPixels, arguments...);
+  } else {
+    return function(decoder, &kFormat, kOfPixels, arguments...);
+  }
 }
 
 struct JxlRelease {
@@ -148,13 +160,11 @@ void JxlReader::ReadProfile() {
   screen.primaries = JXL_PRIMARIES_SRGB;
   screen.transfer_function = JXL_TRANSFER_FUNCTION_SRGB;
   Jxl().JxlDecoderSetPreferredColorProfile(decoder_.get(), &screen);
-  constexpr auto kOfPixels = JXL_COLOR_PROFILE_TARGET_DATA;
   std::size_t size = 0;
-  if (Jxl().JxlDecoderGetICCProfileSize(decoder_.get(), &kFormat, kOfPixels, &size) != JXL_DEC_SUCCESS) return;
+  if (AskForProfile(Jxl().JxlDecoderGetICCProfileSize, decoder_.get(), &size) != JXL_DEC_SUCCESS) return;
   if (size > kLongestProfile) return;
   profile_.resize(size);
-  if (Jxl().JxlDecoderGetColorAsICCProfile(decoder_.get(), &kFormat, kOfPixels, profile_.data(), size) !=
-      JXL_DEC_SUCCESS) {
+  if (AskForProfile(Jxl().JxlDecoderGetColorAsICCProfile, decoder_.get(), profile_.data(), size) != JXL_DEC_SUCCESS) {
     profile_.clear();
   }
 }
