@@ -61,23 +61,28 @@ TEST(PictureImage, HalfTransparentPixelsAreBlended) {
   EXPECT_LE(Difference(screen, screen.Bounds(), screen.Bounds(), wanted), 1);
 }
 
-// A TIFF's alpha may stand apart from its greys.
+// A TIFF's greys need not be multiplied by their alpha, which stands beside them or in a plane of its own.
 TEST(PictureImage, HalfTransparentGreysAreBlended) {
-  // Tag, count and value: size, bits, compression, black, offset, samples, rows, bytes, alpha.
-  constexpr unsigned kEntries[][3] = {{256, 1, 1}, {257, 1, 1}, {258, 2, 0x80008}, {259, 1, 1}, {262, 1, 1},
-                                      {273, 1, 8}, {277, 1, 2}, {278, 1, 1},       {279, 1, 2}, {338, 1, 2}};
-  Bytes tiff{'I', 'I', 42, 0, 10, 0, 0, 0, 200, 128, 10, 0};
-  for (const auto& [tag, count, value] : kEntries) {
-    for (const unsigned part : {tag, 3U, count, 0U, value, value >> 16U}) {
-      tiff.push_back(static_cast<std::uint8_t>(part));
-      tiff.push_back(static_cast<std::uint8_t>(part >> 8U));
-    }
-  }
-  tiff.insert(tiff.end(), 4, 0);
   const TemporaryDirectory folder;
-  Screen screen(1, 1, 0xFF000000);
-  Show(WritePicture(folder, "half.tif", tiff), screen.Bounds(), screen);
-  EXPECT_EQ(screen.At(0, 0), 0xFF646464);
+  for (const unsigned planes : {1U, 2U}) {
+    const unsigned offsets = planes == 1 ? 8 : 8 | 9U << 16U;
+    const unsigned sizes = planes == 1 ? 2 : 1 | 1U << 16U;
+    // Tag, count and value: size, bits, compression, black, offsets, samples, rows, sizes, planes, alpha.
+    const unsigned entries[][3] = {
+        {256, 1, 1}, {257, 1, 1}, {258, 2, 0x80008},    {259, 1, 1},      {262, 1, 1}, {273, planes, offsets},
+        {277, 1, 2}, {278, 1, 1}, {279, planes, sizes}, {284, 1, planes}, {338, 1, 2}};
+    Bytes tiff{'I', 'I', 42, 0, 10, 0, 0, 0, 200, 128, 11, 0};
+    for (const auto& [tag, count, value] : entries) {
+      for (const unsigned part : {tag, 3U, count, 0U, value, value >> 16U}) {
+        tiff.push_back(static_cast<std::uint8_t>(part));
+        tiff.push_back(static_cast<std::uint8_t>(part >> 8U));
+      }
+    }
+    tiff.insert(tiff.end(), 4, 0);
+    Screen screen(1, 1, 0xFF000000);
+    Show(WritePicture(folder, "half.tif", tiff), screen.Bounds(), screen);
+    EXPECT_EQ(screen.At(0, 0), 0xFF646464) << planes;
+  }
 }
 
 TEST(PictureImage, ReadsEveryDepth) {

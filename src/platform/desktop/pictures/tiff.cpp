@@ -35,8 +35,8 @@ class TiffDecoder {
     return image_.photometric == PHOTOMETRIC_MINISBLACK || image_.photometric == PHOTOMETRIC_MINISWHITE;
   }
   bool HasAlpha() const { return image_.alpha != 0; }
-  // The library multiplies colours by an alpha that stands apart, but not greys.
-  bool LeavesAlphaApart() const { return IsGrey() && image_.alpha == EXTRASAMPLE_UNASSALPHA; }
+  // The library multiplies by an alpha that is stored apart, but not greys that it stands beside.
+  bool LeavesAlphaApart() const { return IsGrey() && image_.isContig != 0 && image_.alpha == EXTRASAMPLE_UNASSALPHA; }
   int BandRows() const { return band_rows_; }
   Orientation StoredOrientation() const { return orientation_; }
   const std::string& DateTaken() const { return date_taken_; }
