@@ -40,7 +40,7 @@ class Surface {
   // For painting pictures and text. After writing, call `Changed`.
   PixelView Pixels();
 
-  // What the surface shows. Valid until it is drawn on.
+  // What the surface shows. Valid until it is drawn on or resized, or shows other pixels.
   ConstPixelView Seen() const { return {seen_ ? seen_.get() : pixels_.data(), width_, height_, width_}; }
   Pixel At(int x, int y) const { return Seen().Row(y)[x]; }
 
@@ -86,7 +86,7 @@ class Surface {
   int FillMixed(int y, int left, int right, Pixel colour, int changed_from);
 
   std::vector<Pixel> pixels_;
-  // What is shown instead of `pixels_`. These keep what was drawn last: mostly the background, as the next picture
+  // What is shown instead of `pixels_`. That keeps what was drawn last: mostly the background, as the next picture
   // needs it.
   std::shared_ptr<const Pixel[]> seen_;
   // Of `pixels_`.

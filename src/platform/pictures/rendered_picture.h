@@ -73,7 +73,8 @@ class RenderedPicture : public Picture {
  private:
   // Renders that part of the picture at the size of the box. Fails with kBadPicture or std::bad_alloc.
   virtual Rendering Make(PixelSize box, const PixelRect& part) = 0;
-  // Paints the last rendering. The box has its corner at `left`, `top`; `clip` lies in the part and in the target.
+  // Paints the last rendering. The box has its corner at `left`, `top`; `clip` lies in the part and in the target. Not
+  // asked where an opaque rendering covers the target, see `Covering`.
   virtual void PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const {
     rendering_.Paint(target, left, top, clip);
   }

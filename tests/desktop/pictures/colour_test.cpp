@@ -89,7 +89,11 @@ TEST(PictureColours, OfGreyPicturesAreConvertedToo) {
   const Bytes rgb = Profile(QColorSpace::AdobeRgb);
   const Bytes grey = Profile(QColorSpace::AdobeRgb, true);
   const Bytes png = MakeImage(image.convertToFormat(QImage::Format_Grayscale8), "PNG");
+  // The same curve, of lightness.
+  Bytes lightness = grey;
+  std::copy_n("Lab ", 4, lightness.begin() + 20);
   const std::pair<Bytes, QRgb> cases[] = {{WithProfile(png, grey), converted},
+                                          {WithProfile(png, lightness), 0xFF040404},
                                           {WithProfile(MakeImage(image, "PNG"), grey), kStored},
                                           {MakeJpeg(image, {.name = "", .grey = true, .profile = grey}), converted},
                                           {MakeJpeg(image, {.name = "", .grey = true, .profile = rgb}), converted},

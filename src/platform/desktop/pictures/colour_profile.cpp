@@ -118,13 +118,13 @@ ColourConversion ByMatrix(void* profile) {
 ColourConversion ByCurve(void* profile) {
   const auto* const curve = static_cast<const cmsToneCurve*>(cmsReadTag(profile, cmsSigGrayTRCTag));
   if (curve == nullptr) return {};
-  const bool gives_lightness = cmsGetPCS(profile) == cmsSigLabData;
+  const std::uint32_t gives = cmsGetPCS(profile);
   std::vector<Pixel> shown;
   for (std::size_t level = 0; level < 256; ++level) {
     const float value = cmsEvalToneCurveFloat(curve, static_cast<float>(level) / 255.0F);
     const cmsCIELab lightness = {100.0 * value, 0, 0};
     cmsCIEXYZ light = {0, value, 0};
-    if (gives_lightness) cmsLab2XYZ(nullptr, &light, &lightness);
+    if (gives == cmsSigLabData) cmsLab2XYZ(nullptr, &light, &lightness);
     shown.push_back(0xFF000000U | ScreenLevel(light.Y) * 0x010101U);
   }
   // All channels are equal.
@@ -177,7 +177,7 @@ bool Changes(const ColourConversion& convert, std::vector<Pixel> colours) {
   return !std::equal(colours.begin(), colours.end(), before.begin(), std::not_fn(differs));
 }
 
-// Red, green, blue and white by the number that the standards of films give them. Missing are those of cinemas.
+// Red, green, blue and white by the number that the standards of films give them. Missing are rare ones.
 struct Primaries {
   int number;
   cmsCIExyYTRIPLE colours;

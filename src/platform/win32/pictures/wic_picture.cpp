@@ -232,8 +232,9 @@ bool IsGrey(const WicFrame& frame, ByteSpan bytes) {
   if (IsPng(bytes)) return bytes.size() > kPngKind && (bytes[kPngKind] & kPngHasColours) == 0;
   WICPixelFormatGUID format{};
   if (FAILED(frame->GetPixelFormat(&format))) return false;
-  return format == GUID_WICPixelFormatBlackWhite || format == GUID_WICPixelFormat4bppGray ||
-         format == GUID_WICPixelFormat8bppGray || format == GUID_WICPixelFormat16bppGray;
+  return format == GUID_WICPixelFormatBlackWhite || format == GUID_WICPixelFormat2bppGray ||
+         format == GUID_WICPixelFormat4bppGray || format == GUID_WICPixelFormat8bppGray ||
+         format == GUID_WICPixelFormat16bppGray;
 }
 
 void CheckSize(PixelSize size, ByteSpan bytes) {
