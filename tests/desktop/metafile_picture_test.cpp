@@ -129,6 +129,17 @@ TEST(MetafilePicture, SkipsTheArcOfAnEmptyBox) {
   EXPECT_NE(screen.At(15, 15), 0xFFFFFFFFU);
 }
 
+// Long and flat letters crash Qt's cache of letters.
+TEST(MetafilePicture, DrawsLettersOfAnyLength) {
+  const TemporaryDirectory folder;
+  const Bytes text = Words({7, 0, META_TEXTOUT, 2, 0x5757, 0, 0});
+  for (const int height : {100, 500, 1000, 8192}) {
+    Screen screen(48, 32, 0xFFFFFFFF);
+    Show(WritePicture(folder, "p", Placeable(1, height, 40) + kWmfHeader + text + kWmfEnd), screen.Bounds(), screen);
+    EXPECT_EQ(screen.At(1, 31), 0xFFFFFFFF) << height;
+  }
+}
+
 // So many runs in one row that the sum of their lengths overflows.
 TEST(MetafilePicture, RunsStopAtTheEndOfTheRow) {
   const TemporaryDirectory folder;

@@ -14,6 +14,8 @@ namespace {
 constexpr double kLargestFont = 300;
 constexpr double kLargestScale = 1e4;
 constexpr double kDefaultHeight = 16;
+// Pixels. Letters that are drawn longer than this in one direction, and flat in the other, crash Qt's cache of letters.
+constexpr double kLongestLetter = 256;
 // Text wider than its advances by more than the first factor is narrowed, at most to the second.
 constexpr double kTooWide = 1.05;
 constexpr double kNarrowest = 0.5;
@@ -33,6 +35,18 @@ QFont MakeFont(const Font& font, double pixels) {
   // So that widths are proportional to the size.
   made.setHintingPreference(QFont::PreferNoHinting);
   return made;
+}
+
+void DrawLetters(QPainter& painter, const QFont& font, double x, const QString& text) {
+  const QTransform map = painter.deviceTransform();
+  const double stretch = std::max(std::hypot(map.m11(), map.m12()), std::hypot(map.m21(), map.m22()));
+  if (font.pixelSize() * stretch <= kLongestLetter) {
+    painter.drawText(QPointF(x, 0), text);
+    return;
+  }
+  QPainterPath letters;
+  letters.addText(x, 0, font, text);
+  painter.fillPath(letters, painter.pen().color());
 }
 
 // The end of the character at `at` together with its combining marks.
@@ -180,7 +194,7 @@ void Canvas::Text(const TextRun& run) {
     painter.setFont(layout.font);
     for (const auto& piece : layout.pieces) {
       if (OutOfTime()) break;
-      painter.drawText(QPointF(piece.x, 0), piece.text);
+      DrawLetters(painter, layout.font, piece.x, piece.text);
     }
     const auto line = [&](double at) { painter.fillRect(QRectF(0, at, layout.width, layout.stroke), colour); };
     if (state_.font.underline) line(layout.underline);
