@@ -180,12 +180,13 @@ void Surface::CopySeen() {
 
 void Surface::Changed(const PixelRect& rect) {
   const PixelRect inside = Intersect(rect, Bounds());
-  for (int y = inside.top; y < inside.Bottom() && !seen_; ++y) {
+  dirty_.Add(inside);
+  if (seen_) return;
+  for (int y = inside.top; y < inside.Bottom(); ++y) {
     KnownRow& known = known_[static_cast<std::size_t>(y)];
     known.one.Cut(inside.left, inside.Right());
     known.other.Cut(inside.left, inside.Right());
   }
-  dirty_.Add(inside);
 }
 
 std::optional<Pixel> Surface::SolidColour(const PixelRect& rect) const {
