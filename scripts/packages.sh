@@ -1,12 +1,13 @@
 # For quorvale.sh: the Debian packages by what they are for, and the one function that installs.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsqlite3-dev libjpeg62-turbo-dev
-  libpng-dev libgif-dev libwebp-dev libheif-dev libjxl-dev libtiff-dev liblcms2-dev libxcb1-dev fontconfig fonts-dejavu-core"
+  libpng-dev libgif-dev libwebp-dev libheif-dev libjxl-dev libtiff-dev liblcms2-dev libxcb1-dev libxcb-shm0-dev
+  fontconfig fonts-dejavu-core"
 wayland_packages="qt6-wayland"
 # The show on a virtual display.
 screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"
 # What the preset "release" has beside the program.
-whole_packages="libgtest-dev libgmock-dev libxcb-shm0-dev"
+whole_packages="libgtest-dev libgmock-dev"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 test_packages="$wayland_packages python3 sox xscreensaver xsecurelock x11-xserver-utils weston
   fonts-liberation"

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "toolkit/bitmap.h"
+#include "toolkit/pixel_memory.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
@@ -39,6 +40,8 @@ struct PicturePlace {
   PixelRect clip;
   // Device pixels to the toolkit's pixel.
   float scale = 1;
+  // For the picture's pixels. May be null.
+  PixelMemory* memory = nullptr;
   // Called again and again while decoding takes long; lets events arrive. It may end the process. Without it, the
   // caller waits.
   std::function<void()> while_waiting = {};

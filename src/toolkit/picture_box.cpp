@@ -87,8 +87,11 @@ std::shared_ptr<Picture> PictureBox::LoadPicture(const std::string& path,
   const auto pixel_box = [box, scale = scale_](const TwipSize& natural) { return ToPixels(box(natural), scale); };
   const PixelRect bounds = surface_.Bounds();
   const PixelRect clip = part ? Intersect(ToPixels(*part, scale_), bounds) : bounds;
-  return App().GetPlatform().Pictures().Load(
-      path, {.box = pixel_box, .clip = clip, .scale = scale_, .while_waiting = App().while_waiting});
+  return App().GetPlatform().Pictures().Load(path, {.box = pixel_box,
+                                                    .clip = clip,
+                                                    .scale = scale_,
+                                                    .memory = surface_.Memory().get(),
+                                                    .while_waiting = App().while_waiting});
 }
 
 void PictureBox::PaintBackdrop(Picture& picture, const TwipRect& box, const TwipRect& area) {

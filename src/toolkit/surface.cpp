@@ -65,11 +65,16 @@ bool FillBlock(Pixel* block, int unknown, Pixel colour) {
 }  // namespace
 
 void Surface::Resize(int width, int height, Pixel fill) {
-  width_ = std::max(width, 0);
-  height_ = std::max(height, 0);
+  width = std::max(width, 0);
+  height = std::max(height, 0);
+  const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+  auto pixels = TakePixels(memory_.get(), count);
+  std::fill_n(pixels.get(), count, fill);
+  known_.assign(static_cast<std::size_t>(height), {{0, width, fill}, {}});
+  pixels_ = std::move(pixels);
   seen_.reset();
-  pixels_.assign(static_cast<std::size_t>(width_) * height_, fill);
-  known_.assign(static_cast<std::size_t>(height_), {{0, width_, fill}, {}});
+  width_ = width;
+  height_ = height;
   dirty_.Reset(width_, height_);
   dirty_.Add(Bounds());
 }
@@ -163,7 +168,7 @@ void Surface::DrawDot(double x, double y, double diameter, Pixel colour) {
 
 PixelView Surface::Pixels() {
   CopySeen();
-  return {pixels_.data(), width_, height_, width_};
+  return {pixels_.get(), width_, height_, width_};
 }
 
 void Surface::ShowPixels(std::shared_ptr<const Pixel[]> pixels) {
@@ -173,7 +178,7 @@ void Surface::ShowPixels(std::shared_ptr<const Pixel[]> pixels) {
 
 void Surface::CopySeen() {
   if (!seen_) return;
-  std::copy_n(seen_.get(), pixels_.size(), pixels_.begin());
+  std::copy_n(seen_.get(), static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), pixels_.get());
   known_.assign(known_.size(), {});
   seen_.reset();
 }

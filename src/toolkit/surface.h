@@ -3,10 +3,12 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "toolkit/bitmap.h"
 #include "toolkit/dirty_region.h"
+#include "toolkit/pixel_memory.h"
 #include "toolkit/units.h"
 
 namespace quorvale {
@@ -17,7 +19,15 @@ namespace quorvale {
 // with a NaN coordinate is not drawn.
 class Surface {
  public:
-  // Sets the size and fills the surface; all of it becomes dirty.
+  Surface() = default;
+  Surface(const Surface&) = delete;
+  Surface& operator=(const Surface&) = delete;
+
+  // Where its pixels are kept from the next `Resize` on. Null for ordinary memory.
+  void UseMemory(std::shared_ptr<PixelMemory> memory) { memory_ = std::move(memory); }
+  const std::shared_ptr<PixelMemory>& Memory() const { return memory_; }
+
+  // Sets the size and fills the surface; all of it becomes dirty. Fails with std::bad_alloc.
   void Resize(int width, int height, Pixel fill);
 
   int Width() const { return width_; }
@@ -41,7 +51,7 @@ class Surface {
   PixelView Pixels();
 
   // What the surface shows. Valid until it is drawn on or resized, or shows other pixels.
-  ConstPixelView Seen() const { return {seen_ ? seen_.get() : pixels_.data(), width_, height_, width_}; }
+  ConstPixelView Seen() const { return {seen_ ? seen_.get() : pixels_.get(), width_, height_, width_}; }
   Pixel At(int x, int y) const { return Seen().Row(y)[x]; }
 
   // Shows `pixels`, as many as the surface has, row by row. They are read until the surface is drawn on, and copied
@@ -78,14 +88,15 @@ class Surface {
 
   void DrawSlantedLine(double x1, double y1, double x2, double y2, double pen, Pixel colour);
   void CopySeen();
-  Pixel* RowOf(int y) { return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_; }
+  Pixel* RowOf(int y) { return pixels_.get() + static_cast<std::ptrdiff_t>(y) * width_; }
   void FillSpan(int y, int left, int right, Pixel colour);
   void GrowLeft(KnownRun& known, int y, int left);
   void GrowRight(KnownRun& known, int y, int right);
   void FillUnknown(int y, int left, int right, Pixel colour);
   int FillMixed(int y, int left, int right, Pixel colour, int changed_from);
 
-  std::vector<Pixel> pixels_;
+  std::shared_ptr<PixelMemory> memory_;
+  std::shared_ptr<Pixel[]> pixels_;
   // What is shown instead of `pixels_`. That keeps what was drawn last: mostly the background, as the next picture
   // needs it.
   std::shared_ptr<const Pixel[]> seen_;

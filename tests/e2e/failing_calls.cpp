@@ -139,6 +139,7 @@ FAILING("files", int, rename, (const char* from, const char* to), (from, to), EA
 
 FAILING("system", void*, mmap, (void* at, std::size_t size, int access, int flags, int file, off_t from),
         (at, size, access, flags, file, from), ENOMEM, MAP_FAILED)
+FAILING("system", int, memfd_create, (const char* name, unsigned flags), (name, flags), EMFILE, -1)
 FAILING("system", int, pthread_create,
         (pthread_t * thread, const pthread_attr_t* attributes, void* (*body)(void*), void* data),
         (thread, attributes, body, data), EAGAIN, EAGAIN)

@@ -64,13 +64,23 @@ inline PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip) {
   return {[box](const TwipSize&) { return box; }, clip, 1};
 }
 
+// Ordinary memory for one picture.
+struct OwnMemory : PixelMemory {
+  std::shared_ptr<Pixel[]> Take(std::size_t count) override { return taken = std::make_unique<Pixel[]>(count); }
+  std::shared_ptr<Pixel[]> taken;
+};
+
 // Loads for that box on the screen and paints it.
 inline std::shared_ptr<Picture> ShowBy(PictureLoader&& loader, const std::string& path, const PixelRect& box,
                                        Screen& screen) {
-  auto picture = loader.Load(path, PlaceAt(box, screen.Bounds()));
+  OwnMemory memory;
+  PicturePlace place = PlaceAt(box, screen.Bounds());
+  place.memory = &memory;
+  auto picture = loader.Load(path, place);
   picture->Paint(screen.View(), box, screen.Bounds());
   if (const auto pixels = picture->Covering({screen.View().width, screen.View().height}, box)) {
     EXPECT_TRUE(std::equal(screen.pixels.begin(), screen.pixels.end(), pixels.get())) << path;
+    EXPECT_EQ(pixels, memory.taken);
   }
   return picture;
 }

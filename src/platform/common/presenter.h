@@ -27,7 +27,6 @@ class Presenter {
   }
   void Present() {
     if (!IsInSight()) return;
-    PrepareToShow();
     if (surface_.Dirty().IsEmpty()) return;
     ++presentations_;
     Show(surface_.Dirty().Take());
@@ -48,8 +47,6 @@ class Presenter {
 
  private:
   virtual void PostPresent() = 0;
-  // May make more of the surface dirty.
-  virtual void PrepareToShow() {}
   virtual void Show(const std::vector<PixelRect>& dirty) = 0;
 
   Surface& surface_;

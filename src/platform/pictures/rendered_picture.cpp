@@ -21,6 +21,23 @@ Pixel Over(Pixel above, Pixel below) {
   return 0xFF000000U | channel(16) | channel(8) | channel(0);
 }
 
+// Gives the number of rows that there are before the source ends.
+int PlaceRows(RowSource& source, const ScaleAxis& across, const ScaleAxis& down, const Orientation& orientation,
+              const ColourConversion& convert, const PixelView& target) {
+  int rows = 0;
+  std::vector<Pixel> converted(convert ? static_cast<std::size_t>(across.Count()) : 0);
+  ScaleRows(source, across, down, [&](const Pixel* row, int y) {
+    if (convert) {
+      std::copy_n(row, converted.size(), converted.begin());
+      convert(converted);
+      row = converted.data();
+    }
+    orientation.PlaceRow(row, y, target);
+    ++rows;
+  });
+  return rows;
+}
+
 }  // namespace
 
 void Rendering::Paint(const PixelView& target, int left, int top, const PixelRect& clip) const {
@@ -36,7 +53,7 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 }
 
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
-                 const ColourConversion& convert) {
+                 const ColourConversion& convert, std::shared_ptr<Pixel[]> pixels) {
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
   const std::size_t memory = source.Memory();
   if (memory > kPictureMemoryLimit || count > (kPictureMemoryLimit - memory) / sizeof(Pixel)) {
@@ -49,7 +66,7 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   Rendering rendering;
   rendering.box = box;
   rendering.part = part;
-  rendering.pixels = std::make_unique_for_overwrite<Pixel[]>(count);
+  rendering.pixels = pixels ? std::move(pixels) : std::make_unique_for_overwrite<Pixel[]>(count);
   rendering.opaque = source.IsOpaque();
 
   const PixelSize stored_box = orientation.Turn(box);
@@ -57,17 +74,7 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   const ScaleAxis across(stored_box.width, stored.left, stored.width, source.Across().length, source.Across().count);
   const ScaleAxis down(stored_box.height, stored.top, stored.height, source.Down().length, source.Down().count);
   if (!source.Start(across.Begin(), across.End(), down.Begin())) FailLoad("Damaged picture");
-  int rows = 0;
-  std::vector<Pixel> converted(convert ? static_cast<std::size_t>(stored.width) : 0);
-  ScaleRows(source, across, down, [&](const Pixel* row, int y) {
-    if (convert) {
-      std::copy_n(row, stored.width, converted.begin());
-      convert(converted);
-      row = converted.data();
-    }
-    orientation.PlaceRow(row, y, rendering.View());
-    ++rows;
-  });
+  int rows = PlaceRows(source, across, down, orientation, convert, rendering.View());
   if (rows == 0) FailLoad("Damaged picture");
   if (rows < stored.height) {
     const std::vector<Pixel> nothing(static_cast<std::size_t>(stored.width), 0);
@@ -79,7 +86,12 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
 
 void RenderedPicture::Prepare(const PicturePlace& place) {
   const PixelRect box = place.box(NaturalSize(place.scale));
-  RenderFor({box.width, box.height}, Within(box, Intersect(box, place.clip)));
+  const PixelRect part = Intersect(box, place.clip);
+  if (place.memory != nullptr && !part.IsEmpty()) {
+    memory_ = place.memory->Take(static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height));
+  }
+  RenderFor({box.width, box.height}, Within(box, part));
+  memory_.reset();  // if it was of no use
 }
 
 void RenderedPicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {
@@ -126,7 +138,7 @@ TwipSize BitmapPicture::NaturalSize(float scale) const {
 }
 
 Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part) {
-  return Render(*Open(orientation_.Turn(box)), orientation_, box, part, conversion_);
+  return Render(*Open(orientation_.Turn(box)), orientation_, box, part, conversion_, TakeMemory());
 }
 
 }  // namespace quorvale

@@ -54,9 +54,9 @@ using ColourConversion = std::function<void(std::span<Pixel> row)>;
 // Renders a picture that is stored in `orientation`. For an empty part one row is decoded all the same, so that a
 // damaged picture fails wherever it will be shown. Fails with kBadPicture if no row can be decoded or it takes too much
 // memory. If damage begins later, the rest stays transparent. Colours are converted after scaling, when there are
-// fewest pixels; an empty conversion costs nothing.
+// fewest pixels; an empty conversion costs nothing. The result is in `pixels`, as many as the part has, if it is given.
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
-                 const ColourConversion& convert = {});
+                 const ColourConversion& convert = {}, std::shared_ptr<Pixel[]> pixels = {});
 
 // A picture that keeps its last rendering, and is rendered again for another size or part.
 class RenderedPicture : public Picture {
@@ -69,6 +69,8 @@ class RenderedPicture : public Picture {
 
  protected:
   const Rendering& Shown() const { return rendering_; }
+  // The memory that is there for the next rendering. Null for ordinary memory.
+  std::shared_ptr<Pixel[]> TakeMemory() { return std::move(memory_); }
 
  private:
   // Renders that part of the picture at the size of the box. Fails with kBadPicture or std::bad_alloc.
@@ -82,6 +84,7 @@ class RenderedPicture : public Picture {
   void RenderFor(PixelSize box, const PixelRect& part);
 
   Rendering rendering_;
+  std::shared_ptr<Pixel[]> memory_;
 };
 
 // A picture made of pixels, whatever its format.

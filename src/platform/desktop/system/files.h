@@ -28,6 +28,8 @@ class FileDescriptor {
 
   bool IsOpen() const { return fd_ >= 0; }
   int Get() const { return fd_; }
+  // Leaves the file to the caller.
+  int Release() { return std::exchange(fd_, -1); }
   void Close() {
     if (fd_ >= 0) close(std::exchange(fd_, -1));
   }

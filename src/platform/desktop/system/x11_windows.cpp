@@ -1,5 +1,6 @@
 #include "platform/desktop/system/x11_windows.h"
 
+#include <bit>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -164,6 +165,16 @@ bool FillRectangles(xcb_connection_t* connection, std::uint32_t window, const st
   xcb_free_gc(connection, context);
   xcb_flush(connection);
   return true;
+}
+
+bool StoresPixelsAsRgb(xcb_connection_t* connection, std::uint8_t depth) {
+  const xcb_setup_t* const setup = xcb_get_setup(connection);
+  const auto order = std::endian::native == std::endian::little ? XCB_IMAGE_ORDER_LSB_FIRST : XCB_IMAGE_ORDER_MSB_FIRST;
+  if (setup->image_byte_order != order || !StoresColoursAsRgb(*xcb_setup_roots_iterator(setup).data)) return false;
+  for (auto format = xcb_setup_pixmap_formats_iterator(setup); format.rem > 0; xcb_format_next(&format)) {
+    if (format.data->depth == depth) return depth >= 24 && format.data->bits_per_pixel == 32;
+  }
+  return false;
 }
 
 void PaintBlack(xcb_connection_t* connection, std::uint32_t window) {

@@ -24,6 +24,10 @@ SurfaceWindow::SurfaceWindow(TopWindow& top, Surface& surface, SurfaceEvents& ev
     : QWindow(&top), Presenter(surface), top_(top), events_(events), ratio_(top.devicePixelRatio()) {
   setSurfaceType(QSurface::RasterSurface);
   create();
+  if (xcb_connection_t* const x11 = X11Connection()) {
+    shared_ = SharedPixels::For(x11, static_cast<std::uint32_t>(winId()));
+    surface.UseMemory(shared_);
+  }
   top.OfferFocus(*this);
 }
 
@@ -45,15 +49,19 @@ void SurfaceWindow::SetBounds(const PixelRect& bounds) {
 
 void SurfaceWindow::PostPresent() { QCoreApplication::postEvent(this, new QEvent(PresentEvent())); }
 
-void SurfaceWindow::PrepareToShow() {
-  if (buffer_.size() == size()) return;
-  buffer_.resize(size());
-  Shown().Changed(Shown().Bounds());
-}
-
 void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
   if (FillOnServer(dirty)) return;
-  const QRegion region = ToRegion(joiner_.Join(dirty));
+  const std::vector<PixelRect>& rects = joiner_.Join(dirty);
+  // Not shared are the pixels of a picture that was decoded on a thread.
+  if (!shared_ || !shared_->Put(static_cast<std::uint32_t>(winId()), Shown().Seen(), rects)) CopyToBuffer(rects);
+}
+
+void SurfaceWindow::CopyToBuffer(const std::vector<PixelRect>& rects) {
+  QRegion region = ToRegion(rects);
+  if (buffer_.size() != size()) {
+    buffer_.resize(size());
+    region = QRect(QPoint(), size());
+  }
   buffer_.beginPaint(region);
   // On every platform where Qt renders by itself the paint device is an image.
   if (auto* const image = dynamic_cast<QImage*>(buffer_.paintDevice())) CopyTo(*image, region);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/desktop/system/shared_pixels.h"
 #include "platform/desktop/toolkit/join_bands.h"
 #include "platform/desktop/toolkit/surface_peer.h"
 #include "platform/desktop/toolkit/top_window.h"
@@ -14,9 +15,9 @@
 
 namespace quorvale {
 
-// A picture box's window in a show. It is a native window, so that it can become a child of any other. It copies what
-// has changed on the toolkit's surface to its own buffer and from there to the screen. A widget would take twice as
-// long for the thin shapes of the effects.
+// A picture box's window in a show. It is a native window, so that it can become a child of any other. On X11
+// the server reads what has changed from the surface itself; elsewhere it is copied to a buffer of this window first. A
+// widget would take twice as long for the thin shapes of the effects.
 class SurfaceWindow : public QWindow, public Presenter {
   Q_OBJECT
 
@@ -53,9 +54,9 @@ class SurfaceWindow : public QWindow, public Presenter {
 
  private:
   void PostPresent() override;
-  void PrepareToShow() override;
   void Show(const std::vector<PixelRect>& dirty) override;
   bool FillOnServer(const std::vector<PixelRect>& dirty) const;
+  void CopyToBuffer(const std::vector<PixelRect>& rects);
   bool IsHostInSight() const;
   void UpdateRatio();
   QRegion ToRegion(const std::vector<PixelRect>& rects) const;
@@ -64,6 +65,8 @@ class SurfaceWindow : public QWindow, public Presenter {
 
   TopWindow& top_;
   SurfaceEvents& events_;
+  // Null where the window system shares no memory.
+  std::shared_ptr<SharedPixels> shared_;
   QBackingStore buffer_{this};
   BandJoiner joiner_;
   PixelRect bounds_;
