@@ -18,6 +18,8 @@ struct Orientation {
   bool mirrored = false;  // left and right
   bool flipped = false;   // top and bottom
 
+  bool operator==(const Orientation&) const = default;
+
   // From the Exif number, 1 to 8. Any other number counts as 1.
   static Orientation FromExif(int number);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -21,7 +22,14 @@ Pixel Over(Pixel above, Pixel below) {
   return 0xFF000000U | channel(16) | channel(8) | channel(0);
 }
 
-// Gives the number of rows that there are before the source ends.
+// Each of these two gives the number of rows that there are before the source ends.
+int ReadRows(RowSource& source, int first, const PixelView& target) {
+  int rows = 0;
+  const auto width = static_cast<std::size_t>(target.width);
+  while (rows < target.height && source.Read(first + rows, std::span(target.Row(rows), width))) ++rows;
+  return rows;
+}
+
 int PlaceRows(RowSource& source, const ScaleAxis& across, const ScaleAxis& down, const Orientation& orientation,
               const ColourConversion& convert, const PixelView& target) {
   int rows = 0;
@@ -74,7 +82,9 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   const ScaleAxis across(stored_box.width, stored.left, stored.width, source.Across().length, source.Across().count);
   const ScaleAxis down(stored_box.height, stored.top, stored.height, source.Down().length, source.Down().count);
   if (!source.Start(across.Begin(), across.End(), down.Begin())) FailLoad("Damaged picture");
-  int rows = PlaceRows(source, across, down, orientation, convert, rendering.View());
+  const bool is_as_stored = across.IsCopy() && down.IsCopy() && orientation == Orientation() && !convert;
+  int rows = is_as_stored ? ReadRows(source, down.Begin(), rendering.View())
+                          : PlaceRows(source, across, down, orientation, convert, rendering.View());
   if (rows == 0) FailLoad("Damaged picture");
   if (rows < stored.height) {
     const std::vector<Pixel> nothing(static_cast<std::size_t>(stored.width), 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -45,6 +46,14 @@ class RowSource {
   // The pixels of a row from `left` on. Rows are asked for from top to bottom; the last two stay valid and may be asked
   // for again. Null if damage ends the picture before.
   virtual const Pixel* Row(int y) = 0;
+
+  // Puts the row there, for a caller that needs no row twice. Some sources save a copy by decoding it there. False if
+  // damage ends the picture before.
+  virtual bool Read(int y, std::span<Pixel> to) {
+    const Pixel* const row = Row(y);
+    if (row != nullptr) std::copy_n(row, to.size(), to.begin());
+    return row != nullptr;
+  }
 };
 
 // A picture that is decoded at its full size, one row after the other.

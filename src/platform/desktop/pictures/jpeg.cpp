@@ -69,6 +69,10 @@ class JpegDecoder {
 
   // The next row, valid until the next but one call. Null if damage ends the picture here.
   const Pixel* NextRow();
+  // Whether `row` has room for just what the library decodes, so that the next row can be decoded there.
+  bool HoldsRow(std::span<Pixel> row) const { return margin_ == 0 && row.size() == decoder_.output_width; }
+  // Decodes the next row. False if damage ends the picture here.
+  bool ReadRow(Pixel* row);
 
  private:
   // Callbacks of the library.
@@ -84,7 +88,6 @@ class JpegDecoder {
   bool Begin(int eighths);
   void Crop(int left, int right);
   bool Discard(int rows);
-  bool ReadRow(Pixel* row);
   static int Scaled(int size, int eighths) { return static_cast<int>((std::int64_t{size} * eighths + 7) / 8); }
 
   PictureFile& file_;
@@ -296,6 +299,12 @@ class JpegRows : public RowSource {
       ++next_;
     }
     return y == next_ - 1 ? current_ : last_;
+  }
+
+  bool Read(int y, std::span<Pixel> to) override {
+    if (y != next_ || !decoder_->HoldsRow(to)) return RowSource::Read(y, to);
+    ++next_;
+    return decoder_->ReadRow(to.data());
   }
 
  private:

@@ -81,7 +81,7 @@ class WicRows : public RowSource {
     std::vector<Pixel> pixels;
   };
 
-  void Read(Band& band, int number);
+  void ReadBand(Band& band, int number);
 
   DecodingTime time_;
   std::shared_ptr<WicDecoding> decoding_;
@@ -110,13 +110,13 @@ bool WicRows::Start(int left, int right, int /*top*/) {
 const Pixel* WicRows::Row(int y) {
   const int number = y / kBandRows;
   Band& band = bands_[static_cast<std::size_t>(number % 2)];
-  if (band.number != number) Read(band, number);
+  if (band.number != number) ReadBand(band, number);
   // `Read` takes the pixels away only where the band does not become whole.
   // NOLINTNEXTLINE(clang-analyzer-cplusplus.Move)
   return band.is_whole ? band.pixels.data() + std::ptrdiff_t{y % kBandRows} * width_ : nullptr;
 }
 
-void WicRows::Read(Band& band, int number) {
+void WicRows::ReadBand(Band& band, int number) {
   const int top = number * kBandRows;
   band.number = number;
   band.is_whole = false;
