@@ -59,17 +59,24 @@ class LoadingRow {
   }
 
  private:
+  // In a show the slides before are of the same kind, and the last but one leaves its memory to the next.
+  double TickAmongOthers() {
+    show_.Tick();
+    show_.Tick();
+    return show_.Tick();
+  }
+
   double Scaled(const char* scaling, const char* backdrop) {
     show_.Core().options.Set("Scaling", scaling);
     show_.Core().options.Set("FitBackdrop", backdrop);
-    const double milliseconds = show_.Tick();
+    const double milliseconds = TickAmongOthers();
     show_.Core().options.Set("Scaling", "");
     return milliseconds;
   }
 
   double Ours(const char* stretch) {
     show_.Core().options.Set("Stretch", stretch);
-    return show_.Tick();
+    return TickAmongOthers();
   }
 
   double Yardstick(Fit fit) {
