@@ -225,24 +225,28 @@ TEST(PictureSeeds, DamagedFilesOfEveryKindEndQuickly) {
   }
 }
 
-// Strips of 16 grey rows, the third of which lies beyond the end of the file.
-TEST(PictureSeeds, ATiffIsSeenUpToItsFirstDamagedStrip) {
-  std::vector<std::uint16_t> words = {
-      0x4949, 42, 8,   0, 9,                                                  //
-      256,    3,  1,   0, 8,   0, 257, 3, 1, 0, 48, 0, 258, 3, 1, 0, 8,   0,  // width, height, depth
-      259,    3,  1,   0, 1,   0, 262, 3, 1, 0, 1,  0, 273, 4, 3, 0, 122, 0,  // compression, kind, offsets
-      277,    3,  1,   0, 1,   0, 278, 3, 1, 0, 16, 0, 279, 4, 3, 0, 134, 0,  // samples, rows, lengths
-      0,      0,  146, 0, 274, 0, 402, 0,                                     //
-      128,    0,  128, 0, 128, 0};
-  words.resize(words.size() + 128, 0x8080);
-  Bytes bytes;
-  for (const std::uint16_t word : words)
-    bytes.insert(bytes.end(), {static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8U)});
+// Of grey rows: strips of 16, the third of which lies beyond the end of the file, and one strip that is too large to be
+// held, with runs for 32 of its rows.
+TEST(PictureSeeds, ATiffIsSeenUpToItsFirstDamage) {
   const TemporaryDirectory folder;
-  Screen screen(8, 48, 0xFF000000);
-  Show(WritePicture(folder, "short.tif", bytes), screen.Bounds(), screen);
-  EXPECT_EQ(screen.At(7, 31) & 0xFFFFFF, 0x808080U);
-  EXPECT_EQ(screen.At(0, 32) & 0xFFFFFF, 0U);
+  for (const auto& [width, height, compression, rows, length, data] :
+       {std::tuple(8, 48, 1, 16, 128, 0x8080), {16384, 8000, 32773, 8000, 8192, 0x8081}}) {
+    std::vector<int> words = {
+        0x4949, 42, 8,   0, 9,                                                              //
+        256,    3,  1,   0, width,       0, 257, 3, 1, 0, height, 0, 258, 3, 1, 0, 8,   0,  // depth
+        259,    3,  1,   0, compression, 0, 262, 3, 1, 0, 1,      0, 273, 4, 3, 0, 122, 0,  // kind, offsets
+        277,    3,  1,   0, 1,           0, 278, 3, 1, 0, rows,   0, 279, 4, 3, 0, 134, 0,  // samples, rows, lengths
+        0,      0,  146, 0, 274,         0, 402, 0,                                         //
+        length, 0,  128, 0, 128,         0};
+    words.resize(words.size() + static_cast<std::size_t>(length), data);
+    Bytes bytes;
+    for (const int word : words)
+      bytes.insert(bytes.end(), {static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8U)});
+    Screen screen(8, 48, 0xFF000000);
+    Show(WritePicture(folder, "short.tif", bytes), {0, 0, width, height}, screen);
+    EXPECT_EQ(screen.At(7, 31) & 0xFFFFFF, 0x808080U) << width;
+    EXPECT_EQ(screen.At(0, 32) & 0xFFFFFF, 0U) << width;
+  }
 }
 
 // A jump over two rows and the rest of a third, and an end before the last rows.

@@ -19,7 +19,10 @@ constexpr tmsize_t kMostAllocated = tmsize_t{256} << 20U;
 // Strips may be as low as one row, for which a call would cost more than its pixels.
 constexpr int kLeastRows = 16;
 
-// Decodes a TIFF file band by band: strips or tiles side by side.
+// In pixels, of up to eight bytes. Larger strips are decoded row by row.
+constexpr auto kLargestStrip = static_cast<std::uint32_t>(kMostAllocated / 8);
+
+// Decodes a TIFF file band by band: strips, tiles side by side, or some rows of a large strip.
 class TiffDecoder {
  public:
   explicit TiffDecoder(PictureFile& file);
@@ -42,12 +45,14 @@ class TiffDecoder {
   const std::string& DateTaken() const { return date_taken_; }
   std::span<const std::uint8_t> Profile() const;
 
-  // Decodes up to that many rows from `top` on. Pixels are red, green, blue, alpha from the low byte up, premultiplied
-  // unless `LeavesAlphaApart`.
+  // Decodes up to that many rows from `top` on, unless the time is over. Pixels are red, green, blue, alpha from the
+  // low byte up, premultiplied unless `LeavesAlphaApart`.
   bool Read(int top, int rows, std::vector<std::uint32_t>& band);
 
  private:
   bool ReadDate();
+  bool CanReadRows() const;
+  bool ReadRows(int top, int bottom, std::uint32_t* to);
 
   struct Stream {
     PictureFile& file;
@@ -61,6 +66,11 @@ class TiffDecoder {
   TIFFRGBAImage image_{};
   bool has_begun_ = false;
   int band_rows_ = 0;
+  // The rows of a strip that is read row by row, else 0. Then the next row that the library can decode without starting
+  // its strip again, and the row as the file has it.
+  int strip_rows_ = 0;
+  int next_row_ = 0;
+  std::vector<std::uint8_t> stored_row_;
   Orientation orientation_;
   std::string date_taken_;
 };
@@ -115,9 +125,23 @@ bool TiffDecoder::ReadHeader() {
   std::uint32_t rows = image_.height;
   TIFFGetFieldDefaulted(tiff_, TIFFIsTiled(tiff_) != 0 ? TIFFTAG_TILELENGTH : TIFFTAG_ROWSPERSTRIP, &rows);
   rows = std::clamp<std::uint32_t>(rows, 1, image_.height);
+  if (rows > kLargestStrip / image_.width && CanReadRows()) {
+    strip_rows_ = static_cast<int>(rows);
+    stored_row_.resize(static_cast<std::size_t>(TIFFScanlineSize(tiff_)));
+    rows = kLeastRows;
+  }
   while (rows < kLeastRows) rows *= 2;
   band_rows_ = static_cast<int>(rows);
   return true;
+}
+
+// Where a row has all of its pixels and is not too long, and the compression gives single rows.
+bool TiffDecoder::CanReadRows() const {
+  std::uint16_t compression = 0;
+  const tmsize_t size = TIFFScanlineSize(tiff_);
+  return size > 0 && size <= kMostAllocated && TIFFIsTiled(tiff_) == 0 && image_.isContig != 0 &&
+         image_.photometric != PHOTOMETRIC_YCBCR &&
+         TIFFGetFieldDefaulted(tiff_, TIFFTAG_COMPRESSION, &compression) != 0 && compression != COMPRESSION_JBIG;
 }
 
 // It stands in a directory of its own. The library holds one directory at a time, so the picture's is read
@@ -143,8 +167,24 @@ std::span<const std::uint8_t> TiffDecoder::Profile() const {
 bool TiffDecoder::Read(int top, int rows, std::vector<std::uint32_t>& band) {
   const int height = std::min(rows, Size().height - top);
   band.resize(static_cast<std::size_t>(image_.width) * static_cast<std::size_t>(height));
+  if (strip_rows_ > 0) return ReadRows(top, top + height, band.data());
+  if (stream_.file.IsOverdue()) return false;
   image_.row_offset = top;
   return TIFFRGBAImageGet(&image_, band.data(), image_.width, static_cast<std::uint32_t>(height)) != 0;
+}
+
+// The rows above in the same strip have to be decoded, too. The library's own routine for strips makes the pixels.
+bool TiffDecoder::ReadRows(int top, int bottom, std::uint32_t* to) {
+  const int strip_top = top - top % strip_rows_;
+  if (next_row_ > top || next_row_ < strip_top) next_row_ = strip_top;
+  for (; next_row_ < bottom; ++next_row_) {
+    const auto row = static_cast<std::uint32_t>(next_row_);
+    if (stream_.file.IsOverdue() || TIFFReadScanline(tiff_, stored_row_.data(), row, 0) < 0) return false;
+    if (next_row_ < top) continue;
+    image_.put.contig(&image_, to, 0, row, image_.width, 1, 0, 0, stored_row_.data());
+    to += image_.width;
+  }
+  return true;
 }
 
 Pixel ToPixel(std::uint32_t packed) {
@@ -153,8 +193,8 @@ Pixel ToPixel(std::uint32_t packed) {
 
 class TiffRows : public SequentialRows {
  public:
-  TiffRows(std::unique_ptr<TiffDecoder> decoder, const PictureFile& file)
-      : SequentialRows(decoder->Size()), decoder_(std::move(decoder)), file_(file) {}
+  explicit TiffRows(std::unique_ptr<TiffDecoder> decoder)
+      : SequentialRows(decoder->Size()), decoder_(std::move(decoder)) {}
 
   bool IsOpaque() const override { return !decoder_->HasAlpha(); }
   // The band, once as the file has it.
@@ -180,11 +220,10 @@ class TiffRows : public SequentialRows {
  private:
   bool ReadBand(int y) {
     band_top_ = y - y % decoder_->BandRows();
-    return !file_.IsOverdue() && decoder_->Read(band_top_, decoder_->BandRows(), band_);
+    return decoder_->Read(band_top_, decoder_->BandRows(), band_);
   }
 
   std::unique_ptr<TiffDecoder> decoder_;
-  const PictureFile& file_;
   std::vector<std::uint32_t> band_;
   int band_top_ = 0;
 };
@@ -199,7 +238,7 @@ class TiffPicture : public DecodedPicture<TiffDecoder> {
 
  protected:
   std::unique_ptr<RowSource> OpenRows(PixelSize /*stored_box*/) override {
-    return std::make_unique<TiffRows>(TakeDecoder(), File());
+    return std::make_unique<TiffRows>(TakeDecoder());
   }
 };
 
