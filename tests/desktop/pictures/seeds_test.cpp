@@ -208,6 +208,21 @@ TEST(PictureSeeds, ConvertsColoursThatAreGivenByNumbers) {
   }
 }
 
+// Light in proportion to the level. Whether there are colours stands in a bit behind a name; then it is ignored.
+TEST(PictureSeeds, ConvertsGreysByAProfileForGreys) {
+  const TemporaryDirectory folder;
+  for (const auto& [seed, name, at, bit] :
+       {std::tuple("grey.heic", std::string_view("hvcC"), 20, 1), {"grey.avif", "av1C", 6, 0x10}}) {
+    Bytes bytes = ReadBytes(Seed(seed));
+    for (const Pixel wanted : {0xFF636363, 0xFF202020}) {
+      Screen screen(1, 1);
+      Show(WritePicture(folder, seed, bytes), screen.Bounds(), screen);
+      EXPECT_EQ(screen.At(0, 0), wanted) << seed;
+      std::search(bytes.begin(), bytes.end(), name.begin(), name.end())[at] ^= static_cast<std::uint8_t>(bit);
+    }
+  }
+}
+
 // No damage takes more than one file: a failure, or as much of the picture as can be read.
 TEST(PictureSeeds, DamagedFilesOfEveryKindEndQuickly) {
   const TemporaryDirectory folder;

@@ -216,7 +216,8 @@ class HeifPicture : public FilePicture {
     const std::size_t size = Heif().heif_image_handle_get_raw_color_profile_size(handle_.get());
     if (size > 0 && size <= kLongestProfile) {
       std::vector<std::uint8_t> profile(size);
-      if (IsGood(Heif().heif_image_handle_get_raw_color_profile(handle_.get(), profile.data()))) UseProfile(profile);
+      if (IsGood(Heif().heif_image_handle_get_raw_color_profile(handle_.get(), profile.data())))
+        UseProfile(profile, IsGreyHeif(File().All()));
       return;
     }
     heif_color_profile_nclx* numbers = nullptr;

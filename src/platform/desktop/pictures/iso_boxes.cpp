@@ -17,6 +17,11 @@ constexpr std::size_t kVersionAndFlags = 4;
 
 ByteReader BigEndian(ByteSpan bytes) { return ByteReader(bytes, 0, std::endian::big); }
 
+ByteSpan MetaBoxes(ByteSpan file) {
+  const ByteSpan meta = FindBox(file, BoxType("meta"));
+  return meta.subspan(std::min(kVersionAndFlags, meta.size()));
+}
+
 std::uint32_t PrimaryItem(ByteSpan box) {
   ByteReader reader = BigEndian(box);
   const bool is_short = reader.U8() == 0;
@@ -29,6 +34,20 @@ IsoBox BoxAt(ByteSpan boxes, unsigned number) {
   if (number == 0) return {};
   for (unsigned i = 1; i < number; ++i) CutBox(boxes);
   return CutBox(boxes).value_or(IsoBox{});
+}
+
+// Whether a property says of a picture that it is in greys. None if it says nothing of that.
+std::optional<bool> SaysGrey(const IsoBox& property) {
+  if (property.type == BoxType("hvcC")) {
+    constexpr std::size_t kChromaFormat = 16;
+    return property.content.size() > kChromaFormat && (property.content[kChromaFormat] & 3U) == 0;
+  }
+  if (property.type == BoxType("av1C")) {
+    constexpr std::size_t kFlags = 2;
+    constexpr unsigned kMonochrome = 0x10;
+    return property.content.size() > kFlags && (property.content[kFlags] & kMonochrome) != 0;
+  }
+  return std::nullopt;
 }
 
 // Adds what one property does to the picture. False if it is neither nothing nor a rotation, or the second rotation.
@@ -76,8 +95,7 @@ ByteSpan FindBox(ByteSpan boxes, std::uint32_t type) {
 }
 
 std::optional<Orientation> HeifRotation(ByteSpan file) {
-  ByteSpan meta = FindBox(file, BoxType("meta"));
-  meta = meta.subspan(std::min(kVersionAndFlags, meta.size()));
+  const ByteSpan meta = MetaBoxes(file);
   const std::uint32_t primary = PrimaryItem(FindBox(meta, BoxType("pitm")));
   const ByteSpan properties = FindBox(meta, BoxType("iprp"));
   const ByteSpan boxes = FindBox(properties, BoxType("ipco"));
@@ -96,6 +114,19 @@ std::optional<Orientation> HeifRotation(ByteSpan file) {
     if (item == primary) return RotatedBy(quarters);
   }
   return std::nullopt;
+}
+
+bool IsGreyHeif(ByteSpan file) {
+  ByteSpan properties = FindBox(FindBox(MetaBoxes(file), BoxType("iprp")), BoxType("ipco"));
+  bool is_grey = false;
+  for (int i = 0; i < kMostBoxes; ++i) {
+    const auto property = CutBox(properties);
+    if (!property) break;
+    const auto grey = SaysGrey(*property);
+    if (grey == false) return false;
+    is_grey = is_grey || grey.has_value();
+  }
+  return is_grey;
 }
 
 }  // namespace quorvale

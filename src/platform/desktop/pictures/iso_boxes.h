@@ -29,4 +29,8 @@ ByteSpan FindBox(ByteSpan boxes, std::uint32_t type);
 // How a HEIF file wants its primary picture to be rotated. None if the file also mirrors or cuts it, or is damaged.
 std::optional<Orientation> HeifRotation(ByteSpan file);
 
+// Whether a HEIF file has pictures in greys only: the primary one or its tiles, and those beside it, such as its alpha,
+// which is in greys in a picture of colours, too.
+bool IsGreyHeif(ByteSpan file);
+
 }  // namespace quorvale
