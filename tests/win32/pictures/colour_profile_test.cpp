@@ -8,6 +8,15 @@
 namespace quorvale {
 namespace {
 
+// A curve only, with another exponent: that of red.
+std::vector<std::uint8_t> MakeGreyProfile() {
+  std::vector<std::uint8_t> profile = MakeProfile(kDisplayP3);
+  std::copy_n("GRAY", 4, profile.begin() + 16);
+  profile[156] = 'k';
+  profile[249] = 3;
+  return profile;
+}
+
 // The last but one is half transparent.
 TEST(ColourProfile, ConvertsToTheScreen) {
   const std::vector<std::uint8_t> bytes = MakeProfile(kDisplayP3);
@@ -47,14 +56,30 @@ TEST(ColourProfile, OfAFileIsApplied) {
   }
 }
 
+// The system hands out greys with alpha as colours.
+TEST(ColourProfile, OfAGreyTiffWithAlphaIsApplied) {
+  const std::vector<std::uint8_t> profile = MakeGreyProfile();
+  const auto size = static_cast<unsigned>(profile.size());
+  // Tag, type, count and value: size, bits, compression, kind, offset, samples, rows, length, alpha, profile.
+  const unsigned entries[][4] = {{256, 3, 1, 1}, {257, 3, 1, 1}, {258, 3, 2, 0x80008}, {259, 3, 1, 1},
+                                 {262, 3, 1, 1}, {273, 3, 1, 8}, {277, 3, 1, 2},       {278, 3, 1, 1},
+                                 {279, 3, 1, 2}, {338, 3, 1, 2}, {34675, 7, size, 148}};
+  std::string tiff("II*\0\12\0\0\0\x80\xFF\13\0", 12);
+  for (const auto& [tag, type, count, value] : entries) {
+    for (const unsigned part : {tag | type << 16U, count, value}) {
+      for (const unsigned shift : {0U, 8U, 16U, 24U}) tiff += static_cast<char>(part >> shift);
+    }
+  }
+  tiff.append(4, '\0').append(profile.begin(), profile.end());
+  Screen screen(1, 1);
+  Show(WorkDirectory().Write("greys.tif", tiff), screen.Bounds(), screen);
+  EXPECT_LE(Difference(screen.At(0, 0), 0xFF5F5F5F), 2) << std::hex << screen.At(0, 0);
+}
+
 TEST(ColourProfile, IsIgnoredWhereItChangesNothing) {
   std::vector<std::uint8_t> damaged = MakeProfile(kDisplayP3);
-  std::vector<std::uint8_t> grey = damaged;
-  std::copy_n("GRAY", 4, grey.begin() + 16);
+  const std::vector<std::uint8_t> grey = MakeGreyProfile();
   EXPECT_EQ(ColourProfile::Read(MakeProfile(kSrgb), false), nullptr);
-  // The curve of red and its exponent.
-  grey[156] = 'k';
-  grey[249] = 3;
   std::vector<Pixel> row = {0xFF000000, 0xFF808080, 0x80404040};
   EXPECT_EQ(ColourProfile::Read(grey, false), nullptr);
   ColourProfile::Read(grey, true)->ToScreen(row);

@@ -225,11 +225,25 @@ std::vector<std::uint8_t> ReadProfile(const WicFactory& factory, const WicFrame&
   return profile;
 }
 
+// By the tag that says what a pixel is made of.
+bool IsGreyTiff(const WicFrame& frame) {
+  // 0: white is zero.
+  constexpr USHORT kBlackIsZero = 1;
+  ComPointer<IWICMetadataQueryReader> tags;
+  PROPVARIANT kind{};
+  const bool is_grey = SUCCEEDED(frame->GetMetadataQueryReader(tags.Out())) &&
+                       SUCCEEDED(tags->GetMetadataByName(L"/ifd/{ushort=262}", &kind)) && kind.vt == VT_UI2 &&
+                       kind.uiVal <= kBlackIsZero;
+  PropVariantClear(&kind);
+  return is_grey;
+}
+
 bool IsGrey(const WicFrame& frame, ByteSpan bytes) {
   // Greys with alpha are decoded as colours. Behind the depth stands what a pixel is made of.
   constexpr std::size_t kPngKind = 25;
   constexpr unsigned kPngHasColours = 2;
   if (IsPng(bytes)) return bytes.size() > kPngKind && (bytes[kPngKind] & kPngHasColours) == 0;
+  if (IsTiff(bytes) && IsGreyTiff(frame)) return true;
   WICPixelFormatGUID format{};
   if (FAILED(frame->GetPixelFormat(&format))) return false;
   return format == GUID_WICPixelFormatBlackWhite || format == GUID_WICPixelFormat2bppGray ||
