@@ -64,16 +64,20 @@ inline PicturePlace PlaceAt(const PixelRect& box, const PixelRect& clip) {
   return {[box](const TwipSize&) { return box; }, clip, 1};
 }
 
-// Ordinary memory for one picture.
-struct OwnMemory : PixelMemory {
-  std::shared_ptr<Pixel[]> Take(std::size_t count) override { return taken = std::make_unique<Pixel[]>(count); }
+// Used memory for one picture.
+struct UsedMemory : PixelMemory {
+  std::shared_ptr<Pixel[]> Take(std::size_t count) override {
+    taken = std::make_unique<Pixel[]>(count);
+    std::fill_n(taken.get(), count, 0xFFFFFFFF);
+    return taken;
+  }
   std::shared_ptr<Pixel[]> taken;
 };
 
 // Loads for that box on the screen and paints it.
 inline std::shared_ptr<Picture> ShowBy(PictureLoader&& loader, const std::string& path, const PixelRect& box,
                                        Screen& screen) {
-  OwnMemory memory;
+  UsedMemory memory;
   PicturePlace place = PlaceAt(box, screen.Bounds());
   place.memory = &memory;
   auto picture = loader.Load(path, place);

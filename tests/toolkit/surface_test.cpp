@@ -359,6 +359,9 @@ TEST(Surface, ShowsPixelsOfOthersUntilItIsDrawnOn) {
     EXPECT_THAT(surface.Dirty().Take(), ElementsAre(surface.Bounds()));
     EXPECT_EQ(surface.SolidColour(surface.Bounds()), kPaper);
     EXPECT_EQ(surface.At(3, 2), kPaper);
+    surface.ShowPixels(shown);
+    surface.Resize(2, 1, kInk);
+    EXPECT_EQ(surface.At(1, 0), kInk);
   }
   EXPECT_EQ(std::count(shown.get(), shown.get() + kCount, kRim), kCount) << "not drawn on";
 }

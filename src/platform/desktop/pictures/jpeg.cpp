@@ -70,7 +70,7 @@ class JpegDecoder {
   // The next row, valid until the next but one call. Null if damage ends the picture here.
   const Pixel* NextRow();
   // Whether `row` has room for just what the library decodes, so that the next row can be decoded there.
-  bool HoldsRow(std::span<Pixel> row) const { return margin_ == 0 && row.size() == decoder_.output_width; }
+  bool HoldsRow(std::span<Pixel> row) const { return row.size() == decoder_.output_width; }
   // Decodes the next row. False if damage ends the picture here.
   bool ReadRow(Pixel* row);
 
