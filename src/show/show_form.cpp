@@ -1,5 +1,7 @@
 #include "show/show_form.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -26,6 +28,21 @@ void Shuffle(Process& process, Collection& collection) {
   ShuffleCollection(collection, process.random);
 }
 
+// Processes that share the position in the list have to agree on what is there. Only the order comes from the common
+// seed; effects side by side must not be alike.
+void ShufflePictures(Process& process) {
+  HostSystem& host = process.system.host;
+  const std::optional<std::uint64_t> common = SharesPictures(process) ? host.ShowSeed() : std::nullopt;
+  if (!common) {
+    Shuffle(process, process.show.picture_list);
+    return;
+  }
+  Random order;
+  order.Seed(*common);
+  ShuffleCollection(process.show.picture_list, order);
+  process.random.Seed(host.ClockSeed());
+}
+
 void SetBackground(ShowForm& form, Colour background) {
   form.PicBase.SetBackColor(background);
   form.PicBase.SetFillColor(background);
@@ -40,7 +57,7 @@ void StartTimer(ShowForm& form) {
 void Begin(Process& process, ShowForm& form) {
   SetBackground(form, process.options.BackColor());
   if (process.options.PicRandom()) {
-    Shuffle(process, process.show.picture_list);
+    ShufflePictures(process);
   } else {
     SortPictures(process);
   }
@@ -66,6 +83,10 @@ bool& ShowForm::TransitionArmed() { return process_.show.transition_armed; }
 
 // Settings dialogs expect a silent preview.
 bool ShowForm::PlaysSounds() const { return process_.mode != RunMode::kPreview && !process_.beside_primary; }
+
+bool SharesPictures(const Process& process) {
+  return process.mode == RunMode::kShow && process.options.MonitorsChoice() == Monitors::kPictureOnEach;
+}
 
 void InitShow(Process& process, ShowForm& form) {
   form.tmrSwitch.SetEnabled(false);

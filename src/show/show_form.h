@@ -38,6 +38,9 @@ class ShowForm : public Form {
   Process& process_;
 };
 
+// Whether the show on the full screen has a picture on each monitor, so that others may be showing the same list.
+bool SharesPictures(const Process& process);
+
 // Starts a show of the stored lists on a form: fills both collections (shuffled if the options say so), reads the
 // background colour and the speed of transitions, and starts the form's timer. The first tick comes after 500 ms.
 // Fails with kOverflow when an option is out of range: the timer stays off for the colour, but runs for the speed.

@@ -44,8 +44,7 @@ void KeepPosition(Options& options, ShowState& show, const OptionRow& last, std:
 }
 
 // The next position in the list of pictures, stored at once and together with the reading: where each monitor has
-// pictures of its own, no two may show the same one, not even if they belong to different processes. In random order
-// that holds for one process only, since each shuffles its list by itself.
+// pictures of its own, no two may show the same one, not even if they belong to different processes.
 std::int32_t ClaimNextPicture(Process& process) {
   ShowState& show = process.show;
   std::int32_t position = 0;
@@ -86,7 +85,7 @@ void WipePictureOnView(Process& process, ShowForm& form) {
 
 void ShowNextPicture(Process& process, ShowForm& form) {
   ImageControl& PicPreview = form.PicPreview;
-  const bool is_shared = process.mode == RunMode::kShow && process.options.MonitorsChoice() == Monitors::kPictureOnEach;
+  const bool is_shared = SharesPictures(process);
   const std::int32_t picture_index = is_shared ? ClaimNextPicture(process)
                                                : NextPosition(process.options, process.show, kResetPicList,
                                                               kLastPicture, process.show.picture_list.Count());

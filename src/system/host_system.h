@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quorvale {
@@ -33,6 +34,10 @@ class HostSystem {
 
   // A seed for random numbers, taken from the clock.
   virtual std::uint64_t ClockSeed() = 0;
+
+  // A seed that this process shares with others of one show. As long as any process runs in a window of a screen saver
+  // daemon, all of these get the same seed; the first one after that gets a new one. Other processes get none.
+  virtual std::optional<std::uint64_t> ShowSeed() { return std::nullopt; }
 
   // Ends the process at once, after releasing what affects the whole system. A platform that can't do that throws
   // `ProcessEnded`.

@@ -52,11 +52,9 @@ class MonitorFormsTest : public ShowTest {
   }
   int Primary() { return static_cast<int>(At(799, 599)); }
   int MonitorWindows() {
-    int count = 0;
-    for (const auto& [handle, window] : desktop.windows.All()) {
-      count += window.kind == WindowKind::kMonitor && window.visible ? 1 : 0;
-    }
-    return count;
+    return static_cast<int>(std::ranges::count_if(desktop.windows.All(), [](const auto& entry) {
+      return entry.second.kind == WindowKind::kMonitor && entry.second.visible;
+    }));
   }
   std::vector<int> Shown(const std::vector<PixelRect>& places) {
     std::vector<int> pictures{Primary()};

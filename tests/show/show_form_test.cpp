@@ -118,20 +118,7 @@ TEST_F(StartShowTest, InitShowTakesOverColourSpeedAndTimer) {
   EXPECT_TRUE(form->tmrSwitch.Enabled());
 }
 
-TEST_F(StartShowTest, OnlyTheValueOneShuffles) {
-  std::vector<std::string> entries;
-  for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
-  Store("PictureFiles", entries);
-  for (const auto& [value, shuffled] : {std::pair{"", false}, {"2", false}, {"1.5", false}, {"1", true}}) {
-    process.options.Set("PicRandom", value);
-    InitShow(process, *form);
-    std::vector<std::string> items = process.show.picture_list.TakeItems();
-    EXPECT_EQ(items != entries, shuffled) << value;
-    EXPECT_THAT(items, testing::UnorderedElementsAreArray(entries));
-  }
-}
-
-TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
+TEST_F(StartShowTest, TheValueOneShufflesByTheClock) {
   const auto order = [&](std::uint64_t seed, const char* pictures, const char* sounds) {
     desktop.host.clock_seed = seed;
     SetOptions({{"PicRandom", pictures}, {"SoundRandom", sounds}});
@@ -140,13 +127,21 @@ TEST_F(StartShowTest, EachShuffleStartsFromTheClock) {
   };
   std::vector<std::string> entries;
   for (int i = 0; i < 50; ++i) entries.push_back("C:\\" + std::to_string(i));
-  Store("PictureFiles", entries);
-  Store("SoundFiles", entries);
+  for (const char* section : {"PictureFiles", "SoundFiles"}) Store(section, entries);
+  for (const char* const value : {"", "2", "1.5"})
+    EXPECT_EQ(order(1, value, value), std::pair(entries, entries)) << value;
   const auto [pictures, sounds] = order(1, "1", "1");
   EXPECT_NE(pictures, entries);
+  EXPECT_THAT(pictures, testing::UnorderedElementsAreArray(entries));
   EXPECT_EQ(pictures, sounds) << "both draw from the same beginning";
   EXPECT_NE(order(2, "1", "1").first, pictures);
   EXPECT_EQ(order(1, "0", "1"), std::pair(entries, sounds));
+  desktop.host.show_seed = 2;
+  for (const auto& [mode, monitors] : {std::pair{RunMode::kPreview, "A Picture on Each"}, {RunMode::kShow, ""}}) {
+    process.mode = mode;
+    process.options.Set("Monitors", monitors);
+    EXPECT_EQ(order(1, "1", "1").first, pictures) << "no show on several monitors";
+  }
 }
 
 TEST_F(StartShowTest, AnOptionOutOfRangeStopsTheStart) {

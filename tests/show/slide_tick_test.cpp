@@ -1,5 +1,7 @@
 #include "show/slide_tick.h"
 
+#include <set>
+
 #include "playlist/media_collections.h"
 #include "support/failing_allocation.h"
 #include "support/show_fixture.h"
@@ -95,6 +97,29 @@ TEST_F(SlideTickTest, PositionsFollowTheStoredOne) {
       EXPECT_EQ(fresh.options.Get("LastPicture", "none"), position);
     }
   }
+}
+
+// A screen saver daemon starts a process for each monitor. `show_seed` is what they share besides the store.
+TEST_F(SlideTickTest, ProcessesOfOneShowShareARoundInRandomOrder) {
+  HeadlessDesktop beside;
+  const System own = beside.Services();
+  Process sibling(beside,
+                  {desktop.registry, desktop.files, own.windows, own.sound, own.programs, own.host, own.password});
+  Pictures(std::vector<std::string>(40, "picture 8 6 ff0000"));
+  SetOptions({{"Monitors", "A Picture on Each"}, {"PicRandom", "1"}, {"LastPicture", "17"}});
+  desktop.host.show_seed = beside.host.show_seed = 7;
+  beside.host.clock_seed = 2;
+  Start();
+  sibling.mode = RunMode::kShow;
+  std::make_shared<MainForm>(sibling)->Show();
+  EXPECT_NE(process.random.Next(), sibling.random.Next()) << "effects would be alike";
+  std::set<std::string> shown;
+  for (int i = 0; i < 40; ++i) {
+    HeadlessDesktop& each = i % 2 == 0 ? desktop : beside;
+    each.queue.Advance(i < 2 ? 500 : 5000);
+    shown.insert(each.pictures.loads.back().path);
+  }
+  EXPECT_EQ(shown.size(), 40U);
 }
 
 TEST_F(SlideTickTest, AFileThatCantBeShownIsPassedOver) {

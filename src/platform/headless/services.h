@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,7 @@ class ScriptedHost : public HostSystem {
   std::string ProgramName() override { return program_name; }
   double SecondsSinceMidnight() override;
   std::uint64_t ClockSeed() override { return clock_seed; }
+  std::optional<std::uint64_t> ShowSeed() override { return show_seed; }
   // Throws `ProcessEnded`.
   [[noreturn]] void EndProcess() override;
   std::int32_t PlatformId() override { return platform_id; }
@@ -88,6 +90,8 @@ class ScriptedHost : public HostSystem {
   std::string program_name = "Quorvale";
   std::int32_t platform_id = kPlatformLocksItself;
   std::uint64_t clock_seed = 1;
+  // Set it for processes in the windows of a screen saver daemon.
+  std::optional<std::uint64_t> show_seed;
   // How often the process was ended.
   int ended = 0;
 
