@@ -85,7 +85,7 @@ class InTheDaemonsWindow(DaemonTest):
 
     def test_each_of_two_windows_may_have_pictures_of_the_same_list(self):
         self.two_monitors()
-        self.session.options(Monitors="A Picture on Each", Stretch="1")
+        self.session.options(Monitors="A Picture on Each", Stretch="1", PicRandom="1")
         programs = [self.start_in(self.daemon_window(f"400x600+{left}+0")[1]) for left in (0, 400)]
         both = [RED, RED, BLUE, BLUE], [BLUE, BLUE, RED, RED]
         wait_until(lambda: self.pixels((0, 0), (399, 599), (400, 0), (799, 599)) in both, "a picture in each")

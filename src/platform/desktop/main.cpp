@@ -62,7 +62,8 @@ bool NeedsDisplay(RunMode mode) { return ShowsPictures(mode) || mode == RunMode:
 int RunProgram(const std::string& text, const DesktopOptions& options) {
   DesktopPlatform platform(options);
   SqliteRegistry registry(SettingsDirectory());
-  DesktopHost host([&registry] { registry.Close(); });
+  const bool is_in_daemon_window = options.daemon_window.handle != 0;
+  DesktopHost host([&registry] { registry.Close(); }, is_in_daemon_window ? SettingsDirectory() : std::string());
   const std::string directory = host.GetSystemDirectory(kLongestPath);
   PosixFileSystem files(SettingsDirectory(), directory + '/' + host.ProgramName() + ".SCR", [&] {
     // Without samples there is nothing to show, so that XScreenSaver keeps the saver that it has.

@@ -10,7 +10,8 @@
 
 namespace quorvale {
 
-DesktopHost::DesktopHost(std::function<void()> before_exit) : before_exit_(std::move(before_exit)) {
+DesktopHost::DesktopHost(std::function<void()> before_exit, std::string shared_directory)
+    : before_exit_(std::move(before_exit)), shared_seed_(std::move(shared_directory)) {
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
   program_name_ = program.stem();
