@@ -33,5 +33,12 @@ TEST_F(DecodingTimeTest, EndsForAKeyOfTheShow) {
   platform_.PumpEvents();
 }
 
+// A thread that ends takes nothing from the next.
+TEST(DecodingThreads, RunOneAfterTheOther) {
+  int runs = 0;
+  for (int i = 0; i < 300; ++i) ASSERT_TRUE(DecodingTime().Run([&runs] { ++runs; })) << i;
+  EXPECT_EQ(runs, 300);
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -1,8 +1,6 @@
 #include "platform/win32/pictures/decoding_time.h"
 
 #include <memory>
-#include <system_error>
-#include <thread>
 #include <utility>
 
 #include "platform/pictures/rendered_picture.h"
@@ -24,6 +22,17 @@ bool HasShowKey() {
          (HIWORD(GetQueueStatus(QS_KEY)) & QS_KEY) != 0;
 }
 
+// What a thread does that owns its work.
+DWORD WINAPI RunOwned(void* work) {
+  const std::unique_ptr<std::function<void()>> own(static_cast<std::function<void()>*>(work));
+  const HRESULT joined = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+  (*own)();
+  // Its components go before the system's.
+  *own = nullptr;
+  if (SUCCEEDED(joined)) CoUninitialize();
+  return 0;
+}
+
 }  // namespace
 
 bool DecodingTime::IsLeft() const {
@@ -33,21 +42,13 @@ bool DecodingTime::IsLeft() const {
 }
 
 bool DecodingTime::Run(std::function<void()> work) const {
-  const auto done = std::make_shared<Handle>(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-  const auto run = [done](std::function<void()> own) {
-    const HRESULT joined = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    own();
-    // Its components go before the system's.
-    own = nullptr;
-    if (SUCCEEDED(joined)) CoUninitialize();
-    SetEvent(done->Get());
-  };
-  try {
-    std::thread(run, std::move(work)).detach();
-  } catch (const std::system_error&) {
-    FailLoad("Picture too large");
-  }
-  while (WaitForSingleObject(done->Get(), kBetweenLooks) != WAIT_OBJECT_0) {
+  auto own = std::make_unique<std::function<void()>>(std::move(work));
+  // No std::thread: if one is detached while it ends, the compiler's library frees its record and then writes to it
+  // once more. The next thread, which has that record by then, may never run its work.
+  const Handle thread(CreateThread(nullptr, 0, RunOwned, own.get(), 0, nullptr));
+  if (!thread.IsOpen()) FailLoad("Picture too large");
+  static_cast<void>(own.release());  // the thread's
+  while (WaitForSingleObject(thread.Get(), kBetweenLooks) != WAIT_OBJECT_0) {
     if (!IsLeft()) return false;
   }
   return true;
