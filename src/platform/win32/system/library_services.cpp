@@ -24,7 +24,12 @@ void Win32Password::PwdChangePassword(const std::string& provider, WindowHandle 
 
 bool Win32SoundPlayer::PlaySound(const std::string& path, std::uint32_t flags) {
   // If it were linked, the loader would prefer a file of that name in the program's directory.
-  if (!multimedia_) multimedia_.emplace("winmm.dll");
+  if (!multimedia_) {
+    multimedia_.emplace("winmm.dll");
+    // A thread of the library's own plays, and may outlive the player: the library stays until the process ends.
+    HMODULE stays = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"winmm.dll", &stays);
+  }
   auto* const play = multimedia_->Find<PlayFunction>("PlaySoundA");
   return play != nullptr && play(path.c_str(), nullptr, flags) != 0;
 }
