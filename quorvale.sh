@@ -88,7 +88,7 @@ check_windows() {
   need $windows_packages $wine_packages $installer_packages
   build windows-64
   say "Testing the Windows program"
-  # Without a sound card, a thread of Wine's sometimes runs on in a library that Wine has unloaded.
+  # On a busy machine Wine sometimes fails to start a program, with an internal error.
   run_tests build/windows-64 --repeat until-pass:2
   WINEPREFIX=${WINEPREFIX:-$PWD/build/wine} wineserver -k || true
 }
