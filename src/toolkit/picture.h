@@ -41,7 +41,7 @@ struct PicturePlace {
   // Device pixels to the toolkit's pixel.
   float scale = 1;
   // For the picture's pixels. May be null.
-  PixelMemory* memory = nullptr;
+  std::shared_ptr<PixelMemory> memory = {};
   // Called again and again while decoding takes long; lets events arrive. It may end the process. Without it, the
   // caller waits.
   std::function<void()> while_waiting = {};

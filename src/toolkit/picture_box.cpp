@@ -90,7 +90,7 @@ std::shared_ptr<Picture> PictureBox::LoadPicture(const std::string& path,
   return App().GetPlatform().Pictures().Load(path, {.box = pixel_box,
                                                     .clip = clip,
                                                     .scale = scale_,
-                                                    .memory = surface_.Memory().get(),
+                                                    .memory = surface_.Memory(),
                                                     .while_waiting = App().while_waiting});
 }
 

@@ -1,6 +1,7 @@
 #include "platform/desktop/system/shared_pixels.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <vector>
@@ -57,6 +58,13 @@ TEST(SharedPixels, PutTheirPartsAndLeaveTheirMemoryToTheNext) {
   pixels.reset();
   pixels = memory->Take(100 * kWindowPixels);
   std::fill_n(pixels.get(), 100 * kWindowPixels, 0U);
+
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit small{.rlim_cur = kWindowPixels, .rlim_max = limit.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_EQ(memory->Take(kWindowPixels), nullptr);
+  setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 TEST(SharedPixels, AreNotThereWhereTheServerSharesNoMemory) {

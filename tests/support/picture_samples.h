@@ -77,14 +77,14 @@ struct UsedMemory : PixelMemory {
 // Loads for that box on the screen and paints it.
 inline std::shared_ptr<Picture> ShowBy(PictureLoader&& loader, const std::string& path, const PixelRect& box,
                                        Screen& screen) {
-  UsedMemory memory;
+  const auto memory = std::make_shared<UsedMemory>();
   PicturePlace place = PlaceAt(box, screen.Bounds());
-  place.memory = &memory;
+  place.memory = memory;
   auto picture = loader.Load(path, place);
   picture->Paint(screen.View(), box, screen.Bounds());
   if (const auto pixels = picture->Covering({screen.View().width, screen.View().height}, box)) {
     EXPECT_TRUE(std::equal(screen.pixels.begin(), screen.pixels.end(), pixels.get())) << path;
-    EXPECT_EQ(pixels, memory.taken);
+    EXPECT_EQ(pixels, memory->taken);
   }
   return picture;
 }

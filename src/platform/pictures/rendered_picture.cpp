@@ -22,6 +22,10 @@ Pixel Over(Pixel above, Pixel below) {
   return 0xFF000000U | channel(16) | channel(8) | channel(0);
 }
 
+std::size_t PixelsIn(const PixelRect& part) {
+  return static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
+}
+
 // Each of these two gives the number of rows that there are before the source ends.
 int ReadRows(RowSource& source, int first, const PixelView& target) {
   int rows = 0;
@@ -62,7 +66,7 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
                  const ColourConversion& convert, std::shared_ptr<Pixel[]> pixels) {
-  const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);
+  const std::size_t count = PixelsIn(part);
   const std::size_t memory = source.Memory();
   if (memory > kPictureMemoryLimit || count > (kPictureMemoryLimit - memory) / sizeof(Pixel)) {
     FailLoad("Picture too large");
@@ -96,12 +100,14 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
 
 void RenderedPicture::Prepare(const PicturePlace& place) {
   const PixelRect box = place.box(NaturalSize(place.scale));
-  const PixelRect part = Intersect(box, place.clip);
-  if (place.memory != nullptr && !part.IsEmpty()) {
-    memory_ = place.memory->Take(static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height));
-  }
-  RenderFor({box.width, box.height}, Within(box, part));
-  memory_.reset();  // if it was of no use
+  RenderFor({box.width, box.height}, Within(box, Intersect(box, place.clip)), place.memory.get());
+}
+
+void RenderedPicture::MoveTo(PixelMemory& memory) {
+  const auto pixels = rendering_.pixels ? memory.Take(PixelsIn(rendering_.part)) : nullptr;
+  if (!pixels) return;
+  std::copy_n(rendering_.pixels.get(), PixelsIn(rendering_.part), pixels.get());
+  rendering_.pixels = pixels;
 }
 
 void RenderedPicture::Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) {
@@ -126,11 +132,13 @@ std::shared_ptr<const Pixel[]> RenderedPicture::Covering(PixelSize target, const
   return is_all && rendering_.opaque ? rendering_.pixels : nullptr;
 }
 
-void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part) {
+void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part, PixelMemory* memory) {
   try {
     // Frees the memory of the last one first.
     rendering_ = {};
+    if (memory != nullptr && !part.IsEmpty()) memory_ = memory->Take(PixelsIn(part));
     rendering_ = Make(box, part);
+    memory_.reset();  // if it was of no use
   } catch (const std::bad_alloc&) {
     FailLoad("Picture too large");
   }

@@ -63,6 +63,8 @@ class RenderedPicture : public Picture {
  public:
   // Renders it for the place where it will be shown. Fails with kBadPicture.
   void Prepare(const PicturePlace& place);
+  // Keeps the pixels there from now on, if there is any. Fails with std::bad_alloc.
+  void MoveTo(PixelMemory& memory);
 
   void Paint(const PixelView& target, const PixelRect& box, const PixelRect& clip) override;
   std::shared_ptr<const Pixel[]> Covering(PixelSize target, const PixelRect& box) override;
@@ -81,7 +83,7 @@ class RenderedPicture : public Picture {
     rendering_.Paint(target, left, top, clip);
   }
 
-  void RenderFor(PixelSize box, const PixelRect& part);
+  void RenderFor(PixelSize box, const PixelRect& part, PixelMemory* memory = nullptr);
 
   Rendering rendering_;
   std::shared_ptr<Pixel[]> memory_;

@@ -179,8 +179,12 @@ TEST(PictureLoader, LetsEventsArriveDuringALargePicture) {
   PicturePlace place = PlaceAt({0, 0, 40, 30}, {0, 0, 40, 30});
   int passes = 0;
   place.while_waiting = [&] { ++passes; };
-  DesktopPictureLoader().Load(WritePicture(folder, "large.png", MakeImage(image, "png")), place);
+  const auto memory = std::make_shared<UsedMemory>();
+  place.memory = memory;
+  const auto picture = DesktopPictureLoader().Load(WritePicture(folder, "large.png", MakeImage(image, "png")), place);
   EXPECT_GT(passes, 0);
+  EXPECT_EQ(picture->Covering({40, 30}, {0, 0, 40, 30}), memory->taken);
+  EXPECT_EQ(memory->taken[40 * 30 - 1], 0xFF000000);
 }
 
 TEST(PictureLoader, FailsOnDamageOutOfView) {

@@ -104,6 +104,8 @@ void DesktopPictureLoader::PrepareMeanwhile(const OpenedPicture& picture, const 
   std::thread(std::move(task)).detach();
   wait_for(work);
   work.get();
+  // The thread knows nothing of windows and their memory.
+  if (place.memory) picture->MoveTo(*place.memory);
 }
 
 }  // namespace quorvale

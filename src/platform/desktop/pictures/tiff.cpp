@@ -42,6 +42,7 @@ class TiffDecoder {
   bool LeavesAlphaApart() const { return IsGrey() && image_.isContig != 0 && image_.alpha == EXTRASAMPLE_UNASSALPHA; }
   int BandRows() const { return band_rows_; }
   Orientation StoredOrientation() const { return orientation_; }
+  std::size_t StoredRowSize() const { return stored_row_.size(); }
   const std::string& DateTaken() const { return date_taken_; }
   std::span<const std::uint8_t> Profile() const;
 
@@ -135,7 +136,8 @@ bool TiffDecoder::ReadHeader() {
   return true;
 }
 
-// Where a row has all of its pixels and is not too long, and the compression gives single rows.
+// Where a row has all of its pixels and is not too long. JBIG has no rows; the library itself refuses single ones of
+// the other compressions that have none.
 bool TiffDecoder::CanReadRows() const {
   std::uint16_t compression = 0;
   const tmsize_t size = TIFFScanlineSize(tiff_);
@@ -199,8 +201,8 @@ class TiffRows : public SequentialRows {
   bool IsOpaque() const override { return !decoder_->HasAlpha(); }
   // The band, once as the file has it.
   std::size_t Memory() const override {
-    return 2 * sizeof(Pixel) * static_cast<std::size_t>(decoder_->BandRows()) *
-           static_cast<std::size_t>(decoder_->Size().width);
+    return decoder_->StoredRowSize() + 2 * sizeof(Pixel) * static_cast<std::size_t>(decoder_->BandRows()) *
+                                           static_cast<std::size_t>(decoder_->Size().width);
   }
 
  protected:

@@ -1,6 +1,7 @@
 #include "platform/desktop/system/shared_pixels.h"
 
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -26,6 +27,12 @@ bool IsLocal(xcb_connection_t* connection) {
   socklen_t size = sizeof address;
   return getsockname(xcb_get_file_descriptor(connection), reinterpret_cast<sockaddr*>(&address), &size) == 0 &&
          address.ss_family == AF_UNIX;
+}
+
+// A process gets a signal, and not an error, when it exceeds its limit for files.
+bool IsAllowed(std::size_t bytes) {
+  rlimit limit{};
+  return getrlimit(RLIMIT_FSIZE, &limit) == 0 && bytes <= limit.rlim_cur;
 }
 
 bool CanShare(xcb_connection_t* connection) {
@@ -60,6 +67,7 @@ class SharedPixels::Segment {
 
  private:
   Segment(xcb_connection_t* connection, std::size_t count) : connection_(connection), count_(count) {
+    if (!IsAllowed(Bytes())) return;
     FileDescriptor file(memfd_create("pixels", MFD_CLOEXEC));
     if (file.Get() < 0 || ftruncate(file.Get(), static_cast<off_t>(Bytes())) != 0) return;
     memory_ = mmap(nullptr, Bytes(), PROT_READ | PROT_WRITE, MAP_SHARED, file.Get(), 0);

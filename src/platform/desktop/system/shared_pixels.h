@@ -16,7 +16,7 @@ namespace quorvale {
 // Pixels that this process and the X server share (MIT-SHM 1.2), so that they come to the screen without a copy on this
 // side. The memory that was given back last is kept for the next pixels: new pages from the kernel take a tenth of the
 // time in which a photo of that size is decoded. So that it will do, all take as much as the most so far; what is not
-// written to does not count.
+// written to does not count. A window that shrinks keeps the larger memory.
 class SharedPixels : public PixelMemory, public std::enable_shared_from_this<SharedPixels> {
  public:
   // For windows like `window`. Null if the server can't share memory with this process or stores colours otherwise.

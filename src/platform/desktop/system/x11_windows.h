@@ -52,7 +52,8 @@ bool Reparent(xcb_connection_t* connection, std::uint32_t window, std::uint32_t 
 bool FillRectangles(xcb_connection_t* connection, std::uint32_t window, const std::vector<xcb_rectangle_t>& rects,
                     std::uint32_t colour);
 
-// Whether a window of that depth has pixels of 32 bits, 0xRRGGBB in the byte order of this machine.
+// Whether a window of that depth with the screen's usual colours has pixels of 32 bits, 0xRRGGBB in the byte order of
+// this machine.
 bool StoresPixelsAsRgb(xcb_connection_t* connection, std::uint8_t depth);
 
 // Gives the window a black background and paints it.

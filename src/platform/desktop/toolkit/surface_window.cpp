@@ -52,7 +52,7 @@ void SurfaceWindow::PostPresent() { QCoreApplication::postEvent(this, new QEvent
 void SurfaceWindow::Show(const std::vector<PixelRect>& dirty) {
   if (FillOnServer(dirty)) return;
   const std::vector<PixelRect>& rects = joiner_.Join(dirty);
-  // Not shared are the pixels of a picture that was decoded on a thread.
+  // Pixels are not shared where memory was short.
   if (!shared_ || !shared_->Put(static_cast<std::uint32_t>(winId()), Shown().Seen(), rects)) CopyToBuffer(rects);
 }
 
