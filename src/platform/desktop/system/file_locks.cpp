@@ -39,32 +39,45 @@ std::uint64_t Hash(const std::string& text) {
   return hash;
 }
 
-// For locks of the open file, not of the process: they also exclude two objects of one process, and F_OFD_GETLK tests a
-// lock without taking it.
-struct flock WholeFile(short type) {
+struct flock Range(short type, off_t start, off_t length) {
   struct flock range {};
   range.l_type = type;
   range.l_whence = SEEK_SET;
+  range.l_start = start;
+  range.l_len = length;
   return range;
 }
 
 }  // namespace
+
+bool LockBytes(const FileDescriptor& file, short type, off_t start, off_t length) {
+  struct flock range = Range(type, start, length);
+  return fcntl(file.Get(), F_OFD_SETLK, &range) == 0;
+}
+
+bool AreLocked(const FileDescriptor& file, off_t start, off_t length) {
+  struct flock range = Range(F_WRLCK, start, length);
+  return fcntl(file.Get(), F_OFD_GETLK, &range) == 0 && range.l_type != F_UNLCK;
+}
+
+bool WaitForLock(const std::function<bool()>& lock, std::chrono::milliseconds patience) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (!lock()) {
+    if (errno == EINTR) continue;
+    if (errno == EACCES) errno = EWOULDBLOCK;
+    if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= deadline) return false;
+    std::this_thread::sleep_for(kBetweenTries);
+  }
+  return true;
+}
 
 std::optional<DirectoryLock> DirectoryLock::Take(const std::string& directory, Kind kind,
                                                  std::chrono::milliseconds patience) {
   FileDescriptor opened(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!opened.IsOpen()) return std::nullopt;
   const int operation = (kind == Kind::kShared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-  const auto deadline = std::chrono::steady_clock::now() + patience;
-  while (flock(opened.Get(), operation) != 0) {
-    if (errno == EINTR) continue;
-    if (errno != EWOULDBLOCK) {
-      if (kind == Kind::kShared) break;
-      return std::nullopt;
-    }
-    if (std::chrono::steady_clock::now() >= deadline) return std::nullopt;
-    std::this_thread::sleep_for(kBetweenTries);
-  }
+  const bool is_locked = WaitForLock([&] { return flock(opened.Get(), operation) == 0; }, patience);
+  if (!is_locked && (errno == EWOULDBLOCK || kind == Kind::kExclusive)) return std::nullopt;
   return DirectoryLock(std::move(opened));
 }
 
@@ -74,8 +87,7 @@ bool TitleLock::Claim(const std::string& title) {
   if (claims_.contains(title)) return true;
   if (directory_.empty()) return false;
   FileDescriptor file(open(PathOf(title).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
-  struct flock range = WholeFile(F_WRLCK);
-  if (!file.IsOpen() || fcntl(file.Get(), F_OFD_SETLK, &range) != 0) return false;
+  if (!file.IsOpen() || !LockBytes(file, F_WRLCK)) return false;
   claims_.emplace(title, std::move(file));
   return true;
 }
@@ -84,16 +96,14 @@ void TitleLock::Release(const std::string& title) {
   const auto claim = claims_.find(title);
   if (claim == claims_.end()) return;
   // A child between fork and exec may still share the open file, so closing it is not enough.
-  struct flock range = WholeFile(F_UNLCK);
-  fcntl(claim->second.Get(), F_OFD_SETLK, &range);
+  LockBytes(claim->second, F_UNLCK);
   claims_.erase(claim);
 }
 
 bool TitleLock::IsClaimed(const std::string& title) const {
   if (directory_.empty()) return false;
   const FileDescriptor file(open(PathOf(title).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
-  struct flock range = WholeFile(F_WRLCK);
-  return file.IsOpen() && fcntl(file.Get(), F_OFD_GETLK, &range) == 0 && range.l_type != F_UNLCK;
+  return file.IsOpen() && AreLocked(file);
 }
 
 std::string TitleLock::PathOf(const std::string& title) const {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <chrono>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -8,6 +11,18 @@
 #include "platform/desktop/system/files.h"
 
 namespace quorvale {
+
+// Locks on bytes of an open file; a `length` of 0 reaches to the end. They belong to the open file and not to the
+// process: they also exclude two objects of one process.
+
+// F_RDLCK, F_WRLCK or F_UNLCK. False at once, with the reason in errno, if another holds it or there are no such locks.
+bool LockBytes(const FileDescriptor& file, short type, off_t start = 0, off_t length = 0);
+// Whether another holds any lock there.
+bool AreLocked(const FileDescriptor& file, off_t start = 0, off_t length = 0);
+
+// Repeats `lock`, which gives its success as above, while another holds it. False after `patience` with the reason
+// EWOULDBLOCK, or at once for any other reason.
+bool WaitForLock(const std::function<bool()>& lock, std::chrono::milliseconds patience);
 
 // A lock on a directory, against other processes and other objects of this one. A lock on a file in it would not do:
 // closing a second descriptor of a file drops the locks that SQLite holds on that file.
