@@ -65,10 +65,10 @@ void Rendering::Paint(const PixelView& target, int left, int top, const PixelRec
 }
 
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
-                 const ColourConversion& convert, std::shared_ptr<Pixel[]> pixels) {
+                 const ColourConversion& convert, PixelMemory* memory) {
   const std::size_t count = PixelsIn(part);
-  const std::size_t memory = source.Memory();
-  if (memory > kPictureMemoryLimit || count > (kPictureMemoryLimit - memory) / sizeof(Pixel)) {
+  const std::size_t decoding = source.Memory();
+  if (decoding > kPictureMemoryLimit || count > (kPictureMemoryLimit - decoding) / sizeof(Pixel)) {
     FailLoad("Picture too large");
   }
   if (part.IsEmpty()) {
@@ -78,7 +78,7 @@ Rendering Render(RowSource& source, const Orientation& orientation, PixelSize bo
   Rendering rendering;
   rendering.box = box;
   rendering.part = part;
-  rendering.pixels = pixels ? std::move(pixels) : std::make_unique_for_overwrite<Pixel[]>(count);
+  rendering.pixels = TakePixels(memory, count);
   rendering.opaque = source.IsOpaque();
 
   const PixelSize stored_box = orientation.Turn(box);
@@ -136,9 +136,7 @@ void RenderedPicture::RenderFor(PixelSize box, const PixelRect& part, PixelMemor
   try {
     // Frees the memory of the last one first.
     rendering_ = {};
-    if (memory != nullptr && !part.IsEmpty()) memory_ = memory->Take(PixelsIn(part));
-    rendering_ = Make(box, part);
-    memory_.reset();  // if it was of no use
+    rendering_ = Make(box, part, memory);
   } catch (const std::bad_alloc&) {
     FailLoad("Picture too large");
   }
@@ -155,8 +153,8 @@ TwipSize BitmapPicture::NaturalSize(float scale) const {
           static_cast<float>(size_.height) * kTwipsPerPixel / scale};
 }
 
-Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part) {
-  return Render(*Open(orientation_.Turn(box)), orientation_, box, part, conversion_, TakeMemory());
+Rendering BitmapPicture::Make(PixelSize box, const PixelRect& part, PixelMemory* memory) {
+  return Render(*Open(orientation_.Turn(box)), orientation_, box, part, conversion_, memory);
 }
 
 }  // namespace quorvale

@@ -54,9 +54,9 @@ using ColourConversion = std::function<void(std::span<Pixel> row)>;
 // Renders a picture that is stored in `orientation`. For an empty part one row is decoded all the same, so that a
 // damaged picture fails wherever it will be shown. Fails with kBadPicture if no row can be decoded or it takes too much
 // memory. If damage begins later, the rest stays transparent. Colours are converted after scaling, when there are
-// fewest pixels; an empty conversion costs nothing. The result is in `pixels`, as many as the part has, if it is given.
+// fewest pixels; an empty conversion costs nothing. The pixels are kept in `memory` if it has room.
 Rendering Render(RowSource& source, const Orientation& orientation, PixelSize box, const PixelRect& part,
-                 const ColourConversion& convert = {}, std::shared_ptr<Pixel[]> pixels = {});
+                 const ColourConversion& convert = {}, PixelMemory* memory = nullptr);
 
 // A picture that keeps its last rendering, and is rendered again for another size or part.
 class RenderedPicture : public Picture {
@@ -71,12 +71,11 @@ class RenderedPicture : public Picture {
 
  protected:
   const Rendering& Shown() const { return rendering_; }
-  // The memory that is there for the next rendering. Null for ordinary memory.
-  std::shared_ptr<Pixel[]> TakeMemory() { return std::move(memory_); }
 
  private:
-  // Renders that part of the picture at the size of the box. Fails with kBadPicture or std::bad_alloc.
-  virtual Rendering Make(PixelSize box, const PixelRect& part) = 0;
+  // Renders that part of the picture at the size of the box. `memory` is for its pixels and may be null. Fails with
+  // kBadPicture or std::bad_alloc.
+  virtual Rendering Make(PixelSize box, const PixelRect& part, PixelMemory* memory) = 0;
   // Paints the last rendering. The box has its corner at `left`, `top`; `clip` lies in the part and in the target. Not
   // asked where an opaque rendering covers the target, see `Covering`.
   virtual void PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const {
@@ -86,7 +85,6 @@ class RenderedPicture : public Picture {
   void RenderFor(PixelSize box, const PixelRect& part, PixelMemory* memory = nullptr);
 
   Rendering rendering_;
-  std::shared_ptr<Pixel[]> memory_;
 };
 
 // A picture made of pixels, whatever its format.
@@ -105,7 +103,7 @@ class BitmapPicture : public RenderedPicture {
   void ConvertColours(ColourConversion conversion) { conversion_ = std::move(conversion); }
 
  private:
-  Rendering Make(PixelSize box, const PixelRect& part) override;
+  Rendering Make(PixelSize box, const PixelRect& part, PixelMemory* memory) override;
 
   PixelSize size_;
   Orientation orientation_;

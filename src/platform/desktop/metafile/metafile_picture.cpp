@@ -223,7 +223,7 @@ void MetafilePicture::PaintShown(const PixelView& target, int left, int top, con
   }
 }
 
-Rendering MetafilePicture::Make(PixelSize box, const PixelRect& part) {
+Rendering MetafilePicture::Make(PixelSize box, const PixelRect& part, PixelMemory* /*memory*/) {
   on_white_ = {};
   if (part.IsEmpty()) return {};
   const std::size_t count = static_cast<std::size_t>(part.width) * static_cast<std::size_t>(part.height);

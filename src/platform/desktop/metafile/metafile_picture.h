@@ -72,7 +72,7 @@ class MetafilePicture : public RenderedPicture {
   TwipSize NaturalSize(float scale) const override;
 
  private:
-  Rendering Make(PixelSize box, const PixelRect& part) override;
+  Rendering Make(PixelSize box, const PixelRect& part, PixelMemory* memory) override;
   void PaintShown(const PixelView& target, int left, int top, const PixelRect& clip) const override;
 
   metafile::Player player_;
