@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "desktop/x_server.h"
 #include "platform/desktop/system/x11_windows.h"
-#include "x_server.h"
 
 namespace quorvale {
 namespace {

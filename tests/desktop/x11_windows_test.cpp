@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "x_server.h"
+#include "desktop/x_server.h"
 
 namespace quorvale {
 namespace {

@@ -6,8 +6,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
-#include <new>
 #include <utility>
 
 #include "platform/desktop/system/files.h"
@@ -30,7 +30,7 @@ bool IsLocal(xcb_connection_t* connection) {
 }
 
 // A process gets a signal, and not an error, when it exceeds its limit for files.
-bool IsAllowed(std::size_t bytes) {
+bool FitsFileLimit(std::size_t bytes) {
   rlimit limit{};
   return getrlimit(RLIMIT_FSIZE, &limit) == 0 && bytes <= limit.rlim_cur;
 }
@@ -67,7 +67,7 @@ class SharedPixels::Segment {
 
  private:
   Segment(xcb_connection_t* connection, std::size_t count) : connection_(connection), count_(count) {
-    if (!IsAllowed(Bytes())) return;
+    if (!FitsFileLimit(Bytes())) return;
     FileDescriptor file(memfd_create("pixels", MFD_CLOEXEC));
     if (file.Get() < 0 || ftruncate(file.Get(), static_cast<off_t>(Bytes())) != 0) return;
     memory_ = mmap(nullptr, Bytes(), PROT_READ | PROT_WRITE, MAP_SHARED, file.Get(), 0);
@@ -118,26 +118,29 @@ std::shared_ptr<Pixel[]> SharedPixels::Take(std::size_t count) {
   return {pixels, [self = shared_from_this()](const Pixel* given) { self->GiveBack(given); }};
 }
 
+std::ptrdiff_t SharedPixels::PlaceOf(const Pixel* pixels) const {
+  return std::find_if(lent_.begin(), lent_.end(), [&](const auto& lent) { return lent->Pixels() == pixels; }) -
+         lent_.begin();
+}
+
 void SharedPixels::GiveBack(const Pixel* pixels) {
-  const auto found =
-      std::find_if(lent_.begin(), lent_.end(), [&](const auto& segment) { return segment->Pixels() == pixels; });
-  spare_ = std::move(*found);
-  lent_.erase(found);
+  const auto place = lent_.begin() + PlaceOf(pixels);
+  spare_ = std::move(*place);
+  lent_.erase(place);
 }
 
 bool SharedPixels::Put(std::uint32_t window, const ConstPixelView& pixels, const std::vector<PixelRect>& parts) const {
-  const auto found =
-      std::find_if(lent_.begin(), lent_.end(), [&](const auto& segment) { return segment->Pixels() == pixels.pixels; });
+  const std::ptrdiff_t place = PlaceOf(pixels.pixels);
   constexpr int kFarthest = std::numeric_limits<std::int16_t>::max();
-  if (found == lent_.end() || std::max(pixels.width, pixels.height) > kFarthest) return false;
+  if (place == std::ssize(lent_) || std::max(pixels.width, pixels.height) > kFarthest) return false;
+  const xcb_shm_seg_t id = lent_[static_cast<std::size_t>(place)]->Id();
   for (const PixelRect& part : parts) {
     const auto left = static_cast<std::int16_t>(part.left);
     const auto top = static_cast<std::int16_t>(part.top);
     xcb_shm_put_image(connection_, window, context_, static_cast<std::uint16_t>(pixels.width),
                       static_cast<std::uint16_t>(pixels.height), static_cast<std::uint16_t>(left),
                       static_cast<std::uint16_t>(top), static_cast<std::uint16_t>(part.width),
-                      static_cast<std::uint16_t>(part.height), left, top, depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
-                      (*found)->Id(), 0);
+                      static_cast<std::uint16_t>(part.height), left, top, depth_, XCB_IMAGE_FORMAT_Z_PIXMAP, 0, id, 0);
   }
   xcb_flush(connection_);
   return true;

@@ -37,6 +37,8 @@ class SharedPixels : public PixelMemory, public std::enable_shared_from_this<Sha
   class Segment;
 
   SharedPixels(xcb_connection_t* connection, std::uint32_t window, std::uint8_t depth);
+  // In `lent_`; its end if they are not from here.
+  std::ptrdiff_t PlaceOf(const Pixel* pixels) const;
   void GiveBack(const Pixel* pixels);
 
   xcb_connection_t* connection_;

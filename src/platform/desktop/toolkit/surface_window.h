@@ -15,8 +15,8 @@
 
 namespace quorvale {
 
-// A picture box's window in a show. It is a native window, so that it can become a child of any other. On X11
-// the server reads what has changed from the surface itself; elsewhere it is copied to a buffer of this window first. A
+// A picture box's window in a show. It is a native window, so that it can become a child of any other. On X11 the
+// server reads what has changed from the surface itself; elsewhere it is copied to a buffer of this window first. A
 // widget would take twice as long for the thin shapes of the effects.
 class SurfaceWindow : public QWindow, public Presenter {
   Q_OBJECT
