@@ -1,16 +1,24 @@
-// Loads its input as a picture file of any format, and shows it.
+// Loads its input as a picture file of any format, and shows it. If the environment variable `QUORVALE_FUZZ_KIND` names
+// a kind, it passes over all others.
 
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <QGuiApplication>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/failure.h"
 #include "libfuzzer.h"
+#include "platform/desktop/metafile/metafile_picture.h"
+#include "platform/desktop/pictures/formats.h"
 #include "platform/desktop/pictures/picture_loader.h"
 #include "platform/desktop/system/files.h"
 
@@ -29,6 +37,37 @@ PixelRect Centred(const TwipSize& natural) {
   return {(kWidth - width) / 2, (kHeight - height) / 2, width, height};
 }
 
+bool IsWmfOrEmf(PictureFile& file) { return IsMetafile(file.All()); }
+
+// By the ends of their files' names. Two share a container, and two a player.
+struct Kind {
+  std::string_view name;
+  bool (*recognises)(PictureFile& file) = nullptr;
+};
+constexpr Kind kKinds[] = {
+    {"avif", IsHeif}, {"bmp", IsBmp}, {"emf", IsWmfOrEmf}, {"gif", IsGif},   {"heic", IsHeif},    {"jpg", IsJpeg},
+    {"jxl", IsJxl},   {"png", IsPng}, {"tif", IsTiff},     {"webp", IsWebp}, {"wmf", IsWmfOrEmf},
+};
+
+// Null: any kind will do.
+const Kind* wanted_kind = nullptr;
+
+// An unknown name ends the process.
+void ReadWantedKind() {
+  const char* const name = std::getenv("QUORVALE_FUZZ_KIND");
+  if (name == nullptr) return;
+  wanted_kind = std::ranges::find(kKinds, name, &Kind::name);
+  if (wanted_kind != std::end(kKinds)) return;
+  std::fprintf(stderr, "QUORVALE_FUZZ_KIND: there is no kind \"%s\"\n", name);
+  std::exit(1);
+}
+
+bool IsWanted(const std::string& path) {
+  if (wanted_kind == nullptr) return true;
+  PictureFile file(path, {});
+  return wanted_kind->recognises(file);
+}
+
 void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(const TwipSize&)) {
   std::vector<Pixel> pixels(std::size_t{kWidth} * kHeight);
   const PixelView target{pixels.data(), kWidth, kHeight, kWidth};
@@ -45,11 +84,12 @@ void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(con
 }  // namespace
 }  // namespace quorvale
 
-// Text in metafiles needs it.
+// Text in metafiles needs the application.
 // NOLINTNEXTLINE(readability-non-const-parameter): the library says what the parameters are.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   static const QGuiApplication application(*argc, *argv);
+  quorvale::ReadWantedKind();
   return 0;
 }
 
@@ -59,6 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const FileDescriptor file(memfd_create("picture", MFD_CLOEXEC));
   if (write(file.Get(), data, size) != static_cast<ssize_t>(size)) return 0;
   const std::string path = "/proc/self/fd/" + std::to_string(file.Get());
+  if (!IsWanted(path)) return 0;
   Show(loader, path, Stretched);
   Show(loader, path, Centred);
   return 0;
