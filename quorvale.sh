@@ -135,6 +135,13 @@ soak() {
   python3 scripts/soak.py build "$@"
 }
 
+fuzz() {
+  need $build_packages $whole_packages $sanitize_packages python3
+  build sanitize --target quorvale-picture-fuzzer
+  say "Fuzzing the picture readers"
+  python3 scripts/fuzz.py build/sanitize "$@"
+}
+
 # "windows" is a table of its own: the Windows program's code beside the Linux program's.
 bench() {
   need $build_packages $whole_packages $screen_packages $bench_packages
@@ -169,6 +176,7 @@ case "${1:-}" in
   build) build_program program ;;
   configure) build_program program && build/quorvale /C ;;
   soak) soak "${2:-10}" "${@:3}" ;;
+  fuzz) fuzz "${2:-5}" "${@:3}" ;;
   bench) bench "${@:2}" ;;
   package) package ;;
   lint) lint ;;
@@ -180,6 +188,7 @@ with QUORVALE_INSTALL=no in the environment it names that and stops.
   test       build for release, and run the tests: headless, desktop and end to end
   check      what CI runs after it: debug build, sanitizers, fuzzing, Windows under Wine, two minutes of soak, lint
   soak       [MINUTES [SEED]] runs every mode with faults injected, and reports whether it survived
+  fuzz       [MINUTES [KIND...]] gives each kind of picture that long on a core under the fuzzer; kinds are gif, jpg ...
   configure  open the configuration window
   build      only build; the program is build/quorvale
   bench      [GROUP...] [--quick] measure speed and memory; prints tables, and leaves JSON; the groups are load kinds
