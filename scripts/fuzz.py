@@ -3,9 +3,11 @@
 
 BUILD is the sanitizers' build, a kind is the end of a file's name. As many kinds run at once as there are cores, in
 turns, so that an end by Ctrl-C leaves about the same time for each. Inputs that reach new code stay in
-BUILD/fuzz/KIND/corpus, where the next run goes on. What fails lies in BUILD/fuzz/KIND/found, and makes the verdict bad.
+BUILD/fuzz/KIND/corpus, where the next run goes on. What fails stays in BUILD/fuzz/KIND/found; one failure makes the
+verdict bad.
 """
 
+import contextlib
 import glob
 import os
 import re
@@ -103,7 +105,8 @@ class Turns:
     def end(self, *_):
         self.is_over = True
         for pid in [kind.pid for kind in self.kinds if kind.pid]:
-            os.kill(pid, signal.SIGINT)
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(pid, signal.SIGINT)
 
 
 def main():
@@ -121,7 +124,7 @@ def main():
         worker.join()
     for kind in turns.kinds:
         print(kind.row())
-    failed = [kind.name for kind in turns.kinds if kind.failed or os.listdir(os.path.join(kind.folder, "found"))]
+    failed = [kind.name for kind in turns.kinds if kind.failed]
     print("Held" if not failed else f"Failed: {' '.join(failed)}")
     sys.exit(bool(failed))
 
