@@ -53,6 +53,8 @@ FunctionEnd
     Delete $0
     Rename "${SAVER}" $0
     Delete /REBOOTOK $0
+    ; The new one works at once. Nobody has to restart Windows for the old one.
+    SetRebootFlag false
   ${EndIf}
 !macroend
 

@@ -3,10 +3,11 @@
 import os
 import shutil
 import subprocess
+import time
 import unittest
 
 from test_windows_show import WindowsTest
-from wine_session import DESKTOP, PREFIX, PROGRAM, RED, SCRIPTS
+from wine_session import DESKTOP, PREFIX, PROGRAM, RED, SCRIPTS, wait_until
 
 ROOT = os.path.dirname(SCRIPTS)
 C = os.path.join(PREFIX, "drive_c")
@@ -18,6 +19,16 @@ APPS = r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows\CurrentVersion\Uninstall\
 
 @unittest.skipUnless(shutil.which("makensis"), "the installer's compiler is not installed")
 class Installer(WindowsTest):
+    def setUp(self):
+        super().setUp()
+        self.uninstall()
+        self.addCleanup(self.uninstall)
+
+    def uninstall(self):
+        program = os.path.join(FOLDER, "Uninstall.exe")
+        if os.path.exists(program):
+            self.session.run("wine", program, "/S", "_?=" + r"C:\Program Files\Quorvale")
+
     def make_setup(self, version):
         path = os.path.join(self.session.folder, f"setup-{version}.exe")
         subprocess.run(["makensis", "-V1", "-WX", "-NOCD", f"-DVERSION={version}", f"-DROOT={ROOT}",
@@ -44,12 +55,30 @@ class Installer(WindowsTest):
 
         self.session.write({DESKTOP: {"SCRNSAVE.EXE": r"C:\windows\system32\Quorvale.scr"},
                             "Options": {"Interval": "7"}})
-        self.session.run("wine", os.path.join(FOLDER, "Uninstall.exe"), "/S", "_?=" + r"C:\Program Files\Quorvale")
+        self.uninstall()
         for path in (SAVER, os.path.join(FOLDER, "samples"), HELP):
             self.assertFalse(os.path.exists(path), path)
         self.assertIsNone(self.value(APPS, "DisplayVersion"))
         self.assertIsNone(self.value(DESKTOP, "SCRNSAVE.EXE"))
         self.assertEqual(self.session.read("Options")["Interval"], "7")
+
+    def run_wizard(self, version):
+        setup = self.session.start(program=self.make_setup(version))
+        # The welcome, and the last page as it stands.
+        for _ in range(2):
+            self.session.wait_for_window(f"Quorvale {version} Setup")
+            self.display.xdotool("key", "Return")
+            time.sleep(1)
+        self.assertEqual(setup.wait(timeout=60), 0)
+
+    def test_the_wizard_keeps_windows_of_an_older_version(self):
+        self.session.write({"PictureFiles": None})
+        self.run_wizard("1.9.0")
+        wait_until(lambda: self.session.read("PictureFiles").get("File2"), "the samples to be listed")
+        window = self.session.start("/C", program=SAVER)
+        self.session.wait_for_window("Screen Saver Properties")
+        self.run_wizard("2.0.0")
+        self.assert_runs(window)
 
     @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
     def test_is_signed_with_a_certificate(self):
