@@ -35,10 +35,25 @@ VIAddVersionKey LegalCopyright "The Quorvale developers"
 !define MUI_FINISHPAGE_RUN_FUNCTION SetUpAsUser
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW KeepLists
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
+
+Var is_installed ; 1: by an earlier set-up
+
+Function .onInit
+  StrCpy $is_installed 0
+  ${IfThen} ${FileExists} "${SAVER}" ${|} StrCpy $is_installed 1 ${|}
+FunctionEnd
+
+; The samples take the places of the first entries, so they are not offered to somebody who may have chosen some.
+Function KeepLists
+  ${If} $is_installed == 1
+    SendMessage $mui.FinishPage.Run ${BM_SETCHECK} ${BST_UNCHECKED} 0
+  ${EndIf}
+FunctionEnd
 
 ; This program runs as the administrator. The shell starts what it opens as the user.
 Function SetUpAsUser

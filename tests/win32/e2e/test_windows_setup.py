@@ -71,14 +71,17 @@ class Installer(WindowsTest):
             time.sleep(1)
         self.assertEqual(setup.wait(timeout=60), 0)
 
-    def test_the_wizard_keeps_windows_of_an_older_version(self):
+    def test_the_wizard_keeps_lists_and_windows_of_an_older_version(self):
         self.session.write({"PictureFiles": None})
         self.run_wizard("1.9.0")
         wait_until(lambda: self.session.read("PictureFiles").get("File2"), "the samples to be listed")
+        self.session.play(self.red, self.blue)
+        played = self.session.read("PictureFiles")
         window = self.session.start("/C", program=SAVER)
         self.session.wait_for_window("Screen Saver Properties")
         self.run_wizard("2.0.0")
         self.assert_runs(window)
+        self.assertEqual(self.session.read("PictureFiles"), played)
 
     @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
     def test_is_signed_with_a_certificate(self):
