@@ -98,6 +98,10 @@ Section
   CreateShortcut "${MENU}\Uninstall.lnk" "$INSTDIR\Uninstall.exe"
 
   ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  ${GetSize} "${HELP}" "/S=0K" $3 $1 $2
+  ${GetSize} "$SYSDIR" "/M=Quorvale.scr /S=0K /G=0" $4 $1 $2
+  IntOp $0 $0 + $3
+  IntOp $0 $0 + $4
   WriteRegStr HKLM "${APPS}" DisplayName "Quorvale"
   WriteRegStr HKLM "${APPS}" DisplayVersion "${VERSION}"
   WriteRegStr HKLM "${APPS}" DisplayIcon "${SAVER}"

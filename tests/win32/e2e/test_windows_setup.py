@@ -48,7 +48,10 @@ class Installer(WindowsTest):
         self.session.run("wine", self.make_setup("2.0.0"), "/S")
         self.assert_runs(show)
         self.assertEqual(self.value(APPS, "DisplayVersion"), "2.0.0")
-        self.assertGreater(int(self.value(APPS, "EstimatedSize"), 16), 1000)
+        files = [SAVER, *(os.path.join(folder, name) for top in (FOLDER, HELP) for folder, _, names in os.walk(top)
+                          for name in names)]
+        self.assertAlmostEqual(int(self.value(APPS, "EstimatedSize"), 16), sum(map(os.path.getsize, files)) / 1024,
+                               delta=3)
         for path in (os.path.join(FOLDER, "samples", "Sample1.jpg"), os.path.join(HELP, "index.html")):
             self.assertTrue(os.path.exists(path), path)
         self.assert_ends_by_key(show)
