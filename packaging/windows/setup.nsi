@@ -13,7 +13,6 @@ ManifestDPIAware true
 
 Name "Quorvale ${VERSION}"
 OutFile "${OUTPUT}"
-InstallDir "$PROGRAMFILES64\Quorvale"
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey ProductName "Quorvale"
 VIAddVersionKey FileDescription "Quorvale Setup"
@@ -43,9 +42,19 @@ VIAddVersionKey LegalCopyright "The Quorvale developers"
 
 Var is_installed ; 1: by an earlier set-up
 
+; /D= has no effect. In a folder of the user's choice the files of others would be deleted with those of Quorvale.
+!macro SetFolder
+  StrCpy $INSTDIR "$PROGRAMFILES64\Quorvale"
+!macroend
+
 Function .onInit
+  !insertmacro SetFolder
   StrCpy $is_installed 0
   ${IfThen} ${FileExists} "${SAVER}" ${|} StrCpy $is_installed 1 ${|}
+FunctionEnd
+
+Function un.onInit
+  !insertmacro SetFolder
 FunctionEnd
 
 ; The samples take the places of the first entries, so they are not offered to somebody who may have chosen some.

@@ -45,7 +45,8 @@ class Installer(WindowsTest):
         self.assertTrue(os.path.exists(SAVER))
         show = self.session.start_show(SAVER)
         self.wait_for_colour(RED)
-        self.session.run("wine", self.make_setup("2.0.0"), "/S")
+        # Another folder may hold files of other people, which an uninstaller would delete.
+        self.session.run("wine", self.make_setup("2.0.0"), "/S", r"/D=C:\Elsewhere")
         self.assert_runs(show)
         self.assertEqual(self.value(APPS, "DisplayVersion"), "2.0.0")
         files = [SAVER, *(os.path.join(folder, name) for top in (FOLDER, HELP) for folder, _, names in os.walk(top)
@@ -59,7 +60,7 @@ class Installer(WindowsTest):
         self.session.write({DESKTOP: {"SCRNSAVE.EXE": r"C:\windows\system32\Quorvale.scr"},
                             "Options": {"Interval": "7"}})
         self.uninstall()
-        for path in (SAVER, os.path.join(FOLDER, "samples"), HELP):
+        for path in (SAVER, FOLDER, HELP, os.path.join(C, "Elsewhere")):
             self.assertFalse(os.path.exists(path), path)
         self.assertIsNone(self.value(APPS, "DisplayVersion"))
         self.assertIsNone(self.value(DESKTOP, "SCRNSAVE.EXE"))
