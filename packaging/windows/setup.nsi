@@ -24,7 +24,8 @@ VIAddVersionKey LegalCopyright "The Quorvale developers"
 !define MENU "$SMPROGRAMS\Quorvale"
 !define SET_UP "${MENU}\Make Quorvale my screen saver.lnk"
 !define APPS "Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvale"
-!define SETTINGS "Software\Halvern Inc.\Quorvale Customizable Screen Saver"
+!define MAKER "Software\Halvern Inc."
+!define SETTINGS "${MAKER}\Quorvale Customizable Screen Saver"
 !define DESKTOP "Control Panel\Desktop"
 
 !define MUI_ICON "${ROOT}/src/platform/win32/resources/quorvale.ico"
@@ -156,5 +157,6 @@ SectionEnd
 Section un.Settings
   MessageBox MB_YESNO|MB_DEFBUTTON2 "Delete your play lists and options as well?" /SD IDNO IDNO keep
   DeleteRegKey HKCU "${SETTINGS}"
+  DeleteRegKey /ifempty HKCU "${MAKER}"
   keep:
 SectionEnd

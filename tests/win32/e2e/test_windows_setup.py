@@ -14,6 +14,7 @@ C = os.path.join(PREFIX, "drive_c")
 SAVER = os.path.join(C, "windows", "system32", "Quorvale.scr")
 FOLDER = os.path.join(C, "Program Files", "Quorvale")
 HELP = os.path.join(C, "windows", "help", "Quorvale")
+MAKER = "Halvern Inc."
 APPS = r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvale"
 
 
@@ -39,6 +40,9 @@ class Installer(WindowsTest):
     def value(self, key, name):
         lines = self.session.run("wine", "reg", "query", key, "/v", name).decode(errors="replace").splitlines()
         return next((line.split(None, 2)[2].strip() for line in lines if line.split()[:1] == [name]), None)
+
+    def keys_of_makers(self):
+        return self.session.run("wine", "reg", "query", r"HKEY_CURRENT_USER\Software").decode(errors="replace")
 
     def test_installs_over_a_running_show_and_leaves_nothing_behind(self):
         self.session.run("wine", self.make_setup("1.9.0"), "/S")
@@ -66,14 +70,21 @@ class Installer(WindowsTest):
         self.assertIsNone(self.value(DESKTOP, "SCRNSAVE.EXE"))
         self.assertEqual(self.session.read("Options")["Interval"], "7")
 
+    def press_until(self, key, is_done):
+        """Pages and boxes come when they are ready, and have the same title. While there is none, keys do nothing."""
+
+        def press():
+            self.display.xdotool("key", key)
+            time.sleep(1)
+            return is_done()
+
+        wait_until(press, f"an answer to {key}", 60)
+
     def run_wizard(self, version):
         setup = self.session.start(program=self.make_setup(version))
-        # The welcome, and the last page as it stands.
-        for _ in range(2):
-            self.session.wait_for_window(f"Quorvale {version} Setup")
-            self.display.xdotool("key", "Return")
-            time.sleep(1)
-        self.assertEqual(setup.wait(timeout=60), 0)
+        self.session.wait_for_window(f"Quorvale {version} Setup")
+        self.press_until("Return", lambda: setup.poll() is not None)
+        self.assertEqual(setup.returncode, 0)
 
     def test_the_wizard_keeps_lists_and_windows_of_an_older_version(self):
         self.session.write({"PictureFiles": None})
@@ -86,6 +97,15 @@ class Installer(WindowsTest):
         self.run_wizard("2.0.0")
         self.assert_runs(window)
         self.assertEqual(self.session.read("PictureFiles"), played)
+
+        window.kill()
+        self.assertIn(MAKER, self.keys_of_makers())
+        uninstaller = self.session.start(r"_?=C:\Program Files\Quorvale", program=os.path.join(FOLDER, "Uninstall.exe"))
+        self.session.wait_for_window("Quorvale 2.0.0 Uninstall")
+        self.display.xdotool("key", "Return")
+        # The question whether lists and options go too.
+        self.press_until("alt+y", lambda: MAKER not in self.keys_of_makers())
+        self.press_until("Return", lambda: uninstaller.poll() is not None)
 
     @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
     def test_is_signed_with_a_certificate(self):
