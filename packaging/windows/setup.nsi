@@ -1,5 +1,7 @@
 ; The installer for 64-bit Windows. scripts/package-windows.sh calls makensis with VERSION, ROOT (the project),
 ; PROGRAM (Quorvale.scr) and OUTPUT. /S installs without a window. The program goes to System32, where Windows looks for savers.
+; A link to it would always start the show, since Windows has "/S" in the command for files of its kind. So the links start a
+; copy of it that ends in .exe.
 
 Target amd64-unicode
 Unicode true
@@ -20,6 +22,7 @@ VIAddVersionKey FileVersion "${VERSION}"
 VIAddVersionKey LegalCopyright "The Quorvale developers"
 
 !define SAVER "$SYSDIR\Quorvale.scr"
+!define STARTER "$INSTDIR\Quorvale.exe"
 !define HELP "$WINDIR\Help\Quorvale"
 !define MENU "$SMPROGRAMS\Quorvale"
 !define SET_UP "${MENU}\Make Quorvale my screen saver.lnk"
@@ -71,12 +74,12 @@ Function SetUpAsUser
 FunctionEnd
 
 ; A program that runs can't be replaced, but it can be renamed. What is left of it goes with the next start of Windows.
-!macro RemoveSaver
-  Delete "${SAVER}"
-  ${If} ${FileExists} "${SAVER}"
+!macro RemoveProgram FILE
+  Delete "${FILE}"
+  ${If} ${FileExists} "${FILE}"
     GetTempFileName $0 $SYSDIR
     Delete $0
-    Rename "${SAVER}" $0
+    Rename "${FILE}" $0
     Delete /REBOOTOK $0
     ; The new one works at once. Nobody has to restart Windows for the old one.
     SetRebootFlag false
@@ -85,7 +88,8 @@ FunctionEnd
 
 Section
   SetShellVarContext all
-  !insertmacro RemoveSaver
+  !insertmacro RemoveProgram "${SAVER}"
+  !insertmacro RemoveProgram "${STARTER}"
   SetOutPath $SYSDIR
   File "${PROGRAM}"
   ; Nothing of an older version stays.
@@ -96,14 +100,15 @@ Section
   SetOutPath "${HELP}"
   File /r "${ROOT}/help/*"
   SetOutPath $INSTDIR
+  File /oname=Quorvale.exe "${PROGRAM}"
   File /oname=License.txt "${ROOT}/LICENSE"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
 
   CreateDirectory "${MENU}"
   SetOutPath $SYSDIR
-  CreateShortcut "${MENU}\Quorvale.lnk" "${SAVER}" "/C"
-  CreateShortcut "${MENU}\Show.lnk" "${SAVER}" "/S"
-  CreateShortcut "${SET_UP}" "${SAVER}" "/INSTALL $INSTDIR\samples\"
+  CreateShortcut "${MENU}\Quorvale.lnk" "${STARTER}" "/C"
+  CreateShortcut "${MENU}\Show.lnk" "${STARTER}" "/S"
+  CreateShortcut "${SET_UP}" "${STARTER}" "/INSTALL $INSTDIR\samples\"
   CreateShortcut "${MENU}\Help.lnk" "${HELP}\index.html"
   CreateShortcut "${MENU}\Uninstall.lnk" "$INSTDIR\Uninstall.exe"
 
@@ -147,7 +152,8 @@ SectionEnd
 
 Section un.Files
   SetShellVarContext all
-  !insertmacro RemoveSaver
+  !insertmacro RemoveProgram "${SAVER}"
+  !insertmacro RemoveProgram "${STARTER}"
   RMDir /r "${HELP}"
   RMDir /r "${MENU}"
   RMDir /r "$INSTDIR"

@@ -13,6 +13,7 @@ ROOT = os.path.dirname(SCRIPTS)
 C = os.path.join(PREFIX, "drive_c")
 SAVER = os.path.join(C, "windows", "system32", "Quorvale.scr")
 FOLDER = os.path.join(C, "Program Files", "Quorvale")
+STARTER = os.path.join(FOLDER, "Quorvale.exe")
 HELP = os.path.join(C, "windows", "help", "Quorvale")
 MAKER = "Halvern Inc."
 APPS = r"HKEY_LOCAL_MACHINE\Software\Microsoft\Windows\CurrentVersion\Uninstall\Quorvale"
@@ -47,7 +48,7 @@ class Installer(WindowsTest):
     def test_installs_over_a_running_show_and_leaves_nothing_behind(self):
         self.session.run("wine", self.make_setup("1.9.0"), "/S")
         self.assertTrue(os.path.exists(SAVER))
-        show = self.session.start_show(SAVER)
+        show = self.session.start_show(STARTER)
         self.wait_for_colour(RED)
         # Another folder may hold files of other people, which an uninstaller would delete.
         self.session.run("wine", self.make_setup("2.0.0"), "/S", r"/D=C:\Elsewhere")
