@@ -10,7 +10,8 @@ rm -rf "packages/$name"
 mkdir -p packages
 ../scripts/sign-windows.sh windows-{64,32}/Quorvale.scr
 makensis -V2 -WX -DVERSION="$version" -DROOT=.. \
-  -DPROGRAM=windows-64/Quorvale.scr -DOUTPUT="packages/Quorvale-$version-Setup.exe" -NOCD \
+  -DPROGRAM=windows-64/Quorvale.scr -DSIGN=../scripts/sign-windows.sh \
+  -DOUTPUT="packages/Quorvale-$version-Setup.exe" -NOCD \
   ../packaging/windows/setup.nsi
 ../scripts/sign-windows.sh "packages/Quorvale-$version-Setup.exe"
 for width in 64 32; do

@@ -10,6 +10,7 @@ from test_windows_show import WindowsTest
 from wine_session import DESKTOP, PREFIX, PROGRAM, RED, SCRIPTS, wait_until
 
 ROOT = os.path.dirname(SCRIPTS)
+SIGN = os.path.join(SCRIPTS, "sign-windows.sh")
 C = os.path.join(PREFIX, "drive_c")
 SAVER = os.path.join(C, "windows", "system32", "Quorvale.scr")
 FOLDER = os.path.join(C, "Program Files", "Quorvale")
@@ -31,11 +32,12 @@ class Installer(WindowsTest):
         if os.path.exists(program):
             self.session.run("wine", program, "/S", "_?=" + r"C:\Program Files\Quorvale")
 
-    def make_setup(self, version):
+    def make_setup(self, version, **certificate):
         path = os.path.join(self.session.folder, f"setup-{version}.exe")
         subprocess.run(["makensis", "-V1", "-WX", "-NOCD", f"-DVERSION={version}", f"-DROOT={ROOT}",
-                        f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}",
-                        os.path.join(ROOT, "packaging", "windows", "setup.nsi")], check=True)
+                        f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}", f"-DSIGN={SIGN}",
+                        os.path.join(ROOT, "packaging", "windows", "setup.nsi")], check=True,
+                       env=dict(os.environ, **certificate), stdout=subprocess.DEVNULL)
         return path
 
     def value(self, key, name):
@@ -110,7 +112,6 @@ class Installer(WindowsTest):
 
     @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
     def test_is_signed_with_a_certificate(self):
-        setup = self.make_setup("2.0.0")
         key, certificate, both = (os.path.join(self.session.folder, name) for name in ("key", "cert.pem", "cert.p12"))
         subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj", "/CN=Quorvale",
                         "-addext", "extendedKeyUsage=codeSigning", "-keyout", key, "-out", certificate],
@@ -118,9 +119,11 @@ class Installer(WindowsTest):
         subprocess.run(["openssl", "pkcs12", "-export", "-inkey", key, "-in", certificate, "-out", both,
                         "-passout", "pass:word"], check=True)
         for named, status in (("", 1), (both, 0)):
-            environment = dict(os.environ, QUORVALE_CERTIFICATE=named, QUORVALE_CERTIFICATE_PASSWORD="word")
-            subprocess.run([os.path.join(SCRIPTS, "sign-windows.sh"), setup], env=environment, check=True,
-                           stdout=subprocess.DEVNULL)
-            verified = subprocess.run(["osslsigncode", "verify", "-CAfile", certificate, "-in", setup], check=False,
-                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-            self.assertEqual(verified.returncode, status)
+            settings = {"QUORVALE_CERTIFICATE": named, "QUORVALE_CERTIFICATE_PASSWORD": "word"}
+            setup = self.make_setup("2.0.0", **settings)
+            subprocess.run([SIGN, setup], env=dict(os.environ, **settings), check=True, stdout=subprocess.DEVNULL)
+            self.session.run("wine", setup, "/S")
+            for file in (setup, os.path.join(FOLDER, "Uninstall.exe")):
+                verified = subprocess.run(["osslsigncode", "verify", "-CAfile", certificate, "-in", file], check=False,
+                                          stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                self.assertEqual(verified.returncode, status, file)
