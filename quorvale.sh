@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
 set -euo pipefail
+[ -z "${QUORVALE_CERTIFICATE:-}" ] || QUORVALE_CERTIFICATE=$(realpath -e "$QUORVALE_CERTIFICATE")
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/packages.sh
 source scripts/lint.sh
