@@ -196,7 +196,12 @@ TabArea::TabArea(TabStrip& strip) {
   connect(&tabs_, &QTabBar::currentChanged, this,
           [&strip](int index) { Deliver([&] { strip.UserSelect(index + 1); }); });
   for (const bool backwards : {false, true}) {
-    auto* const turn = new QShortcut(backwards ? QKeySequence::PreviousChild : QKeySequence::NextChild, this);
+    QList<QKeySequence> keys =
+        QKeySequence::keyBindings(backwards ? QKeySequence::PreviousChild : QKeySequence::NextChild);
+    // Qt's list has the key that Shift makes of Tab, but on X11 it is still Tab.
+    if (backwards) keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab));
+    auto* const turn = new QShortcut(this);
+    turn->setKeys(keys);
     connect(turn, &QShortcut::activated, this, [this, &strip, backwards] {
       // What has the focus may be on the page that goes.
       tabs_.setFocus(Qt::TabFocusReason);
