@@ -10,7 +10,7 @@ screenshot_packages="xvfb xdotool python3 libjpeg-turbo-progs"
 whole_packages="libgtest-dev libgmock-dev"
 screen_packages="xvfb openbox xdotool x11-utils imagemagick"
 test_packages="$wayland_packages python3 sox xscreensaver xsecurelock x11-xserver-utils weston
-  fonts-liberation"
+  fonts-liberation fonts-noto-color-emoji"
 sanitize_packages="clang libclang-rt-dev"
 windows_packages="g++-mingw-w64-x86-64 g++-mingw-w64-i686 googletest"
 wine_packages="wine wine64"

@@ -49,6 +49,22 @@ TEST(QtTextPainter, IsWiderForALongerTextAndEmptyForNone) {
   EXPECT_EQ(painter.Measure("two\nlines", kNames, 1).height, painter.Measure("two", kNames, 1).height);
 }
 
+// The flag is one glyph where there is a font of emoji, and Qt's box of such a line is too narrow.
+TEST(QtTextPainter, DrawsALineToItsEnd) {
+  QtTextPainter painter(kPixelsPerInch);
+  for (const char* const text : {"Wolken", "\U0001F1E9\U0001F1EA Wolken", "am \U0001F1E9\U0001F1EA am"}) {
+    const int width = painter.Measure(text, kNames, 1).width;
+    std::vector<Pixel> buffer(static_cast<std::size_t>(width) * kHeight, kPaper);
+    painter.Draw({buffer.data(), width, kHeight, width}, 0, 0, text, kNames, 0x0000FF, 1);
+    int inked = 0;
+    for (std::ptrdiff_t row = 1; row <= kHeight; ++row) {
+      const auto end = buffer.begin() + row * width;
+      inked += static_cast<int>(std::count_if(end - 5, end, [](Pixel pixel) { return pixel != kPaper; }));
+    }
+    EXPECT_GT(inked, 0) << text;
+  }
+}
+
 // Draws in the middle of a larger buffer, whose edge nothing may touch.
 TEST(QtTextPainter, DrawsOnlyInTheReportedArea) {
   const std::tuple<const char*, int, int, bool> cases[] = {{"inside", 5, 5, true},

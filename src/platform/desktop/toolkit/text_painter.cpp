@@ -43,7 +43,9 @@ class Line {
 
   // The pixels that drawing may change.
   QRect Ink(int left, int top) const {
-    const QRectF box = metrics_.boundingRect(text_);
+    // Qt's box may end before the line does, where several letters have one glyph, as those of a flag.
+    const QRectF line(0, -metrics_.ascent(), metrics_.horizontalAdvance(text_), metrics_.height());
+    const QRectF box = metrics_.boundingRect(text_) | line;
     const QRectF scaled(box.topLeft() * factor_, box.size() * factor_);
     return scaled.translated(left, top + Ascent())
         .toAlignedRect()
