@@ -10,6 +10,7 @@ from test_windows_show import WindowsTest
 from wine_session import DESKTOP, PREFIX, PROGRAM, RED, SCRIPTS, wait_until
 
 ROOT = os.path.dirname(SCRIPTS)
+NO_CERTIFICATE = {"QUORVALE_CERTIFICATE": "", "QUORVALE_CERTIFICATE_PASSWORD": "", "QUORVALE_TIMESTAMP": ""}
 SIGN = os.path.join(SCRIPTS, "sign-windows.sh")
 C = os.path.join(PREFIX, "drive_c")
 SAVER = os.path.join(C, "windows", "system32", "Quorvale.scr")
@@ -25,19 +26,23 @@ class Installer(WindowsTest):
     def setUp(self):
         super().setUp()
         self.uninstall()
+        if os.path.exists(SAVER):  # A run that was killed has left it.
+            os.remove(SAVER)
         self.addCleanup(self.uninstall)
 
     def uninstall(self):
         program = os.path.join(FOLDER, "Uninstall.exe")
         if os.path.exists(program):
-            self.session.run("wine", program, "/S", "_?=" + r"C:\Program Files\Quorvale")
+            self.session.run("wine", program, "/S")
+            # It goes on as a copy of itself.
+            wait_until(lambda: not os.path.exists(FOLDER), "the uninstaller")
 
     def make_setup(self, version, **certificate):
         path = os.path.join(self.session.folder, f"setup-{version}.exe")
         subprocess.run(["makensis", "-V1", "-WX", "-NOCD", f"-DVERSION={version}", f"-DROOT={ROOT}",
                         f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}", f"-DSIGN={SIGN}",
                         os.path.join(ROOT, "packaging", "windows", "setup.nsi")], check=True,
-                       env=dict(os.environ, **certificate), stdout=subprocess.DEVNULL)
+                       env=dict(os.environ, **(NO_CERTIFICATE | certificate)), stdout=subprocess.DEVNULL)
         return path
 
     def value(self, key, name):
@@ -45,7 +50,9 @@ class Installer(WindowsTest):
         return next((line.split(None, 2)[2].strip() for line in lines if line.split()[:1] == [name]), None)
 
     def keys_of_makers(self):
-        return self.session.run("wine", "reg", "query", r"HKEY_CURRENT_USER\Software").decode(errors="replace")
+        keys = self.session.run("wine", "reg", "query", r"HKEY_CURRENT_USER\Software").decode(errors="replace")
+        self.assertIn("Wine", keys)
+        return keys
 
     def test_installs_over_a_running_show_and_leaves_nothing_behind(self):
         self.session.run("wine", self.make_setup("1.9.0"), "/S")
@@ -73,11 +80,12 @@ class Installer(WindowsTest):
         self.assertIsNone(self.value(DESKTOP, "SCRNSAVE.EXE"))
         self.assertEqual(self.session.read("Options")["Interval"], "7")
 
-    def press_until(self, key, is_done):
-        """Pages and boxes come when they are ready, and have the same title. While there is none, keys do nothing."""
+    def press_until(self, key, title, is_done):
+        """Pages and boxes come when they are ready, and have the same title. Until then they pass over keys."""
 
         def press():
-            self.display.xdotool("key", key)
+            if self.session.active_title() == title:
+                self.display.xdotool("key", key)
             time.sleep(1)
             return is_done()
 
@@ -85,8 +93,9 @@ class Installer(WindowsTest):
 
     def run_wizard(self, version):
         setup = self.session.start(program=self.make_setup(version))
-        self.session.wait_for_window(f"Quorvale {version} Setup")
-        self.press_until("Return", lambda: setup.poll() is not None)
+        title = f"Quorvale {version} Setup"
+        self.session.wait_for_window(title)
+        self.press_until("Return", title, lambda: setup.poll() is not None)
         self.assertEqual(setup.returncode, 0)
 
     def test_the_wizard_keeps_lists_and_windows_of_an_older_version(self):
@@ -103,12 +112,15 @@ class Installer(WindowsTest):
 
         window.kill()
         self.assertIn(MAKER, self.keys_of_makers())
-        uninstaller = self.session.start(r"_?=C:\Program Files\Quorvale", program=os.path.join(FOLDER, "Uninstall.exe"))
-        self.session.wait_for_window("Quorvale 2.0.0 Uninstall")
-        self.display.xdotool("key", "Return")
-        # The question whether lists and options go too.
-        self.press_until("alt+y", lambda: MAKER not in self.keys_of_makers())
-        self.press_until("Return", lambda: uninstaller.poll() is not None)
+        self.session.start(program=os.path.join(FOLDER, "Uninstall.exe"))
+        title = "Quorvale 2.0.0 Uninstall"
+        self.session.wait_for_window(title)
+        self.press_until("alt+u", title, lambda: not os.path.exists(FOLDER))
+        # The question whether lists and options go too, then the last page.
+        self.press_until("alt+y", title, lambda: MAKER not in self.keys_of_makers())
+        self.press_until("Return", title, lambda: self.session.active_title() != title)
+        for path in (SAVER, HELP):
+            self.assertFalse(os.path.exists(path), path)
 
     @unittest.skipUnless(shutil.which("osslsigncode"), "the signer is not installed")
     def test_is_signed_with_a_certificate(self):
@@ -121,7 +133,8 @@ class Installer(WindowsTest):
         for named, status in (("", 1), (both, 0)):
             settings = {"QUORVALE_CERTIFICATE": named, "QUORVALE_CERTIFICATE_PASSWORD": "word"}
             setup = self.make_setup("2.0.0", **settings)
-            subprocess.run([SIGN, setup], env=dict(os.environ, **settings), check=True, stdout=subprocess.DEVNULL)
+            subprocess.run([SIGN, setup], env=dict(os.environ, **(NO_CERTIFICATE | settings)),
+                           check=True, stdout=subprocess.DEVNULL)
             self.session.run("wine", setup, "/S")
             for file in (setup, os.path.join(FOLDER, "Uninstall.exe")):
                 verified = subprocess.run(["osslsigncode", "verify", "-CAfile", certificate, "-in", file], check=False,
