@@ -1,7 +1,7 @@
 ; The installer for 64-bit Windows. scripts/package-windows.sh calls makensis with VERSION, ROOT (the project),
-; PROGRAM (Quorvale.scr), SIGN (a command that signs the file behind it) and OUTPUT. /S installs without a window. The program goes to System32, where Windows looks for savers.
-; A link to it would always start the show, since Windows has "/S" in the command for files of its kind. So the links start a
-; copy of it that ends in .exe.
+; PROGRAM (Quorvale.scr), SIGN (a program that signs the file that it is given) and OUTPUT. /S installs without a
+; window. The program goes to System32, where Windows looks for savers. A link to it would always start the show, since
+; Windows has "/S" in the command for files of its kind. So the links start a copy of it that ends in .exe.
 
 Target amd64-unicode
 Unicode true
@@ -15,7 +15,7 @@ ManifestDPIAware true
 
 Name "Quorvale ${VERSION}"
 OutFile "${OUTPUT}"
-!uninstfinalize '"${SIGN}" "%1"'
+!uninstfinalize '"${SIGN}" "%1"' = 0
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey ProductName "Quorvale"
 VIAddVersionKey FileDescription "Quorvale Setup"

@@ -37,10 +37,10 @@ class Installer(WindowsTest):
             # It goes on as a copy of itself.
             wait_until(lambda: not os.path.exists(FOLDER), "the uninstaller")
 
-    def make_setup(self, version, **certificate):
+    def make_setup(self, version, sign=SIGN, **certificate):
         path = os.path.join(self.session.folder, f"setup-{version}.exe")
         subprocess.run(["makensis", "-V1", "-WX", "-NOCD", f"-DVERSION={version}", f"-DROOT={ROOT}",
-                        f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}", f"-DSIGN={SIGN}",
+                        f"-DPROGRAM={PROGRAM}", f"-DOUTPUT={path}", f"-DSIGN={sign}",
                         os.path.join(ROOT, "packaging", "windows", "setup.nsi")], check=True,
                        env=dict(os.environ, **(NO_CERTIFICATE | certificate)), stdout=subprocess.DEVNULL)
         return path
@@ -130,6 +130,8 @@ class Installer(WindowsTest):
                        check=True, stderr=subprocess.DEVNULL)
         subprocess.run(["openssl", "pkcs12", "-export", "-inkey", key, "-in", certificate, "-out", both,
                         "-passout", "pass:word"], check=True)
+        with self.assertRaises(subprocess.CalledProcessError):
+            self.make_setup("2.0.0", sign="/bin/false")
         for named, status in (("", 1), (both, 0)):
             settings = {"QUORVALE_CERTIFICATE": named, "QUORVALE_CERTIFICATE_PASSWORD": "word"}
             setup = self.make_setup("2.0.0", **settings)
