@@ -45,7 +45,7 @@ VIAddVersionKey LegalCopyright "The Quorvale developers"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-Var is_installed ; 1: by an earlier set-up
+Var has_lists ; 1: a user who is logged on has some
 
 ; /D= has no effect. In a folder of the user's choice the files of others would be deleted with those of Quorvale.
 !macro SetFolder
@@ -54,17 +54,25 @@ Var is_installed ; 1: by an earlier set-up
 
 Function .onInit
   !insertmacro SetFolder
-  StrCpy $is_installed 0
-  ${IfThen} ${FileExists} "${SAVER}" ${|} StrCpy $is_installed 1 ${|}
+  StrCpy $has_lists 0
+  StrCpy $1 0
+  ${Do}
+    EnumRegKey $2 HKU "" $1
+    ${IfThen} $2 == "" ${|} ${ExitDo} ${|}
+    IntOp $1 $1 + 1
+    EnumRegValue $3 HKU "$2\${SETTINGS}\PictureFiles" 0
+    EnumRegValue $4 HKU "$2\${SETTINGS}\SoundFiles" 0
+    ${IfThen} "$3$4" != "" ${|} StrCpy $has_lists 1 ${|}
+  ${Loop}
 FunctionEnd
 
 Function un.onInit
   !insertmacro SetFolder
 FunctionEnd
 
-; The samples take the places of the first entries, so they are not offered to somebody who may have chosen some.
+; The samples take the places of the first entries.
 Function KeepLists
-  ${If} $is_installed == 1
+  ${If} $has_lists == 1
     SendMessage $mui.FinishPage.Run ${BM_SETCHECK} ${BST_UNCHECKED} 0
   ${EndIf}
 FunctionEnd

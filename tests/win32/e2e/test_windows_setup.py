@@ -98,12 +98,16 @@ class Installer(WindowsTest):
         self.press_until("Return", title, lambda: setup.poll() is not None)
         self.assertEqual(setup.returncode, 0)
 
-    def test_the_wizard_keeps_lists_and_windows_of_an_older_version(self):
+    def test_the_wizard_keeps_lists_and_open_windows(self):
         self.session.write({"PictureFiles": None})
         self.run_wizard("1.9.0")
         wait_until(lambda: self.session.read("PictureFiles").get("File2"), "the samples to be listed")
         self.session.play(self.red, self.blue)
         played = self.session.read("PictureFiles")
+        # As it is after the uninstaller, too, which keeps them.
+        os.remove(SAVER)
+        self.run_wizard("1.9.0")
+        self.assertEqual(self.session.read("PictureFiles"), played)
         window = self.session.start("/C", program=SAVER)
         self.session.wait_for_window("Screen Saver Properties")
         self.run_wizard("2.0.0")
