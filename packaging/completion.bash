@@ -13,7 +13,10 @@ _quorvale_settings() {
   [ "$COMP_CWORD" = 1 ] || [ "$command" != --key ] || return
   case "$COMP_CWORD" in
     1) COMPREPLY=($(compgen -W 'list get set delete reset --key --help' -- "$current")) ;;
-    2) COMPREPLY=($(compgen -W "$({ printf '%s\n' Options PictureFiles SoundFiles; quorvale-settings list | cut -f 1; } | sort -u)" -- "$current")) ;;
+    2)
+      local sections="Options PictureFiles SoundFiles $(quorvale-settings list 2>/dev/null | cut -f 1)"
+      COMPREPLY=($(compgen -W "$sections" -- "$current" | sort -u))
+      ;;
     3) [ "$command" = list ] ||
       COMPREPLY=($(compgen -W "$(quorvale-settings list "${COMP_WORDS[2]}" 2>/dev/null | cut -f 2)" -- "$current")) ;;
   esac
