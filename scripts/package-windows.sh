@@ -10,7 +10,7 @@ rm -rf "packages/$name"
 # Copies, so that what was built stays unsigned for a run without a certificate.
 for width in 64 32; do
   mkdir -p "packages/$name/$width-bit"
-  cp "windows-$width/Quorvale.scr" "packages/$name/$width-bit"
+  cp -p "windows-$width/Quorvale.scr" "packages/$name/$width-bit"
 done
 ../scripts/sign-windows.sh "packages/$name"/*-bit/Quorvale.scr
 makensis -V2 -WX -DVERSION="$version" -DROOT=.. \
