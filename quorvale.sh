@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds, runs and tests Quorvale on Debian. Usage: ./quorvale.sh COMMAND, or no command for the list.
 set -euo pipefail
-[ -z "${QUORVALE_CERTIFICATE:-}" ] || QUORVALE_CERTIFICATE=$(realpath -e "$QUORVALE_CERTIFICATE")
+[ -z "${QUORVALE_CERTIFICATE:-}" ] || QUORVALE_CERTIFICATE=$(realpath -m "$QUORVALE_CERTIFICATE")
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source scripts/packages.sh
 source scripts/lint.sh
@@ -158,6 +158,10 @@ bench() {
 
 # Whatever the user's umask is, everybody may read what the package brings.
 package() (
+  if [ -n "${QUORVALE_CERTIFICATE:-}" ] && ! [ -r "$QUORVALE_CERTIFICATE" ]; then
+    echo "There is no certificate $QUORVALE_CERTIFICATE" >&2
+    exit 1
+  fi
   need $build_packages $windows_packages $package_packages
   build_program program
   umask 022
