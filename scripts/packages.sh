@@ -19,6 +19,19 @@ bench_packages="feh webp libheif-examples libjxl-tools"
 installer_packages="nsis osslsigncode openssl"
 package_packages="dpkg-dev desktop-file-utils lintian appstream $installer_packages"
 
+# update_lists [COMMAND THAT BECOMES ROOT]. The system's own updates may hold the lock on a fresh machine, and apt-get waits
+# by itself only for that of installations.
+update_lists() {
+  local said
+  for _ in {1..30}; do
+    if said=$("$@" env LC_ALL=C apt-get update -qq 2>&1); then return; fi
+    [[ $said == *"Could not get lock"* ]] || break
+    sleep 10
+  done
+  echo "$said" >&2
+  return 1
+}
+
 # Installs those of the given packages that are missing, unless QUORVALE_INSTALL=no.
 need() {
   local missing=() package
@@ -33,7 +46,7 @@ need() {
   say "Installing ${missing[*]} (QUORVALE_INSTALL=no would stop here)"
   local as_root=()
   [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-  "${as_root[@]}" apt-get update -qq
+  update_lists "${as_root[@]}"
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get -o DPkg::Lock::Timeout=300 install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
