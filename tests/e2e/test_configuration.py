@@ -116,6 +116,20 @@ class Lists(ConfigurationTest):
         self.assertEqual(self.session.settings("get", "Options", "PlayList"), "/before.qvl")
 
 
+class Options(ConfigurationTest):
+    def test_turn_to_the_next_page_and_from_the_first_to_the_last(self):
+        cases = (("ctrl+Tab", "alt+n", "SoundRandom"), ("ctrl+shift+Tab", "alt+f", "SubFolders"))
+        for turn, access_key, option in cases:
+            program = self.open_window()
+            self.press("alt+p", "o")
+            self.wait_for("Screen Saver Options")
+            self.press(turn, access_key, "Return")
+            self.wait_for(WINDOW)
+            self.press("Escape")
+            self.assert_ends(program)
+            self.assertEqual(self.session.settings("get", "Options", option), "1", turn)
+
+
 class Window(ConfigurationTest):
     def setUp(self):
         pass

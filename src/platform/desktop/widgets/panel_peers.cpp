@@ -198,7 +198,7 @@ TabArea::TabArea(TabStrip& strip) {
   for (const bool backwards : {false, true}) {
     QList<QKeySequence> keys =
         QKeySequence::keyBindings(backwards ? QKeySequence::PreviousChild : QKeySequence::NextChild);
-    // Qt's list has the key that Shift makes of Tab, but on X11 it is still Tab.
+    // Qt's list has Backtab, which the event says. On X11 it looks for the shortcut by Tab.
     if (backwards) keys.append(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab));
     auto* const turn = new QShortcut(this);
     turn->setKeys(keys);
