@@ -161,10 +161,13 @@ class Window(ConfigurationTest):
 
 class Start(ConfigurationTest):
     def test_needs_a_display(self):
-        for arguments in (["/C"], ["/c"], []):
-            with self.subTest(arguments=arguments):
-                program = self.session.start(*arguments, stderr=subprocess.DEVNULL, DISPLAY="")
-                self.assertEqual(program.wait(timeout=10), 1)
+        no_wayland = {"QT_QPA_PLATFORM": "", "XDG_SESSION_TYPE": "wayland", "WAYLAND_DISPLAY": "gone"}
+        for arguments, environment in ((["/C"], {}), (["/c"], {}), ([], {}), (["/C"], no_wayland), (["/S"], no_wayland)):
+            with self.subTest(arguments=arguments, environment=environment):
+                program = self.session.start(*arguments, stderr=subprocess.PIPE, DISPLAY="", **environment)
+                said = program.communicate(timeout=10)[1]
+                self.assertEqual(program.returncode, 1)
+                self.assertIn(b"quorvale: there is no display", said)
 
 
 class Pane(ConfigurationTest):

@@ -90,10 +90,8 @@ int main(int argc, char** argv) {
     return quorvale::kUsageError;
   }
   const quorvale::DisplayProbe probe;
-  if (!probe.HasDisplay()) {
-    std::fputs("quorvale-help: there is no display to show anything on\n", stderr);
-    return EXIT_FAILURE;
-  }
+  if (!probe.HasDisplay()) quorvale::EndWithoutDisplay("quorvale-help");
+  quorvale::EndWithoutPlatform("quorvale-help");
   QApplication application(argc, argv);
   quorvale::HelpViewer viewer;
   if (argc > 1) viewer.Open(QString::fromLocal8Bit(argv[1]));

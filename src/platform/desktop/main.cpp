@@ -119,10 +119,8 @@ int Start(int argc, char** argv) {
   std::optional<DisplayProbe> probe(std::in_place);
   options.has_display = probe->HasDisplay();
   if (!options.has_display && !NeedsDisplay(mode)) qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (!options.has_display && NeedsDisplay(mode)) {
-    std::fputs("quorvale: there is no display to show anything on\n", stderr);
-    return EXIT_FAILURE;
-  }
+  if (!options.has_display && NeedsDisplay(mode)) EndWithoutDisplay("quorvale");
+  EndWithoutPlatform("quorvale");
 
   // Every mouse move counts, also when several come between two passes.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);

@@ -3,9 +3,22 @@
 #include <xcb/xcb.h>
 
 #include <QByteArray>
+#include <QString>
+#include <cstdio>
 #include <cstdlib>
 
 namespace quorvale {
+namespace {
+
+const char* program_name = nullptr;
+QtMessageHandler usual_handler = nullptr;
+
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (type == QtFatalMsg && text.contains("platform plugin")) EndWithoutDisplay(program_name);
+  usual_handler(type, context, text);
+}
+
+}  // namespace
 
 DisplayProbe::DisplayProbe() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
@@ -17,6 +30,19 @@ DisplayProbe::DisplayProbe() {
 }
 
 void DisplayProbe::Disconnect::operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+
+void EndWithoutDisplay(const char* program) {
+  std::fprintf(stderr, "%s: there is no display to show anything on\n", program);
+  if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    std::fprintf(stderr, "%s: on Wayland it takes the package qt6-wayland\n", program);
+  }
+  std::_Exit(EXIT_FAILURE);
+}
+
+void EndWithoutPlatform(const char* program) {
+  program_name = program;
+  usual_handler = qInstallMessageHandler(HandleMessage);
+}
 
 void PreferX11() {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {

@@ -25,6 +25,13 @@ class DisplayProbe {
   bool has_display_ = true;
 };
 
+// Says that there is no display, in a line that begins with the program's name, and ends the process with EXIT_FAILURE.
+[[noreturn]] void EndWithoutDisplay(const char* program);
+
+// Where a probe can't tell, as on Wayland, Qt finds it out: from now on that ends the process in the same way, not by
+// abort(). `program` is kept.
+void EndWithoutPlatform(const char* program);
+
 // For a run in a window of another program. Such windows belong to X11, and where there is Wayland too Qt may prefer
 // that. The user's own choice of a platform holds.
 void PreferX11();
