@@ -158,6 +158,25 @@ TEST(MetafilePicture, RunsStopAtTheEndOfTheRow) {
   EXPECT_EQ(screen.At(50, 70), 0xFFFF0000U);
 }
 
+// Qt reads other memory where a mirrored image covers less than half of the canvas's first row or column.
+TEST(MetafilePicture, DrawsMirroredImagesThatEndAtAnEdge) {
+  const TemporaryDirectory folder;
+  const Bytes red = Words({40, 0, 4, 0, 4, 0, 1, 8, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0x0000, 0x00FF});
+  const auto stretch = [&](int width, int height, int x, int y) {
+    return Words({44, 0, META_STRETCHDIB, 0x0020, 0x00CC, 0, 4, 4, 0, 0, height, width, y, x}) + red + Bytes(16);
+  };
+  for (int size = 5; size < 30; ++size) {
+    const Bytes above = stretch(50, -size, 10, 1);
+    const Bytes left = stretch(-size, 50, 1, 10);
+    const Bytes inside = stretch(-20, -20, 80, 80);
+    const Bytes file = Placeable(100, 100, 96) + kWmfHeader + above + left + inside + kWmfEnd;
+    Screen screen(22, 22, 0xFFFFFFFF);  // drawn at twice its size, so that 0.44 of a row is left
+    Show(WritePicture(folder, "p", file), screen.Bounds(), screen);
+    EXPECT_EQ(screen.At(10, 10), 0xFFFFFFFFU) << size;
+    EXPECT_EQ(screen.At(15, 15), 0xFFFF0000U) << size;
+  }
+}
+
 TEST(MetafilePicture, StopsAfterTwoSeconds) {
   const TemporaryDirectory folder;
   Bytes bytes = Placeable(100, 100, 96) + kWmfHeader + kWmfBox;

@@ -51,9 +51,20 @@ void DrawImage(QPainter& painter, QTransform place, const QImage& image, const Q
             place;
     shown = small;
   }
+  place *= painter.transform();
+  const bool is_scaled = place.type() == QTransform::TxScale;
+  const bool across_mirrored = is_scaled && place.m11() < 0;
+  const bool down_mirrored = is_scaled && place.m22() < 0;
+  if (across_mirrored || down_mirrored) {
+    // Where the canvas ends within the first row of a mirrored image, Qt reads other memory.
+    shown = shown.mirrored(across_mirrored, down_mirrored);
+    place = QTransform(across_mirrored ? -1 : 1, 0, 0, down_mirrored ? -1 : 1, across_mirrored ? shown.width() : 0,
+                       down_mirrored ? shown.height() : 0) *
+            place;
+  }
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
-  painter.setTransform(place, true);
+  painter.setTransform(place);
   painter.drawImage(0, 0, shown);
   painter.restore();
 }
