@@ -173,6 +173,8 @@ class HeifPicture : public FilePicture {
     if (!context_) FailLoad("Picture too large");
     Heif().heif_context_set_maximum_image_size_limit(context_.get(), kMostOnASide);
     const auto bytes = File().All();
+    // The library has a thread for each level, and does not see a circle.
+    if (NestsTooDeep(bytes)) FailLoad("Damaged picture");
     heif_image_handle* primary = nullptr;
     if (!IsGood(
             Heif().heif_context_read_from_memory_without_copy(context_.get(), bytes.data(), bytes.size(), nullptr)) ||

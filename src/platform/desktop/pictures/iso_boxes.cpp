@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <vector>
 
 namespace quorvale {
 namespace {
@@ -14,6 +15,16 @@ constexpr std::size_t kMostItems = 65'535;
 
 // Boxes of HEIF (ISO/IEC 23008-12) begin with a version of 8 bits and flags of 24.
 constexpr std::size_t kVersionAndFlags = 4;
+
+// A picture laid over others, of which each is a grid of tiles, has two. Its alpha may be a level more.
+constexpr int kMostLevels = 4;
+constexpr std::size_t kMostReferences = 1'000'000;
+
+// The decoding of the one item needs the other.
+struct Reference {
+  std::uint32_t user = 0;
+  std::uint32_t used = 0;
+};
 
 ByteReader BigEndian(ByteSpan bytes) { return ByteReader(bytes, 0, std::endian::big); }
 
@@ -63,6 +74,25 @@ bool AddRotation(const IsoBox& property, int& quarters) {
 Orientation RotatedBy(int quarters) {
   constexpr int kExifNumbers[] = {1, 8, 3, 6};
   return Orientation::FromExif(kExifNumbers[quarters]);
+}
+
+void AddReferences(ByteSpan box, std::vector<Reference>& references) {
+  const bool has_short_items = BigEndian(box).U8() == 0;
+  ByteSpan lists = box.subspan(std::min(kVersionAndFlags, box.size()));
+  for (int i = 0; i < kMostBoxes; ++i) {
+    const auto list = CutBox(lists);
+    if (!list) break;
+    const bool is_made_of = list->type == BoxType("dimg");
+    const bool belongs_to = list->type == BoxType("auxl");  // alpha
+    if (!is_made_of && !belongs_to) continue;
+    ByteReader reader = BigEndian(list->content);
+    const auto item = [&] { return has_short_items ? reader.U16() : reader.U32(); };
+    const std::uint32_t from = item();
+    for (std::size_t left = reader.U16(); left > 0 && reader.Left() > 0; --left) {
+      const std::uint32_t to = item();
+      references.push_back(is_made_of ? Reference{from, to} : Reference{to, from});
+    }
+  }
 }
 
 }  // namespace
@@ -127,6 +157,32 @@ bool IsGreyHeif(ByteSpan file) {
     is_grey = is_grey || grey.has_value();
   }
   return is_grey;
+}
+
+bool NestsTooDeep(ByteSpan file) {
+  std::vector<Reference> references;
+  // Of several boxes of a type the library may take another one than the first.
+  for (int i = 0; i < kMostBoxes; ++i) {
+    const auto meta = CutBox(file);
+    if (!meta) break;
+    if (meta->type != BoxType("meta")) continue;
+    ByteSpan boxes = meta->content.subspan(std::min(kVersionAndFlags, meta->content.size()));
+    for (int j = 0; j < kMostBoxes; ++j) {
+      const auto box = CutBox(boxes);
+      if (!box) break;
+      if (box->type == BoxType("iref")) AddReferences(box->content, references);
+      if (references.size() > kMostReferences) return true;
+    }
+  }
+  // Each pass leaves the users of users, so those of a circle always stay.
+  for (int level = 0; level < kMostLevels && !references.empty(); ++level) {
+    std::vector<std::uint32_t> users;
+    users.reserve(references.size());
+    for (const Reference& reference : references) users.push_back(reference.user);
+    std::ranges::sort(users);
+    std::erase_if(references, [&](const Reference& each) { return !std::ranges::binary_search(users, each.used); });
+  }
+  return !references.empty();
 }
 
 }  // namespace quorvale

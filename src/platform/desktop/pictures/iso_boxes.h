@@ -33,4 +33,8 @@ std::optional<Orientation> HeifRotation(ByteSpan file);
 // which is in greys in a picture of colours, too.
 bool IsGreyHeif(ByteSpan file);
 
+// Whether a HEIF file makes pictures of pictures, such as a grid of tiles, on more levels than a sane one has. One that
+// is made of itself has no end of them.
+bool NestsTooDeep(ByteSpan file);
+
 }  // namespace quorvale
