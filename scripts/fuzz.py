@@ -64,7 +64,8 @@ class Kind:
             self.pid = 0
             fuzzer.returncode = os.waitstatus_to_exitcode(status)
         with open(log_path, "rb") as log:
-            done = re.findall(rb"number_of_executed_units: (\d+)", log.read())
+            said = log.read()
+        done = re.findall(rb"number_of_executed_units: (\d+)", said)
         self.cpu += used.ru_utime + used.ru_stime
         self.inputs += int(done[-1]) if done else 0
         failed = fuzzer.returncode not in (0, INTERRUPTED)
@@ -72,7 +73,8 @@ class Kind:
         print(f"{time.strftime('%H:%M:%S')} {self.row()}" + (f", see {log_path}" if failed else ""), flush=True)
         if not failed:
             os.remove(log_path)
-        return bool(done)
+        # One that dies for want of memory has tried inputs, but gives no count.
+        return bool(re.search(rb"^#\d", said, re.MULTILINE))
 
     def row(self):
         count = {part: len(os.listdir(os.path.join(self.folder, part))) for part in ("corpus", "found")}
