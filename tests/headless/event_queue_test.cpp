@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "base/failure.h"
-
 namespace quorvale {
 namespace {
 
@@ -28,17 +26,6 @@ TEST_F(EventQueueTest, TimersFireInOrderOfTime) {
   queue.Advance(60);
   EXPECT_THAT(log, ElementsAre("posted 0", "fast 20", "fast 40", "slow 50", "fast 60"));
   EXPECT_EQ(queue.Milliseconds(), 60);
-}
-
-TEST_F(EventQueueTest, OverdueTimersFireOnceInTheNextPass) {
-  const auto timer = queue.CreateTimer(Log("tick"));
-  timer->Set(10);
-  queue.Skip(35);
-  EXPECT_THAT(log, ElementsAre());
-  queue.Pump();
-  queue.Pump();
-  queue.Advance(10);
-  EXPECT_THAT(log, ElementsAre("tick 35", "tick 45"));
 }
 
 TEST_F(EventQueueTest, TimersMayDestroyThemselvesAndOthers) {
@@ -69,27 +56,6 @@ TEST_F(EventQueueTest, PlannedActionsRunInTheirPassEvenIfPassesNest) {
   queue.Pump();
   EXPECT_THAT(log, ElementsAre("second 2", "third 3", "third too 3", "second is over 3"));
   EXPECT_EQ(queue.PumpCount(), 3);
-}
-
-TEST_F(EventQueueTest, EventsPostedByEventsRunInTheNextPass) {
-  std::function<void()> again = [&] {
-    Log("event")();
-    queue.Post(again);
-  };
-  queue.Post(again);
-  queue.Pump();
-  EXPECT_THAT(log, ElementsAre("event 0"));
-  queue.Pump();
-  EXPECT_THAT(log, ElementsAre("event 0", "event 0"));
-}
-
-TEST_F(EventQueueTest, KeepsTheOtherEventsWhenTheProcessEnds) {
-  queue.Post([] { throw ProcessEnded(); });
-  queue.Post(Log("rest"));
-  EXPECT_THROW(queue.Pump(), ProcessEnded);
-  EXPECT_THAT(log, ElementsAre());
-  queue.Pump();
-  EXPECT_THAT(log, ElementsAre("rest 0"));
 }
 
 }  // namespace

@@ -89,24 +89,5 @@ TEST_F(MemoryFileSystemTest, FindsWhatTheMaskAllows) {
   EXPECT_EQ(files.FindFile(path, kAll), "Long name.jpg");
 }
 
-TEST_F(MemoryFileSystemTest, UnixPathsAreCaseSensitive) {
-  files.SetSyntax({'/'});
-  files.AddFile("/home/me/a.JPG");
-  files.AddFile(R"(/home/me/odd\name.jpg)");
-  EXPECT_THAT(Enumerate("/home/me/", {"*.jpg"}), ElementsAre("a.JPG", R"(odd\name.jpg)"));
-  EXPECT_THAT(Enumerate("/Home/me/", {"*"}), ElementsAre("failure 7"));
-  EXPECT_EQ(files.FindFile("/home", kAttributeDirectory), "home");
-}
-
-TEST(MatchesWildcard, KnowsStarsAndQuestionMarks) {
-  for (const auto& [name, pattern] :
-       {std::pair{".jpg", "*.jpg"}, {"ab", "a?"}, {"aXbXc", "a*b*c"}, {"", "*"}, {"", ""}}) {
-    EXPECT_TRUE(MatchesWildcard(name, pattern)) << name << " " << pattern;
-  }
-  for (const auto& [name, pattern] : {std::pair{"a.jpeg", "*.jpg"}, {"a", "a?"}, {"abcd", "a*c"}, {"a", ""}}) {
-    EXPECT_FALSE(MatchesWildcard(name, pattern)) << name << " " << pattern;
-  }
-}
-
 }  // namespace
 }  // namespace quorvale

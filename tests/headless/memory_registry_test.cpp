@@ -14,29 +14,9 @@ class MemoryRegistryTest : public ::testing::Test {
     EXPECT_EQ(registry.RegCreateKeyEx(kHkeyCurrentUser, path, kKeyAllAccess, key), kErrorSuccess);
     return key;
   }
-  std::int32_t Open(const std::string& path, RegistryKey& key) {
-    return registry.RegOpenKeyEx(kHkeyCurrentUser, path, kKeyRead, key);
-  }
 
   MemoryRegistry registry;
 };
-
-TEST_F(MemoryRegistryTest, FailsAsScripted) {
-  registry.failures.FailCall(RegistryCall::kOpen, 2, kErrorAccessDenied);
-  registry.failures.FailCall(RegistryCall::kAny, 4, kErrorWriteFault);
-  const RegistryKey key = Create("Key");
-  RegistryKey opened = 0;
-  const auto set = [&] { return registry.RegSetValueEx(key, "v", kRegSz, "x", 1); };
-  EXPECT_EQ(Open("Key", opened), kErrorSuccess);
-  EXPECT_EQ(Open("Key", opened), kErrorAccessDenied);
-  EXPECT_EQ(set(), kErrorWriteFault);
-  EXPECT_EQ(registry.Text(kHkeyCurrentUser, "Key", "v"), std::nullopt);
-  EXPECT_EQ(set(), kErrorSuccess);
-  registry.failures.FailEvery(RegistryCall::kSet, kErrorWriteFault);
-  for (int i = 0; i < 2; ++i) EXPECT_EQ(set(), kErrorWriteFault);
-  registry.failures.Forget();
-  EXPECT_EQ(set(), kErrorSuccess);
-}
 
 TEST_F(MemoryRegistryTest, CommitsTransactionsWholeOrNotAtAll) {
   const auto set = [this](const char* text) {
