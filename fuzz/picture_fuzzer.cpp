@@ -62,10 +62,12 @@ void ReadWantedKind() {
   std::exit(1);
 }
 
+// What begins as two kinds do is read as the one that is asked first, so nobody wants it.
 bool IsWanted(const std::string& path) {
   if (wanted_kind == nullptr) return true;
   PictureFile file(path, {});
-  return wanted_kind->recognises(file);
+  return std::ranges::all_of(
+      kKinds, [&](const Kind& kind) { return kind.recognises(file) == (kind.recognises == wanted_kind->recognises); });
 }
 
 void Show(PictureLoader& loader, const std::string& path, PixelRect (*place)(const TwipSize&)) {
