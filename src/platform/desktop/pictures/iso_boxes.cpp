@@ -28,10 +28,9 @@ struct Reference {
 
 ByteReader BigEndian(ByteSpan bytes) { return ByteReader(bytes, 0, std::endian::big); }
 
-ByteSpan MetaBoxes(ByteSpan file) {
-  const ByteSpan meta = FindBox(file, BoxType("meta"));
-  return meta.subspan(std::min(kVersionAndFlags, meta.size()));
-}
+ByteSpan BehindVersion(ByteSpan box) { return box.subspan(std::min(kVersionAndFlags, box.size())); }
+
+ByteSpan MetaBoxes(ByteSpan file) { return BehindVersion(FindBox(file, BoxType("meta"))); }
 
 std::uint32_t PrimaryItem(ByteSpan box) {
   ByteReader reader = BigEndian(box);
@@ -78,10 +77,8 @@ Orientation RotatedBy(int quarters) {
 
 void AddReferences(ByteSpan box, std::vector<Reference>& references) {
   const bool has_short_items = BigEndian(box).U8() == 0;
-  ByteSpan lists = box.subspan(std::min(kVersionAndFlags, box.size()));
-  for (int i = 0; i < kMostBoxes; ++i) {
-    const auto list = CutBox(lists);
-    if (!list) break;
+  ByteSpan lists = BehindVersion(box);
+  while (const auto list = CutBox(lists)) {
     const bool is_made_of = list->type == BoxType("dimg");
     const bool belongs_to = list->type == BoxType("auxl");  // alpha
     if (!is_made_of && !belongs_to) continue;
@@ -89,6 +86,7 @@ void AddReferences(ByteSpan box, std::vector<Reference>& references) {
     const auto item = [&] { return has_short_items ? reader.U16() : reader.U32(); };
     const std::uint32_t from = item();
     for (std::size_t left = reader.U16(); left > 0 && reader.Left() > 0; --left) {
+      if (references.size() > kMostReferences) return;
       const std::uint32_t to = item();
       references.push_back(is_made_of ? Reference{from, to} : Reference{to, from});
     }
@@ -162,18 +160,14 @@ bool IsGreyHeif(ByteSpan file) {
 bool NestsTooDeep(ByteSpan file) {
   std::vector<Reference> references;
   // Of several boxes of a type the library may take another one than the first.
-  for (int i = 0; i < kMostBoxes; ++i) {
-    const auto meta = CutBox(file);
-    if (!meta) break;
+  while (const auto meta = CutBox(file)) {
     if (meta->type != BoxType("meta")) continue;
-    ByteSpan boxes = meta->content.subspan(std::min(kVersionAndFlags, meta->content.size()));
-    for (int j = 0; j < kMostBoxes; ++j) {
-      const auto box = CutBox(boxes);
-      if (!box) break;
+    ByteSpan boxes = BehindVersion(meta->content);
+    while (const auto box = CutBox(boxes)) {
       if (box->type == BoxType("iref")) AddReferences(box->content, references);
-      if (references.size() > kMostReferences) return true;
     }
   }
+  if (references.size() > kMostReferences) return true;
   // Each pass leaves the users of users, so those of a circle always stay.
   for (int level = 0; level < kMostLevels && !references.empty(); ++level) {
     std::vector<std::uint32_t> users;
