@@ -52,14 +52,19 @@ Var has_lists ; 1: a user who is logged on has some
   StrCpy $INSTDIR "$PROGRAMFILES64\Quorvale"
 !macroend
 
-Function .onInit
-  !insertmacro SetFolder
-  StrCpy $has_lists 0
+; Begins a loop over the users who are logged on, with the key of each below HKU in $2; ${Loop} ends it.
+!macro ForEachUser
   StrCpy $1 0
   ${Do}
     EnumRegKey $2 HKU "" $1
     ${IfThen} $2 == "" ${|} ${ExitDo} ${|}
     IntOp $1 $1 + 1
+!macroend
+
+Function .onInit
+  !insertmacro SetFolder
+  StrCpy $has_lists 0
+  !insertmacro ForEachUser
     EnumRegValue $3 HKU "$2\${SETTINGS}\PictureFiles" 0
     EnumRegValue $4 HKU "$2\${SETTINGS}\SoundFiles" 0
     ${IfThen} "$3$4" != "" ${|} StrCpy $has_lists 1 ${|}
@@ -140,11 +145,7 @@ SectionEnd
 
 ; Of every user who is logged on, the administrator among them.
 Section un.Saver
-  StrCpy $1 0
-  ${Do}
-    EnumRegKey $2 HKU "" $1
-    ${IfThen} $2 == "" ${|} ${ExitDo} ${|}
-    IntOp $1 $1 + 1
+  !insertmacro ForEachUser
     ReadRegStr $3 HKU "$2\${DESKTOP}" SCRNSAVE.EXE
     ${GetFileName} $3 $3
     ${If} $3 == "Quorvale.scr"
