@@ -84,7 +84,7 @@ class Installer(WindowsTest):
         """Pages and boxes come when they are ready, and have the same title. Until then they pass over keys."""
 
         def press():
-            if self.session.active_title() == title:
+            if self.display.focused_title() == title:
                 self.display.xdotool("key", key)
             time.sleep(1)
             return is_done()
@@ -122,7 +122,7 @@ class Installer(WindowsTest):
         self.press_until("alt+u", title, lambda: not os.path.exists(FOLDER))
         # The question whether lists and options go too, then the last page.
         self.press_until("alt+y", title, lambda: MAKER not in self.keys_of_makers())
-        self.press_until("Return", title, lambda: self.session.active_title() != title)
+        self.press_until("Return", title, lambda: self.display.focused_title() != title)
         for path in (SAVER, HELP):
             self.assertFalse(os.path.exists(path), path)
 

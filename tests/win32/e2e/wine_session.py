@@ -116,13 +116,9 @@ class WineSession:
         wait_until(self.display.window, "the show's window")
         return program
 
-    def active_title(self):
-        """Of the window that the keys go to; empty if there is none."""
-        return self.run("xdotool", "getactivewindow", "getwindowname").decode().strip()
-
     def wait_for_window(self, title):
         """Until it takes keys: Wine needs a moment from the window manager's word to its own focus."""
-        wait_until(lambda: self.active_title() == title, f"the window {title}")
+        wait_until(lambda: self.display.focused_title() == title, f"the window {title}")
         time.sleep(0.5)
 
     def start_host(self, kind):
